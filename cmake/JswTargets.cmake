@@ -1,0 +1,44 @@
+# How every target of this project is compiled, and the few kinds of targets there are.
+
+add_library(jsw_options INTERFACE)
+target_compile_features(jsw_options INTERFACE cxx_std_20)
+target_include_directories(jsw_options INTERFACE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/include)
+# The library serves Windows from 5.1 on at run time; the headers are asked for the Vista set
+# because everything newer than the oldest system is looked up by name.
+target_compile_definitions(jsw_options INTERFACE WIN32_LEAN_AND_MEAN NOMINMAX _WIN32_WINNT=0x0600)
+
+if(MSVC)
+  target_compile_options(jsw_options INTERFACE /W4 /WX /permissive- /utf-8)
+  target_compile_definitions(jsw_options INTERFACE _CRT_SECURE_NO_WARNINGS)
+  set(CMAKE_MSVC_RUNTIME_LIBRARY "MultiThreaded$<$<CONFIG:Debug>:Debug>")
+else()
+  target_compile_options(
+    jsw_options
+    INTERFACE -Wall
+              -Wextra
+              -Wpedantic
+              -Wconversion
+              -Wshadow
+              -Werror
+              -fstack-protector-strong
+              $<$<CONFIG:Debug>:-fsanitize=undefined
+              -fsanitize-undefined-trap-on-error
+              -D_GLIBCXX_ASSERTIONS>)
+  target_link_options(jsw_options INTERFACE -static)
+endif()
+
+# jsw_library(name SOURCES file... LINK target...): one static library, a room of the house.
+function(jsw_library name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+  add_library(${name} STATIC ${ARG_SOURCES})
+  target_link_libraries(${name} PUBLIC jsw_options ${ARG_LINK})
+endfunction()
+
+# jsw_module(name SOURCES file... LINK target...): a loadable module named exactly name.dll.
+function(jsw_module name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+  add_library(${name} MODULE ${ARG_SOURCES})
+  set_target_properties(${name} PROPERTIES PREFIX "" LIBRARY_OUTPUT_DIRECTORY
+                                                     ${CMAKE_RUNTIME_OUTPUT_DIRECTORY})
+  target_link_libraries(${name} PRIVATE jsw_options ${ARG_LINK})
+endfunction()

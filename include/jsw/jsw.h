@@ -1,0 +1,155 @@
+/**
+ * @file jsw.h
+ * The driver's interface to jsw.dll, the job status window of a printer driver.
+ *
+ * The life of one job:
+ *
+ *     JSWInit            once, when the job starts
+ *     JSWUpdateInfo      whenever a page goes out
+ *     JSWDisplayPrompt   when the user must be asked something (blocks until answered)
+ *     JSWPostDlgMsg      hands a dialog message to the prompt that is up
+ *     JSWTerminate       once, when the job is over
+ *
+ * Threads: every function may be called from any thread. One re-entrant lock serialises all of
+ * them but the three constant ones; a call made on the same thread from inside another one (for
+ * example JSWTerminate from inside JSWDisplayPrompt's dialog) goes through.
+ *
+ * Errors: no function raises an exception or ends the process; what fails is written to the log.
+ *
+ * Strings are zero-terminated and in the ANSI code page. The library keeps copies: everything
+ * passed in may be freed as soon as the call has returned. A null string counts as empty.
+ *
+ * The header is plain C; link with the import library, or load jsw.dll and look the names up
+ * (they are undecorated).
+ */
+#ifndef JSW_JSW_H
+#define JSW_JSW_H
+
+#include <stddef.h>
+#include <stdint.h>
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/** Number of ink slots in InkInfo. */
+#define JSW_INK_SLOTS 10
+
+/** Bytes of a print head diagnostic text in InkInfo. */
+#define JSW_PRINTHEAD_DIAG_SIZE 20
+
+#pragma pack(push, 1)
+/**
+ * Ink and cartridge state at job start: 152 bytes, packed, little-endian. The library reads it and
+ * never writes to it. Field names are those the log shows.
+ */
+typedef struct InkInfo {
+    uint32_t InkStyle;                                   /**< offset 0 */
+    int32_t InkPercent[JSW_INK_SLOTS];                   /**< 4: per cent; negative when unknown */
+    uint32_t iChangedCartCount1;                         /**< 44 */
+    uint32_t iChangedCartCount2;                         /**< 48 */
+    uint32_t iLogCartID1;                                /**< 52 */
+    uint32_t iLogCartID2;                                /**< 56 */
+    uint32_t iPhysCartID1;                               /**< 60: carried unchanged */
+    uint32_t iPhysCartID2;                               /**< 64: carried unchanged */
+    uint32_t iCart1Authenticity;                         /**< 68 */
+    uint32_t iCart2Authenticity;                         /**< 72 */
+    uint32_t iCart1PYG;                                  /**< 76 */
+    uint32_t iCart2PYG;                                  /**< 80 */
+    uint32_t iCart1AlignRequired;                        /**< 84 */
+    uint32_t iCart2AlignRequired;                        /**< 88 */
+    uint32_t iEstPagesRemaining;                         /**< 92 */
+    uint32_t iCart1UID;                                  /**< 96 */
+    uint32_t iCart2UID;                                  /**< 100 */
+    char iCart1PrintheadDiag[JSW_PRINTHEAD_DIAG_SIZE];   /**< 104: text; zero byte optional */
+    char iCart2PrintheadDiag[JSW_PRINTHEAD_DIAG_SIZE];   /**< 124: text; zero byte optional */
+    uint32_t iCart1PartNum;                              /**< 144 */
+    uint32_t iCart2PartNum;                              /**< 148 */
+} InkInfo;
+#pragma pack(pop)
+
+#ifdef __cplusplus
+#define JSW_STATIC_ASSERT(condition, text) static_assert(condition, text)
+#else
+#define JSW_STATIC_ASSERT(condition, text) _Static_assert(condition, text)
+#endif
+JSW_STATIC_ASSERT(sizeof(InkInfo) == 152, "InkInfo is 152 bytes");
+JSW_STATIC_ASSERT(offsetof(InkInfo, InkPercent) == 4, "offset of InkPercent");
+JSW_STATIC_ASSERT(offsetof(InkInfo, iChangedCartCount1) == 44, "offset of iChangedCartCount1");
+JSW_STATIC_ASSERT(offsetof(InkInfo, iPhysCartID1) == 60, "offset of iPhysCartID1");
+JSW_STATIC_ASSERT(offsetof(InkInfo, iCart1Authenticity) == 68, "offset of iCart1Authenticity");
+JSW_STATIC_ASSERT(offsetof(InkInfo, iCart1AlignRequired) == 84, "offset of iCart1AlignRequired");
+JSW_STATIC_ASSERT(offsetof(InkInfo, iEstPagesRemaining) == 92, "offset of iEstPagesRemaining");
+JSW_STATIC_ASSERT(offsetof(InkInfo, iCart1PrintheadDiag) == 104, "offset of iCart1PrintheadDiag");
+JSW_STATIC_ASSERT(offsetof(InkInfo, iCart2PrintheadDiag) == 124, "offset of iCart2PrintheadDiag");
+JSW_STATIC_ASSERT(offsetof(InkInfo, iCart1PartNum) == 144, "offset of iCart1PartNum");
+
+/** Status codes of a job window. Other codes are possible and reach the callback as they are. */
+enum JswStatus {
+    JSW_STATUS_GUI_CLOSED = 2,   /**< the user closed the window; not reported to the driver */
+    JSW_STATUS_JOB_CLOSED = 3,   /**< the job was closed */
+    JSW_STATUS_JOB_CANCELLED = 9 /**< the user asked to cancel the job */
+};
+
+/** The driver's status callback: called with a JswStatus code on a thread of the job window. */
+typedef void (*JswStatusCallback)(uint32_t status);
+
+/**
+ * Starts a job: brings the job window up and starts choosing a billboard.
+ *
+ * @param friendlyName     the printer's friendly name as the spooler shows it
+ * @param jobname          the document's name
+ * @param jobType          passed on unchanged to the window
+ * @param currentPage      page being printed
+ * @param totalPages       pages of the job; -1 or -2 when not known
+ * @param currentCopy      copy being printed
+ * @param totalCopies      copies of the job
+ * @param inkInfo          ink state; null counts as "no ink level known"
+ * @param portType         passed on unchanged to the window
+ * @param secondsRemaining estimated seconds until the job is done
+ * @param statusCallback   told what the user does with the window, or null; replaces the one of
+ *                         an earlier call
+ * @return 1 on success, 0 on failure. After either, JSWTerminate ends the job.
+ */
+uint8_t JSWInit(const char* friendlyName, const char* jobname, uint32_t jobType,
+                uint32_t currentPage, uint32_t totalPages, uint32_t currentCopy,
+                uint32_t totalCopies, const InkInfo* inkInfo, uint32_t portType,
+                uint32_t secondsRemaining, JswStatusCallback statusCallback);
+
+/**
+ * Ends the job: stops the choice of billboards, closes the window, saves what was shown and, when
+ * one is due, starts the updater. Without a job it only releases what is left of an earlier one.
+ */
+void JSWTerminate(void);
+
+/**
+ * Passes new progress to the window. Without a job it does nothing.
+ *
+ * @param value1, value2, value3  go to the window unchanged; the sample window reads them as page,
+ *                                copy and seconds remaining
+ * @param value4, value5          accepted and ignored
+ * @param data                    goes to the window unchanged
+ */
+void JSWUpdateInfo(uint32_t value1, uint32_t value2, uint32_t value3, uint32_t value4,
+                   uint32_t value5, void* data);
+
+/** Asks the user something through the older job window; returns when the prompt is answered. */
+void JSWDisplayPrompt(uint32_t promptType, uint32_t totalPages);
+
+/** Hands a message to the prompt that is up; without one it does nothing. Always returns 1. */
+uint32_t JSWPostDlgMsg(void* message);
+
+/** Does nothing; always returns 1. */
+uint32_t JSWFilterDllMsg(void* value1, void* value2, void* value3);
+
+/** Version of this interface: always 1. */
+uint32_t JSWGetAPIVersion(void);
+
+/** The window's handle is not given out: always null. */
+void* JSWGetWindowHwnd(void);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif /* JSW_JSW_H */

@@ -1,0 +1,35 @@
+/**
+ * @file legacy.h
+ * Interface of the older job window module ("jswo.dll"), which asks the user something while a job
+ * prints. It lies in the printer driver's own folder.
+ *
+ * Order of calls for one prompt, all but JSWPostDlgMsg on the thread that asks:
+ *
+ *     JSWInitEx
+ *     JSWDisplayPrompt       runs the dialog; returns when it is answered
+ *         JSWPostDlgMsg      messages for the dialog, from inside its message loop
+ *     JSWTerminate
+ *
+ * The module is loaded for the length of the prompt only.
+ */
+#ifndef JSW_LEGACY_H
+#define JSW_LEGACY_H
+
+#include "jsw/module.h"
+
+/* Function types of the entry points. */
+/** Prepares for the printer with this friendly name; non-zero on success. */
+typedef uint32_t JswLegacyInitEx(const char* friendlyName);
+typedef void JswLegacyTerminate(void);
+typedef void JswLegacyDisplayPrompt(int32_t promptType, int32_t totalPages);
+/** The driver's message, passed through unchanged. */
+typedef void JswLegacyPostDlgMsg(void* message);
+
+/** The entry points. */
+#define JSW_LEGACY_ENTRY_POINTS(X)              \
+    X(JSWInitEx, JswLegacyInitEx)               \
+    X(JSWTerminate, JswLegacyTerminate)         \
+    X(JSWDisplayPrompt, JswLegacyDisplayPrompt) \
+    X(JSWPostDlgMsg, JswLegacyPostDlgMsg)
+
+#endif /* JSW_LEGACY_H */

@@ -1,0 +1,45 @@
+/**
+ * @file rules.h
+ * Interface of the rules engine module ("reng.dll"), which decides which billboard a job shows.
+ *
+ * Order of calls for one job, all on one worker thread:
+ *
+ *     InitializeEngine
+ *     IsMoreRules, EvaluateRule, IsHistoryChecked    repeated while more rules remain and none of
+ *                                                    the results has led to a billboard
+ *     UpdateSettings                                 what was shown; not after a failed start
+ *     UnInitialize
+ *
+ * Memory: InitializeEngine hands over an allocation function; the text that EvaluateRule returns
+ * must be allocated with it and is freed by jsw.dll. What is passed in is valid only during the
+ * call: copy what is needed later.
+ */
+#ifndef JSW_RULES_H
+#define JSW_RULES_H
+
+#include "jsw/module.h"
+
+/* Function types of the entry points. */
+/** Starts the engine for a job; 0 when it cannot work, and no rule is asked for then. */
+typedef JswBool JswRulesInitializeEngine(JswAllocate allocate, const InkInfo* inkInfo,
+                                         const char* friendlyName, const char* jobName,
+                                         int32_t totalPages, int32_t totalCopies);
+/** Tells what was shown: the ink billboard's cartridges (or "") and the kind of billboard. */
+typedef void JswRulesUpdateSettings(const char* carts, JswBool inkBillboard,
+                                    JswBool specialBillboard);
+/** The next rule's result: a category or billboard id; null or "" when the rule does not apply. */
+typedef char* JswRulesEvaluateRule(void);
+/** IsMoreRules: a rule is left. IsHistoryChecked: the last result must not repeat the history. */
+typedef JswBool JswRulesQuestion(void);
+typedef void JswRulesUnInitialize(void);
+
+/** The entry points. */
+#define JSW_RULES_ENTRY_POINTS(X)                 \
+    X(InitializeEngine, JswRulesInitializeEngine) \
+    X(UpdateSettings, JswRulesUpdateSettings)     \
+    X(EvaluateRule, JswRulesEvaluateRule)         \
+    X(IsMoreRules, JswRulesQuestion)              \
+    X(IsHistoryChecked, JswRulesQuestion)         \
+    X(UnInitialize, JswRulesUnInitialize)
+
+#endif /* JSW_RULES_H */

@@ -1,0 +1,32 @@
+#!/usr/bin/env bash
+# Installs what building, testing and showing the library needs and what is not there yet.
+set -euo pipefail
+
+packages=(
+  g++-mingw-w64-x86-64-posix cmake ninja-build  # the build
+  googletest catch2                             # tests and benchmarks
+  wine wine64                                   # running Windows programs
+  xvfb xauth imagemagick fonts-dejavu-core      # windows and their screenshots
+
+)
+
+missing=()
+for package in "${packages[@]}"; do
+  dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'install ok installed' || missing+=("$package")
+done
+if ((${#missing[@]} == 0)); then
+  exit 0
+fi
+
+echo "Installing: ${missing[*]}"
+as_root=()
+if ((EUID != 0)); then
+  command -v sudo >/dev/null || {
+    echo "error: ${missing[*]} must be installed; run this as root or install sudo" >&2
+    exit 1
+  }
+  as_root=(sudo)
+fi
+export DEBIAN_FRONTEND=noninteractive
+"${as_root[@]}" apt-get update -qq
+"${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null

@@ -1,0 +1,60 @@
+# shellcheck shell=bash
+# Sourced by the scripts that run Windows programs: a Wine prefix of their own below build/, an X
+# server when there is none, and the end of both when the script ends.
+#
+#   source scripts/wine-env.sh
+#   start_wine NAME        # prefix build/wine-NAME
+
+wine_server() {
+  if command -v wineserver >/dev/null; then wineserver "$@"; else /usr/lib/wine/wineserver "$@"; fi
+}
+
+stop_wine() {
+  wine_server -k >/dev/null 2>&1 || true
+  wine_server -w >/dev/null 2>&1 || true
+  if [[ -n "${JSW_XVFB_PID:-}" ]]; then
+    kill "$JSW_XVFB_PID" 2>/dev/null || true
+    wait "$JSW_XVFB_PID" 2>/dev/null || true
+  fi
+}
+
+# Starts an X server on a free display number, for windows that nobody needs to see.
+start_display() {
+  local number_file
+  number_file=$(mktemp)
+  Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp 3>"$number_file" 2>/dev/null &
+  JSW_XVFB_PID=$!
+  for _ in $(seq 100); do
+    [[ -s "$number_file" ]] && break
+    sleep 0.1
+  done
+  if [[ ! -s "$number_file" ]]; then
+    echo "error: the X server Xvfb did not start" >&2
+    rm -f "$number_file"
+    return 1
+  fi
+  DISPLAY=":$(tr -d '[:space:]' <"$number_file")"
+  export DISPLAY
+  rm -f "$number_file"
+}
+
+start_wine() {
+  local name=$1
+  export WINEPREFIX="$PWD/build/wine-$name" WINEARCH=win64 WINEDEBUG=-all
+  export WINEDLLOVERRIDES="mscoree,mshtml="
+  trap stop_wine EXIT
+  trap 'exit 130' INT TERM
+  mkdir -p build
+  # A prefix that another display's server still serves would show its windows there.
+  wine_server -k >/dev/null 2>&1 || true
+  if [[ -z "${DISPLAY:-}" || -n "${JSW_OWN_DISPLAY:-}" ]]; then
+    start_display
+  fi
+  wine_server -p >/dev/null 2>&1
+  if [[ ! -f "$WINEPREFIX/.jsw-ready" ]]; then
+    echo "Creating the Wine prefix build/wine-$name ..."
+    rm -rf "$WINEPREFIX"
+    wine wineboot -i >/dev/null 2>&1
+    touch "$WINEPREFIX/.jsw-ready"
+  fi
+}
