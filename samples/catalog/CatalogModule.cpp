@@ -1,0 +1,121 @@
+/**
+ * @file CatalogModule.cpp
+ * The entry points of the sample catalog. The catalog file is read once, at Initialize; questions
+ * look it up in what was read.
+ */
+#include "jsw/catalog.h"
+#include "samples/catalog/CatalogData.h"
+#include "samples/common/HostStore.h"
+#include "samples/common/ReturnedText.h"
+#include "samples/common/XmlFile.h"
+
+#include <memory>
+#include <mutex>
+
+JSW_CATALOG_ENTRY_POINTS(JSW_MODULE_DECLARE)
+
+namespace {
+
+using jsw::sample::Billboard;
+using jsw::sample::CatalogData;
+
+/** What a question needs; an answer under way keeps its catalog alive across an UnInitialize. */
+struct Source {
+    std::shared_ptr<const CatalogData> catalog;
+    JswAllocate allocate = nullptr;
+};
+
+std::mutex sourceMutex;
+Source currentSource;
+
+Source source() {
+    const std::lock_guard lock(sourceMutex);
+    return currentSource;
+}
+
+void setSource(Source next) {
+    const std::lock_guard lock(sourceMutex);
+    std::swap(currentSource, next);
+}
+
+/** Answers with ask(source), or with the empty answer without a catalog and on any failure. */
+template <class Answer, class Ask>
+Answer answer(const char* id, Ask ask) noexcept {
+    try {
+        const Source from = source();
+        return from.catalog && id != nullptr ? ask(from) : Answer{};
+    } catch (...) {
+        return Answer{};
+    }
+}
+
+/** Answers with ask(billboard, allocate) for an id that the catalog knows. */
+template <class Answer, class Ask>
+Answer answerFor(const char* billboardId, Ask ask) noexcept {
+    return answer<Answer>(billboardId, [&](const Source& from) {
+        const Billboard* billboard = from.catalog->billboard(billboardId);
+        return billboard == nullptr ? Answer{} : ask(*billboard, from.allocate);
+    });
+}
+
+char* textFor(const char* billboardId, std::string Billboard::*field) noexcept {
+    return answerFor<char*>(billboardId, [&](const Billboard& billboard, JswAllocate allocate) {
+        return jsw::sample::returnedText(allocate, billboard.*field);
+    });
+}
+
+JswBool flagFor(const char* billboardId, bool Billboard::*field) noexcept {
+    return answerFor<JswBool>(billboardId, [&](const Billboard& billboard, JswAllocate) {
+        return static_cast<JswBool>(billboard.*field ? 1 : 0);
+    });
+}
+
+}  // namespace
+
+void Initialize(JswAllocate allocate) {
+    try {
+        const std::string path = jsw::sample::HostStore().dataFile(
+            "Settings\\Catalog\\", "CatalogFilename", "catalog.xml", &sourceMutex);
+        const auto root = jsw::sample::loadXmlFile(path);
+        setSource(
+            {std::make_shared<CatalogData>(root ? CatalogData(*root) : CatalogData()), allocate});
+    } catch (...) {
+        UnInitialize();  // without a catalog every answer is the empty one
+    }
+}
+
+void UnInitialize() {
+    setSource({});
+}
+
+char** GetBillboardIds(const char* id) {
+    return answer<char**>(id, [&](const Source& from) {
+        return jsw::sample::returnedList(from.allocate, from.catalog->projects(id));
+    });
+}
+
+char** GetBillboardActions(const char* id) {
+    return answerFor<char**>(id, [](const Billboard& billboard, JswAllocate allocate) {
+        return jsw::sample::returnedList(allocate, billboard.actions);
+    });
+}
+
+char* GetBillboardFileName(const char* billboardId) {
+    return textFor(billboardId, &Billboard::file);
+}
+
+char* GetBillboardType(const char* billboardId) {
+    return textFor(billboardId, &Billboard::type);
+}
+
+char* GetBillboardCarts(const char* billboardId) {
+    return textFor(billboardId, &Billboard::carts);
+}
+
+JswBool GetBillboardEnableNavigation(const char* billboardId) {
+    return flagFor(billboardId, &Billboard::navigation);
+}
+
+JswBool GetBillboardRestoreWindow(const char* billboardId) {
+    return flagFor(billboardId, &Billboard::restore);
+}

@@ -1,0 +1,152 @@
+#include "samples/common/HostStore.h"
+
+#include "samples/common/XmlNode.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <memory>
+#include <optional>
+#include <type_traits>
+#include <vector>
+
+namespace jsw::sample {
+
+namespace {
+
+/** The product lines these samples serve, with the one every unknown program falls back to. */
+constexpr const char* kStoreRoots[] = {"Software\\QuillonInkjet\\JSW\\Local\\",
+                                       "Software\\Quillon Tools\\JSW\\Local\\"};
+
+constexpr size_t kLocalIdLength = 4;
+
+struct KeyCloser {
+    void operator()(HKEY key) const { RegCloseKey(key); }
+};
+using Key = std::unique_ptr<std::remove_pointer_t<HKEY>, KeyCloser>;
+
+Key openKey(const std::string& path) {
+    HKEY key = nullptr;
+    const LSTATUS result = RegOpenKeyExA(HKEY_LOCAL_MACHINE, path.c_str(), 0, KEY_READ, &key);
+    return Key(result == ERROR_SUCCESS ? key : nullptr);
+}
+
+/** The bytes of a value of one of two types, or nothing. Without a store nothing is there. */
+std::optional<std::vector<char>> readValue(const std::string& store, const std::string& subKey,
+                                           const std::string& name, DWORD type, DWORD otherType) {
+    const Key key = store.empty() ? Key() : openKey(store + subKey);
+    DWORD found = 0;
+    DWORD size = 0;
+    if (!key ||
+        RegQueryValueExA(key.get(), name.c_str(), nullptr, &found, nullptr, &size) !=
+            ERROR_SUCCESS ||
+        (found != type && found != otherType)) {
+        return std::nullopt;
+    }
+    std::vector<char> bytes(size);
+    if (RegQueryValueExA(key.get(), name.c_str(), nullptr, &found,
+                         reinterpret_cast<BYTE*>(bytes.data()), &size) != ERROR_SUCCESS) {
+        return std::nullopt;
+    }
+    bytes.resize(size);
+    return bytes;
+}
+
+std::string moduleFileName(HMODULE module) {
+    std::string name(MAX_PATH, '\0');
+    for (;;) {
+        const DWORD length =
+            GetModuleFileNameA(module, name.data(), static_cast<DWORD>(name.size()));
+        if (length < name.size()) {
+            name.resize(length);
+            return name;
+        }
+        name.resize(name.size() * 2);
+    }
+}
+
+/** The folder, with its trailing backslash, of the module that an address lies in. */
+std::string moduleFolder(const void* address) {
+    HMODULE module = nullptr;
+    GetModuleHandleExA(
+        GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+        static_cast<const char*>(address), &module);
+    const std::string name = moduleFileName(module);
+    return name.substr(0, name.find_last_of('\\') + 1);
+}
+
+std::string fullPath(const std::string& path) {
+    std::string full(MAX_PATH, '\0');
+    for (;;) {
+        const DWORD length =
+            GetFullPathNameA(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr);
+        if (length < full.size()) {
+            full.resize(length);
+            return length == 0 ? path : full;
+        }
+        full.resize(length);
+    }
+}
+
+}  // namespace
+
+HostStore::HostStore() {
+    const std::string program = moduleFileName(nullptr);
+    const std::string id = toLower(program.substr(program.find_last_of('\\') + 1, kLocalIdLength));
+    for (const char* root : kStoreRoots) {
+        const std::string candidate = root + id + "\\";
+        if (openKey(candidate)) {
+            path_ = candidate;
+            return;
+        }
+    }
+}
+
+std::string HostStore::text(const std::string& subKey, const std::string& name,
+                            const std::string& fallback) const {
+    const auto bytes = readValue(path_, subKey, name, REG_SZ, REG_EXPAND_SZ);
+    if (!bytes) {
+        return fallback;
+    }
+    // A stored text may or may not bring its terminator along.
+    std::string value(bytes->begin(), bytes->end());
+    value.resize(value.find('\0') == std::string::npos ? value.size() : value.find('\0'));
+    return value.empty() ? fallback : value;
+}
+
+uint32_t HostStore::number(const std::string& subKey, const std::string& name,
+                           uint32_t fallback) const {
+    const auto bytes = readValue(path_, subKey, name, REG_DWORD, REG_DWORD);
+    if (!bytes || bytes->size() != sizeof(uint32_t)) {
+        return fallback;
+    }
+    uint32_t value = 0;
+    std::copy(bytes->begin(), bytes->end(), reinterpret_cast<char*>(&value));
+    return value;
+}
+
+void HostStore::setNumber(const std::string& subKey, const std::string& name,
+                          uint32_t value) const {
+    if (path_.empty()) {
+        return;  // no store: nothing to add a half of one to
+    }
+    HKEY handle = nullptr;
+    if (RegCreateKeyExA(HKEY_LOCAL_MACHINE, (path_ + subKey).c_str(), 0, nullptr, 0, KEY_SET_VALUE,
+                        nullptr, &handle, nullptr) != ERROR_SUCCESS) {
+        return;
+    }
+    const Key key(handle);
+    RegSetValueExA(key.get(), name.c_str(), 0, REG_DWORD, reinterpret_cast<const BYTE*>(&value),
+                   sizeof value);
+}
+
+std::string HostStore::dataFile(const std::string& subKey, const std::string& name,
+                                const std::string& fallback, const void* addressInModule) const {
+    std::string folder = text("Settings\\", "DataPath", moduleFolder(addressInModule) + "data");
+    if (folder.back() != '\\') {
+        folder += '\\';
+    }
+    return fullPath(folder + text(subKey, name, fallback));
+}
+
+}  // namespace jsw::sample

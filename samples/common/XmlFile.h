@@ -1,0 +1,18 @@
+#pragma once
+
+#include "samples/common/XmlNode.h"
+
+#include <optional>
+#include <string>
+
+namespace jsw::sample {
+
+/**
+ * Reads an XML file with the platform's parser, version 3. Any thread may call it.
+ *
+ * @return the root element; nothing when the file is missing or not well formed, is nested deeper
+ *         than 32 elements or the parser is not installed (the debugger output says which)
+ */
+[[nodiscard]] std::optional<XmlNode> loadXmlFile(const std::string& path);
+
+}  // namespace jsw::sample

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace jsw::sample {
+
+/** One element of an XML file, copied out of the parser: what reads it needs no parser. */
+struct XmlNode {
+    std::string name;
+    std::map<std::string, std::string, std::less<>> attributes;
+    std::string text;  ///< the text of the element and all below it, trimmed
+    std::vector<XmlNode> children;
+
+    /** The attribute's value, or the fallback when the element has none of that name. */
+    [[nodiscard]] std::string attribute(std::string_view attributeName,
+                                        std::string_view fallback = {}) const;
+
+    /** "true", "yes" and "1" in any letter case are true; a missing attribute is false. */
+    [[nodiscard]] bool flag(std::string_view attributeName) const;
+};
+
+/** Compares without regard to the case of the ASCII letters. */
+[[nodiscard]] bool equalsIgnoringCase(std::string_view left, std::string_view right);
+
+/** ASCII letters to lower case. */
+[[nodiscard]] std::string toLower(std::string_view text);
+
+/** Without the blanks, tabs and line ends at both ends. */
+[[nodiscard]] std::string trim(std::string_view text);
+
+}  // namespace jsw::sample

@@ -1,0 +1,267 @@
+// The sample catalog and rules engine as the library meets them: loaded from their files, fed from
+// XML files in a data folder that the registry names.
+#include "jsw/catalog.h"
+#include "jsw/rules.h"
+
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <string>
+#include <thread>
+#include <type_traits>
+#include <vector>
+
+namespace {
+
+/** Blocks handed out and not freed yet. */
+std::atomic<int> liveBlocks = 0;
+
+void* countedAllocate(int32_t size) {
+    ++liveBlocks;
+    return std::malloc(static_cast<size_t>(size));
+}
+
+void countedFree(void* block) {
+    --liveBlocks;
+    std::free(block);
+}
+
+/** The text, "(null)" for none; frees what the module returned. */
+std::string take(char* returned) {
+    if (returned == nullptr) {
+        return "(null)";
+    }
+    const std::string text = returned;
+    countedFree(returned);
+    return text;
+}
+
+std::vector<std::string> take(char** returned) {
+    std::vector<std::string> texts;
+    if (returned != nullptr) {
+        for (char** next = returned; *next != nullptr; ++next) {
+            texts.push_back(take(*next));
+        }
+        countedFree(returned);
+    }
+    return texts;
+}
+
+struct ModuleCloser {
+    void operator()(HMODULE module) const { FreeLibrary(module); }
+};
+using Module = std::unique_ptr<std::remove_pointer_t<HMODULE>, ModuleCloser>;
+
+template <class Function>
+Function* entryPoint(const Module& module, const char* name) {
+    const FARPROC address = GetProcAddress(module.get(), name);
+    return reinterpret_cast<Function*>(reinterpret_cast<void*>(address));
+}
+
+std::string localId() {
+    char program[MAX_PATH] = {};
+    GetModuleFileNameA(nullptr, program, MAX_PATH);
+    std::string id = std::filesystem::path(program).filename().string().substr(0, 4);
+    for (char& letter : id) {
+        letter = static_cast<char>(std::tolower(static_cast<unsigned char>(letter)));
+    }
+    return id;
+}
+
+/** A data folder and a store of this program in a registry hive of its own. */
+class RulesModulesTest : public testing::Test {
+  protected:
+    void SetUp() override {
+        folder_ = std::filesystem::temp_directory_path() /
+                  ("jswRules" + std::to_string(GetCurrentProcessId()));
+        std::filesystem::create_directories(folder_);
+        hive_ = "Software\\JswRulesTest" + std::to_string(GetCurrentProcessId());
+        HKEY key = nullptr;
+        ASSERT_EQ(RegCreateKeyA(HKEY_CURRENT_USER, hive_.c_str(), &key), ERROR_SUCCESS);
+        ASSERT_EQ(RegOverridePredefKey(HKEY_LOCAL_MACHINE, key), ERROR_SUCCESS);
+        RegCloseKey(key);
+        setText("Settings", "DataPath", folder_.string());
+        liveBlocks = 0;
+    }
+
+    void TearDown() override {
+        RegOverridePredefKey(HKEY_LOCAL_MACHINE, nullptr);
+        RegDeleteTreeA(HKEY_CURRENT_USER, hive_.c_str());
+        std::filesystem::remove_all(folder_);
+        EXPECT_EQ(liveBlocks, 0);
+    }
+
+    static std::string store(const std::string& subKey) {
+        return "Software\\Quillon Tools\\JSW\\Local\\" + localId() + "\\" + subKey;
+    }
+    static void setText(const std::string& subKey, const char* name, const std::string& text) {
+        RegSetKeyValueA(HKEY_LOCAL_MACHINE, store(subKey).c_str(), name, REG_SZ, text.c_str(),
+                        static_cast<DWORD>(text.size() + 1));
+    }
+    static DWORD storedNumber(const std::string& subKey, const char* name) {
+        DWORD value = 0;
+        DWORD size = sizeof value;
+        RegGetValueA(HKEY_LOCAL_MACHINE, store(subKey).c_str(), name, RRF_RT_REG_DWORD, nullptr,
+                     &value, &size);
+        return value;
+    }
+    void write(const char* fileName, const std::string& text) const {
+        std::ofstream(folder_ / fileName, std::ios::binary) << text;
+    }
+    static Module load(const char* fileName) {
+        Module module(LoadLibraryA(fileName));
+        EXPECT_TRUE(module) << fileName << ": " << GetLastError();
+        return module;
+    }
+
+  private:
+    std::filesystem::path folder_;
+    std::string hive_;
+};
+
+constexpr const char* kCatalog = R"(<?xml version="1.0"?>
+<catalog>
+  <billboard id="A" file="a.jbb" type="promotion" navigation="true" restore="1" carts="1,2">
+    <action> http://example.com/?a=1&amp;b=_^L1^_ </action><action>tool.exe</action>
+  </billboard>
+  <billboard id="B" file="b.jbb"><action>one</action><action/><action>three</action></billboard>
+  <billboard file="noid.jbb"/>
+  <category id="C"><project id="A"/><project id=""/><project/><project id="B"/></category>
+  <category id="EMPTY"/>
+</catalog>)";
+
+TEST_F(RulesModulesTest, CatalogAnswersFromItsFileToSeveralThreads) {
+    write("other.xml", kCatalog);
+    setText("Settings\\Catalog", "CatalogFilename", "other.xml");
+    const Module catalog = load("bcat.dll");
+    entryPoint<JswCatalogInitialize>(catalog, "Initialize")(countedAllocate);
+    auto* const ids = entryPoint<JswCatalogList>(catalog, "GetBillboardIds");
+    auto* const actions = entryPoint<JswCatalogList>(catalog, "GetBillboardActions");
+    auto* const file = entryPoint<JswCatalogText>(catalog, "GetBillboardFileName");
+    auto* const type = entryPoint<JswCatalogText>(catalog, "GetBillboardType");
+    auto* const carts = entryPoint<JswCatalogText>(catalog, "GetBillboardCarts");
+    auto* const navigation = entryPoint<JswCatalogFlag>(catalog, "GetBillboardEnableNavigation");
+    auto* const restore = entryPoint<JswCatalogFlag>(catalog, "GetBillboardRestoreWindow");
+
+    using Texts = std::vector<std::string>;
+    const auto ask = [&] {
+        EXPECT_EQ(take(ids("C")), (Texts{"A", "B"}));
+        EXPECT_EQ(ids("A"), nullptr);
+        EXPECT_EQ(ids("EMPTY"), nullptr);
+        EXPECT_EQ(take(actions("A")), (Texts{"http://example.com/?a=1&b=_^L1^_", "tool.exe"}));
+        EXPECT_EQ(take(actions("B")), (Texts{"one"}));
+        EXPECT_EQ(take(file("A")) + take(type("A")) + take(carts("A")), "a.jbbpromotion1,2");
+        EXPECT_EQ(take(file("B")) + take(type("B")) + take(carts("B")), "b.jbbstandard(null)");
+        EXPECT_EQ(take(file("a")) + take(file("")) + take(file(nullptr)), "(null)(null)(null)");
+        EXPECT_EQ(navigation("A") + restore("A") + navigation("B") + restore("?"), 2);
+    };
+    std::vector<std::jthread> askers;
+    for (int asker = 0; asker < 4; ++asker) {
+        askers.emplace_back([&] {
+            for (int round = 0; round < 200; ++round) ask();
+        });
+    }
+    askers.clear();
+    entryPoint<JswCatalogUnInitialize>(catalog, "UnInitialize")();
+    EXPECT_EQ(take(file("A")), "(null)");
+}
+
+TEST_F(RulesModulesTest, ABrokenOrMissingCatalogGivesEmptyAnswers) {
+    std::string nested;
+    for (int depth = 0; depth < 40; ++depth) nested += "<x>";
+    for (int depth = 0; depth < 40; ++depth) nested += "</x>";
+    for (const std::string& text : {std::string("<catalog><billboard"), std::string(), nested}) {
+        write("catalog.xml", text);
+        const Module catalog = load("bcat.dll");
+        entryPoint<JswCatalogInitialize>(catalog, "Initialize")(countedAllocate);
+        EXPECT_EQ(take(entryPoint<JswCatalogText>(catalog, "GetBillboardType")("A")), "(null)");
+        EXPECT_EQ(entryPoint<JswCatalogList>(catalog, "GetBillboardIds")("C"), nullptr);
+    }
+    setText("Settings", "DataPath", "Q:\\nowhere");
+    const Module catalog = load("bcat.dll");
+    entryPoint<JswCatalogInitialize>(catalog, "Initialize")(countedAllocate);
+    EXPECT_EQ(entryPoint<JswCatalogFlag>(catalog, "GetBillboardRestoreWindow")("A"), 0);
+}
+
+/** The entry points of the rules engine. */
+struct Engine {
+    explicit Engine(const Module& module)
+        : initialize(entryPoint<JswRulesInitializeEngine>(module, "InitializeEngine")),
+          more(entryPoint<JswRulesQuestion>(module, "IsMoreRules")),
+          evaluate(entryPoint<JswRulesEvaluateRule>(module, "EvaluateRule")),
+          historyChecked(entryPoint<JswRulesQuestion>(module, "IsHistoryChecked")),
+          update(entryPoint<JswRulesUpdateSettings>(module, "UpdateSettings")),
+          uninitialize(entryPoint<JswRulesUnInitialize>(module, "UnInitialize")) {}
+
+    /** "result" of every rule, with "+" where the history is checked, in the engine's order. */
+    [[nodiscard]] std::string results() const {
+        std::string all;
+        while (more() != 0) {
+            all += take(evaluate());
+            all += historyChecked() != 0 ? "+ " : " ";
+        }
+        return all;
+    }
+
+    JswRulesInitializeEngine* initialize;
+    JswRulesQuestion* more;
+    JswRulesEvaluateRule* evaluate;
+    JswRulesQuestion* historyChecked;
+    JswRulesUpdateSettings* update;
+    JswRulesUnInitialize* uninitialize;
+};
+
+TEST_F(RulesModulesTest, EngineWalksItsRulesAndRemembersWhatWasShown) {
+    write("rules.xml", R"(<rules>
+        <rule result="STATUS"/>
+        <rule result="LOW" history="true"><ink below="15"/></rule>
+        <rule result="ONCE"><shown carts="1,2" below="1"/><shown below="1"/></rule>
+        <rule result="SIM"><printer contains="sim"/><job equals="a.pdf"/></rule>
+    </rules>)");
+    const Module module = load("reng.dll");
+    const Engine engine(module);
+    InkInfo ink = {};
+    ink.InkPercent[0] = 14;
+    std::fill(std::begin(ink.InkPercent) + 1, std::end(ink.InkPercent), -1);
+
+    ASSERT_EQ(engine.initialize(countedAllocate, &ink, "A Simulator", "A.PDF", 3, 1), 1);
+    EXPECT_EQ(engine.results(), "STATUS LOW+ ONCE SIM ");
+    EXPECT_EQ(take(engine.evaluate()), "(null)");
+    engine.update("", 1, 0);  // an ink status page was found, nothing was shown
+    engine.uninitialize();
+    EXPECT_EQ(engine.more(), 0);
+
+    ASSERT_EQ(engine.initialize(countedAllocate, nullptr, nullptr, nullptr, -1, 1), 1);
+    EXPECT_EQ(engine.results(), "STATUS (null)+ ONCE (null) ");
+    engine.update("1,2", 1, 1);
+    engine.uninitialize();
+
+    ASSERT_EQ(engine.initialize(countedAllocate, &ink, "", "", 1, 1), 1);
+    EXPECT_EQ(engine.results(), "STATUS LOW+ (null) (null) ");
+    engine.uninitialize();
+    EXPECT_EQ(storedNumber("Settings\\RulesEngine", "SpecialShown"), 1U);
+    EXPECT_EQ(storedNumber("Settings\\RulesEngine", "InkShown"), 1U);
+    EXPECT_EQ(storedNumber("Settings\\RulesEngine\\Carts", "1,2"), 1U);
+}
+
+TEST_F(RulesModulesTest, EngineDoesNotStartOnAFileItCannotRead) {
+    const Module module = load("reng.dll");
+    const Engine engine(module);
+    EXPECT_EQ(engine.initialize(countedAllocate, nullptr, "", "", 1, 1), 0) << "missing";
+    for (const char* text : {"", "<rules>", "<rules><rule result='A'><inc/></rule></rules>"}) {
+        write("rules.xml", text);
+        EXPECT_EQ(engine.initialize(countedAllocate, nullptr, "", "", 1, 1), 0) << text;
+        EXPECT_EQ(engine.more(), 0) << text;
+    }
+    write("rules.xml", "<rules/>");
+    EXPECT_EQ(engine.initialize(countedAllocate, nullptr, "", "", 1, 1), 1);
+    EXPECT_EQ(engine.more(), 0);
+}
+
+}  // namespace
