@@ -12,6 +12,7 @@ if(MSVC)
   target_compile_definitions(jsw_options INTERFACE _CRT_SECURE_NO_WARNINGS)
   set(CMAKE_MSVC_RUNTIME_LIBRARY "MultiThreaded$<$<CONFIG:Debug>:Debug>")
 else()
+  # -Wrestrict: GCC 12 reports std::string's operator+ by mistake (GCC bug 105651).
   target_compile_options(
     jsw_options
     INTERFACE -Wall
@@ -19,12 +20,13 @@ else()
               -Wpedantic
               -Wconversion
               -Wshadow
+              -Wno-restrict
               -Werror
               -fstack-protector-strong
               $<$<CONFIG:Debug>:-fsanitize=undefined
               -fsanitize-undefined-trap-on-error
               -D_GLIBCXX_ASSERTIONS>)
-  target_link_options(jsw_options INTERFACE -static)
+  target_link_options(jsw_options INTERFACE -static -fstack-protector-strong)
 endif()
 
 # jsw_library(name SOURCES file... LINK target...): one static library, a room of the house.

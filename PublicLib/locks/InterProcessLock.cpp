@@ -1,0 +1,24 @@
+#include "PublicLib/locks/InterProcessLock.h"
+
+#include "PublicLib/errors/Exception.h"
+
+#include <utility>
+
+namespace jsw {
+
+InterProcessLock::InterProcessLock(std::string name)
+    : name_(std::move(name)), mutex_(false, name_, true) {
+}
+
+void InterProcessLock::lock() {
+    if (name_.empty()) {
+        throw Exception("InterProcessLock has no name", 0, "InterProcessLock", 16);
+    }
+    mutex_.acquire(INFINITE);
+}
+
+void InterProcessLock::unlock() {
+    mutex_.release();
+}
+
+}  // namespace jsw

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "PublicLib/logging/Logger.h"
+#include "PublicLib/text/Text.h"
+
+#include <atomic>
+#include <cstdint>
+#include <string>
+
+namespace jsw {
+
+/// The log of the process, "<folder of all users>\<local id>JSW.log", with its switches in the
+/// registry.
+class BasicLogger : public Logger {
+  public:
+    /// Makes the log available. Localize must exist.
+    /// @param mask  kept only: what is written is decided by the switches alone
+    static void createInstance(std::uint32_t mask);
+    /// Throws Win32Exception while there is no log.
+    static BasicLogger& getInstance();
+    /// Ends the log. The object itself stays until the library is unloaded, because a thread of a
+    /// module may be writing a line just now; the next createInstance() takes it up again.
+    static void destroyInstance();
+    /// The log, or null while there is none.
+    static BasicLogger* existing();
+
+    explicit BasicLogger(std::uint32_t mask);
+
+    void readSwitch(const std::string& name, std::uint32_t& value,
+                    std::uint32_t defaultValue) override;
+
+    /// Whether the settings store can be opened. Once it could, that is taken for granted; while
+    /// it cannot, it is tried again every five seconds.
+    bool isStoreAvailable();
+    /// Tries the store again at the next question, after it has been installed.
+    void recheckStore();
+
+    std::uint32_t mask() const { return mask_; }
+
+  private:
+    void restart(std::uint32_t mask);
+
+    std::atomic<std::uint32_t> mask_;
+    std::atomic<bool> storeSeen_{false};
+    CachedSwitch storeMissing_;
+};
+
+/// Whether a line of this component and level is to be written to the process's log. Costs next to
+/// nothing while logging is switched off.
+bool isLogEnabled(const LoggerComponent& component, std::uint32_t level);
+
+/// Writes a line to the process's log; only for lines that isLogEnabled() wants.
+void writeLogLine(const LoggerComponent& component, std::uint32_t level, const std::string& text);
+
+/// Writes a line, joined from its parts only when it is wanted.
+template <class... Parts>
+void logLine(const LoggerComponent& component, std::uint32_t level, const Parts&... parts) {
+    if (isLogEnabled(component, level)) writeLogLine(component, level, concat(parts...));
+}
+
+}  // namespace jsw

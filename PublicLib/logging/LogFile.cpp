@@ -1,0 +1,65 @@
+#include "PublicLib/logging/LogFile.h"
+
+#include "PublicLib/win/Handles.h"
+#include "PublicLib/win/Paths.h"
+
+#include <windows.h>
+
+#include <array>
+#include <mutex>
+#include <utility>
+
+namespace jsw {
+
+namespace {
+
+std::string windowsDriveRoot() {
+    std::array<char, MAX_PATH + 1> folder{};
+    const UINT length = GetWindowsDirectoryA(folder.data(), static_cast<UINT>(folder.size()));
+    if (length == 0 || length > MAX_PATH) return "c:\\";
+    return std::string(folder.data(), length).substr(0, 3);
+}
+
+std::string fullPath(std::string path) {
+    return path.find('\\') == std::string::npos ? windowsDriveRoot() + path : path;
+}
+
+}  // namespace
+
+LogFile::LogFile(std::string path)
+    : path_(fullPath(std::move(path))), lock_("QNLOG_" + std::string(fileNamePart(path_))) {
+}
+
+bool LogFile::exists() {
+    const KernelHandle file(CreateFileA(path_.c_str(), GENERIC_READ | GENERIC_WRITE,
+                                        FILE_SHARE_READ | FILE_SHARE_WRITE, security_.attributes(),
+                                        OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    return static_cast<bool>(file);
+}
+
+void LogFile::write(std::string_view line) {
+    const KernelHandle file(CreateFileA(path_.c_str(), GENERIC_READ | GENERIC_WRITE,
+                                        FILE_SHARE_READ | FILE_SHARE_WRITE, security_.attributes(),
+                                        OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (!file) return;
+    DWORD high = 0;
+    const DWORD low = GetFileSize(file.get(), &high);
+    auto distanceHigh = static_cast<LONG>(high);
+    SetFilePointer(file.get(), static_cast<LONG>(low), &distanceHigh, FILE_BEGIN);
+    DWORD written = 0;
+    WriteFile(file.get(), line.data(), static_cast<DWORD>(line.size()), &written, nullptr);
+}
+
+void LogFile::remove() {
+    const std::lock_guard lock(lock_);
+    DeleteFileA(path_.c_str());
+}
+
+bool LogFile::isReadable() {
+    const KernelHandle file(CreateFileA(path_.c_str(), GENERIC_READ,
+                                        FILE_SHARE_READ | FILE_SHARE_WRITE, security_.attributes(),
+                                        OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    return static_cast<bool>(file);
+}
+
+}  // namespace jsw

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "PublicLib/locks/InterProcessLock.h"
+#include "PublicLib/locks/Security.h"
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace jsw {
+
+/// A text file that several processes append to. It is opened for each line and every line is
+/// written under a named mutex, so lines of different processes never mix.
+class LogFile {
+  public:
+    /// @param path  without any backslash: a file in the root of the Windows drive
+    /// Throws Win32Exception when the mutex cannot be created.
+    explicit LogFile(std::string path);
+
+    const std::string& path() const { return path_; }
+
+    /// Appends the line as it is; onMissing() is called when the file did not exist. A line that
+    /// cannot be written is dropped. Throws Exception when the lock cannot be taken.
+    template <class OnMissing>
+    void append(std::string_view line, const OnMissing& onMissing) {
+        const std::lock_guard lock(lock_);
+        if (!exists()) onMissing();
+        write(line);
+    }
+
+    void remove();
+    bool isReadable();
+
+  private:
+    bool exists();
+    void write(std::string_view line);
+
+    std::string path_;
+    InterProcessLock lock_;
+    Security security_;
+};
+
+}  // namespace jsw

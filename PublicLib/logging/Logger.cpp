@@ -1,0 +1,141 @@
+#include "PublicLib/logging/Logger.h"
+
+#include "PublicLib/errors/Exception.h"
+#include "PublicLib/logging/LogLine.h"
+
+#include <windows.h>
+
+#include <atomic>
+#include <mutex>
+
+namespace jsw {
+
+namespace {
+
+// Set for the rest of the process when a log file cannot be set up.
+std::atomic<bool> loggingKilled{false};
+
+// The levels enabled for every component, as last read.
+std::atomic<std::uint32_t> allMask{0};
+
+LogTime localTime() {
+    SYSTEMTIME now;
+    GetLocalTime(&now);
+    return {now.wYear,   now.wMonth,  now.wDay,         now.wHour,
+            now.wMinute, now.wSecond, now.wMilliseconds};
+}
+
+}  // namespace
+
+Logger::Logger(const std::string& path, unsigned nameWidth) : nameWidth_(nameWidth) {
+    try {
+        file_ = std::make_unique<LogFile>(path);
+    } catch (const Win32Exception&) {
+        loggingKilled = true;
+    }
+}
+
+Logger::~Logger() = default;
+
+void Logger::log(const LoggerComponent& component, std::uint32_t level, const std::string& text) {
+    log(component, level, text.c_str());
+}
+
+void Logger::log(const LoggerComponent& component, std::uint32_t level, const char* text) {
+    if (!file_) return;
+    try {
+        file_->append(formatLine(component, level, text), [this] { onLogFileMissing(); });
+    } catch (const std::exception&) {  // NOLINT(bugprone-empty-catch): there is no log for the log
+    }
+}
+
+void Logger::deleteLog() {
+    if (file_) file_->remove();
+}
+
+void Logger::readSwitch(const std::string& name, std::uint32_t& value, std::uint32_t defaultValue) {
+    constexpr std::uint32_t kAllBits = 0xFFFFFFFF;
+    if (name != "startLog") {
+        value = defaultValue;
+    } else {
+        value = file_ && file_->isReadable() ? kAllBits : 0;
+    }
+}
+
+void Logger::onLogFileMissing() {
+}
+
+std::string Logger::linePrefix(const LoggerComponent& /*component*/, std::uint32_t /*level*/) {
+    return {};
+}
+
+std::string Logger::lineSuffix(const LoggerComponent& /*component*/, std::uint32_t /*level*/) {
+    return {};
+}
+
+std::uint32_t Logger::cachedSwitch(CachedSwitch& entry, const char* name,
+                                   std::uint32_t defaultValue) {
+    const DWORD tick = GetTickCount();
+    if (const auto cached = entry.value(tick)) return *cached;
+    std::uint32_t value = defaultValue;
+    readSwitch(name, value, defaultValue);
+    entry.store(value, tick);
+    return value;
+}
+
+std::uint32_t Logger::cachedSwitch(const std::string& name, std::uint32_t defaultValue) {
+    return cachedSwitch(switches_.entry(name), name.c_str(), defaultValue);
+}
+
+bool Logger::isStarted() {
+    return cachedSwitch(startLog_, "startLog", 0) != 0;
+}
+
+bool Logger::isEnabled(const LoggerComponent& component, std::uint32_t level) {
+    if (loggingKilled) return false;
+    if ((level & kLogError) != 0) return true;
+    if (!isStarted()) return false;
+    allMask = cachedSwitch("All", component::kAll.defaultMask());
+    const std::uint32_t own = cachedSwitch(component.name(), component.defaultMask());
+    return (level & (allMask | own)) != 0;
+}
+
+std::string Logger::formatLine(const LoggerComponent& component, std::uint32_t level,
+                               const char* text) {
+    const std::string name = component.name();
+    LogHeader header;
+    if (cachedSwitch("Clocktime_In_Header", 1) != 0) header.time = localTime();
+    if (cachedSwitch("Proc_Id_In_Header", 0) != 0) header.processId = GetCurrentProcessId();
+    if (cachedSwitch("Thread_Id_In_Header", 0) != 0) header.threadId = GetCurrentThreadId();
+    header.component = name;
+    header.componentWidth = nameWidth_;
+    header.depth = depth();
+    return linePrefix(component, level) + formatLogLine(header, text != nullptr ? text : "") +
+           lineSuffix(component, level) + "\r\n";
+}
+
+unsigned Logger::depth() {
+    const std::lock_guard lock(lock_);
+    const auto entry = depths_.find(GetCurrentThreadId());
+    return entry == depths_.end() ? 0 : entry->second;
+}
+
+void Logger::increaseDepth() {
+    const std::lock_guard lock(lock_);
+    ++depths_[GetCurrentThreadId()];
+}
+
+void Logger::decreaseDepth() {
+    const std::lock_guard lock(lock_);
+    unsigned& current = depths_[GetCurrentThreadId()];
+    if (current > 0) --current;
+}
+
+void Logger::reset() {
+    startLog_.clear();
+    switches_.clear();
+    const std::lock_guard lock(lock_);
+    depths_.clear();
+}
+
+}  // namespace jsw

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+#include <string>
+
+namespace jsw {
+
+/// Levels of log lines, combined in a mask.
+enum LogLevel : std::uint32_t {
+    kLogError = 1,        ///< always written, whatever the switches say
+    kLogTrace = 2,        ///< entry and exit of methods
+    kLogDetail = 4,       ///< dumps, such as the ink record
+    kLogTraceLine = 8,    ///< lines added to a method trace
+    kLogModuleCall = 16,  ///< ">>> " and "<<< " around calls into modules
+    kLogRules = 32,       ///< the choice of billboards
+};
+
+/// A subsystem that logs. Its name is also the registry value name of its switch.
+class LoggerComponent {
+  public:
+    /// @param defaultMask  levels enabled when the registry has no value
+    LoggerComponent(std::string name, std::uint32_t defaultMask);
+
+    virtual std::string name() const;
+    virtual void setMask(std::uint32_t mask);
+    virtual std::uint32_t defaultMask() const;
+    virtual ~LoggerComponent();
+
+    LoggerComponent(const LoggerComponent&) = delete;
+    LoggerComponent& operator=(const LoggerComponent&) = delete;
+
+  private:
+    std::string name_;
+    std::atomic<std::uint32_t> defaultMask_;
+};
+
+/// All components. "All" is no subsystem: its mask is added to every other one's.
+namespace component {
+extern const LoggerComponent kAll;
+extern const LoggerComponent kJsw;
+extern const LoggerComponent kRulesEngine;
+extern const LoggerComponent kCatalog;
+extern const LoggerComponent kUpdater;
+}  // namespace component
+
+}  // namespace jsw

@@ -1,0 +1,45 @@
+#include "PublicLib/logging/MethodTrace.h"
+
+#include <exception>
+
+namespace jsw {
+
+MethodTrace::MethodTrace(Logger* logger, const LoggerComponent& component, std::string tag,
+                         std::uint32_t level, bool announce)
+    : component_(&component), level_(level) {
+    if (announce && logger != nullptr && logger->isEnabled(component, level)) {
+        start(logger, std::move(tag));
+    }
+}
+
+MethodTrace::MethodTrace() : component_(&component::kJsw), level_(kLogTrace) {
+}
+
+void MethodTrace::start(Logger* logger, std::string tag) {
+    if (logger == nullptr) return;  // the log ended just now
+    tag_ = std::move(tag);
+    logger->log(*component_, level_, "+" + tag_);
+    logger->increaseDepth();
+    logger_ = logger;
+}
+
+MethodTrace::~MethodTrace() {
+    if (!isActive()) return;
+    logger_->decreaseDepth();
+    try {
+        std::string line = "-" + tag_;
+        if (!result_.empty()) line += " rc=" + result_;
+        logger_->log(*component_, level_, line);
+    } catch (const std::exception&) {  // NOLINT(bugprone-empty-catch): no memory for the line
+    }
+}
+
+void MethodTrace::setResult(std::int32_t value) {
+    if (isActive()) result_ = std::to_string(value);
+}
+
+void MethodTrace::setResult(const std::string& value) {
+    if (isActive()) result_ = value;
+}
+
+}  // namespace jsw

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "PublicLib/logging/BasicLogger.h"
+
+#include <cstdint>
+#include <string>
+#include <utility>
+
+namespace jsw {
+
+/// Traces one method, from its opening at the top of the method to the end of the scope:
+///
+///     MethodTrace trace(component::kJsw, "History::add: ");
+///     trace.add("bbId=", id);
+///
+/// writes "+History::add: ", "History::add: bbId=…" and "-History::add: ", the lines between
+/// indented by one column. Parts are joined only when the line will be written. Used by the thread
+/// that made it.
+class MethodTrace {
+  public:
+    /// A trace of the process's log at the method trace level; the tag is joined from its parts.
+    template <class... Tag>
+    explicit MethodTrace(const LoggerComponent& component, const Tag&... tag)
+        : component_(&component), level_(kLogTrace) {
+        if (isLogEnabled(component, kLogTrace)) start(BasicLogger::existing(), concat(tag...));
+    }
+
+    /// A trace of any log and level. With announce false it is silent: it never logs anything.
+    MethodTrace(Logger* logger, const LoggerComponent& component, std::string tag,
+                std::uint32_t level, bool announce);
+
+    /// A silent trace.
+    MethodTrace();
+
+    ~MethodTrace();
+    MethodTrace(const MethodTrace&) = delete;
+    MethodTrace& operator=(const MethodTrace&) = delete;
+
+    bool isActive() const { return logger_ != nullptr; }
+
+    /// Adds a line: the tag followed by the parts.
+    template <class... Parts>
+    void add(const Parts&... parts) {
+        if (isActive() && logger_->isEnabled(*component_, kLogTraceLine)) {
+            logger_->log(*component_, level_, tag_ + concat(parts...));
+        }
+    }
+
+    /// Records the result for the exit line: a number, a truth value as 1 or 0, or a text.
+    void setResult(std::int32_t value);
+    void setResult(const std::string& value);
+
+  private:
+    void start(Logger* logger, std::string tag);
+
+    Logger* logger_ = nullptr;  // null while silent
+    const LoggerComponent* component_;
+    std::uint32_t level_;
+    std::string tag_;
+    std::string result_;
+};
+
+}  // namespace jsw

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "PublicLib/locks/CriticalSection.h"
+
+#include <atomic>
+#include <cstdint>
+#include <map>
+#include <mutex>
+#include <optional>
+#include <string>
+
+namespace jsw {
+
+/// How long a switch read from the registry holds, in milliseconds.
+inline constexpr std::uint32_t kSwitchLifetimeMs = 5000;
+
+/// One switch and when it was read, in one word, so that a thread can ask without a lock.
+class CachedSwitch {
+  public:
+    /// The value while it holds: read before this tick, but less than five seconds before.
+    std::optional<std::uint32_t> value(std::uint32_t tick) const {
+        const std::uint64_t entry = entry_.load(std::memory_order_relaxed);
+        const std::uint32_t age = tick - static_cast<std::uint32_t>(entry >> 32);
+        if (entry == kEmpty || age == 0 || age >= kSwitchLifetimeMs) return std::nullopt;
+        return static_cast<std::uint32_t>(entry);
+    }
+
+    void store(std::uint32_t value, std::uint32_t tick) {
+        entry_.store((static_cast<std::uint64_t>(tick) << 32) | value, std::memory_order_relaxed);
+    }
+
+    void clear() { entry_.store(kEmpty, std::memory_order_relaxed); }
+
+  private:
+    static constexpr std::uint64_t kEmpty = ~std::uint64_t{0};  // at worst it is read once more
+
+    std::atomic<std::uint64_t> entry_{kEmpty};
+};
+
+/// The switches that have been read, by name.
+class SwitchCache {
+  public:
+    /// The entry of a name; valid as long as the cache.
+    CachedSwitch& entry(const std::string& name) {
+        const std::lock_guard lock(lock_);
+        return entries_[name];
+    }
+
+    void clear() {
+        const std::lock_guard lock(lock_);
+        for (auto& [name, entry] : entries_) entry.clear();
+    }
+
+  private:
+    CriticalSection lock_;
+    std::map<std::string, CachedSwitch> entries_;
+};
+
+}  // namespace jsw

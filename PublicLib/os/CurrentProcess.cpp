@@ -1,0 +1,33 @@
+#include "PublicLib/os/CurrentProcess.h"
+
+#include "PublicLib/errors/Exception.h"
+#include "PublicLib/locks/Singleton.h"
+#include "PublicLib/win/Paths.h"
+#include "PublicLib/win/SystemFolders.h"
+
+namespace jsw {
+
+namespace {
+Singleton<const CurrentProcess> singleton;
+}
+
+std::shared_ptr<const CurrentProcess> CurrentProcess::instance() {
+    return singleton.instance([] { return std::make_shared<const CurrentProcess>(); });
+}
+
+void CurrentProcess::destroy() {
+    singleton.destroy([] {});
+}
+
+CurrentProcess::CurrentProcess() : path_(moduleFileName(nullptr)) {
+    if (path_.empty()) {
+        throw Win32Exception("CurrentProcess::CurrentProcess", GetLastError(), "CurrentProcess",
+                             22);
+    }
+}
+
+std::string CurrentProcess::folder() const {
+    return std::string(folderPart(path_));
+}
+
+}  // namespace jsw

@@ -1,0 +1,95 @@
+#include "PublicLib/os/Localize.h"
+
+#include "PublicLib/errors/Exception.h"
+#include "PublicLib/locks/Singleton.h"
+#include "PublicLib/os/ProductLines.h"
+#include "PublicLib/win/Paths.h"
+#include "PublicLib/win/SystemFolders.h"
+
+namespace jsw {
+
+namespace {
+
+constexpr std::size_t kLocalIdLength = 4;
+constexpr std::size_t kPathBufferSize = 260;  // registry paths are cut to this, terminator included
+
+Singleton<const Localize> singleton;
+
+std::string fitted(std::string path) {
+    if (path.size() >= kPathBufferSize) path.resize(kPathBufferSize - 1);
+    return path;
+}
+
+}  // namespace
+
+std::string localIdOf(std::string_view executablePath) {
+    std::string id(fileNamePart(executablePath).substr(0, kLocalIdLength));
+    for (char& letter : id) {
+        if (letter >= 'A' && letter <= 'Z') letter = static_cast<char>(letter - 'A' + 'a');
+    }
+    return id;
+}
+
+void Localize::createInstance(HMODULE module) {
+    singleton.instance([module] { return std::make_shared<const Localize>(module); });
+}
+
+std::shared_ptr<const Localize> Localize::getInstance() {
+    auto current = singleton.existing();
+    if (!current) {
+        throw Exception("You must call Localize::createInstance() before calling getInstance()", 0,
+                        "Localize", 47);
+    }
+    return current;
+}
+
+void Localize::destroy() {
+    singleton.destroy([] {});
+}
+
+Localize::Localize(HMODULE module) : modulePath_(moduleFileName(module)) {
+    if (modulePath_.empty()) {
+        throw Win32Exception("Localize::Localize(): GetModuleFileName failed", GetLastError(),
+                             "Localize", 63);
+    }
+    localId_ = localIdOf(modulePath_);
+    if (localId_.empty()) {
+        throw Exception("Localize::Localize(): GetLocalId failed", 0, "Localize", 69);
+    }
+}
+
+std::string Localize::settingsFileName() const {
+    return localId_ + "jsw.loc";
+}
+
+bool Localize::getProductLineRoot(std::string& path) const {
+    const ProductLine* line = findProductLine(localId_);
+    path = "Software\\";
+    path += line != nullptr ? line->key : "Quillon Tools";
+    path = fitted(std::move(path));
+    return line != nullptr;
+}
+
+std::string Localize::getProductLineRoot() const {
+    std::string path;
+    getProductLineRoot(path);
+    return path;
+}
+
+std::string Localize::getJswRoot() const {
+    return fitted(getProductLineRoot() + "\\JSW\\");
+}
+
+std::string Localize::getRegistryPath(StoreKind kind) const {
+    switch (kind) {
+        case StoreKind::local:
+            return fitted(getJswRoot() + "Local\\" + localId_ + "\\");
+        case StoreKind::shared:
+            return fitted(getJswRoot() + "Shared\\");
+        case StoreKind::scratch:
+            break;
+    }
+    return "Software\\QuillonTemp\\temp";
+}
+
+}  // namespace jsw

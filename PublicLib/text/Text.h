@@ -1,0 +1,43 @@
+#pragma once
+
+#include <concepts>
+#include <string>
+#include <string_view>
+
+namespace jsw {
+
+/// Appends one part of a message: text as it is (a null pointer counts as empty), a truth value as
+/// "true" or "false", a number in decimal.
+inline void appendPart(std::string& text, std::string_view part) {
+    text.append(part);
+}
+inline void appendPart(std::string& text, const std::string& part) {
+    text.append(part);
+}
+inline void appendPart(std::string& text, const char* part) {
+    if (part != nullptr) text.append(part);
+}
+template <std::integral Number>
+void appendPart(std::string& text, Number number) {
+    if constexpr (std::same_as<Number, bool>) {
+        text.append(number ? "true" : "false");
+    } else {
+        text.append(std::to_string(number));
+    }
+}
+
+/// Joins the parts of a message: concat("bbId=", id, ", count=", 3).
+template <class... Parts>
+std::string concat(const Parts&... parts) {
+    std::string text;
+    (appendPart(text, parts), ...);
+    return text;
+}
+
+/// The text with each letter lowered by the C library's tolower.
+std::string toLower(std::string_view text);
+
+/// Compares two texts after lowering both letter by letter.
+bool equalsIgnoringCase(std::string_view left, std::string_view right);
+
+}  // namespace jsw

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <windows.h>
+
+#include <winspool.h>
+
+#include <utility>
+
+namespace jsw {
+
+/// Owns one Windows resource and gives it back when it goes out of scope. Null and
+/// INVALID_HANDLE_VALUE both count as empty. Giving back leaves GetLastError() as it was, so the
+/// error of a failed call can still be read after its handles are gone.
+template <class Handle, void (*close)(Handle)>
+class UniqueHandle {
+  public:
+    UniqueHandle() = default;
+    explicit UniqueHandle(Handle handle) : handle_(handle) {}
+    UniqueHandle(UniqueHandle&& other) noexcept : handle_(other.release()) {}
+    UniqueHandle& operator=(UniqueHandle&& other) noexcept {
+        reset(other.release());
+        return *this;
+    }
+    UniqueHandle(const UniqueHandle&) = delete;
+    UniqueHandle& operator=(const UniqueHandle&) = delete;
+    ~UniqueHandle() { reset(); }
+
+    Handle get() const { return handle_; }
+    explicit operator bool() const { return isValid(handle_); }
+
+    /// Gives up ownership.
+    [[nodiscard]] Handle release() { return std::exchange(handle_, Handle{}); }
+
+    void reset(Handle handle = Handle{}) {
+        const Handle old = std::exchange(handle_, handle);
+        if (!isValid(old)) return;
+        const DWORD lastError = GetLastError();
+        close(old);
+        SetLastError(lastError);
+    }
+
+    /// For Windows functions that fill a handle in: empties this owner first.
+    Handle* put() {
+        reset();
+        return &handle_;
+    }
+
+  private:
+    static bool isValid(Handle handle) {
+        return handle != Handle{} &&
+               reinterpret_cast<HANDLE>(handle) != INVALID_HANDLE_VALUE;  // NOLINT
+    }
+
+    Handle handle_{};
+};
+
+namespace closers {
+inline void closeKernelObject(HANDLE handle) {
+    CloseHandle(handle);
+}
+inline void closeKey(HKEY key) {
+    RegCloseKey(key);
+}
+inline void freeModule(HMODULE module) {
+    FreeLibrary(module);
+}
+inline void closePrinter(HANDLE printer) {
+    ClosePrinter(printer);
+}
+}  // namespace closers
+
+using KernelHandle = UniqueHandle<HANDLE, closers::closeKernelObject>;  // file, mutex, process, …
+using KeyHandle = UniqueHandle<HKEY, closers::closeKey>;
+using ModuleHandle = UniqueHandle<HMODULE, closers::freeModule>;
+using PrinterHandle = UniqueHandle<HANDLE, closers::closePrinter>;
+
+}  // namespace jsw

@@ -1,0 +1,141 @@
+#include "jsw/settings/BasicSettings.h"
+
+#include "PublicLib/errors/Exception.h"
+#include "jsw/settings/RegistryKey.h"
+
+#include <windows.h>
+
+#include <utility>
+
+namespace jsw {
+
+namespace {
+
+constexpr bool kCreate = true;
+constexpr bool kOpenOnly = false;
+
+void endWithBackslash(std::string& path) {
+    if (path.empty() || path.back() != '\\') path += '\\';
+}
+
+/// Runs one access to the registry; a failure becomes false and the thread's last error.
+template <class Access>
+bool guarded(const Access& access) {
+    try {
+        return access();
+    } catch (const Exception& error) {
+        SetLastError(static_cast<DWORD>(error.code()));
+        return false;
+    }
+}
+
+}  // namespace
+
+BasicSettings::BasicSettings(std::string root, std::string localName)
+    : root_(std::move(root)), localName_(std::move(localName)) {
+    endWithBackslash(root_);
+    if (!localName_.empty()) endWithBackslash(localName_);
+}
+
+std::string BasicSettings::getKeyPath(bool shared) const {
+    if (localName_.empty()) return root_;
+    return shared ? root_ + "Shared\\" : root_ + "Local\\" + localName_;
+}
+
+bool BasicSettings::rootExists() const {
+    return guarded([&] {
+        RegistryKey(root_, kOpenOnly);
+        return true;
+    });
+}
+
+template <class Value>
+bool BasicSettings::get(const std::string& subKey, const std::string& name, Value& value,
+                        bool shared) const {
+    return guarded(
+        [&] { return RegistryKey(getKeyPath(shared) + subKey, kOpenOnly).getValue(name, value); });
+}
+
+template <class Value>
+bool BasicSettings::getOrDefault(const std::string& subKey, const std::string& name,
+                                 const Value& defaultValue, Value& value, bool shared) const {
+    if (!rootExists()) return false;
+    return guarded([&] {
+        RegistryKey key(getKeyPath(shared) + subKey, kCreate);
+        if (key.getValue(name, value)) return true;
+        key.setValue(name, defaultValue);
+        value = defaultValue;
+        return true;
+    });
+}
+
+template <class Value>
+bool BasicSettings::set(const std::string& subKey, const std::string& name, const Value& value,
+                        bool shared) const {
+    return guarded([&] {
+        RegistryKey(getKeyPath(shared) + subKey, kCreate).setValue(name, value);
+        return true;
+    });
+}
+
+bool BasicSettings::getDwordValue(const std::string& subKey, const std::string& name,
+                                  std::uint32_t& value, bool shared) const {
+    return get(subKey, name, value, shared);
+}
+
+bool BasicSettings::getStringValue(const std::string& subKey, const std::string& name,
+                                   std::string& value, bool shared) const {
+    return get(subKey, name, value, shared);
+}
+
+bool BasicSettings::getBinaryValue(const std::string& subKey, const std::string& name,
+                                   std::vector<std::uint8_t>& value, bool shared) const {
+    return get(subKey, name, value, shared);
+}
+
+bool BasicSettings::getDwordValueOrDefault(const std::string& subKey, const std::string& name,
+                                           std::uint32_t defaultValue, std::uint32_t& value,
+                                           bool shared) const {
+    return getOrDefault(subKey, name, defaultValue, value, shared);
+}
+
+bool BasicSettings::getStringValueOrDefault(const std::string& subKey, const std::string& name,
+                                            const std::string& defaultValue, std::string& value,
+                                            bool shared) const {
+    return getOrDefault(subKey, name, defaultValue, value, shared);
+}
+
+bool BasicSettings::setDwordValue(const std::string& subKey, const std::string& name,
+                                  std::uint32_t value, bool shared) const {
+    return set(subKey, name, value, shared);
+}
+
+bool BasicSettings::setStringValue(const std::string& subKey, const std::string& name,
+                                   const std::string& value, bool shared) const {
+    return set(subKey, name, value, shared);
+}
+
+bool BasicSettings::deleteValue(const std::string& subKey, const std::string& name,
+                                bool shared) const {
+    return guarded([&] {
+        RegistryKey(getKeyPath(shared) + subKey, kOpenOnly).deleteValue(name);
+        return true;
+    });
+}
+
+bool BasicSettings::deleteKey(const std::string& subKey, bool shared) const {
+    return guarded([&] {
+        RegistryKey::recurseDeleteKey(getKeyPath(shared) + subKey, HKEY_LOCAL_MACHINE);
+        return true;
+    });
+}
+
+bool BasicSettings::getValueNames(const std::string& subKey, std::vector<std::string>& names,
+                                  bool shared) const {
+    return guarded([&] {
+        RegistryKey(getKeyPath(shared) + subKey, kOpenOnly).getValueNames(names, kMaxNames);
+        return true;
+    });
+}
+
+}  // namespace jsw

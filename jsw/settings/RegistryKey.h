@@ -1,0 +1,54 @@
+#pragma once
+
+#include "PublicLib/locks/Security.h"
+#include "PublicLib/win/Handles.h"
+
+#include <windows.h>
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace jsw {
+
+/// An open registry key with all rights. Keys are created open to everyone. Every failure but a
+/// missing value raises Win32Exception; outputs are then left as they were.
+class RegistryKey {
+  public:
+    /// Opens the path, or creates it and what is missing above it.
+    RegistryKey(const std::string& path, bool createIfMissing, HKEY hive = HKEY_LOCAL_MACHINE);
+
+    /// Each answers false when the value does not exist and raises when it has another type. A
+    /// text may also be a REG_EXPAND_SZ; it is not expanded.
+    bool getValue(const std::string& name, std::uint32_t& value) const;
+    bool getValue(const std::string& name, std::string& value) const;
+    bool getValue(const std::string& name, std::vector<std::uint8_t>& value) const;
+
+    void setValue(const std::string& name, std::uint32_t value);
+    void setValue(const std::string& name, const std::string& value);
+    void setValue(const std::string& name, const std::vector<std::uint8_t>& value);
+    void deleteValue(const std::string& name);
+
+    /// Appends the names of up to max sub-keys or values, in the registry's order.
+    void getChildrenNames(std::vector<std::string>& names, std::uint32_t max) const;
+    void getValueNames(std::vector<std::string>& names, std::uint32_t max) const;
+
+    /// Deletes a key and everything below it; a key that does not exist is no failure. A key named
+    /// "SOFTWARE" is emptied but never deleted.
+    static void recurseDeleteKey(const std::string& path, HKEY hive);
+
+    /// Creates a path component by component, for systems that cannot create it in one call.
+    static void createByComponents(HKEY hive, const std::string& path, Security& security);
+
+  private:
+    bool open(HKEY hive, const std::string& path, LSTATUS& status);
+    void create(HKEY hive, const std::string& path);
+    void set(const std::string& name, DWORD type, const void* data, std::size_t size,
+             const char* failure);
+
+    KeyHandle key_;
+    Security security_;
+    REGSAM access_ = KEY_ALL_ACCESS;
+};
+
+}  // namespace jsw

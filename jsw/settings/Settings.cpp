@@ -1,0 +1,109 @@
+#include "jsw/settings/Settings.h"
+
+#include "PublicLib/errors/Exception.h"
+#include "PublicLib/os/Localize.h"
+#include "PublicLib/text/Text.h"
+#include "PublicLib/win/SystemFolders.h"
+#include "jsw/settings/RegistryKey.h"
+
+#include <windows.h>
+
+#include <shlobj.h>
+
+#include <vector>
+
+namespace jsw {
+
+namespace {
+
+bool canOpen(const std::string& path) {
+    try {
+        RegistryKey(path, false);
+        return true;
+    } catch (const Exception&) {
+        return false;
+    }
+}
+
+}  // namespace
+
+Settings::Settings()
+    : BasicSettings(Localize::getInstance()->getJswRoot(), Localize::getInstance()->localId()),
+      valid_(canOpen(getKeyPath(false))) {
+}
+
+bool Settings::read(const setting::Text& text, std::string& value) const {
+    return getStringValue(text.key, text.name, value);
+}
+
+bool Settings::read(const setting::Number& number, std::uint32_t& value) const {
+    return getDwordValue(number.key, number.name, value);
+}
+
+bool Settings::readOrWriteDefault(const setting::Text& text, std::string& value) const {
+    return getStringValueOrDefault(text.key, text.name, text.defaultValue, value);
+}
+
+bool Settings::readOrWriteDefault(const setting::Number& number, std::uint32_t& value) const {
+    return getDwordValueOrDefault(number.key, number.name, number.defaultValue, value);
+}
+
+bool Settings::write(const setting::Text& text, const std::string& value) const {
+    return setStringValue(text.key, text.name, value);
+}
+
+bool Settings::write(const setting::Number& number, std::uint32_t value) const {
+    return setDwordValue(number.key, number.name, value);
+}
+
+bool Settings::isUpdated(const setting::Number& flag) const {
+    std::uint32_t state = 0;
+    return readOrWriteDefault(flag, state) &&
+           state == static_cast<std::uint32_t>(UpdateFlag::updated);
+}
+
+bool Settings::isDataUpdated() const {
+    return isUpdated(setting::kDataUpdated);
+}
+
+bool Settings::isCompleteSoftwareUpdated() const {
+    return isUpdated(setting::kCompleteSoftwareUpdated);
+}
+
+bool Settings::setFlag(const setting::Number& flag, UpdateFlag state) const {
+    std::uint32_t current = 0;
+    if (readOrWriteDefault(flag, current) &&
+        current == static_cast<std::uint32_t>(UpdateFlag::doNotChange)) {
+        return true;
+    }
+    return write(flag, static_cast<std::uint32_t>(state));
+}
+
+std::string Settings::dataUpdatesFolder() const {
+    std::string directory = setting::kDataUpdatesDirectory.defaultValue;
+    readOrWriteDefault(setting::kDataUpdatesDirectory, directory);
+    std::string driver;
+    read(setting::kDriverName, driver);
+    return concat(specialFolder(CSIDL_COMMON_APPDATA), "\\", directory, "\\", driver);
+}
+
+bool Settings::removeStore() {
+    std::uint32_t deleteAll = setting::kDeleteStoreOnUninstall.defaultValue;
+    read(setting::kDeleteStoreOnUninstall, deleteAll);
+    try {
+        RegistryKey::recurseDeleteKey(getKeyPath(false), HKEY_LOCAL_MACHINE);
+        valid_ = false;
+        std::vector<std::string> others;
+        RegistryKey(root() + "Local\\", false).getChildrenNames(others, kMaxNames);
+        if (others.empty() && deleteAll != 0) {
+            RegistryKey::recurseDeleteKey(Localize::getInstance()->getProductLineRoot(),
+                                          HKEY_LOCAL_MACHINE);
+        }
+        return true;
+    } catch (const Exception& error) {
+        SetLastError(static_cast<DWORD>(error.code()));
+        return false;
+    }
+}
+
+}  // namespace jsw

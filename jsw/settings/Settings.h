@@ -1,0 +1,50 @@
+#pragma once
+
+#include "jsw/settings/BasicSettings.h"
+#include "jsw/settings/SettingNames.h"
+
+#include <cstdint>
+#include <string>
+
+namespace jsw {
+
+/// State of one of the two flags that the updater leaves.
+enum class UpdateFlag : std::uint32_t { none = 0, updated = 1, doNotChange = 2 };
+
+/// The store of this host program. Needs Localize to exist; making one never fails otherwise.
+class Settings : public BasicSettings {
+  public:
+    Settings();
+
+    /// Whether the local store could be opened at construction.
+    bool isValid() const { return valid_; }
+
+    /// A value of the local store, without a default or with the one of its definition.
+    bool read(const setting::Text& text, std::string& value) const;
+    bool read(const setting::Number& number, std::uint32_t& value) const;
+    /// A value of the local store that is written with its default when it is missing.
+    bool readOrWriteDefault(const setting::Text& text, std::string& value) const;
+    bool readOrWriteDefault(const setting::Number& number, std::uint32_t& value) const;
+    bool write(const setting::Text& text, const std::string& value) const;
+    bool write(const setting::Number& number, std::uint32_t value) const;
+
+    /// True only when the flag is "updated"; a missing flag is written as "none".
+    bool isDataUpdated() const;
+    bool isCompleteSoftwareUpdated() const;
+    /// Writes the state unless the flag says "do not change".
+    bool setFlag(const setting::Number& flag, UpdateFlag state) const;
+
+    /// Folder into which the updater puts new billboard data.
+    std::string dataUpdatesFolder() const;
+
+    /// Removes the local store and, when it was the last one and "DeleteStoreOnUninstall" says so,
+    /// everything of the product line.
+    bool removeStore();
+
+  private:
+    bool isUpdated(const setting::Number& flag) const;
+
+    bool valid_;
+};
+
+}  // namespace jsw

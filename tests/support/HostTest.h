@@ -1,0 +1,36 @@
+#pragma once
+
+#include "tests/support/PrivateRegistry.h"
+#include "tests/support/TempFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace jsw::test {
+
+/// A test inside a host program: a private registry with an empty local store, Localize for the
+/// test program, and a log of its own.
+class HostTest : public ::testing::Test {
+  protected:
+    void SetUp() override;
+    void TearDown() override;
+
+    /// Switches the log on, with all levels, no clock, and makes the process's logger.
+    void startLog();
+    /// All lines of the log so far, each without its component column.
+    static std::vector<std::string> logLines();
+    /// Whether a line of the log (or a run of its text) equals, or contains, the text.
+    static bool hasLine(const std::string& line);
+    static bool logContains(const std::string& text);
+    static std::string logPath();
+
+    TempFolder folder_;
+
+  private:
+    std::unique_ptr<PrivateRegistry> registry_;
+};
+
+}  // namespace jsw::test
