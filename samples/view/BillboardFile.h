@@ -1,0 +1,25 @@
+/**
+ * @file BillboardFile.h
+ * Reads billboard files from the data path's "Scripts" folder.
+ */
+#pragma once
+
+#include "samples/view/BillboardContent.h"
+
+#include <string>
+
+namespace sampleview {
+
+/** Full path of a file in the "Scripts" folder of the data path. */
+[[nodiscard]] std::string scriptPath(const std::string& dataPath, const std::string& fileName);
+
+/**
+ * The page in the file with this name; a page that says so when there is none (empty name) or when
+ * it cannot be read. Reads at most kMaxFileSize bytes and one more.
+ */
+[[nodiscard]] Page loadBillboard(const std::string& dataPath, const std::string& fileName);
+
+/** Whether this .bmp file exists and its header announces an acceptable size. */
+[[nodiscard]] bool isPictureFileAcceptable(const std::string& path);
+
+}  // namespace sampleview

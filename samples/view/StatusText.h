@@ -1,0 +1,60 @@
+/**
+ * @file StatusText.h
+ * What the window says about the job's progress and the ink.
+ */
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace sampleview {
+
+/** How far the job is. Totals below 1 are not known. */
+struct Progress {
+    std::int64_t page = 0; /**< page being printed, from 1; 0 before the first */
+    std::int64_t totalPages = -1;
+    std::int64_t copy = 0; /**< copy being printed, from 1 */
+    std::int64_t totalCopies = -1;
+    bool showPages = true; /**< false: the counts mean nothing for this job */
+    std::optional<std::uint32_t> secondsRemaining;
+};
+
+/** For example "Page 2 of 3 - copy 1 of 1"; "Printing" when the pages are not known. */
+[[nodiscard]] std::string progressText(const Progress& progress);
+
+/** Share of all pages of all copies begun so far, 0 to 1000; nothing when not known. */
+[[nodiscard]] std::optional<int> progressPermille(const Progress& progress);
+
+/** For example "About 2 min 5 s remaining"; says so when the time is not known. */
+[[nodiscard]] std::string timeText(const Progress& progress);
+
+/** One ink slot to show. */
+struct InkSlot {
+    std::size_t number = 0;     /**< from 1 */
+    std::optional<int> percent; /**< 0 to 100; nothing when not known */
+    bool operator==(const InkSlot&) const = default;
+};
+
+/**
+ * The slots worth showing: the two cartridges that every printer has, and all others up to the
+ * last one with a known level (0 to 100). Empty when no level is known.
+ */
+[[nodiscard]] std::vector<InkSlot> shownInkSlots(std::span<const std::int32_t> percents);
+
+/** For example "Cartridge 1". */
+[[nodiscard]] std::string inkLabel(const InkSlot& slot);
+
+/** For example "90 %" or "not known". */
+[[nodiscard]] std::string inkLevel(const InkSlot& slot);
+
+/** All slots in one line, or that the ink levels are not known. */
+[[nodiscard]] std::string inkSummary(const std::vector<InkSlot>& slots);
+
+/** Whether this printer's data is made up. */
+[[nodiscard]] bool isSimulatedPrinter(std::string_view friendlyName);
+
+}  // namespace sampleview

@@ -1,0 +1,21 @@
+/**
+ * @file WindowThread.h
+ * The thread that a job's window lives on.
+ */
+#pragma once
+
+#include "samples/view/ViewState.h"
+
+#include <memory>
+
+namespace sampleview {
+
+/**
+ * Starts a thread that shows the job's window until the job is closed. ViewState::show has asked
+ * for it; ViewState::threadEnded is called in any case, also when no thread can be started.
+ *
+ * The thread keeps the state alive, and the module loaded.
+ */
+void startWindowThread(std::shared_ptr<ViewState> state);
+
+}  // namespace sampleview
