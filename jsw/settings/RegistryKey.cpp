@@ -205,6 +205,26 @@ void RegistryKey::getValueNames(std::vector<std::string>& names, std::uint32_t m
         });
 }
 
+namespace {
+
+/// The one key that is emptied but never deleted.
+bool isProtected(const std::string& name) { return equalsIgnoringCase(name, "SOFTWARE"); }
+
+void deleteChildren(HKEY key) {
+    std::array<char, kKeyNameSize> buffer{};
+    DWORD size = kKeyNameSize;
+    DWORD index = 0;
+    while (RegEnumKeyExA(key, index, buffer.data(), &size, nullptr, nullptr, nullptr, nullptr) ==
+           ERROR_SUCCESS) {
+        const std::string child(buffer.data(), size);
+        RegistryKey::recurseDeleteKey(child, key);
+        if (isProtected(child)) ++index;  // it is still there
+        size = kKeyNameSize;
+    }
+}
+
+}  // namespace
+
 void RegistryKey::recurseDeleteKey(const std::string& path, HKEY hive) {
     KeyHandle key;
     LSTATUS status = RegOpenKeyExA(hive, path.c_str(), 0, KEY_ALL_ACCESS, key.put());
@@ -212,15 +232,9 @@ void RegistryKey::recurseDeleteKey(const std::string& path, HKEY hive) {
     if (status != ERROR_SUCCESS) {
         raise("RegistryKey::recurseDeleteKey() RegOpenKey()", status, 226);
     }
-    std::array<char, kKeyNameSize> child{};
-    DWORD size = kKeyNameSize;
-    while (RegEnumKeyExA(key.get(), 0, child.data(), &size, nullptr, nullptr, nullptr, nullptr) ==
-           ERROR_SUCCESS) {
-        recurseDeleteKey({child.data(), size}, key.get());
-        size = kKeyNameSize;
-    }
+    deleteChildren(key.get());
     key.reset();
-    if (equalsIgnoringCase(path, "SOFTWARE")) return;
+    if (isProtected(path)) return;
     status = RegDeleteKeyA(hive, path.c_str());
     if (status != ERROR_SUCCESS) {
         raise("RegistryKey::recurseDeleteKey() RegDeleteKey()", status, 239);

@@ -1,7 +1,7 @@
 #include "tests/support/PrivateRegistry.h"
 
 #include "PublicLib/text/Text.h"
-#include "jsw/settings/RegistryKey.h"
+#include "PublicLib/win/Handles.h"
 
 #include <windows.h>
 
@@ -19,7 +19,7 @@ PrivateRegistry::PrivateRegistry() {
 
 PrivateRegistry::~PrivateRegistry() {
     RegOverridePredefKey(HKEY_LOCAL_MACHINE, nullptr);
-    RegistryKey::recurseDeleteKey(path_, HKEY_CURRENT_USER);
+    RegDeleteTreeA(HKEY_CURRENT_USER, path_.c_str());
 }
 
 void PrivateRegistry::join(const std::string& path) {
