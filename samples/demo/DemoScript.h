@@ -1,0 +1,81 @@
+#pragma once
+
+#include "samples/demo/DemoOptions.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace jsw::demo {
+
+/** What happens in a step. The driver does the first four, the user in front of it the others. */
+enum class Action { kPage, kPrompt, kPost, kEnd, kClick, kAnswer, kLook, kScreenshot };
+
+/** What a user can press in the job window. */
+enum class Target {
+    kNone,
+    kPrevious,
+    kCurrent,
+    kNext,
+    kInk,
+    kCancel,
+    kUpdates,
+    kSpecial,
+    kMinimise,
+    kRestore,
+    kClose,
+    kCloseJob,
+    kPageButton,  ///< a button of the billboard page; its number goes with it
+};
+
+/** One step of a script or of the plan made from it. */
+struct Step {
+    double at = 0;  ///< seconds since the start of the job
+    Action action = Action::kLook;
+    Target target = Target::kNone;
+    uint32_t number = 0;  ///< page, prompt type, message, button (from 1) or answer
+    uint32_t copy = 1;    ///< for kPage
+    std::string name;     ///< for kScreenshot: a file name without its ending
+    uint32_t job = 0;     ///< the job it belongs to, counted from 1; 0 for every job
+};
+
+[[nodiscard]] bool isDriverStep(const Step& step);
+
+/** The step as a script would say it, without its time. */
+[[nodiscard]] std::string describe(const Step& step);
+
+/** Steps in file order, or what is wrong with the first bad line. */
+struct ParsedScript {
+    std::vector<Step> steps;
+    std::string error;  ///< empty when all is well; "line 3: ..."
+};
+
+/**
+ * Reads a script. One step per line; "#" starts a comment:
+ *
+ *     job N                       the following lines are for the Nth job only
+ *     at SECONDS page N [COPY]    the driver reports page N
+ *     at SECONDS prompt TYPE      the driver asks the user; returns when that is answered
+ *     at SECONDS post NUMBER      the driver hands a message to the prompt that is up
+ *     at SECONDS end              the driver ends the job
+ *     at SECONDS click WHAT       the user presses previous, current, next, ink, cancel, updates,
+ *                                 special, minimise, restore, close, close-job or button N
+ *     at SECONDS answer WHAT      the user answers a prompt: ok, cancel, abort, retry, ignore,
+ *                                 yes, no or the number of a button
+ *     at SECONDS look             prints what the job window shows
+ *     at SECONDS screenshot NAME  asks for a screenshot and waits for it
+ *
+ * Times count from the start of the job and must not go back.
+ */
+[[nodiscard]] ParsedScript parseScript(std::string_view text);
+
+/**
+ * Everything that happens in one job, ordered by time: the script's steps for it, and, unless the
+ * script itself reports pages, the pages at the options' pace; the prompt the options ask for in
+ * the middle of them; and an end after all of it when the script has none.
+ */
+[[nodiscard]] std::vector<Step> planJob(const DemoOptions& options, const std::vector<Step>& script,
+                                        uint32_t job);
+
+}  // namespace jsw::demo

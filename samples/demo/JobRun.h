@@ -1,0 +1,67 @@
+#pragma once
+
+#include "samples/demo/DemoOptions.h"
+#include "samples/demo/DemoScript.h"
+#include "samples/demo/JswLibrary.h"
+
+#include <atomic>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace jsw::demo {
+
+/**
+ * One print job, as a driver with a user in front of it goes through it.
+ *
+ * The driver's steps run on the thread that calls run(); the user's on a thread of their own, so
+ * that a prompt, which blocks the driver, can be answered. While a prompt is up its message loop
+ * serves a timer of the driver's, on which the driver's steps go on: messages for the prompt and
+ * the end of the job come from inside it then. When the user cancels, the pages still to come are
+ * dropped and the job ends shortly after.
+ *
+ * One job runs at a time: the library's status callback carries no context.
+ */
+class JobRun {
+  public:
+    JobRun(const JswLibrary& library, const DemoOptions& options, std::vector<Step> plan);
+    JobRun(const JobRun&) = delete;
+    JobRun& operator=(const JobRun&) = delete;
+
+    /** Blocks until the job is over. False when the job did not start or a step was impossible. */
+    bool run();
+
+  private:
+    static void onStatus(uint32_t status);
+    static void CALLBACK onPromptTimer(HWND window, UINT message, UINT_PTR timer, DWORD time);
+
+    bool start();
+    void runDueDriverSteps();
+    void doDriverStep(const Step& step);
+    void doPage(const Step& step);
+    void doPrompt(uint32_t type);
+    void doEnd();
+    void dropStepsAfterCancel();
+    void waitForUser(double until) const;
+
+    void runUserSteps();
+    bool doUserStep(const Step& step);
+    bool takeScreenshot(const std::string& name);
+
+    static JobRun* current_;
+
+    const JswLibrary& library_;
+    const DemoOptions& options_;
+    std::vector<Step> driverSteps_;
+    std::vector<Step> userSteps_;
+    size_t nextDriverStep_ = 0;
+    bool inPrompt_ = false;
+    bool cancelSeen_ = false;
+    std::atomic<size_t> nextUserStep_ = 0;
+    std::atomic<bool> ended_ = false;  ///< the library has been told the end of the job
+    std::atomic<bool> over_ = false;   ///< nothing of the job is left, no prompt either
+    std::atomic<bool> cancelled_ = false;
+    std::atomic<bool> good_ = true;
+};
+
+}  // namespace jsw::demo
