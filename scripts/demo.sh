@@ -1,0 +1,130 @@
+#!/usr/bin/env bash
+# Shows the library at work, in Wine:  scripts/demo.sh [STORY]
+#
+#   job       three print jobs: one that keeps the welcome page, and two with little ink, of which
+#             the second shows the next billboard because the first is in the history
+#
+# Every run starts from a machine that has never seen the library. Screenshots, the recorded web
+# addresses and the log are left in build/demo.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+source scripts/wine-env.sh
+
+readonly bin=build/release/bin
+readonly results=build/demo
+readonly urls=$results/urls.txt
+
+heading() {
+  printf '\n== %s ==\n' "$1"
+}
+
+# A path of this machine as Windows programs see it.
+windows_path() {
+  local path="Z:$PWD/$1"
+  echo "${path//\//\\}"
+}
+
+run_wine() {
+  timeout 120 wine "$@"
+}
+
+# No settings, no history, no log, no results of earlier runs.
+forget_everything() {
+  rm -rf "$results"
+  mkdir -p "$results"
+  touch "$urls"
+  rm -f "$(log_file)"
+  run_wine reg delete 'HKLM\Software\QuillonInkjet' /f >/dev/null 2>&1 || true
+}
+
+log_file() {
+  echo "$WINEPREFIX/drive_c/ProgramData/qldeJSW.log"
+}
+
+# Web addresses that the window opens are noted in a file instead of going to a browser.
+record_web_addresses() {
+  local command
+  command="\"$(windows_path "$bin/qldemo.exe")\" --record-url \"$(windows_path "$urls")\" \"%1\""
+  run_wine reg delete 'HKCR\http\shell\open' /f >/dev/null 2>&1 || true
+  run_wine reg add 'HKCR\http' /v 'URL Protocol' /d '' /f >/dev/null
+  run_wine reg add 'HKCR\http\shell\open\command' /ve /d "$command" /f >/dev/null
+}
+
+# The file appears when it is complete: qldemo waits for it.
+take_screenshot() {
+  import -window root "png:$results/$1.part" && mv "$results/$1.part" "$results/$1.png"
+}
+
+# Runs qldemo, shows what it says and takes the screenshots that it asks for.
+run_qldemo() {
+  echo "qldemo $*"
+  run_wine "$bin/qldemo.exe" --screenshots "$(windows_path "$results")" "$@" </dev/null 2>&1 |
+    while IFS= read -r line; do
+      line=${line%$'\r'}
+      echo "  $line"
+      if [[ "$line" =~ \ user\ +screenshot\ ([^\ ]+)$ ]]; then
+        take_screenshot "${BASH_REMATCH[1]}"
+      fi
+    done
+}
+
+run_job() {
+  local title=$1 script=$2
+  shift 2
+  heading "$title"
+  run_qldemo --printer SimulatedPrinter --log \
+    --script "$(windows_path "$bin/scripts/$script.jobscript")" "$@"
+}
+
+# A lone address may take a moment: the shell starts its handler on its own.
+show_web_addresses() {
+  heading "Web addresses that the window opened"
+  for _ in $(seq 30); do
+    [[ -s "$urls" ]] && break
+    sleep 0.1
+  done
+  if [[ ! -s "$urls" ]]; then
+    echo "error: no address was opened" >&2
+    return 1
+  fi
+  tr -d '\r' <"$urls"
+}
+
+show_log() {
+  cp "$(log_file)" "$results/qldeJSW.log"
+  heading "How the rules thread chose, from the log"
+  tr -d '\r' <"$results/qldeJSW.log" |
+    grep -E 'Controller::ProcessRules: (Rule result|ProjectId)|Should show the billboard' |
+    cut -c1-160
+  heading "The end of the log ($(wc -l <"$results/qldeJSW.log") lines in $results/qldeJSW.log)"
+  tail -n 20 "$results/qldeJSW.log" | tr -d '\r' | cut -c1-160
+}
+
+show_screenshots() {
+  heading "Screenshots"
+  ls -1 "$results"/*.png
+}
+
+story_job() {
+  run_job "Job 1: one page, ink enough - no rule applies, the welcome page stays" short-job \
+    --job note.txt --pages 1 --ink 90,80
+  run_job "Job 2: little ink - the rules choose the offer; its link and the ink status" first-job \
+    --job report.pdf --pages 3 --ink 90,10
+  run_job "Job 3: little ink again - the next billboard; Next leads back to the offer" second-job \
+    --job report.pdf --pages 3 --ink 90,9
+  show_web_addresses
+  show_log
+  show_screenshots
+}
+
+story=${1:-job}
+if (($# > 1)) || ! declare -F "story_$story" >/dev/null; then
+  echo "usage: scripts/demo.sh [$(declare -F | sed -n 's/^declare -f story_//p' | paste -sd'|')]" >&2
+  exit 2
+fi
+scripts/setup.sh
+scripts/build.sh release
+start_wine demo
+forget_everything
+record_web_addresses
+"story_$story"
