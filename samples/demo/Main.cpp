@@ -12,6 +12,7 @@
 
 #include <windows.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
@@ -72,12 +73,14 @@ std::vector<Step> loadScript(const std::string& path) {
 }
 
 /**
- * A job of unknown length that ends at once: it makes the library install its settings, and the
- * sample rules show nothing to it.
+ * A job of which nothing is known and which ends at once: it makes the library install its
+ * settings, and no sample rule applies to it.
  */
 int install() {
     const JswLibrary library(programFolder() + "jsw.dll");
-    library.init("", "", 0, 0, static_cast<uint32_t>(-1), 0, 0, nullptr, 0, 0, nullptr);
+    InkInfo noInkKnown = {};
+    std::fill(std::begin(noInkKnown.InkPercent), std::end(noInkKnown.InkPercent), -1);
+    library.init("", "", 0, 0, static_cast<uint32_t>(-1), 0, 0, &noInkKnown, 0, 0, nullptr);
     library.terminate();
     if (!storeExists()) {
         throw std::runtime_error("the library has not installed its settings");
