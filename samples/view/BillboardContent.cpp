@@ -189,6 +189,7 @@ ParsedPage parseBillboard(std::string_view text) {
 Page unshowablePage(const std::string& problem) {
     Page page;
     page.title = "This page cannot be shown";
+    page.picture = Picture::printer;
     page.paragraphs = {"Printing is not affected.", "Reason: " + problem + "."};
     return page;
 }

@@ -7,7 +7,7 @@
 namespace sampleview {
 namespace {
 
-/** Height of the large ink bars per row, in text lines. */
+/** Height of each of the two rows of large ink bars, in text lines. */
 constexpr int kInkRowLines = 3;
 
 /** Draws one paragraph, or an item with its dot, and returns where the next one begins. */
@@ -66,10 +66,8 @@ void paintBillboard(const Canvas& canvas, const RECT& area, const Billboard& bil
     }
     if (page.picture == Picture::ink && text.top < text.bottom) {
         const int line = canvas.wrappedHeight("X", fonts.normal.get(), width);
-        const LONG rows = ink.slots.size() > 2 ? 2 : 1;
         RECT bars = text;
-        bars.top += line / 2;
-        bars.bottom = std::min(text.bottom, bars.top + rows * kInkRowLines * line);
+        bars.bottom = std::min(text.bottom, bars.top + 2 * kInkRowLines * line);
         paintInk(canvas, bars, ink, fonts);
     }
     SelectClipRgn(canvas.dc(), nullptr);

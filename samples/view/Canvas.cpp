@@ -102,4 +102,11 @@ int Canvas::wrappedHeight(const std::string& text, HFONT font, int width) const 
     return area.bottom;
 }
 
+int Canvas::width(const std::string& text, HFONT font) const {
+    const Selection selection(dc_, font);
+    SIZE extent{};
+    GetTextExtentPoint32A(dc_, text.c_str(), static_cast<int>(text.size()), &extent);
+    return static_cast<int>(extent.cx);
+}
+
 }  // namespace sampleview

@@ -86,6 +86,8 @@ class Canvas {
     void text(RECT area, const std::string& text, HFONT font, COLORREF colour, UINT format) const;
     /** Height of the text wrapped to this width. */
     [[nodiscard]] int wrappedHeight(const std::string& text, HFONT font, int width) const;
+    /** Width of the text in one line. */
+    [[nodiscard]] int width(const std::string& text, HFONT font) const;
     [[nodiscard]] HDC dc() const { return dc_; }
 
   private:

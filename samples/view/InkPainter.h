@@ -19,7 +19,7 @@ struct InkDisplay {
     bool operator==(const InkDisplay&) const = default;
 };
 
-/** Draws the slots in a grid that fills the area; a sentence when no level is known. */
+/** Draws the slots in a grid of up to two rows; a sentence when no level is known. */
 void paintInk(const Canvas& canvas, const RECT& area, const InkDisplay& ink, const Fonts& fonts);
 
 }  // namespace sampleview

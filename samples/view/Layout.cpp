@@ -94,10 +94,7 @@ void arrangePageButtons(HWND window, const Page& page, HFONT font, int unit) {
         const bool used = i < page.buttons.size();
         if (used) {
             const std::string& label = page.buttons[i].label;
-            const Selection selection(dc, font);
-            SIZE extent{};
-            GetTextExtentPoint32A(dc, label.c_str(), static_cast<int>(label.size()), &extent);
-            const int width = static_cast<int>(extent.cx) + pixels(28);
+            const int width = Canvas(dc).width(label, font) + pixels(28);
             setControlText(window, id, label);
             SetWindowPos(button, nullptr, left, pixels(kTop), width, pixels(kPageButtonHeight),
                          SWP_NOZORDER | SWP_NOACTIVATE);

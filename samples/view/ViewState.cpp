@@ -19,11 +19,13 @@ constexpr std::chrono::seconds kCallbackWait{1};
 ViewState::CallbackScope::CallbackScope(ViewState& state) : state_(state) {
     const std::lock_guard lock(state_.mutex_);
     allowed_ = !state_.closed_;
+    if (!allowed_) return;
     ++state_.callbacksRunning_;
     state_.idle_.notify_all();
 }
 
 ViewState::CallbackScope::~CallbackScope() {
+    if (!allowed_) return;
     const std::lock_guard lock(state_.mutex_);
     --state_.callbacksRunning_;
     state_.idle_.notify_all();
