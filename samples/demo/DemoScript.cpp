@@ -198,12 +198,14 @@ bool has(const std::vector<Step>& steps, Action action) {
                        [&](const Step& step) { return step.action == action; });
 }
 
-Step driverStep(double at, Action action, uint32_t number = 0, uint32_t copy = 1) {
+/** A step that no script asks for. */
+Step impliedStep(double at, Action action, uint32_t number = 0, uint32_t copy = 1) {
     Step step;
     step.at = at;
     step.action = action;
     step.number = number;
     step.copy = copy;
+    step.implied = true;
     return step;
 }
 
@@ -212,7 +214,7 @@ void addPages(const DemoOptions& options, std::vector<Step>& steps) {
     double at = 0;
     for (uint32_t copy = 1; copy <= options.copies; ++copy) {
         for (uint32_t page = 1; page <= options.pages; ++page) {
-            steps.push_back(driverStep(at, Action::kPage, page, copy));
+            steps.push_back(impliedStep(at, Action::kPage, page, copy));
             at += options.secondsPerPage;
         }
     }
@@ -290,10 +292,10 @@ std::vector<Step> planJob(const DemoOptions& options, const std::vector<Step>& s
         end = std::max(end, printing);
     }
     if (options.prompt) {
-        steps.push_back(driverStep(printing / 2, Action::kPrompt, *options.prompt));
+        steps.push_back(impliedStep(printing / 2, Action::kPrompt, *options.prompt));
     }
     if (!has(steps, Action::kEnd)) {
-        steps.push_back(driverStep(end, Action::kEnd));
+        steps.push_back(impliedStep(end, Action::kEnd));
     }
     std::stable_sort(steps.begin(), steps.end(),
                      [](const Step& left, const Step& right) { return left.at < right.at; });

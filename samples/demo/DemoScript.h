@@ -34,10 +34,11 @@ struct Step {
     double at = 0;  ///< seconds since the start of the job
     Action action = Action::kLook;
     Target target = Target::kNone;
-    uint32_t number = 0;  ///< page, prompt type, message, button (from 1) or answer
-    uint32_t copy = 1;    ///< for kPage
-    std::string name;     ///< for kScreenshot: a file name without its ending
-    uint32_t job = 0;     ///< the job it belongs to, counted from 1; 0 for every job
+    uint32_t number = 0;   ///< page, prompt type, message, button (from 1) or answer
+    uint32_t copy = 1;     ///< for kPage
+    std::string name;      ///< for kScreenshot: a file name without its ending
+    uint32_t job = 0;      ///< the job it belongs to, counted from 1; 0 for every job
+    bool implied = false;  ///< not from a script; comes later when a prompt holds the driver up
 };
 
 [[nodiscard]] bool isDriverStep(const Step& step);

@@ -46,6 +46,7 @@ JobRun::JobRun(const JswLibrary& library, const DemoOptions& options, std::vecto
 
 bool JobRun::run() {
     current_ = this;
+    cancelled_ = false;
     console().startClock();
     good_ = start();
     std::thread user(&JobRun::runUserSteps, this);
@@ -74,20 +75,26 @@ bool JobRun::start() {
 
 void JobRun::onStatus(uint32_t status) {
     console().line("status", statusText(status));
-    if (current_ != nullptr && status == JSW_STATUS_JOB_CANCELLED) {
-        current_->cancelled_ = true;
+    if (status == JSW_STATUS_JOB_CANCELLED) {
+        cancelled_ = true;
     }
+}
+
+double JobRun::timeOf(const Step& step) const {
+    return step.implied ? step.at + delay_ : step.at;
+}
+
+bool JobRun::isDue(const Step& step) const {
+    const bool waitsForAnswer =
+        step.action == Action::kPage || step.action == Action::kPrompt || step.implied;
+    return timeOf(step) <= console().elapsed() && !(inPrompt_ && waitsForAnswer);
 }
 
 void JobRun::runDueDriverSteps() {
     dropStepsAfterCancel();
     while (!ended_ && nextDriverStep_ < driverSteps_.size() &&
-           driverSteps_[nextDriverStep_].at <= console().elapsed()) {
-        const Step step = driverSteps_[nextDriverStep_];
-        if (inPrompt_ && step.action == Action::kPrompt) {
-            return;  // one question at a time
-        }
-        ++nextDriverStep_;
+           isDue(driverSteps_[nextDriverStep_])) {
+        const Step step = driverSteps_[nextDriverStep_++];
         doDriverStep(step);
         dropStepsAfterCancel();
     }
@@ -106,7 +113,7 @@ void JobRun::doDriverStep(const Step& step) {
             library_.postDlgMsg(reinterpret_cast<void*>(static_cast<uintptr_t>(step.number)));
             break;
         default:
-            waitForUser(step.at);
+            waitForUser(timeOf(step));
             doEnd();
             break;
     }
@@ -124,10 +131,12 @@ void JobRun::doPage(const Step& step) {
 void JobRun::doPrompt(uint32_t type) {
     console().line("driver", "JSWDisplayPrompt: type " + std::to_string(type));
     inPrompt_ = true;
+    const double asked = console().elapsed();
     const UINT_PTR timer = SetTimer(nullptr, 0, kPromptTick, &JobRun::onPromptTimer);
     library_.displayPrompt(type, options_.pages);
     KillTimer(nullptr, timer);
     inPrompt_ = false;
+    delay_ += console().elapsed() - asked;
     console().line("driver", "JSWDisplayPrompt has returned");
 }
 

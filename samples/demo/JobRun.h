@@ -16,9 +16,9 @@ namespace jsw::demo {
  *
  * The driver's steps run on the thread that calls run(); the user's on a thread of their own, so
  * that a prompt, which blocks the driver, can be answered. While a prompt is up its message loop
- * serves a timer of the driver's, on which the driver's steps go on: messages for the prompt and
- * the end of the job come from inside it then. When the user cancels, the pages still to come are
- * dropped and the job ends shortly after.
+ * serves a timer of the driver's, on which a script's messages for the prompt and its end of the
+ * job come from inside the prompt; pages wait for the answer. When the user cancels, the pages
+ * still to come are dropped and the job ends shortly after.
  *
  * One job runs at a time: the library's status callback carries no context.
  */
@@ -36,6 +36,8 @@ class JobRun {
     static void CALLBACK onPromptTimer(HWND window, UINT message, UINT_PTR timer, DWORD time);
 
     bool start();
+    [[nodiscard]] double timeOf(const Step& step) const;
+    [[nodiscard]] bool isDue(const Step& step) const;
     void runDueDriverSteps();
     void doDriverStep(const Step& step);
     void doPage(const Step& step);
@@ -48,7 +50,8 @@ class JobRun {
     bool doUserStep(const Step& step);
     bool takeScreenshot(const std::string& name);
 
-    static JobRun* current_;
+    static JobRun* current_;                             ///< for the driver's thread only
+    static inline std::atomic<bool> cancelled_ = false;  ///< set from the library's threads
 
     const JswLibrary& library_;
     const DemoOptions& options_;
@@ -56,11 +59,11 @@ class JobRun {
     std::vector<Step> userSteps_;
     size_t nextDriverStep_ = 0;
     bool inPrompt_ = false;
+    double delay_ = 0;  ///< seconds that prompts have held the driver up
     bool cancelSeen_ = false;
     std::atomic<size_t> nextUserStep_ = 0;
     std::atomic<bool> ended_ = false;  ///< the library has been told the end of the job
     std::atomic<bool> over_ = false;   ///< nothing of the job is left, no prompt either
-    std::atomic<bool> cancelled_ = false;
     std::atomic<bool> good_ = true;
 };
 
