@@ -1,0 +1,166 @@
+#include "jsw/settings/macros/MacroResolver.h"
+
+#include "PublicLib/errors/Exception.h"
+#include "PublicLib/logging/MethodTrace.h"
+#include "PublicLib/os/Localize.h"
+#include "PublicLib/os/OsVersion.h"
+#include "PublicLib/printer/Printer.h"
+#include "PublicLib/text/Text.h"
+#include "PublicLib/win/Paths.h"
+#include "jsw/settings/OfnSettings.h"
+#include "jsw/settings/Settings.h"
+#include "jsw/settings/macros/CartridgeTags.h"
+#include "jsw/settings/macros/PageDirectUtilities.h"
+
+#include <windows.h>
+
+#include <optional>
+
+namespace jsw {
+
+namespace {
+
+using Value = std::optional<std::string>;  // nothing: the fallback is used
+
+enum class Fallback { tagText, empty };
+
+/// A tag that is told by its whole name.
+struct Macro {
+    std::string_view name;
+    Fallback fallback;
+    Value (*value)(MacroResolver& resolver);
+};
+
+using ReadText = bool (Settings::*)(const setting::Text&, std::string&) const;
+
+Value readLocalSetting(const setting::Text& text, ReadText read) {
+    std::string value;
+    if ((Settings().*read)(text, value)) return value;
+    logLine(component::kJsw, kLogError, "Error - settings.getStringValue(keyName=", text.key,
+            ", valueName=", text.name, ", rc=false.");
+    return std::nullopt;
+}
+
+Value readPrinterSetting(const setting::Text& text) {
+    std::string value;
+    const OfnSettings store(Printer::instance("")->getFriendlyName());
+    if (store.read(text, value)) return value;
+    return std::nullopt;
+}
+
+constexpr Macro kMacros[] = {
+    {"BaseUrl", Fallback::tagText,
+     [](MacroResolver&) {
+         return readLocalSetting(setting::kBaseUrl, &Settings::readOrWriteDefault);
+     }},
+    {"CountryCode", Fallback::tagText,
+     [](MacroResolver&) { return Value(PageDirectUtilities::getCountryCode()); }},
+    {"LanguageCode", Fallback::tagText,
+     [](MacroResolver&) { return Value(PageDirectUtilities::getLanguageCode()); }},
+    {"OemCode", Fallback::tagText,
+     [](MacroResolver&) { return readLocalSetting(setting::kManufacturerName, &Settings::read); }},
+    {"OsCode", Fallback::tagText,
+     [](MacroResolver&) { return Value(PageDirectUtilities::getOsCode()); }},
+    {"PartnerCode", Fallback::empty,
+     [](MacroResolver& resolver) { return Value(resolver.getPartnerCode()); }},
+    {"PrinterCode", Fallback::tagText,
+     [](MacroResolver&) {
+         return readLocalSetting(setting::kPrinterCode, &Settings::readOrWriteDefault);
+     }},
+    {"PSI", Fallback::empty,
+     [](MacroResolver&) { return readPrinterSetting(setting::kSerialNumber); }},
+};
+
+const Macro* findMacro(std::string_view tagName) {
+    for (const Macro& macro : kMacros) {
+        if (equalsIgnoringCase(macro.name, tagName)) return &macro;
+    }
+    return nullptr;
+}
+
+Value cartridgeValue(const CartridgeTag& tag, std::string_view tagName) {
+    const CartridgeHolder* const holder = findCartridgeHolder(tagName);
+    if (holder == nullptr) {
+        logLine(component::kJsw, kLogError, "WARNING: Cartridge ", tag.topic, " tag '", tagName,
+                "' not valid.");
+        return std::nullopt;
+    }
+    const auto printer = Printer::instance("");  // holds the cache
+    return tag.value(printer->getCache(), *holder);
+}
+
+/// What a value's source answers; nothing, and a log line, when it fails.
+template <class Source>
+Value guarded(const Source& source) {
+    try {
+        return source();
+    } catch (const Exception& error) {
+        logLine(component::kJsw, kLogError, error.text());
+        return std::nullopt;
+    }
+}
+
+}  // namespace
+
+std::string MacroResolver::replaceMacros(const std::string& text) {
+    MethodTrace trace(component::kJsw, "MacroResolver::replaceMacros:");
+    trace.add("    replaceMacros( str=", text, "):");
+    TagScanner::Result result = TagScanner(this).replaceTags(text);
+    if (!result.complete) {
+        logLine(component::kJsw, kLogError,
+                "WARNING: MacroResolver::replaceMacros: too many or too long values, a value may "
+                "lead back to itself. The remaining tags are not replaced.");
+    }
+    trace.setResult(result.text);
+    return std::move(result.text);
+}
+
+std::string_view MacroResolver::resolveTag(std::string_view tagText, std::string_view tagName) {
+    MethodTrace trace(component::kJsw, "MacroResolver::resolveTag:");
+    trace.add("    resolveTag( strTagText=", tagText, ", strTag=", tagName, ")");
+    const std::string_view value = tagText.empty() ? tagName : findValue(tagText, tagName);
+    if (trace.isActive()) trace.setResult(std::string(value));
+    return value;
+}
+
+std::string_view MacroResolver::findValue(std::string_view tagText, std::string_view tagName) {
+    Value value;
+    std::string_view fallback = tagText;
+    if (const Macro* const macro = findMacro(tagName)) {
+        if (macro->fallback == Fallback::empty) fallback = "";
+        value = guarded([&] { return macro->value(*this); });
+    } else if (const CartridgeTag* const tag = findCartridgeTag(tagName)) {
+        fallback = tag->fallback;
+        value = guarded([&] { return cartridgeValue(*tag, tagName); });
+    }
+    if (!value) return fallback;
+    value_ = std::move(*value);
+    return value_;
+}
+
+std::string MacroResolver::getPartnerCode() {
+    MethodTrace trace(component::kJsw, "MacroResolver::getPartnerCode()");
+    constexpr DWORD kMaxCode = 260;  // characters with the end
+    const std::string folder = OsVersion::instance().versionedPrinterDriverFolder();
+    trace.add("INI File path containing partner1URL=", folder);
+    const std::string file = joinPath(folder, Localize::getInstance()->localId() + "rtlr.ini");
+
+    std::string result;
+    char code[kMaxCode] = "";
+    const DWORD length =
+        GetPrivateProfileStringA("Skin", "Partner1URL", "", code, kMaxCode, file.c_str());
+    if (length > 0) {
+        trace.add("Partner code read from ini file.");
+        result = concat("&partner=", code);
+    } else {
+        trace.add("No Partner code read from ini file. retCode=", length);
+        const Value retailer = readPrinterSetting(setting::kRetailerId);
+        const bool isValid = retailer && !retailer->empty();
+        trace.add(isValid ? "Partner code read from registry." : "No valid RetailerId in registry");
+        if (isValid) result = concat("&partner=", *retailer);
+    }
+    trace.setResult(result);
+    return result;
+}
+
+}  // namespace jsw

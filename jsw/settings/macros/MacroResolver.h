@@ -1,0 +1,34 @@
+#pragma once
+
+#include "jsw/settings/macros/TagScanner.h"
+
+#include <string>
+#include <string_view>
+
+namespace jsw {
+
+/// Puts facts about the machine, the job's printer and its cartridges in the place of the tags in
+/// an address. Nothing fails: a tag without a value gets its fallback or stays. Used by one thread
+/// at a time.
+class MacroResolver : public ISymbolicResolverHandler {
+  public:
+    /// The text with all tags replaced. When values lead back to themselves, the replacement stops
+    /// at the limits of TagScanner and the log gets a warning.
+    std::string replaceMacros(const std::string& text);
+
+    /// The value of one tag; the tag text itself when the tag stays. An empty tag text gives the
+    /// tag name. Valid until the next call, and no longer than its arguments.
+    std::string_view resolveTag(std::string_view tagText, std::string_view tagName) override;
+
+    /// "&partner=" and the retailer's code, from the retailer file in the printer-driver folder or
+    /// from the printer's store; empty when there is none. Throws Exception when the host or the
+    /// version of Windows is not known.
+    std::string getPartnerCode();
+
+  private:
+    std::string_view findValue(std::string_view tagText, std::string_view tagName);
+
+    std::string value_;  // what the last answer of resolveTag() may look at
+};
+
+}  // namespace jsw

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "PublicLib/os/OsVersion.h"
+
+#include <string_view>
+
+namespace jsw {
+
+/// The web pages' code for a system, and what the log notes when it is chosen.
+struct OsCode {
+    std::string_view code;
+    std::string_view note;  ///< may be empty
+};
+
+OsCode osCode(OsClass os, bool is64Bit);
+
+}  // namespace jsw

@@ -1,0 +1,179 @@
+#include "jsw/settings/macros/TagScanner.h"
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+
+namespace jsw {
+
+namespace {
+
+/// The printable ASCII characters from space to "~" in code order, letters in one case. A table,
+/// because the C library's functions follow the locale.
+constexpr std::string_view kFolded =
+    " !\"#$%&'()*+,-./0123456789:;<=>?"
+    "@ABCDEFGHIJKLMNOPQRSTUVWXYZ[\\]^_"
+    "`ABCDEFGHIJKLMNOPQRSTUVWXYZ{|}~";
+static_assert(kFolded.size() == '~' - ' ' + 1);
+
+constexpr char foldCase(char character) {
+    if (character < ' ' || character > '~') return character;
+    return kFolded[static_cast<std::size_t>(character - ' ')];
+}
+
+/// Position of a delimiter at or after "from"; npos when there is none.
+std::size_t findDelimiter(std::string_view text, std::string_view delimiter, std::size_t from,
+                          bool ignoreCase) {
+    if (from > text.size()) return std::string_view::npos;
+    const auto start = text.begin() + static_cast<std::ptrdiff_t>(from);
+    const auto found = std::search(
+        start, text.end(), delimiter.begin(), delimiter.end(), [ignoreCase](char left, char right) {
+            return left == right || (ignoreCase && foldCase(left) == foldCase(right));
+        });
+    return found == text.end() ? std::string_view::npos
+                               : static_cast<std::size_t>(found - text.begin());
+}
+
+/// The text that is still to be scanned. It is used up at the front, and values are put back there:
+/// into the room that the used text left, so that nothing behind it moves.
+class PendingText {
+  public:
+    explicit PendingText(std::string_view text) : buffer_(text) {}
+
+    std::string_view view() const { return std::string_view(buffer_).substr(used_); }
+    std::size_t size() const { return buffer_.size() - used_; }
+
+    void drop(std::size_t length) { used_ += length; }
+
+    /// The value may be a part of what was dropped last.
+    void prepend(std::string_view value) {
+        if (used_ < value.size()) {
+            growAndPrepend(value);
+            return;
+        }
+        used_ -= value.size();
+        std::char_traits<char>::move(buffer_.data() + used_, value.data(), value.size());
+    }
+
+  private:
+    /// Leaves as much room as there is text, so that the text is seldom copied again.
+    void growAndPrepend(std::string_view value) {
+        const std::size_t room = value.size() + size();
+        std::string larger;
+        larger.reserve(2 * room);
+        larger.append(room, '\0');
+        larger.append(value);
+        larger.append(view());
+        buffer_ = std::move(larger);
+        used_ = room;
+    }
+
+    std::string buffer_;
+    std::size_t used_ = 0;
+};
+
+/// One text on its way from "pending" to "done". The search for the next tag always begins at the
+/// front of the pending text.
+class Expansion {
+  public:
+    Expansion(std::string_view text, const TagSyntax& syntax, ISymbolicResolverHandler& handler)
+        : syntax_(syntax),
+          handler_(handler),
+          pending_(text),
+          originalLeft_(text.size()),
+          sizeLimit_(text.size() + TagScanner::kMaxGrowth) {
+        done_.reserve(text.size());
+    }
+
+    TagScanner::Result run() {
+        bool complete = true;
+        while (complete) {
+            const std::size_t length = moveToNextTag();
+            if (length == 0) break;
+            complete = resolveTagOfLength(length);
+        }
+        done_.append(pending_.view());
+        return {std::move(done_), complete};
+    }
+
+  private:
+    void finish(std::size_t length) {
+        done_.append(pending_.view().substr(0, length));
+        drop(length);
+    }
+
+    void drop(std::size_t length) {
+        pending_.drop(length);
+        originalLeft_ = std::min(originalLeft_, pending_.size());
+    }
+
+    /// Finishes what lies before the next tag; answers the length of the tag, 0 when there is none.
+    std::size_t moveToNextTag() {
+        const std::size_t open =
+            findDelimiter(pending_.view(), syntax_.open, 0, syntax_.ignoreCase);
+        if (open == std::string_view::npos) return 0;
+        finish(open);
+        const std::size_t close = findClose();
+        return close == std::string_view::npos ? 0 : close + syntax_.close.size();
+    }
+
+    /// The first closing delimiter after the opening one at the front. It is remembered: many
+    /// opening delimiters may wait for the same far closing one.
+    std::size_t findClose() {
+        const std::size_t earliest = syntax_.open.size();
+        if (closeFromEnd_ && *closeFromEnd_ + earliest <= pending_.size()) {
+            return pending_.size() - *closeFromEnd_;
+        }
+        const std::size_t close =
+            findDelimiter(pending_.view(), syntax_.close, earliest, syntax_.ignoreCase);
+        if (close != std::string_view::npos) closeFromEnd_ = pending_.size() - close;
+        return close;
+    }
+
+    /// Replaces the tag at the front, or steps over its first character when it stays. False when
+    /// a limit forbids the replacement.
+    bool resolveTagOfLength(std::size_t length) {
+        const std::string_view tag = pending_.view().substr(0, length);
+        const std::string_view name =
+            tag.substr(syntax_.open.size(), length - syntax_.open.size() - syntax_.close.size());
+        const std::string_view value = handler_.resolveTag(tag, name);
+        if (isSame(value, tag)) {
+            finish(1);
+            return true;
+        }
+        if (!isAllowed(length, value.size())) return false;
+        drop(length);
+        pending_.prepend(value);
+        closeFromEnd_.reset();  // the value may have brought a nearer one
+        return true;
+    }
+
+    static bool isSame(std::string_view value, std::string_view tag) {
+        if (value.size() != tag.size()) return false;
+        return value.data() == tag.data() || value == tag;
+    }
+
+    bool isAllowed(std::size_t tagLength, std::size_t valueLength) {
+        const bool nested = pending_.size() - tagLength >= originalLeft_;
+        if (nested && ++nestedReplacements_ > TagScanner::kMaxNestedReplacements) return false;
+        return done_.size() + pending_.size() - tagLength + valueLength <= sizeLimit_;
+    }
+
+    const TagSyntax& syntax_;
+    ISymbolicResolverHandler& handler_;
+    std::string done_;
+    PendingText pending_;
+    std::optional<std::size_t> closeFromEnd_;  // counted from the end, where nothing moves
+    std::size_t originalLeft_;                 // characters of the given text at the end of pending
+    std::size_t nestedReplacements_ = 0;
+    std::size_t sizeLimit_;
+};
+
+}  // namespace
+
+TagScanner::Result TagScanner::replaceTags(std::string_view text) const {
+    if (handler_ == nullptr) return {std::string(text)};
+    return Expansion(text, syntax_, *handler_).run();
+}
+
+}  // namespace jsw
