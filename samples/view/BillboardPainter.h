@@ -27,7 +27,7 @@ struct Billboard {
 
 /**
  * Draws the page into the area. The buttons are controls of their own; their row stays free.
- * @param unit pixels per 96 dots-per-inch pixel, times 96
+ * @param unit dots per inch of the screen
  */
 void paintBillboard(const Canvas& canvas, const RECT& area, const Billboard& billboard,
                     const InkDisplay& ink, const Fonts& fonts, int unit);
