@@ -236,7 +236,7 @@ bool isDriverStep(const Step& step) {
 }
 
 std::string describe(const Step& step) {
-    const std::string action = nameOf(kActions, step.action);
+    std::string action = nameOf(kActions, step.action);
     const std::string number = std::to_string(step.number);
     switch (step.action) {
         case Action::kClick:
