@@ -7,6 +7,7 @@
 #include "samples/demo/DemoOptions.h"
 #include "samples/demo/DemoScript.h"
 #include "samples/demo/DemoStore.h"
+#include "samples/demo/JobPlan.h"
 #include "samples/demo/JobRun.h"
 #include "samples/demo/JswLibrary.h"
 

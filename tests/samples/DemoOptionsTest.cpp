@@ -1,5 +1,6 @@
 #include "samples/demo/DemoOptions.h"
 #include "samples/demo/DemoScript.h"
+#include "samples/demo/JobPlan.h"
 #include "samples/demo/StatusNames.h"
 
 #include <gtest/gtest.h>
