@@ -1,0 +1,191 @@
+#include "PublicLib/ini/IniReader.h"
+
+#include "PublicLib/logging/MethodTrace.h"
+#include "PublicLib/win/Handles.h"
+
+#include <windows.h>
+
+#include <exception>
+#include <limits>
+#include <memory>
+#include <new>
+#include <optional>
+
+namespace jsw {
+
+namespace {
+
+/// A buffer for the profile functions, or nothing when there is no memory for it.
+class ProfileBuffer {
+  public:
+    explicit ProfileBuffer(std::uint32_t size) : bytes_(new (std::nothrow) char[size]) {
+        if (bytes_) size_ = size;
+    }
+
+    explicit operator bool() const { return bytes_ != nullptr; }
+
+    /// Clears the buffer, lets fetch(buffer, size) fill it and answers what came.
+    template <class Fetch>
+    std::string_view filledBy(const Fetch& fetch) {
+        if (size_ == 0) return {};
+        bytes_[0] = '\0';  // clear enough: only what fetch reports is looked at
+        const DWORD length = fetch(bytes_.get(), size_);
+        return {bytes_.get(), length < size_ ? length : size_};
+    }
+
+  private:
+    std::unique_ptr<char[]> bytes_;
+    DWORD size_ = 0;
+};
+
+/// Runs one step; what it throws, for want of memory, counts as its failure.
+template <class Step>
+bool succeeds(const Step& step) {
+    try {
+        return step();
+    } catch (const std::exception&) {
+        return false;
+    }
+}
+
+std::string fullPath(const std::string& name) {
+    if (name.empty()) return {};
+    std::string path(MAX_PATH, '\0');
+    DWORD length =
+        GetFullPathNameA(name.c_str(), static_cast<DWORD>(path.size()), path.data(), nullptr);
+    if (length >= path.size()) {
+        path.resize(length);
+        length = GetFullPathNameA(name.c_str(), length, path.data(), nullptr);
+    }
+    if (length == 0 || length >= path.size()) return name;
+    path.resize(length);
+    return path;
+}
+
+/// The file's size in bytes; nothing, with GetLastError() set, when it cannot be opened or is too
+/// large for a buffer.
+std::optional<std::uint32_t> sizeOfFile(const std::string& path) {
+    const KernelHandle file(CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
+                                        OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    LARGE_INTEGER size{};
+    if (!file || GetFileSizeEx(file.get(), &size) == FALSE) return std::nullopt;
+    if (size.QuadPart > std::numeric_limits<std::uint32_t>::max()) {
+        SetLastError(ERROR_FILE_TOO_LARGE);
+        return std::nullopt;
+    }
+    return static_cast<std::uint32_t>(size.QuadPart);
+}
+
+}  // namespace
+
+IniReader::IniReader(const std::string& fileName) : fileName_(fullPath(fileName)) {
+    MethodTrace trace(component::kJsw, "IniReader::IniReader(iniFileName=", fileName, "):");
+}
+
+bool IniReader::build() {
+    parsed_ = succeeds([this] { return readFile(); });
+    return parsed_;
+}
+
+bool IniReader::readFile() {
+    MethodTrace trace(component::kJsw, "IniReader::build():");
+    if (fileName_.empty()) return false;
+    const auto size = sizeOfFile(fileName_);
+    if (!size) {
+        trace.add("Could not open the settings file.errorCode =", GetLastError());
+        return false;
+    }
+    trace.add("Size of the file=", *size);
+    if (!buildSections(*size)) return false;
+    return sections_.empty() || buildSectionsData(*size);
+}
+
+bool IniReader::buildSections(std::uint32_t bufferSize) {
+    return succeeds([&] { return readSections(bufferSize); });
+}
+
+bool IniReader::readSections(std::uint32_t bufferSize) {
+    MethodTrace trace(component::kJsw, "IniReader::buildSections(bufferSize=", bufferSize, "):");
+    ProfileBuffer buffer(bufferSize);
+    if (!buffer || fileName_.empty()) return false;
+    const std::string_view names = buffer.filledBy([this](char* bytes, DWORD size) {
+        return GetPrivateProfileSectionNamesA(bytes, size, fileName_.c_str());
+    });
+    if (names.empty()) return false;
+    sections_ = splitNameList(names);
+    for (const std::string& section : sections_) sectionData_[section] = {};
+    return true;
+}
+
+bool IniReader::buildSectionsData(std::uint32_t bufferSize) {
+    return succeeds([&] { return readSectionsData(bufferSize); });
+}
+
+bool IniReader::readSectionsData(std::uint32_t bufferSize) {
+    MethodTrace trace(component::kJsw, "IniReader::buildSectionsData(bufferSize=", bufferSize,
+                      "):");
+    ProfileBuffer buffer(bufferSize);
+    if (!buffer) {
+        trace.add("Could not allocate memory for the buffer.");
+        return false;
+    }
+    const auto fetch = [&](const std::string& section, const char* key) {
+        SetLastError(ERROR_SUCCESS);
+        return buffer.filledBy([&](char* bytes, DWORD size) {
+            return GetPrivateProfileStringA(section.c_str(), key, "", bytes, size,
+                                            fileName_.c_str());
+        });
+    };
+    for (const std::string& section : sections_) {
+        const std::string_view list = fetch(section, nullptr);
+        if (list.empty()) {
+            trace.add("Could not retrieve key-value pairs for section=", section);
+            continue;
+        }
+        const std::vector<std::string> keys = splitNameList(list);
+        if (keys.empty()) {
+            trace.add("No key-value pairs found for section='", section, "'");
+        }
+        IniPairs pairs;
+        for (const std::string& key : keys) {
+            const std::string_view value = fetch(section, key.c_str());
+            // An empty value is a value; only the error tells it from one that is not there.
+            if (value.empty() && GetLastError() == ERROR_FILE_NOT_FOUND) {
+                trace.add("Could not retrieve value for key='", key, "' under section=", section);
+                continue;
+            }
+            pairs.emplace_back(key, value);
+        }
+        sectionData_[section] = std::move(pairs);
+    }
+    return true;
+}
+
+void IniReader::getSectionData(const std::string& sectionName, IniPairs& pairs) const {
+    MethodTrace trace(component::kJsw, "IniReader::getSectionData(sectionName=", sectionName, "):");
+    pairs.clear();
+    if (!parsed_) {
+        trace.add("Unsuccessful parsing settings file. returning empty key-value pairs");
+        return;
+    }
+    const auto section = sectionData_.find(sectionName);
+    if (section != sectionData_.end()) pairs = section->second;
+}
+
+IniValueType IniReader::getValueType(const std::string& value, std::string& text) {
+    MethodTrace trace(component::kJsw, "IniReader::getValueType(value=", value, "):");
+    text.clear();
+    if (value.empty()) return IniValueType::unknown;
+    IniTypedValue parts = splitTypedValue(value);
+    if (!parts.hasType) {
+        trace.add("Could not find the type information for value=", value);
+        return IniValueType::unknown;
+    }
+    if (!parts.text.empty()) {
+        text = std::move(parts.text);
+        trace.add("Parsed value for value='", value, "' is ='", text, "'");
+    }
+    return parts.type;
+}
+
+}  // namespace jsw

@@ -1,0 +1,32 @@
+#include "PublicLib/ini/IniText.h"
+
+namespace jsw {
+
+namespace {
+
+IniValueType typeNamed(std::string_view name) {
+    if (name == "string") return IniValueType::string;
+    if (name == "dword") return IniValueType::dword;
+    return IniValueType::unknown;
+}
+
+}  // namespace
+
+IniTypedValue splitTypedValue(std::string_view value) {
+    const std::size_t colon = value.find(':');
+    if (colon == std::string_view::npos || colon == 0) return {};
+    return {true, typeNamed(value.substr(0, colon)), std::string(value.substr(colon + 1))};
+}
+
+std::vector<std::string> splitNameList(std::string_view list) {
+    std::vector<std::string> names;
+    while (!list.empty() && list.front() != '\0') {
+        const std::string_view name = list.substr(0, list.find('\0'));
+        names.emplace_back(name);
+        list.remove_prefix(name.size());
+        if (!list.empty()) list.remove_prefix(1);
+    }
+    return names;
+}
+
+}  // namespace jsw

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace jsw {
+
+/// What the part before the ":" of a typed value says.
+enum class IniValueType { unknown = 0, string = 1, dword = 2 };
+
+/// A typed value ("string:some text", "dword:10") taken apart.
+struct IniTypedValue {
+    bool hasType = false;  ///< something stands before a ":"
+    IniValueType type = IniValueType::unknown;
+    std::string text;  ///< everything after the first ":"
+};
+
+/// Takes a typed value apart; the type is compared exactly, letter case included.
+IniTypedValue splitTypedValue(std::string_view value);
+
+/// The names of a list in which each ends with a null character; an empty one ends the list, and
+/// so does the end of the buffer.
+std::vector<std::string> splitNameList(std::string_view list);
+
+}  // namespace jsw

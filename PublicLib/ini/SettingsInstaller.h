@@ -1,0 +1,26 @@
+#pragma once
+
+#include "PublicLib/ini/IniReader.h"
+
+#include <memory>
+#include <string>
+
+namespace jsw {
+
+/// Copies a settings file into the registry. Each section's name is a path below
+/// HKEY_LOCAL_MACHINE; its keys are value names with typed values ("string:", "dword:"). Nothing is
+/// thrown; what cannot be installed is logged and the rest is installed all the same.
+class SettingsInstaller {
+  public:
+    /// Reads the file.
+    explicit SettingsInstaller(const std::string& fileName);
+
+    /// True when every value of the file has been written.
+    bool installSettings();
+
+  private:
+    std::unique_ptr<IniReader> reader_;
+    bool parsed_ = false;
+};
+
+}  // namespace jsw
