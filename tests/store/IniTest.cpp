@@ -1,0 +1,264 @@
+#include "PublicLib/errors/Exception.h"
+#include "PublicLib/ini/IniReader.h"
+#include "PublicLib/ini/SettingsInstaller.h"
+#include "PublicLib/logging/BasicLogger.h"
+#include "PublicLib/os/Localize.h"
+#include "PublicLib/win/Paths.h"
+#include "PublicLib/win/SystemFolders.h"
+#include "jsw/FirstRun.h"
+#include "jsw/settings/RegistryKey.h"
+#include "jsw/settings/Settings.h"
+#include "tests/support/HostTest.h"
+
+#include <filesystem>
+#include <fstream>
+#include <gmock/gmock.h>
+
+namespace jsw {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::Pair;
+
+TEST(IniTextTest, TypedValues) {
+    constexpr struct {
+        const char* value;
+        bool hasType;
+        IniValueType type;
+        const char* text;
+    } rows[] = {
+        {"dword:10", true, IniValueType::dword, "10"},
+        {"string:a:b", true, IniValueType::string, "a:b"},
+        {"string:", true, IniValueType::string, ""},
+        {"Dword:1", true, IniValueType::unknown, "1"},
+        {" dword:1", true, IniValueType::unknown, "1"},
+        {":text", false, IniValueType::unknown, ""},
+        {"no type", false, IniValueType::unknown, ""},
+        {"", false, IniValueType::unknown, ""},
+    };
+    for (const auto& row : rows) {
+        const IniTypedValue parts = splitTypedValue(row.value);
+        EXPECT_EQ(parts.hasType, row.hasType) << row.value;
+        EXPECT_EQ(parts.type, row.type) << row.value;
+        EXPECT_EQ(parts.text, row.text) << row.value;
+    }
+}
+
+TEST(IniTextTest, NameListsEndAtTheEmptyNameOrTheEndOfTheBuffer) {
+    using namespace std::string_view_literals;
+    EXPECT_THAT(splitNameList("one\0two\0\0ignored\0"sv), ElementsAre("one", "two"));
+    EXPECT_THAT(splitNameList("one\0cut o"sv), ElementsAre("one", "cut o"));
+    EXPECT_THAT(splitNameList("\0one\0"sv), IsEmpty());
+    EXPECT_THAT(splitNameList(""sv), IsEmpty());
+}
+
+class IniTest : public test::HostTest {
+  protected:
+    /// The registry's value as text; "(none)" when it is missing.
+    static std::string text(const std::string& path, const std::string& name) {
+        std::string value = "(none)";
+        try {
+            RegistryKey(path, false).getValue(name, value);
+        } catch (const Exception&) {
+            return "(none)";
+        }
+        return value;
+    }
+
+    static std::uint32_t number(const std::string& path, const std::string& name) {
+        std::uint32_t value = 4711;
+        RegistryKey(path, false).getValue(name, value);
+        return value;
+    }
+};
+
+TEST_F(IniTest, ReadsSectionsAndPairsInFileOrder) {
+    const std::string file = folder_.write("settings.loc",
+                                           "; comment\r\n[Zebra]\r\nb=string:2\r\na = dword:1\r\n"
+                                           "[Empty]\r\n[Ant\\Sub key]\r\nlast=string:no line end");
+    IniReader reader(file);
+    ASSERT_TRUE(reader.build());
+    EXPECT_THAT(reader.sections(), ElementsAre("Zebra", "Empty", "Ant\\Sub key"));
+    IniPairs pairs;
+    reader.getSectionData("Zebra", pairs);
+    EXPECT_THAT(pairs, ElementsAre(Pair("b", "string:2"), Pair("a", "dword:1")));
+    reader.getSectionData("Ant\\Sub key", pairs);
+    EXPECT_THAT(pairs, ElementsAre(Pair("last", "string:no line end")));
+    for (const char* none : {"Empty", "Unknown", ""}) {
+        reader.getSectionData(none, pairs);
+        EXPECT_THAT(pairs, IsEmpty()) << none;
+    }
+}
+
+TEST_F(IniTest, FindsAFileOfTheCurrentFolder) {
+    folder_.write("here.loc", "[Section]\r\nkey=string:value\r\n");
+    const auto before = std::filesystem::current_path();
+    std::filesystem::current_path(folder_.path());
+    IniReader reader("here.loc");
+    std::filesystem::current_path(before);
+    EXPECT_TRUE(reader.build());
+    EXPECT_THAT(reader.sections(), ElementsAre("Section"));
+}
+
+TEST_F(IniTest, FirstOfTwoEqualKeysCountsAndSectionsAreReadOnce) {
+    const std::string file =
+        folder_.write("twice.loc", "[S]\r\nk=string:first\r\nk=string:second\r\n[S]\r\nx=dword:1");
+    IniReader reader(file);
+    ASSERT_TRUE(reader.build());
+    IniPairs pairs;
+    reader.getSectionData("S", pairs);
+    ASSERT_FALSE(pairs.empty());
+    for (const auto& [key, value] : pairs) {
+        EXPECT_EQ(value, key == "k" ? "string:first" : "dword:1");
+    }
+    EXPECT_LE(pairs.size(), 3u);
+}
+
+TEST_F(IniTest, MissingFileIsLoggedAndLeavesNothing) {
+    startLog();
+    IniReader reader(folder_.file("none.loc"));
+    EXPECT_FALSE(reader.build());
+    EXPECT_THAT(reader.sections(), IsEmpty());
+    EXPECT_TRUE(hasLine("IniReader::build():Could not open the settings file.errorCode =2"));
+    IniPairs pairs{{"old", "old"}};
+    reader.getSectionData("Any", pairs);
+    EXPECT_THAT(pairs, IsEmpty());
+    EXPECT_TRUE(logContains("Unsuccessful parsing settings file. returning empty key-value pairs"));
+}
+
+TEST_F(IniTest, MalformedFilesAreHarmless) {
+    std::string binary(4096, '\0');
+    for (std::size_t i = 0; i < binary.size(); ++i) binary[i] = static_cast<char>(i * 37 + i / 256);
+    const std::string hugeLine = "[S]\r\nkey=string:" + std::string(1 << 20, 'x');
+    const std::pair<const char*, std::string> files[] = {
+        {"empty", ""},
+        {"one byte", "["},
+        {"no section", "key=value\r\n"},
+        {"open bracket", "[Section\r\nkey=string:value"},
+        {"nameless section", "[]\r\nkey=string:value"},
+        {"shortest section", "[s]"},
+        {"no keys", "[s]\r\n=\r\n=value\r\n\r\n"},
+        {"binary", binary},
+        {"null bytes", std::string("[s]\r\nk\0ey=string:v\0alue\r\n", 25)},
+        {"wide text", std::string("\xFF\xFE[\0s\0]\0\n\0k\0=\0v\0", 16)},
+        {"huge line", hugeLine},
+        {"huge section", "[" + std::string(1 << 20, 's') + "]\r\nkey=string:value"},
+    };
+    for (const auto& [name, content] : files) {
+        const std::string file = folder_.write("bad.loc", content);
+        IniReader reader(file);
+        const bool built = reader.build();
+        EXPECT_EQ(SettingsInstaller(file).installSettings() && !built, false) << name;
+        EXPECT_TRUE(content.size() >= 3 || !built) << name;
+        for (const std::string& section : reader.sections()) {
+            IniPairs pairs;
+            reader.getSectionData(section, pairs);
+            for (const auto& [key, value] : pairs) EXPECT_LE(value.size(), content.size()) << name;
+        }
+    }
+    EXPECT_FALSE(IniReader(folder_.path()).build());  // a folder
+    EXPECT_FALSE(IniReader("").build());
+    EXPECT_FALSE(IniReader(std::string(40000, 'n')).build());
+}
+
+TEST_F(IniTest, LongValuesArriveWhole) {
+    const std::string longText(70000, 'x');
+    IniReader reader(folder_.write("long.loc", "[S]\nkey=string:" + longText));
+    ASSERT_TRUE(reader.build());
+    IniPairs pairs;
+    reader.getSectionData("S", pairs);
+    EXPECT_THAT(pairs, ElementsAre(Pair("key", "string:" + longText)));
+}
+
+TEST_F(IniTest, InstallsTypedValues) {
+    startLog();
+    const std::string file = folder_.write(
+        "good.loc",
+        "[Software\\A\\Settings]\r\ntext=string:a:b \r\nquoted=string:\r\nten=dword:10"
+        "\r\nletters=dword:abc\r\nminus=dword:-1 and more\r\nlarge=dword:99999999999"
+        "\r\n[Software\\B]\r\nx=dword:007\r\n");
+    EXPECT_TRUE(SettingsInstaller(file).installSettings());
+    EXPECT_EQ(text("Software\\A\\Settings", "text"), "a:b");
+    EXPECT_EQ(text("Software\\A\\Settings", "quoted"), "");
+    EXPECT_EQ(number("Software\\A\\Settings", "ten"), 10u);
+    EXPECT_EQ(number("Software\\A\\Settings", "letters"), 0u);
+    EXPECT_EQ(number("Software\\A\\Settings", "minus"), 0xFFFFFFFFu);
+    EXPECT_EQ(number("Software\\A\\Settings", "large"), 0x7FFFFFFFu);
+    EXPECT_EQ(number("Software\\B", "x"), 7u);
+    EXPECT_TRUE(
+        hasLine("SettingsInstaller::installSettings():Return Code for writing "
+                "sectionName='Software\\A\\Settings',key='ten',value='dword:10' is = 0"));
+    EXPECT_TRUE(hasLine(
+        "IniReader::getValueType(value=dword:10):Parsed value for value='dword:10' is ='10'"));
+}
+
+TEST_F(IniTest, SkippedPairsMakeTheResultFalseButTheRestIsInstalled) {
+    constexpr struct {
+        const char* line;
+        const char* logged;
+    } rows[] = {
+        {"Name=",
+         "Empty KeyValue pair found in Section='Software\\C' where key='Name' and value=''"},
+        {"Name=Dword:1",
+         "Could not retrieve the type information for value='Dword:1' skipping...."},
+        {"Name=plain", "Could not find the type information for value=plain"},
+        {"[Software\\Nothing]", "Empty Section found. Skipping.."},
+        {"[\\Software\\\\]\r\nk=dword:1", "',key='k',value='dword:1' is = "},
+    };
+    startLog();
+    for (const auto& row : rows) {
+        const std::string file = folder_.write(
+            "some.loc",
+            std::string("[Software\\C]\r\nfirst=dword:1\r\nlast=string:x\r\n") + row.line + "\r\n");
+        EXPECT_FALSE(SettingsInstaller(file).installSettings()) << row.line;
+        EXPECT_TRUE(logContains(row.logged)) << row.line;
+        EXPECT_EQ(text("Software\\C", "last"), "x") << row.line;
+        EXPECT_EQ(text("Software\\C", "Name"), "(none)") << row.line;
+        RegistryKey::recurseDeleteKey("Software\\C", HKEY_LOCAL_MACHINE);
+    }
+}
+
+/// A first run: no store yet, and the settings file beside the test program.
+class FirstRunTest : public IniTest {
+  protected:
+    void SetUp() override {
+        IniTest::SetUp();
+        const auto names = Localize::getInstance();
+        file_ = std::string(folderPart(names->modulePath())) + names->settingsFileName();
+        store_ = names->getRegistryPath(StoreKind::local);
+        RegistryKey::recurseDeleteKey(names->getProductLineRoot(), HKEY_LOCAL_MACHINE);
+        BasicLogger::createInstance(15);
+        EXPECT_FALSE(isLogEnabled(component::kJsw, kLogError));
+    }
+
+    void TearDown() override {
+        std::filesystem::remove(file_);
+        IniTest::TearDown();
+    }
+
+    void writeSettings(const std::string& line) const {
+        std::ofstream(file_, std::ios::binary) << "[" << store_ << "Settings]\r\n" << line;
+    }
+
+    std::string file_;
+    std::string store_;
+};
+
+TEST_F(FirstRunTest, InstallsTheFileBesideTheHostOnce) {
+    writeSettings("DataPath=string:C:\\Data\r\n");
+    EXPECT_TRUE(installStoreIfMissing());
+    EXPECT_TRUE(Settings().isValid());
+    EXPECT_EQ(text(store_ + "Settings", "DataPath"), "C:\\Data");
+
+    writeSettings("DataPath=string:C:\\Other\r\n");
+    EXPECT_TRUE(installStoreIfMissing());
+    EXPECT_EQ(text(store_ + "Settings", "DataPath"), "C:\\Data");
+}
+
+TEST_F(FirstRunTest, FailureIsAnInternalErrorAndIsLoggedAtOnce) {
+    EXPECT_FALSE(installStoreIfMissing());
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INTERNAL_ERROR));
+    EXPECT_TRUE(logContains("ERROR - unable to install all settings of " + file_));
+}
+
+}  // namespace jsw

@@ -1,0 +1,210 @@
+#include "PublicLib/errors/Exception.h"
+#include "jsw/settings/RegistryKey.h"
+#include "tests/support/HostTest.h"
+
+#include <windows.h>
+
+#include <accctrl.h>
+#include <aclapi.h>
+
+#include <gmock/gmock.h>
+#include <memory>
+
+namespace jsw {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::UnorderedElementsAre;
+
+namespace {
+
+/// The message of the Win32Exception that the action raises; "(none)" when it raises none.
+template <class Action>
+std::string failureOf(const Action& action, std::int32_t* code = nullptr) {
+    try {
+        action();
+    } catch (const Win32Exception& error) {
+        if (code != nullptr) *code = error.code();
+        EXPECT_THAT(error.text(), ::testing::StartsWith("file:RegistryKey:"));
+        return error.message();
+    }
+    return "(none)";
+}
+
+void setRaw(const std::string& path, const std::string& name, DWORD type, const std::string& data) {
+    ASSERT_EQ(RegSetKeyValueA(HKEY_LOCAL_MACHINE, path.c_str(), name.c_str(), type, data.data(),
+                              static_cast<DWORD>(data.size())),
+              ERROR_SUCCESS);
+}
+
+bool exists(const std::string& path) {
+    KeyHandle key;
+    return RegOpenKeyExA(HKEY_LOCAL_MACHINE, path.c_str(), 0, KEY_READ, key.put()) == ERROR_SUCCESS;
+}
+
+bool runsInWine() {
+    return GetProcAddress(GetModuleHandleA("ntdll"), "wine_get_version") != nullptr;
+}
+
+constexpr char kPath[] = "Software\\Test\\Key";
+
+}  // namespace
+
+class RegistryKeyTest : public test::HostTest {};
+
+TEST_F(RegistryKeyTest, KeepsNumbersTextsAndBytes) {
+    RegistryKey key(kPath, true);
+    key.setValue("number", std::uint32_t{0xFFFFFFFF});
+    key.setValue("text", std::string("some text"));
+    key.setValue("empty", std::string());
+    key.setValue("bytes", std::vector<std::uint8_t>{0, 255, 0});
+    key.setValue("no bytes", std::vector<std::uint8_t>{});
+
+    const RegistryKey again(kPath, false);
+    std::uint32_t number = 0;
+    std::string text = "old";
+    std::vector<std::uint8_t> bytes{1};
+    EXPECT_TRUE(again.getValue("number", number));
+    EXPECT_EQ(number, 0xFFFFFFFF);
+    EXPECT_TRUE(again.getValue("text", text));
+    EXPECT_EQ(text, "some text");
+    EXPECT_TRUE(again.getValue("empty", text));
+    EXPECT_EQ(text, "");
+    EXPECT_TRUE(again.getValue("bytes", bytes));
+    EXPECT_THAT(bytes, ElementsAre(0, 255, 0));
+    EXPECT_TRUE(again.getValue("no bytes", bytes));
+    EXPECT_THAT(bytes, IsEmpty());
+
+    key.deleteValue("number");
+    EXPECT_FALSE(again.getValue("number", number));
+    EXPECT_EQ(number, 0xFFFFFFFF) << "an output must stay when there is no value";
+    EXPECT_EQ(failureOf([&] { key.deleteValue("number"); }), "RegistryKey::deleteValue()");
+}
+
+TEST_F(RegistryKeyTest, MismatchesSaySo) {
+    RegistryKey key(kPath, true);
+    setRaw(kPath, "sz", REG_SZ, std::string("5\0", 2));
+    setRaw(kPath, "expand", REG_EXPAND_SZ, std::string("%PATH%\0", 7));
+    setRaw(kPath, "dword", REG_DWORD, std::string(4, '\1'));
+    setRaw(kPath, "short dword", REG_DWORD, std::string(2, '\1'));
+    setRaw(kPath, "multi", REG_MULTI_SZ, std::string("a\0b\0\0", 5));
+
+    std::uint32_t number = 77;
+    std::string text = "old";
+    std::vector<std::uint8_t> bytes{9};
+    std::int32_t code = 0;
+    EXPECT_EQ(failureOf([&] { key.getValue("sz", number); }, &code),
+              "RegistryKey::getValue(ulong)sz : incorrect value type");
+    EXPECT_NE(code, 0);
+    EXPECT_EQ(failureOf([&] { key.getValue("short dword", number); }),
+              "RegistryKey::getValue(ulong)short dword");
+    for (const char* name : {"dword", "multi"}) {
+        EXPECT_EQ(failureOf([&] { key.getValue(name, text); }),
+                  std::string("RegistryKey::getValue(string) ") + name + " : incorrect value type");
+    }
+    EXPECT_EQ(failureOf([&] { key.getValue("sz", bytes); }),
+              "RegistryKey::getValue(binary)sz : incorrect value type");
+    EXPECT_EQ(number, 77u);
+    EXPECT_EQ(text, "old");
+    EXPECT_THAT(bytes, ElementsAre(9));
+
+    EXPECT_TRUE(key.getValue("expand", text));
+    EXPECT_EQ(text, "%PATH%");
+}
+
+TEST_F(RegistryKeyTest, TextsEndWhereTheyEnd) {
+    const RegistryKey key(kPath, true);
+    const std::pair<std::string, std::string> rows[] = {
+        {std::string("unterminated"), "unterminated"},
+        {std::string("two\0\0", 5), "two"},
+        {std::string("first\0second\0", 13), "first"},
+        {std::string(), ""},
+        {std::string("\0", 1), ""},
+        {std::string(100000, 'x'), std::string(100000, 'x')},
+    };
+    for (const auto& [stored, expected] : rows) {
+        setRaw(kPath, "v", REG_SZ, stored);
+        std::string text = "old";
+        EXPECT_TRUE(key.getValue("v", text));
+        EXPECT_EQ(text, expected);
+    }
+}
+
+TEST_F(RegistryKeyTest, OpeningNeverCreatesUnlessAsked) {
+    std::int32_t code = 0;
+    EXPECT_EQ(failureOf([] { RegistryKey(kPath, false); }, &code), "RegistryKey::regOpenKeyEx()");
+    EXPECT_EQ(code, ERROR_FILE_NOT_FOUND);
+    EXPECT_FALSE(exists("Software\\Test"));
+    EXPECT_EQ(failureOf([] { RegistryKey("Bad\\" + std::string(300, 'k'), true); }),
+              "RegistryKey::regCreateKeyEx()");
+    Security security;
+    RegistryKey::createByComponents(HKEY_LOCAL_MACHINE, "A\\B\\C\\", security);
+    EXPECT_TRUE(exists("A\\B\\C"));
+}
+
+TEST_F(RegistryKeyTest, ListsUpToTheMaximum) {
+    RegistryKey key(kPath, true);
+    for (const char* name : {"a", "b", "c"}) {
+        RegistryKey(std::string(kPath) + "\\" + name, true);
+        key.setValue(name, std::uint32_t{1});
+    }
+    std::vector<std::string> names{"before"};
+    key.getChildrenNames(names, 2);
+    EXPECT_EQ(names.size(), 3u);
+    names.clear();
+    key.getChildrenNames(names, 100);
+    EXPECT_THAT(names, UnorderedElementsAre("a", "b", "c"));
+    names.clear();
+    key.getValueNames(names, 100);
+    EXPECT_THAT(names, UnorderedElementsAre("a", "b", "c"));
+    key.getValueNames(names, 0);
+    EXPECT_EQ(names.size(), 3u);
+}
+
+TEST_F(RegistryKeyTest, RecursiveDeleteTakesEverythingButSoftware) {
+    for (const char* path : {"Software\\A\\B\\C", "Software\\A\\D", "Other\\SoftWare\\X", "Keep"}) {
+        RegistryKey(path, true).setValue("v", std::uint32_t{1});
+    }
+    RegistryKey::recurseDeleteKey("Software\\A\\", HKEY_LOCAL_MACHINE);
+    EXPECT_FALSE(exists("Software\\A"));
+    RegistryKey("Software\\A\\B", true);
+    RegistryKey::recurseDeleteKey("SOFTWARE", HKEY_LOCAL_MACHINE);
+    EXPECT_TRUE(exists("Software"));
+    EXPECT_FALSE(exists("Software\\A"));
+
+    EXPECT_EQ(failureOf([] { RegistryKey::recurseDeleteKey("Other", HKEY_LOCAL_MACHINE); }),
+              "RegistryKey::recurseDeleteKey() RegDeleteKey()");
+    EXPECT_FALSE(exists("Other\\Software\\X"));
+    EXPECT_TRUE(exists("Keep"));
+    EXPECT_EQ(failureOf([] { RegistryKey::recurseDeleteKey("None\\At all", HKEY_LOCAL_MACHINE); }),
+              "(none)");
+}
+
+/// Printing applications of other accounts must be able to write what this one has created.
+TEST_F(RegistryKeyTest, CreatedKeysAreOpenToEveryone) {
+    RegistryKey(kPath, true);
+    KeyHandle key;
+    ASSERT_EQ(RegOpenKeyExA(HKEY_LOCAL_MACHINE, kPath, 0, KEY_ALL_ACCESS, key.put()),
+              ERROR_SUCCESS);
+    // Wine drops the security attributes of new keys: there, only the descriptor itself is tested.
+    if (runsInWine()) Security().doApply(key.get(), SE_REGISTRY_KEY);
+
+    ACL* list = nullptr;
+    PSECURITY_DESCRIPTOR descriptor = nullptr;
+    ASSERT_EQ(GetSecurityInfo(key.get(), SE_REGISTRY_KEY, DACL_SECURITY_INFORMATION, nullptr,
+                              nullptr, &list, nullptr, &descriptor),
+              static_cast<DWORD>(ERROR_SUCCESS));
+    const std::unique_ptr<void, decltype(&LocalFree)> owner(descriptor, LocalFree);
+    ASSERT_NE(list, nullptr);
+    ASSERT_EQ(list->AceCount, 1);
+    void* entry = nullptr;
+    ASSERT_TRUE(GetAce(list, 0, &entry));
+    auto* allowed = static_cast<ACCESS_ALLOWED_ACE*>(entry);
+    EXPECT_EQ(allowed->Header.AceType, ACCESS_ALLOWED_ACE_TYPE);
+    EXPECT_TRUE((allowed->Mask & GENERIC_ALL) != 0 ||
+                (allowed->Mask & KEY_ALL_ACCESS) == KEY_ALL_ACCESS)
+        << allowed->Mask;
+    EXPECT_TRUE(IsWellKnownSid(&allowed->SidStart, WinWorldSid));
+}
+
+}  // namespace jsw

@@ -1,0 +1,184 @@
+#include "PublicLib/os/Localize.h"
+#include "jsw/settings/RegistryKey.h"
+#include "jsw/settings/Settings.h"
+#include "tests/support/HostTest.h"
+
+#include <windows.h>
+
+#include <shlobj.h>
+
+#include <gmock/gmock.h>
+
+namespace jsw {
+
+using ::testing::UnorderedElementsAre;
+
+namespace {
+
+bool exists(const std::string& path) {
+    KeyHandle key;
+    return RegOpenKeyExA(HKEY_LOCAL_MACHINE, path.c_str(), 0, KEY_READ, key.put()) == ERROR_SUCCESS;
+}
+
+/// The value as it lies in the registry: a number, a quoted text or "(none)".
+std::string stored(const Settings& settings, const char* key, const char* name) {
+    std::uint32_t number = 0;
+    std::string text;
+    if (settings.getDwordValue(key, name, number)) return std::to_string(number);
+    return settings.getStringValue(key, name, text) ? "'" + text + "'" : "(none)";
+}
+
+}  // namespace
+
+class SettingsTest : public test::HostTest {};
+
+TEST_F(SettingsTest, FreshStoreGetsTheUpdaterDefaultsWhenTheyAreRead) {
+    const Settings settings;
+    ASSERT_TRUE(settings.isValid());
+    const std::pair<const setting::Number*, std::uint32_t> numbers[] = {
+        {&setting::kCheckForUpdates, 1},
+        {&setting::kUpdatesCheckFrequency, 30},
+        {&setting::kDataUpdated, 0},
+        {&setting::kCompleteSoftwareUpdated, 0},
+    };
+    for (const auto& [number, expected] : numbers) {
+        std::uint32_t value = 4711;
+        EXPECT_FALSE(settings.read(*number, value)) << number->name;
+        EXPECT_EQ(stored(settings, number->key, number->name), "(none)");
+        EXPECT_TRUE(settings.readOrWriteDefault(*number, value));
+        EXPECT_EQ(value, expected) << number->name;
+        EXPECT_EQ(stored(settings, number->key, number->name), std::to_string(expected));
+    }
+    std::string text = "old";
+    EXPECT_TRUE(settings.readOrWriteDefault(setting::kUpdaterExecutable, text));
+    EXPECT_EQ(text, "");
+    EXPECT_EQ(stored(settings, "Settings\\Updater", "BillBoardUpdaterExecutableName"), "''");
+}
+
+TEST_F(SettingsTest, ReadingNeverMakesAStore) {
+    const auto root = Localize::getInstance()->getProductLineRoot();
+    RegistryKey::recurseDeleteKey(root, HKEY_LOCAL_MACHINE);
+    const Settings settings;
+    EXPECT_FALSE(settings.isValid());
+    std::uint32_t number = 4711;
+    std::string text = "old";
+    EXPECT_FALSE(settings.readOrWriteDefault(setting::kCheckForUpdates, number));
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_FILE_NOT_FOUND));
+    EXPECT_FALSE(settings.readOrWriteDefault(setting::kUpdaterExecutable, text));
+    EXPECT_FALSE(settings.isDataUpdated());
+    EXPECT_EQ(number, 4711u);
+    EXPECT_EQ(text, "old");
+    EXPECT_FALSE(exists(root));
+}
+
+TEST_F(SettingsTest, ValuesOfTheWrongTypeReadAsFalseWithTheOutputUntouched) {
+    const Settings settings;
+    settings.setStringValue("Settings\\Updater", "CheckForUpdates", "1");
+    settings.setDwordValue("Settings\\", "DataPath", 5);
+    std::uint32_t number = 4711;
+    std::string text = "old";
+    EXPECT_FALSE(settings.readOrWriteDefault(setting::kCheckForUpdates, number));
+    EXPECT_NE(GetLastError(), static_cast<DWORD>(ERROR_SUCCESS));
+    EXPECT_FALSE(settings.read(setting::kDataPath, text));
+    EXPECT_EQ(number, 4711u);
+    EXPECT_EQ(text, "old");
+    EXPECT_EQ(stored(settings, "Settings\\Updater", "CheckForUpdates"), "'1'");
+}
+
+TEST_F(SettingsTest, FlagsThatSayDoNotChangeAreKept) {
+    const Settings settings;
+    constexpr struct {
+        std::uint32_t before;
+        UpdateFlag set;
+        std::uint32_t after;
+    } rows[] = {
+        {0, UpdateFlag::updated, 1},     {1, UpdateFlag::none, 0},
+        {1, UpdateFlag::doNotChange, 2}, {2, UpdateFlag::updated, 2},
+        {2, UpdateFlag::none, 2},        {7, UpdateFlag::none, 0},
+        {0, UpdateFlag::none, 0},        {2, UpdateFlag::doNotChange, 2},
+    };
+    for (const auto* flag : {&setting::kDataUpdated, &setting::kCompleteSoftwareUpdated}) {
+        for (const auto& row : rows) {
+            settings.write(*flag, row.before);
+            EXPECT_TRUE(settings.setFlag(*flag, row.set));
+            EXPECT_EQ(stored(settings, flag->key, flag->name), std::to_string(row.after))
+                << flag->name << " " << row.before;
+        }
+    }
+    for (std::uint32_t state = 0; state < 4; ++state) {
+        settings.write(setting::kDataUpdated, state);
+        settings.write(setting::kCompleteSoftwareUpdated, 3 - state);
+        EXPECT_EQ(settings.isDataUpdated(), state == 1);
+        EXPECT_EQ(settings.isCompleteSoftwareUpdated(), 3 - state == 1);
+    }
+}
+
+TEST_F(SettingsTest, SharedAndRootlessStoresLieWhereTheyShould) {
+    const Settings settings;
+    EXPECT_EQ(settings.getKeyPath(false), "Software\\QuillonInkjet\\JSW\\Local\\qlte\\");
+    EXPECT_EQ(settings.getKeyPath(true), "Software\\QuillonInkjet\\JSW\\Shared\\");
+    EXPECT_TRUE(settings.setDwordValue("Settings\\", "x", 5, true));
+    EXPECT_TRUE(exists("Software\\QuillonInkjet\\JSW\\Shared\\Settings"));
+
+    const BasicSettings plain("Software\\Root", "");
+    EXPECT_EQ(plain.getKeyPath(true), "Software\\Root\\");
+    EXPECT_FALSE(plain.rootExists());
+    EXPECT_TRUE(plain.setStringValue("Sub", "a", "1"));
+    EXPECT_TRUE(plain.setStringValue("Sub", "b", "2"));
+    std::vector<std::string> names;
+    EXPECT_TRUE(plain.getValueNames("Sub", names));
+    EXPECT_THAT(names, UnorderedElementsAre("a", "b"));
+    EXPECT_TRUE(plain.deleteValue("Sub", "a"));
+    EXPECT_FALSE(plain.deleteValue("Sub", "a"));
+    EXPECT_TRUE(plain.deleteKey("Sub"));
+    EXPECT_FALSE(plain.getValueNames("Sub", names));
+}
+
+TEST_F(SettingsTest, DataUpdatesFolderIsNamedAfterTheDriver) {
+    const Settings settings;
+    char common[MAX_PATH] = {};
+    ASSERT_EQ(SHGetFolderPathA(nullptr, CSIDL_COMMON_APPDATA, nullptr, 0, common), S_OK);
+    settings.write(setting::kDriverName, "Drv 5");
+    EXPECT_EQ(settings.dataUpdatesFolder(), std::string(common) + "\\Job Status\\Drv 5");
+    EXPECT_EQ(stored(settings, "Settings\\Updater", "DataUpdatesDirectoryName"), "'Job Status'");
+    settings.write(setting::kDataUpdatesDirectory, "Else");
+    EXPECT_EQ(settings.dataUpdatesFolder(), std::string(common) + "\\Else\\Drv 5");
+}
+
+TEST_F(SettingsTest, RemovalTakesTheProductLineOnlyWithTheLastStore) {
+    const std::string root = "Software\\QuillonInkjet";
+    constexpr struct {
+        bool otherHost;
+        std::uint32_t deleteAll;
+        bool rootStays;
+    } rows[] = {{true, 1, true}, {false, 0, true}, {false, 1, false}};
+    for (const auto& row : rows) {
+        RegistryKey(root + "\\JSW\\Local\\qlte", true);
+        RegistryKey(root + "\\Something else", true);
+        if (row.otherHost) RegistryKey(root + "\\JSW\\Local\\qlxx", true);
+        Settings settings;
+        settings.write(setting::kDeleteStoreOnUninstall, row.deleteAll);
+        EXPECT_TRUE(settings.removeStore());
+        EXPECT_FALSE(settings.isValid());
+        EXPECT_FALSE(exists(root + "\\JSW\\Local\\qlte"));
+        EXPECT_EQ(exists(root + "\\Something else"), row.rootStays);
+        RegistryKey::recurseDeleteKey(root, HKEY_LOCAL_MACHINE);
+    }
+    Settings gone;
+    EXPECT_FALSE(gone.removeStore());
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_FILE_NOT_FOUND));
+}
+
+TEST_F(SettingsTest, HostsOfNoKnownLineShareOneRoot) {
+    Localize::destroy();
+    Localize::createInstance(GetModuleHandleA("kernel32"));  // "ke" begins no product line
+    Settings settings;
+    EXPECT_FALSE(settings.isValid());
+    EXPECT_TRUE(settings.write(setting::kDataPath, "D:\\"));
+    EXPECT_TRUE(exists("Software\\Quillon Tools\\JSW\\Local\\kern\\Settings"));
+    std::string path;
+    EXPECT_FALSE(Localize::getInstance()->getProductLineRoot(path));
+    EXPECT_EQ(path, "Software\\Quillon Tools");
+}
+
+}  // namespace jsw
