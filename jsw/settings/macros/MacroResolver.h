@@ -13,7 +13,7 @@ namespace jsw {
 class MacroResolver : public ISymbolicResolverHandler {
   public:
     /// The text with all tags replaced. When values lead back to themselves, the replacement stops
-    /// at the limits of TagScanner and the log gets a warning.
+    /// at TagLimits and the log gets a warning.
     std::string replaceMacros(const std::string& text);
 
     /// The value of one tag; the tag text itself when the tag stays. An empty tag text gives the

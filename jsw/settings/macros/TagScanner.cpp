@@ -76,12 +76,14 @@ class PendingText {
 /// front of the pending text.
 class Expansion {
   public:
-    Expansion(std::string_view text, const TagSyntax& syntax, ISymbolicResolverHandler& handler)
+    Expansion(std::string_view text, const TagSyntax& syntax, const TagLimits& limits,
+              ISymbolicResolverHandler& handler)
         : syntax_(syntax),
           handler_(handler),
           pending_(text),
           originalLeft_(text.size()),
-          sizeLimit_(text.size() + TagScanner::kMaxGrowth) {
+          nestedLeft_(limits.nestedReplacements),
+          maxSize_(text.size() + limits.growth) {
         done_.reserve(text.size());
     }
 
@@ -155,8 +157,8 @@ class Expansion {
 
     bool isAllowed(std::size_t tagLength, std::size_t valueLength) {
         const bool nested = pending_.size() - tagLength >= originalLeft_;
-        if (nested && ++nestedReplacements_ > TagScanner::kMaxNestedReplacements) return false;
-        return done_.size() + pending_.size() - tagLength + valueLength <= sizeLimit_;
+        if (nested && nestedLeft_-- == 0) return false;
+        return done_.size() + pending_.size() - tagLength + valueLength <= maxSize_;
     }
 
     const TagSyntax& syntax_;
@@ -165,15 +167,15 @@ class Expansion {
     PendingText pending_;
     std::optional<std::size_t> closeFromEnd_;  // counted from the end, where nothing moves
     std::size_t originalLeft_;                 // characters of the given text at the end of pending
-    std::size_t nestedReplacements_ = 0;
-    std::size_t sizeLimit_;
+    std::size_t nestedLeft_;
+    std::size_t maxSize_;
 };
 
 }  // namespace
 
 TagScanner::Result TagScanner::replaceTags(std::string_view text) const {
     if (handler_ == nullptr) return {std::string(text)};
-    return Expansion(text, syntax_, *handler_).run();
+    return Expansion(text, syntax_, limits_, *handler_).run();
 }
 
 }  // namespace jsw

@@ -26,6 +26,15 @@ struct TagSyntax {
     std::string_view close = "^_";
 };
 
+/// Where replacing ends, because a value may lead back to itself.
+struct TagLimits {
+    /// Replacements of tags that lie wholly in values. Those that use up characters of the text
+    /// are limited by its length.
+    std::size_t nestedReplacements = 1000;
+    /// Characters by which the result may be longer than the text.
+    std::size_t growth = std::size_t{16} * 1024 * 1024;
+};
+
 /// Replaces the tags in a text by their values. A value may contain tags, or complete one together
 /// with the text that follows it; those are replaced too. Takes time in proportion to the length of
 /// the text and of the values, whatever they contain.
@@ -36,21 +45,17 @@ class TagScanner {
         bool complete = true;  ///< false: a limit was reached, the tags from there on remain
     };
 
-    /// Limits, because a value may lead back to itself. A replacement counts as nested when its tag
-    /// lies wholly in values; those that use up characters of the text are limited by its length.
-    static constexpr std::size_t kMaxNestedReplacements = 1000;
-    /// Characters by which the result may be longer than the text.
-    static constexpr std::size_t kMaxGrowth = std::size_t{16} * 1024 * 1024;
-
     /// @param handler  without one every text stays as it is
-    explicit TagScanner(ISymbolicResolverHandler* handler, const TagSyntax& syntax = {})
-        : syntax_(syntax), handler_(handler) {}
+    explicit TagScanner(ISymbolicResolverHandler* handler, const TagSyntax& syntax = {},
+                        const TagLimits& limits = {})
+        : syntax_(syntax), handler_(handler), limits_(limits) {}
 
     Result replaceTags(std::string_view text) const;
 
   private:
     TagSyntax syntax_;
     ISymbolicResolverHandler* handler_;
+    TagLimits limits_;
 };
 
 }  // namespace jsw

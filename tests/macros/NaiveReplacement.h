@@ -1,0 +1,43 @@
+#pragma once
+
+#include "jsw/settings/macros/TagScanner.h"
+
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace jsw::test {
+
+/// Values of tags by name; every other tag stays.
+struct TagValues : ISymbolicResolverHandler {
+    std::map<std::string, std::string, std::less<>> values;
+    std::size_t asked = 0;
+
+    std::string_view resolveTag(std::string_view tagText, std::string_view tagName) override {
+        ++asked;
+        const auto found = values.find(tagName);
+        return found == values.end() ? tagText : std::string_view(found->second);
+    }
+};
+
+/// The replacement in its simplest form: one text, edited in place, searched again from the
+/// position of the last tag. Nothing when it takes more steps or characters than it is given.
+inline std::optional<std::string> replaceNaively(std::string text,
+                                                 ISymbolicResolverHandler& handler,
+                                                 std::size_t maxSteps, std::size_t maxSize) {
+    std::size_t position = 0;
+    for (std::size_t step = 0; step < maxSteps && text.size() < maxSize; ++step) {
+        const std::size_t open = text.find("_^", position);
+        if (open == std::string::npos) return text;
+        const std::size_t close = text.find("^_", open + 2);
+        if (close == std::string::npos) return text;
+        const std::string tag = text.substr(open, close + 2 - open);
+        const std::string value(handler.resolveTag(tag, tag.substr(2, tag.size() - 4)));
+        position = value == tag ? open + 1 : open;
+        text.replace(open, tag.size(), value);
+    }
+    return std::nullopt;
+}
+
+}  // namespace jsw::test
