@@ -1,5 +1,6 @@
 #include "PublicLib/os/CurrentProcess.h"
 
+#include "PublicLib/NeverDestroyed.h"
 #include "PublicLib/errors/Exception.h"
 #include "PublicLib/locks/Singleton.h"
 #include "PublicLib/win/Paths.h"
@@ -8,15 +9,15 @@
 namespace jsw {
 
 namespace {
-Singleton<const CurrentProcess> singleton;
+NeverDestroyed<Singleton<const CurrentProcess>> singleton;
 }
 
 std::shared_ptr<const CurrentProcess> CurrentProcess::instance() {
-    return singleton.instance([] { return std::make_shared<const CurrentProcess>(); });
+    return singleton->instance([] { return std::make_shared<const CurrentProcess>(); });
 }
 
 void CurrentProcess::destroy() {
-    singleton.destroy([] {});
+    singleton->destroy([] {});
 }
 
 CurrentProcess::CurrentProcess() : path_(moduleFileName(nullptr)) {

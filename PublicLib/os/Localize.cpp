@@ -1,5 +1,6 @@
 #include "PublicLib/os/Localize.h"
 
+#include "PublicLib/NeverDestroyed.h"
 #include "PublicLib/errors/Exception.h"
 #include "PublicLib/locks/Singleton.h"
 #include "PublicLib/os/ProductLines.h"
@@ -13,7 +14,7 @@ namespace {
 constexpr std::size_t kLocalIdLength = 4;
 constexpr std::size_t kPathBufferSize = 260;  // registry paths are cut to this, terminator included
 
-Singleton<const Localize> singleton;
+NeverDestroyed<Singleton<const Localize>> singleton;
 
 std::string fitted(std::string path) {
     if (path.size() >= kPathBufferSize) path.resize(kPathBufferSize - 1);
@@ -31,11 +32,11 @@ std::string localIdOf(std::string_view executablePath) {
 }
 
 void Localize::createInstance(HMODULE module) {
-    singleton.instance([module] { return std::make_shared<const Localize>(module); });
+    singleton->instance([module] { return std::make_shared<const Localize>(module); });
 }
 
 std::shared_ptr<const Localize> Localize::getInstance() {
-    auto current = singleton.existing();
+    auto current = singleton->existing();
     if (!current) {
         throw Exception("You must call Localize::createInstance() before calling getInstance()", 0,
                         "Localize", 47);
@@ -44,7 +45,7 @@ std::shared_ptr<const Localize> Localize::getInstance() {
 }
 
 void Localize::destroy() {
-    singleton.destroy([] {});
+    singleton->destroy([] {});
 }
 
 Localize::Localize(HMODULE module) : modulePath_(moduleFileName(module)) {

@@ -1,0 +1,138 @@
+#pragma once
+
+#include "jsw/BillboardIds.h"
+#include "jsw/Thread.h"
+#include "jsw/jsw.h"
+#include "jsw/modules/BillboardView.h"
+
+#include <atomic>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace jsw {
+
+class Catalog;
+class History;
+class LegacyJswGui;
+class RulesEngine;
+
+/// A print job as the driver describes it.
+struct Job {
+    std::string friendlyName;
+    std::string jobName;
+    std::uint32_t jobType;
+    std::uint32_t currentPage;
+    std::uint32_t totalPages;
+    std::uint32_t currentCopy;
+    std::uint32_t totalCopies;
+    InkInfo inkInfo;
+    std::uint32_t portType;
+    std::uint32_t secondsRemaining;
+};
+
+/// What is known of one billboard.
+struct BillboardData {
+    std::string fileName;  ///< relative to the scripts folder; empty when there is none
+    std::string type;      ///< "standard", "ink", "ink_status" or another, special one
+    bool navigate = false;
+    bool restore = false;
+};
+
+/// Carries one print job from JSWInit to JSWTerminate. The jsw… operations run on the driver's
+/// threads, one at a time; update() and doBillboardCallback() on threads of the view module;
+/// ProcessRules() on a worker thread of its own, one per job.
+class Controller : public Observer,
+                   public BillboardActions,
+                   public std::enable_shared_from_this<Controller> {
+  public:
+    static std::shared_ptr<Controller> instance();
+    static void destroy();
+
+    Controller();
+    ~Controller() override;
+    Controller(const Controller&) = delete;
+    Controller& operator=(const Controller&) = delete;
+
+    // The job (Controller.cpp).
+
+    /// Brings the window up and starts the rules; false when the job must run without them.
+    bool jswInit(const Job& job);
+    void jswTerminate();
+    /// The fourth and fifth value are not used.
+    void jswUpdateInfo(std::uint32_t value1, std::uint32_t value2, std::uint32_t value3,
+                       std::uint32_t value4, std::uint32_t value5, void* data);
+    /// Returns when the prompt is answered.
+    void jswDisplayPrompt(std::uint32_t promptType, std::uint32_t totalPages);
+    /// Does nothing while there is no prompt.
+    void jswPostDlgMsg(void* message);
+    /// The view's window reports an event.
+    void update(Subject* subject) override;
+
+    // Billboards (ControllerBillboards.cpp).
+
+    void changeBillboard(const std::string& bbId);
+    /// Whether the catalog has a file for the id and the file can be read.
+    bool isBillboardIdValid(const std::string& bbId);
+    /// Leaves data as it was when the id is not valid.
+    void getBillboardData(const std::string& bbId, BillboardData& data);
+    /// The type of the result stays empty.
+    BillboardData getDefaultBillboardData();
+
+    // What the user clicks (ControllerActions.cpp).
+
+    void doBillboardCallback(const std::string& action, std::uint32_t actionId) override;
+    void launchApp(std::uint32_t actionId);
+    void launchUrl(std::uint32_t actionId);
+
+    // The choice of a billboard (ControllerRules.cpp).
+
+    void ProcessRules();
+
+    // Whether the XML parser is there and recent enough (XmlParserCheck.cpp).
+
+    static bool isMsXmlValid();
+    static bool IsSupportedMsXmlVersion();
+
+  private:
+    struct RuleOutcome;
+
+    std::string determineDataPath() const;
+    std::string determineInitialBillboard() const;
+    void setDataPath(const std::string& path);
+    void stopRules();
+    bool startRules();
+    void runLegacyPrompt(std::uint32_t promptType, std::uint32_t totalPages);
+
+    void lookUpDefaultBillboard(BillboardData& data);
+    void readDefaultBillboard(BillboardData& data);
+    void walkHistory(const std::string& bbId);
+    void launch(const std::string& target, const char* directory, const char* failure);
+
+    void runRules(RulesEngine& engine, RuleOutcome& outcome);
+    void processRule(RulesEngine& engine, const std::string& ruleResult, RuleOutcome& outcome);
+    std::vector<std::string> candidatesFor(const std::string& ruleResult, bool checkHistory);
+    void chooseCandidate(const std::vector<std::string>& candidates, bool checkHistory,
+                         RuleOutcome& outcome);
+    void showChosen(RuleOutcome& outcome);
+
+    std::string dataPath_;
+    std::atomic<bool> stop_{false};
+    std::unique_ptr<LegacyJswGui> legacyGui_;  // while a prompt is up
+    std::string friendlyName_;
+    std::string defaultBillboardId_;
+    BillboardIds ids_;
+    std::unique_ptr<RunnableMethod<Controller>> rulesRunnable_;
+    std::unique_ptr<Thread> rulesThread_;  // after the runnable, so that it ends first
+    InkInfo inkInfo_{};
+    std::string jobPrinterName_;
+    std::string jobName_;
+    std::uint32_t totalPages_ = 0;
+    std::uint32_t totalCopies_ = 0;
+
+    // The view is kept until this object has detached from it.
+    std::shared_ptr<BillboardView> view_;
+};
+
+}  // namespace jsw

@@ -1,0 +1,116 @@
+// From a billboard id to something on screen: see Controller.h.
+
+#include "PublicLib/logging/MethodTrace.h"
+#include "PublicLib/text/Text.h"
+#include "jsw/Controller.h"
+#include "jsw/History.h"
+#include "jsw/modules/Catalog.h"
+#include "jsw/settings/Settings.h"
+
+#include <cerrno>
+#include <cstring>
+#include <io.h>
+
+namespace jsw {
+
+namespace {
+const LoggerComponent& log() {
+    return component::kJsw;
+}
+}  // namespace
+
+void Controller::changeBillboard(const std::string& bbId) {
+    MethodTrace trace(log(), "Controller::changeBillboard: ");
+    trace.add("bbId ='", bbId, "'");
+    if (bbId.empty()) {
+        logLine(log(), kLogError, "ERROR - bbId is empty string.");
+        return;
+    }
+    BillboardData data;
+    getBillboardData(bbId, data);
+    if (data.fileName.empty()) {
+        trace.add("no filename for bbId='", bbId, "'");
+        return;
+    }
+    logLine(log(), kLogRules, "Controller::changeBillboard: Billboard id=", bbId,
+            ", fileName=", data.fileName, ".");
+    if (!equalsIgnoringCase(data.type, "ink_status")) ids_.setCurrent(bbId);
+    ids_.setDisplayed(bbId);
+    view_->displayBillboard(data.fileName, data.navigate, data.restore);
+}
+
+bool Controller::isBillboardIdValid(const std::string& bbId) {
+    MethodTrace trace(log(), "Controller::isBillboardIdValid: bbId=", bbId, ".");
+    // Looked up afresh each time: an update may have moved the data while the job runs.
+    const std::string dataPath = determineDataPath();
+    const std::string fileName = Catalog::instance()->getBillboardFileName(bbId);
+    if (fileName.empty()) {
+        trace.add("Catalog has no filename for bbId='", bbId, "'");
+        trace.setResult("false");
+        return false;
+    }
+    const std::string path = concat(dataPath, "\\Scripts\\", fileName);
+    constexpr int kReadAccess = 4;
+    if (_access(path.c_str(), kReadAccess) != 0) {
+        trace.add("WARNING: ", std::strerror(errno), ", pathBillboardFile='", path, "'");
+        trace.setResult("false");
+        return false;
+    }
+    trace.add("pathBillboardFile='", path, "'");
+    trace.setResult("true");
+    return true;
+}
+
+void Controller::getBillboardData(const std::string& bbId, BillboardData& data) {
+    MethodTrace trace(log(), "Controller::getBillboardData: bbId=", bbId, ".");
+    if (!isBillboardIdValid(bbId)) {
+        trace.add("bbId is not valid, bbId=", bbId, "'");
+        return;
+    }
+    const auto catalog = Catalog::instance();
+    data.fileName = catalog->getBillboardFileName(bbId);
+    data.type = catalog->getBillboardType(bbId);
+    if (History::instance()->size() > 0) data.navigate = catalog->getEnableNavigation(bbId);
+    data.restore = catalog->getRestoreWindow(bbId);
+    trace.add("fileName=", data.fileName, ",type=", data.type, ",navigate=", data.navigate,
+              ",restore=", data.restore, ".");
+}
+
+BillboardData Controller::getDefaultBillboardData() {
+    MethodTrace trace(log(), "Controller::getDefaultBillboardData: ");
+    BillboardData data;
+    if (!Settings().read(setting::kDefaultBillboardFile, data.fileName) || data.fileName.empty()) {
+        lookUpDefaultBillboard(data);
+    } else {
+        readDefaultBillboard(data);
+    }
+    trace.add("fileName=", data.fileName, ",navigate=", data.navigate, ",restore=", data.restore,
+              ".");
+    data.type.clear();
+    return data;
+}
+
+/// The first run, or the first one after an update.
+void Controller::lookUpDefaultBillboard(BillboardData& data) {
+    History::instance()->clear();
+    getBillboardData(defaultBillboardId_, data);
+    if (data.fileName.empty()) return;
+    // What is kept is the catalog's answer; shown is "no navigation", as the history is empty.
+    const bool navigate = Catalog::instance()->getEnableNavigation(defaultBillboardId_);
+    const Settings settings;
+    settings.write(setting::kDefaultBillboardFile, data.fileName);
+    settings.write(setting::kDefaultBillboardRestore, data.restore ? 1U : 0U);
+    settings.write(setting::kDefaultBillboardNavigate, navigate ? 1U : 0U);
+}
+
+void Controller::readDefaultBillboard(BillboardData& data) {
+    const Settings settings;
+    const auto isSet = [&](const setting::Number& number) {
+        std::uint32_t value = 0;
+        return settings.read(number, value) && value != 0;
+    };
+    if (History::instance()->size() > 0) data.navigate = isSet(setting::kDefaultBillboardNavigate);
+    data.restore = isSet(setting::kDefaultBillboardRestore);
+}
+
+}  // namespace jsw

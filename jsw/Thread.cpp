@@ -1,0 +1,55 @@
+#include "jsw/Thread.h"
+
+#include "PublicLib/errors/Exception.h"
+#include "PublicLib/logging/BasicLogger.h"
+
+#include <windows.h>
+
+#include <process.h>
+
+#include <exception>
+
+namespace jsw {
+
+Thread::Thread(Runnable* runnable)
+    : runnable_(runnable), startBlock_(std::make_unique<StartBlock>(StartBlock{runnable, 0})) {
+}
+
+Thread::~Thread() {
+    wait(INFINITE);
+}
+
+void Thread::launch() {
+    unsigned id = 0;
+    handle_.reset(reinterpret_cast<HANDLE>(
+        _beginthreadex(nullptr, stackSize_, &Thread::entry, startBlock_.get(), 0, &id)));
+    if (!handle_) throw Win32Exception("Thread::launch()", GetLastError(), "Thread", 253);
+    threadId_ = id;
+}
+
+bool Thread::isCurrent() const {
+    return threadId_ == GetCurrentThreadId();
+}
+
+bool Thread::wait(std::uint32_t timeoutMilliseconds) const {
+    if (!handle_ || isCurrent()) return false;
+    const DWORD result = WaitForSingleObject(handle_.get(), timeoutMilliseconds);
+    return result == WAIT_OBJECT_0 || result == WAIT_ABANDONED;
+}
+
+unsigned __stdcall Thread::entry(void* argument) {
+    // Read first: the block may be gone when the runnable ends the job that owns this thread.
+    Runnable* const runnable = static_cast<StartBlock*>(argument)->runnable;
+    try {
+        runnable->run();
+    } catch (const Exception& error) {
+        logLine(component::kJsw, kLogError, "ERROR - a thread has ended: ", error.text());
+    } catch (const std::exception& error) {
+        logLine(component::kJsw, kLogError, "ERROR - a thread has ended: ", error.what());
+    } catch (...) {
+        logLine(component::kJsw, kLogError, "ERROR - a thread has ended: unknown exception");
+    }
+    return 0;
+}
+
+}  // namespace jsw

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "PublicLib/win/Handles.h"
+
+#include <cstdint>
+#include <memory>
+
+namespace jsw {
+
+/// Something that a thread runs.
+class Runnable {
+  public:
+    virtual ~Runnable() = default;
+    virtual void run() = 0;
+};
+
+/// Runs a member function that takes no arguments.
+template <class T>
+class RunnableMethod : public Runnable {
+  public:
+    /// @param object  must outlive the run
+    RunnableMethod(T* object, void (T::*method)()) : object_(object), method_(method) {}
+    void run() override { (object_->*method_)(); }
+
+  private:
+    T* object_;
+    void (T::*method_)();
+};
+
+/// A thread of this process. Not started before launch().
+class Thread {
+  public:
+    /// @param runnable  not owned; must outlive the thread
+    explicit Thread(Runnable* runnable);
+    /// Waits for the thread to end, unless it is this thread itself that lets go of it.
+    virtual ~Thread();
+    Thread(const Thread&) = delete;
+    Thread& operator=(const Thread&) = delete;
+
+    /// Starts the thread. Throws Win32Exception when it cannot be created.
+    void launch();
+
+    /// Waits up to so many milliseconds (INFINITE: for ever); true when the thread has ended. A
+    /// thread does not wait for itself. With 0: whether it has ended.
+    bool wait(std::uint32_t timeoutMilliseconds) const;
+
+    std::uint32_t id() const { return threadId_; }
+
+    static constexpr std::uint32_t kDefaultStackSize = 4096;
+
+  private:
+    struct StartBlock {
+        Runnable* runnable;
+        std::uintptr_t reserved;
+    };
+
+    static unsigned __stdcall entry(void* argument);
+    bool isCurrent() const;
+
+    Runnable* runnable_;
+    std::uint32_t stackSize_ = kDefaultStackSize;
+    std::uint32_t threadId_ = 0;
+    KernelHandle handle_;
+    std::unique_ptr<StartBlock> startBlock_;
+};
+
+}  // namespace jsw

@@ -1,0 +1,98 @@
+#include "jsw/XmlParserCheck.h"
+
+#include "PublicLib/win/Handles.h"
+#include "jsw/Controller.h"
+
+#include <windows.h>
+
+#include <shlwapi.h>
+
+#include <array>
+#include <vector>
+
+namespace jsw {
+
+namespace {
+
+const LoggerComponent& log() {
+    return component::kJsw;
+}
+
+bool answer(MethodTrace& trace, bool result) {
+    trace.setResult(result ? "true" : "false");
+    return result;
+}
+
+/// The version record inside the version information, or null.
+const VS_FIXEDFILEINFO* fixedFileInfo(const std::vector<BYTE>& versionInfo) {
+    void* record = nullptr;
+    UINT length = 0;
+    if (VerQueryValueA(versionInfo.data(), "\\", &record, &length) == FALSE ||
+        length != sizeof(VS_FIXEDFILEINFO)) {
+        return nullptr;
+    }
+    return static_cast<const VS_FIXEDFILEINFO*>(record);
+}
+
+bool isRecentEnough(const VS_FIXEDFILEINFO& info, MethodTrace& trace) {
+    if (info.dwFileVersionMS >= kMinXmlParserVersion) return true;
+    trace.add("MSXML3 version=", info.dwFileVersionMS,
+              "The min required version=", kMinXmlParserVersion);
+    return false;
+}
+
+}  // namespace
+
+bool isSupportedParserLibrary(const std::string& path, MethodTrace& trace) {
+    DWORD ignored = 0;
+    const DWORD size = GetFileVersionInfoSizeA(path.c_str(), &ignored);
+    if (size == 0) {
+        trace.add("Unable to determine the size needed for the version info");
+        return false;
+    }
+    std::vector<BYTE> versionInfo;
+    try {
+        versionInfo.resize(size);
+    } catch (const std::bad_alloc&) {
+        trace.add("Unable to allocate the memory needed for the version info");
+        return false;
+    }
+    if (GetFileVersionInfoA(path.c_str(), 0, size, versionInfo.data()) == FALSE) {
+        trace.add("Unable to get the version info.");
+        return false;
+    }
+    const VS_FIXEDFILEINFO* info = fixedFileInfo(versionInfo);
+    if (info == nullptr) {
+        trace.add("Unable to get the fixed file info from the version info.");
+        return false;
+    }
+    return isRecentEnough(*info, trace);
+}
+
+bool Controller::isMsXmlValid() {
+    MethodTrace trace(log(), "Controller::isMsXmlValid: ");
+    KeyHandle key;
+    if (RegOpenKeyA(HKEY_CLASSES_ROOT, "MSXML2.DomDocument.3.0", key.put()) != ERROR_SUCCESS) {
+        trace.add("MSXML 3.0 registry key not found, MSXML 3.0 not installed.");
+        return answer(trace, false);
+    }
+    key.reset();
+    return answer(trace, IsSupportedMsXmlVersion());
+}
+
+bool Controller::IsSupportedMsXmlVersion() {
+    MethodTrace trace(log(), "Controller::IsSupportedMsXmlVersion: ");
+    std::array<char, MAX_PATH> path{};
+    const UINT length = GetSystemDirectoryA(path.data(), static_cast<UINT>(path.size()));
+    if (length == 0 || length >= path.size()) {
+        trace.add("Unable to get the system directory");
+        return answer(trace, false);
+    }
+    if (PathAppendA(path.data(), "msxml3.dll") == FALSE) {
+        trace.add("Unable to append msxml3.dll to the system directory");
+        return answer(trace, false);
+    }
+    return answer(trace, isSupportedParserLibrary(path.data(), trace));
+}
+
+}  // namespace jsw

@@ -1,0 +1,287 @@
+#include "jsw/modules/BillboardView.h"
+
+#include "PublicLib/NeverDestroyed.h"
+#include "PublicLib/locks/Singleton.h"
+#include "jsw/modules/InkInfoText.h"
+#include "jsw/modules/ViewEntryPoints.h"
+#include "jsw/settings/OfnSettings.h"
+#include "jsw/settings/Settings.h"
+
+#include <vector>
+
+namespace jsw {
+
+namespace {
+
+constexpr auto kUnknownPages = static_cast<std::uint32_t>(-1);
+constexpr auto kUncountedPages = static_cast<std::uint32_t>(-2);
+
+NeverDestroyed<Singleton<BillboardView>> singleton;
+
+const LoggerComponent& log() {
+    return component::kJsw;
+}
+
+}  // namespace
+
+std::shared_ptr<BillboardView> BillboardView::instance() {
+    return singleton->instance([] { return std::make_shared<BillboardView>(); });
+}
+
+void BillboardView::destroy() {
+    MethodTrace trace(log(), "BillboardView::destroy: ");
+    singleton->destroy([&] { trace.add("destroying BillboardView."); });
+}
+
+BillboardView::BillboardView() {
+    MethodTrace trace(log(), "BillboardView::BillboardView: ");
+    const std::string fileName = moduleFilePath(setting::kViewModule);
+    trace.add("Loading view DLL, filename=", fileName, ".");
+    dll_ = loadModule(fileName, log(), trace);
+}
+
+BillboardView::~BillboardView() {
+    MethodTrace trace(log(), "BillboardView::~BillboardView: ");
+    static_cast<void>(dll_.release());
+}
+
+template <class Entry, class... Args>
+void BillboardView::forward(const Entry& entry, const Args&... args) const {
+    using Function = typename Entry::FunctionType;
+    MethodTrace trace(log(), entry.tag);
+    if (auto* function = findEntry<Function>(dll_.get(), entry.name, trace)) {
+        callEntry(log(), entry.name, function, args...);
+    }
+}
+
+/// Forwards with a ">>> " line before and a "<<< " line after the call.
+template <class Function, class... Args>
+void BillboardView::forwardMarked(const char* tag, const char* name, MethodTrace& trace,
+                                  const Args&... args) const {
+    logLine(log(), kLogModuleCall, ">>> ", tag);
+    auto* function = findEntry<Function>(dll_.get(), name, trace);
+    if (function == nullptr) return;
+    callEntry(log(), name, function, args...);
+    logLine(log(), kLogModuleCall, "<<< ", tag);
+}
+
+bool BillboardView::jswInit(const ViewJob& job) {
+    MethodTrace trace(log(), "BillboardView::jswInit: ");
+    logLine(log(), kLogModuleCall, ">>> BillboardView::jswInit bringing up gui");
+    const auto number = [](std::uint32_t value) { return static_cast<std::int32_t>(value); };
+    trace.add("Params: friendlyName=", job.friendlyName, ", jobname=", job.jobName,
+              ", jobType=", number(job.jobType), ", currentPage=", number(job.currentPage),
+              ", totalPages=", number(job.totalPages), ", currentCopy=", number(job.currentCopy),
+              ", totalCopies=", number(job.totalCopies), ", portType=", number(job.portType),
+              ", dataPath=", job.dataPath, ", defaultBB=", job.defaultBillboard,
+              ", navigate=", job.navigate, ", restore=", job.restore, ".");
+    if (isLogEnabled(log(), kLogDetail)) logInkInfo(*job.inkInfo);
+    if (!dll_) {
+        trace.add("ERROR - The GUI DLL is not loaded");
+        trace.setResult(0);
+        return false;
+    }
+    setUp(job);
+    if (showProcessWindow_) {
+        trace.add("Showing GUI");
+        showGui();
+        trace.setResult(1);
+    } else {
+        trace.add("guiShowProcessWindow indicates GUI should NOT be shown!");
+    }
+    logLine(log(), kLogModuleCall, "<<< BillboardView::jswInit bringing up gui");
+    return true;
+}
+
+void BillboardView::logInkInfo(const InkInfo& inkInfo) const {
+    logLine(log(), kLogDetail, "inkinfo:");
+    for (const std::string& line : inkInfoLines(inkInfo)) logLine(log(), kLogDetail, line);
+}
+
+/// The window is complete before it is first shown.
+void BillboardView::setUp(const ViewJob& job) {
+    const auto number = [](std::uint32_t value) { return static_cast<std::int32_t>(value); };
+    forward(view::kInitialize);
+    setDataPath(job.dataPath);
+    forward(view::kSetJobName, job.jobName.c_str());
+    forward(view::kSetPrinterFriendlyName, job.friendlyName.c_str());
+    forward(view::kSetJobType, number(job.jobType));
+    forward(view::kSetCurrentPage, number(job.currentPage));
+    forward(view::kSetTotalPages, number(job.totalPages));
+    setShowPageInfo(job.totalPages != kUnknownPages && job.totalPages != kUncountedPages);
+    forward(view::kSetCurrentCopy, number(job.currentCopy));
+    forward(view::kSetTotalCopies, number(job.totalCopies));
+    forward(view::kSetInkInfo, job.inkInfo);
+    forward(view::kSetPortType, number(job.portType));
+    forward(view::kSetJswCallback, &jswCallback);
+    forward(view::kSetBillboardCallback, &billboardCallback);
+    displayBillboard(job.defaultBillboard, job.navigate, job.restore);
+    setShowProcessWindow();
+    setJswProgressMinimized();
+    setShowSpecialMessages();
+    setReserveModeCart1();
+    setReserveModeCart2();
+    setCompleteAPrint();
+    setUpdateSoftware();
+    forward(view::kSetSaveAppearanceCallback, &saveAppearanceCallback);
+    forward(view::kSetSaveValueCallback, &saveValueCallback);
+    forward(view::kSetUpdateSoftwareCallback, &saveUpdateSoftwareCallback);
+    setSavedValues();
+}
+
+void BillboardView::jswTerminate() {
+    MethodTrace trace(log(), "BillboardView::jswTerminate: ");
+    if (!dll_) {
+        trace.add("ERROR - The GUI DLL is not loaded.");
+        return;
+    }
+    hideGui();
+    forward(view::kUninitialize);
+}
+
+void BillboardView::jswUpdateInfo(std::uint32_t value1, std::uint32_t value2, std::uint32_t value3,
+                                  void* data) {
+    MethodTrace silent;  // pages come often: nothing of this is ever logged
+    if (!dll_) return;
+    constexpr char kName[] = "UpdateInfo";
+    if (auto* function = findEntry<JswViewUpdateInfo>(dll_.get(), kName, silent)) {
+        callEntry(log(), kName, function, value1, value2, value3, data);
+    }
+}
+
+void BillboardView::displayBillboard(const std::string& billboard, bool enableBillboardNavigation,
+                                     bool restoreWindow) {
+    constexpr char kTag[] = "BillboardView::displayBillboard: ";
+    MethodTrace trace(log(), kTag);
+    trace.add("billboard= '", billboard, "' enableBillboardNavigation=", enableBillboardNavigation,
+              " restoreWindow=", restoreWindow);
+    forwardMarked<JswViewDisplayBillboard>(kTag, "DisplayBillboard", trace, billboard.c_str(),
+                                           JswBool{enableBillboardNavigation},
+                                           JswBool{restoreWindow});
+}
+
+void BillboardView::showGui() {
+    constexpr char kTag[] = "BillboardView::showGui: ";
+    MethodTrace trace(log(), kTag);
+    forwardMarked<JswViewPlain>(kTag, "ShowGui", trace);
+}
+
+void BillboardView::hideGui() {
+    constexpr char kTag[] = "BillboardView::hideGui: ";
+    MethodTrace trace(log(), kTag);
+    forwardMarked<JswViewPlain>(kTag, "HideGui", trace);
+}
+
+void BillboardView::setDataPath(const std::string& dataPath) const {
+    // The tag is that of the setting forwarder; readers of the log know it so.
+    MethodTrace trace(log(), "BillboardView::setGuiSetting: ");
+    trace.add("dataPath='", dataPath, "'.");
+    if (!dll_) {
+        trace.add("ERROR - The GUI DLL is not loaded");
+        return;
+    }
+    constexpr char kName[] = "SetDataPath";
+    if (auto* function = findEntry<JswViewText>(dll_.get(), kName, trace)) {
+        callEntry(log(), kName, function, dataPath.c_str());
+    }
+}
+
+void BillboardView::setShowPageInfo(bool showPageInfo) const {
+    MethodTrace trace(log(), "BillboardView::setShowPageInfo: showPageInfo=(", showPageInfo, ")");
+    constexpr char kName[] = "SetShowPageInfo";
+    if (auto* function = findEntry<JswViewShowPageInfo>(dll_.get(), kName, trace)) {
+        callEntry(log(), kName, function, JswBool{showPageInfo});
+    }
+}
+
+bool BillboardView::readFlag(const setting::Number& number) const {
+    std::uint32_t value = number.defaultValue;
+    OfnSettings(ofnPath_).read(number, value);
+    return value != 0;
+}
+
+void BillboardView::setGuiSetting(const char* function, const setting::Number& number,
+                                  std::uint32_t defaultValue) const {
+    MethodTrace trace(log(), "BillboardView::setGuiSetting: ");
+    trace.add("function='", function, "' ofnPath='", number.key, "' valueName='", number.name,
+              "' defaultValue=", static_cast<std::int32_t>(defaultValue));
+    auto* entry = findEntry<JswViewFlag>(dll_.get(), function, trace);
+    if (entry == nullptr) return;
+    std::uint32_t value = defaultValue;
+    OfnSettings(ofnPath_).read(number, value);
+    trace.add("value =", value);
+    callEntry(log(), function, entry, value);
+}
+
+void BillboardView::setShowProcessWindow() {
+    MethodTrace trace(log(), "BillboardView::setShowProcessWindow: ");
+    showProcessWindow_ = readFlag(setting::kShowProcessWindow);
+    setGuiSetting("SetShowProcessWindow", setting::kShowProcessWindow, showProcessWindow_);
+}
+
+void BillboardView::setJswProgressMinimized() const {
+    MethodTrace trace(log(), "BillboardView::setJswProgressMinimized: ");
+    setGuiSetting("SetJswProgressMinimized", setting::kJobProgressMinimized, 0);
+}
+
+void BillboardView::setShowSpecialMessages() {
+    MethodTrace trace(log(), "BillboardView::setShowSpecialMessages: ");
+    showSpecialMessages_ = readFlag(setting::kShowSpecialMessages);
+    // Unlike the process window's, the default here is always "on".
+    setGuiSetting("SetShowSpecialMessages", setting::kShowSpecialMessages, 1);
+}
+
+void BillboardView::setReserveModeCart1() const {
+    MethodTrace trace(log(), "BillboardView::setReserveModeCart1: ");
+    setGuiSetting("SetReserveModeCart1", setting::kCart1ReserveTankFlag, 0);
+}
+
+void BillboardView::setReserveModeCart2() const {
+    MethodTrace trace(log(), "BillboardView::setReserveModeCart2: ");
+    setGuiSetting("SetReserveModeCart2", setting::kCart2ReserveTankFlag, 0);
+}
+
+void BillboardView::setCompleteAPrint() const {
+    MethodTrace trace(log(), "BillboardView::setCompleteAPrint: ");
+    setGuiSetting("SetCompleteAPrintMode", setting::kCompleteToPrint, 0);
+}
+
+void BillboardView::setUpdateSoftware() const {
+    MethodTrace trace(log(), "BillboardView::setUpdateSoftware: ");
+    constexpr char kName[] = "SetUpdateSoftware";
+    auto* entry = findEntry<JswViewFlag>(dll_.get(), kName, trace);
+    if (entry == nullptr) return;
+    std::uint32_t updateSoftware = 0;
+    const setting::Number& check = setting::kCheckForUpdates;
+    if (!Settings().read(check, updateSoftware)) {
+        trace.add("Unable to read the registry for key='", check.key, "' and value name='",
+                  check.name, "'.");
+    }
+    trace.add("updateSoftware=", updateSoftware);
+    callEntry(log(), kName, entry, updateSoftware);
+}
+
+void BillboardView::setSavedValues() const {
+    MethodTrace trace(log(), "BillboardView::setSavedValues: ");
+    constexpr char kName[] = "SetSavedValue";
+    auto* entry = findEntry<JswViewSavedValue>(dll_.get(), kName, trace);
+    if (entry == nullptr) return;
+    const Settings settings;
+    std::vector<std::string> names;
+    if (!settings.getValueNames(setting::kGuiKey, names)) {
+        trace.add("No saved values for GUI under key=", setting::kGuiKey, ".");
+        return;
+    }
+    trace.add("Setting saved values.");
+    for (const std::string& name : names) {
+        std::string value;
+        if (settings.getStringValue(setting::kGuiKey, name, value)) {
+            trace.add("ValueName=", name, ". Value=", value, ".");
+            callEntry(log(), kName, entry, name.c_str(), value.c_str());
+        } else {
+            trace.add("ERROR - unable to read value for valueName=", name, ".");
+        }
+    }
+}
+
+}  // namespace jsw

@@ -1,0 +1,112 @@
+#pragma once
+
+#include "jsw/modules/ModuleBinding.h"
+#include "jsw/modules/Subject.h"
+#include "jsw/settings/SettingNames.h"
+#include "jsw/view.h"
+
+#include <atomic>
+#include <cstdint>
+#include <memory>
+#include <string>
+
+namespace jsw {
+
+/// Carries out what the user clicks in a billboard.
+class BillboardActions {
+  public:
+    virtual ~BillboardActions() = default;
+    /// @param action    name of the action, in any letter case
+    /// @param actionId  number among the billboard's actions, counted from 0
+    /// Called on a thread of the view module.
+    virtual void doBillboardCallback(const std::string& action, std::uint32_t actionId) = 0;
+};
+
+/// What a job shows when it starts.
+struct ViewJob {
+    std::string friendlyName;
+    std::string jobName;
+    std::uint32_t jobType;
+    std::uint32_t currentPage;
+    std::uint32_t totalPages;
+    std::uint32_t currentCopy;
+    std::uint32_t totalCopies;
+    const InkInfo* inkInfo;  ///< not null; passed through unchanged
+    std::uint32_t portType;
+    std::string dataPath;
+    std::string defaultBillboard;  ///< file name
+    bool navigate;
+    bool restore;
+};
+
+/// The process-wide binding of the view module, which draws the job window. Window events are
+/// published to the attached observers. Without a module every operation does nothing but log.
+class BillboardView : public Subject {
+  public:
+    static std::shared_ptr<BillboardView> instance();
+    static void destroy();
+
+    /// Lets the module's callbacks through, to the view and to actions; both are kept alive while a
+    /// callback runs. Callbacks that arrive at other times are ignored.
+    static void connectCallbacks(std::shared_ptr<BillboardActions> actions);
+    static void disconnectCallbacks();
+
+    BillboardView();
+    /// Leaves the module loaded until the process ends or unloads it: a thread of its window may
+    /// still be leaving its code. A later job shares it again.
+    ~BillboardView() override;
+
+    /// Sets the window up and shows it, unless the user has switched it off. False only when there
+    /// is no module.
+    bool jswInit(const ViewJob& job);
+    void jswTerminate();
+    void jswUpdateInfo(std::uint32_t value1, std::uint32_t value2, std::uint32_t value3,
+                       void* data);
+    /// @param billboard  file name below the data path's "Scripts" folder; empty for none
+    void displayBillboard(const std::string& billboard, bool enableBillboardNavigation,
+                          bool restoreWindow);
+    void showGui();
+    void hideGui();
+
+    /// Last event that the module reported.
+    std::int32_t jswEvent() const { return jswEvent_; }
+    bool showSpecialMessages() const { return showSpecialMessages_; }
+
+  private:
+    static void jswCallback(std::int32_t event);
+    static void billboardCallback(const char* action, std::int32_t actionId);
+    static void saveAppearanceCallback(const char* key, std::int32_t value);
+    static void saveValueCallback(const char* key, const char* value);
+    static void saveUpdateSoftwareCallback(std::int32_t updateSoftware);
+
+    template <class Entry, class... Args>
+    void forward(const Entry& entry, const Args&... args) const;
+    template <class Function, class... Args>
+    void forwardMarked(const char* tag, const char* name, MethodTrace& trace,
+                       const Args&... args) const;
+
+    void logInkInfo(const InkInfo& inkInfo) const;
+    void setUp(const ViewJob& job);
+    void setDataPath(const std::string& dataPath) const;
+    void setShowPageInfo(bool showPageInfo) const;
+    void setShowProcessWindow();
+    void setJswProgressMinimized() const;
+    void setShowSpecialMessages();
+    void setReserveModeCart1() const;
+    void setReserveModeCart2() const;
+    void setCompleteAPrint() const;
+    void setUpdateSoftware() const;
+    void setSavedValues() const;
+    void setGuiSetting(const char* function, const setting::Number& number,
+                       std::uint32_t defaultValue) const;
+    bool readFlag(const setting::Number& number) const;
+    void saveAppearance(const std::string& key, std::int32_t value);
+
+    std::unique_ptr<ModuleDll> dll_;
+    std::atomic<std::int32_t> jswEvent_{0};
+    std::atomic<bool> showSpecialMessages_{false};
+    bool showProcessWindow_ = false;
+    std::string ofnPath_;  // printer whose store holds the window's options; empty: none
+};
+
+}  // namespace jsw

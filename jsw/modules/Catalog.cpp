@@ -1,0 +1,191 @@
+#include "jsw/modules/Catalog.h"
+
+#include "PublicLib/NeverDestroyed.h"
+#include "PublicLib/locks/Singleton.h"
+
+#include <mutex>
+
+namespace jsw {
+
+namespace {
+
+NeverDestroyed<Singleton<Catalog>> singleton;
+
+const LoggerComponent& log() {
+    return component::kCatalog;
+}
+
+}  // namespace
+
+/// What a question for a list logs.
+struct Catalog::ListTexts {
+    const char* entryName;
+    const char* noList;
+    const char* emptyList;
+    const char* added;
+};
+
+std::shared_ptr<Catalog> Catalog::instance() {
+    MethodTrace trace(log(), "Catalog::instance: ");
+    return singleton->instance([&] {
+        trace.add("instantiating Catalog.");
+        return std::make_shared<Catalog>();
+    });
+}
+
+void Catalog::destroy() {
+    MethodTrace trace(log(), "Catalog::destroy: ");
+    singleton->destroy([&] { trace.add("destroying Catalog."); });
+}
+
+Catalog::Catalog() {
+    MethodTrace trace(log(), "Catalog::Catalog: ");
+}
+
+Catalog::~Catalog() {
+    MethodTrace trace(log(), "Catalog::~Catalog: ");
+}
+
+bool Catalog::initialize() {
+    MethodTrace trace(log(), "Catalog::initialize: ");
+    const std::lock_guard lock(loadLock_);
+    if (dll_) {
+        trace.add("Catalog is already loaded.");
+        trace.setResult(1);
+        return true;
+    }
+    trace.setResult(0);
+    const std::string fileName = moduleFilePath(setting::kCatalogModule);
+    trace.add("Loading catalog DLL, filename=", fileName, ".");
+    dll_ = loadModule(fileName, log(), trace);
+    if (!dll_) {
+        trace.add("ERROR - Catalog is not loaded.");
+        return false;
+    }
+    constexpr char kName[] = "Initialize";
+    auto* entry = findEntry<JswCatalogInitialize>(dll_.get(), kName, trace);
+    if (entry == nullptr) return false;
+    callEntry(log(), kName, entry, &allocateForModule);
+    trace.setResult(1);
+    return true;
+}
+
+void Catalog::uninitialize() {
+    MethodTrace trace(log(), "Catalog::uninitialize: ");
+    const std::lock_guard lock(loadLock_);
+    if (!dll_) {
+        trace.add("ERROR - Catalog is not loaded.");
+        return;
+    }
+    constexpr char kName[] = "UnInitialize";
+    if (auto* entry = findEntry<JswCatalogUnInitialize>(dll_.get(), kName, trace)) {
+        callEntry(log(), kName, entry);
+    }
+}
+
+/// Puts one question to the module; the empty answer when that is not possible.
+template <class Function>
+auto Catalog::ask(const char* name, const std::string& id, MethodTrace& trace)
+    -> decltype(std::declval<Function>()(nullptr)) {
+    if (initialize()) {
+        if (auto* entry = findEntry<Function>(dll_.get(), name, trace)) {
+            return callEntry(log(), name, entry, id.c_str());
+        }
+    }
+    return {};
+}
+
+std::string Catalog::askText(const char* tag, const char* name, const std::string& bbId) {
+    MethodTrace trace(log(), tag);
+    trace.add("bbId=", bbId);
+    std::string answer = takeText(ask<JswCatalogText>(name, bbId, trace));
+    trace.setResult(answer);
+    return answer;
+}
+
+std::string Catalog::getBillboardFileName(const std::string& bbId) {
+    return askText("Catalog::getBillboardFileName: ", "GetBillboardFileName", bbId);
+}
+
+std::string Catalog::getBillboardType(const std::string& bbId) {
+    return askText("Catalog::getBillboardType: ", "GetBillboardType", bbId);
+}
+
+std::string Catalog::getCarts(const std::string& bbId) {
+    return askText("Catalog::getCarts: ", "GetBillboardCarts", bbId);
+}
+
+bool Catalog::askFlag(const char* tag, const char* name, const std::string& bbId) {
+    MethodTrace trace(log(), tag);
+    trace.add("bbId=", bbId);
+    const bool answer = ask<JswCatalogFlag>(name, bbId, trace) != 0;
+    trace.setResult(answer);
+    return answer;
+}
+
+bool Catalog::getEnableNavigation(const std::string& bbId) {
+    return askFlag("Catalog::getEnableNavigation: ", "GetBillboardEnableNavigation", bbId);
+}
+
+bool Catalog::getRestoreWindow(const std::string& bbId) {
+    return askFlag("Catalog::getRestoreWindow: ", "GetBillboardRestoreWindow", bbId);
+}
+
+void Catalog::askList(const ListTexts& texts, const std::string& id, std::vector<std::string>& list,
+                      MethodTrace& trace) {
+    list.clear();
+    if (!initialize()) return;
+    auto* entry = findEntry<JswCatalogList>(dll_.get(), texts.entryName, trace);
+    if (entry == nullptr) return;
+    const ModuleMemory<char*> entries(callEntry(log(), texts.entryName, entry, id.c_str()));
+    if (!entries) {
+        trace.add(texts.noList);
+        return;
+    }
+    if (*entries == nullptr) trace.add(texts.emptyList);
+    // An empty text ends the list; it and what follows it stay the module's.
+    for (char** next = entries.get(); *next != nullptr && **next != '\0'; ++next) {
+        list.push_back(takeText(*next));
+        trace.add(texts.added, list.back());
+    }
+}
+
+void Catalog::getBillboardIds(const std::string& category, std::vector<std::string>& ids) {
+    MethodTrace trace(log(), "Catalog::getBillboardIds: ");
+    trace.add("bbCategory=", category);
+    askList({"GetBillboardIds",
+             "There are no project Ids for the given category. It may be a project id instead.",
+             "There is not a project Ids for the given category.", "Added project ID="},
+            category, ids, trace);
+}
+
+void Catalog::getBillboardActions(const std::string& bbId, std::vector<std::string>& actions) {
+    MethodTrace trace(log(), "Catalog::getBillboardActions: ");
+    trace.add("bbId=", bbId);
+    // The texts speak of project ids here too; readers of the log know them so.
+    askList({"GetBillboardActions",
+             "There are no project Ids for the given category. It may be a project id instead.",
+             "There are no project Ids for the given category.", "Added action="},
+            bbId, actions, trace);
+}
+
+std::string Catalog::getBillboardActionParam(const std::string& bbId, std::int32_t actionId) {
+    MethodTrace trace(log(), "Catalog::getBillboardActionParam(bbId=", bbId,
+                      ", actionId=", actionId, "): ");
+    if (!initialize()) return {};
+    if (actionId < 0) {
+        trace.add("ERROR - actionId < 0");
+        return {};
+    }
+    std::vector<std::string> actions;
+    getBillboardActions(bbId, actions);
+    if (static_cast<std::size_t>(actionId) >= actions.size()) {
+        trace.add("ERROR - actionId > number of actions. Number of actions=", actions.size());
+        return {};
+    }
+    std::string param = std::move(actions[static_cast<std::size_t>(actionId)]);
+    trace.setResult(param);
+    return param;
+}
+
+}  // namespace jsw

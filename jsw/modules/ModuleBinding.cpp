@@ -1,0 +1,54 @@
+#include "jsw/modules/ModuleBinding.h"
+
+#include "PublicLib/errors/Exception.h"
+#include "PublicLib/os/Localize.h"
+#include "PublicLib/win/Paths.h"
+#include "jsw/settings/Settings.h"
+
+namespace jsw {
+
+namespace {
+
+std::string readOr(const setting::Text& text, const std::string& fallback) {
+    std::string value;
+    return Settings().read(text, value) && !value.empty() ? value : fallback;
+}
+
+}  // namespace
+
+std::string defaultModuleName(const setting::Text& module) {
+    return Localize::getInstance()->localId() + module.defaultValue;
+}
+
+std::string moduleFilePath(const setting::Text& module) {
+    return joinPath(readOr(setting::kDllPath, setting::kDllPath.defaultValue),
+                    readOr(module, defaultModuleName(module)));
+}
+
+std::unique_ptr<ModuleDll> loadModule(const std::string& fileName, const LoggerComponent& component,
+                                      MethodTrace& trace) {
+    try {
+        auto dll = std::make_unique<ModuleDll>();
+        dll->init(fileName);
+        return dll;
+    } catch (const Win32Exception& error) {
+        logLine(component, kLogError, "ERROR - ", error.message());
+        trace.add(error.text());
+        return nullptr;
+    }
+}
+
+void reportModuleException(const LoggerComponent& component, const char* name) {
+    logLine(component, kLogError, "ERROR - the module raised an exception in ", name);
+}
+
+void* allocateForModule(std::int32_t size) {
+    return size < 0 ? nullptr : std::malloc(static_cast<std::size_t>(size));
+}
+
+std::string takeText(char* text) {
+    const ModuleMemory<char> owner(text);
+    return text == nullptr ? std::string() : std::string(text);
+}
+
+}  // namespace jsw

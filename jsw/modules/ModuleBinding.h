@@ -1,0 +1,67 @@
+#pragma once
+
+#include "PublicLib/BasicDll.h"
+#include "PublicLib/logging/MethodTrace.h"
+#include "PublicLib/win/EntryPoint.h"
+#include "jsw/settings/SettingNames.h"
+
+#include <cstdlib>
+#include <memory>
+#include <string>
+
+/// What all bindings of modules have in common: where a module lies, how it is loaded, how an entry
+/// point is called and who frees what it returns.
+namespace jsw {
+
+using ModuleDll = BasicDll<DllHandler>;
+
+/// Full name of a module's file: the module folder of the settings ("DllPath", "." when it is
+/// missing) joined with the module's name from the settings, or the default one.
+std::string moduleFilePath(const setting::Text& module);
+
+/// A module's default file name: the local id followed by the name of its kind.
+std::string defaultModuleName(const setting::Text& module);
+
+/// Loads a module; null, with an error line in the log, when it cannot be loaded.
+std::unique_ptr<ModuleDll> loadModule(const std::string& fileName, const LoggerComponent& component,
+                                      MethodTrace& trace);
+
+/// The module's entry point, or null with a line in the trace. Looked up at every call, because a
+/// module may be loaded afresh between two calls.
+template <class Function>
+Function* findEntry(const ModuleDll* dll, const char* name, MethodTrace& trace) {
+    Function* entry = dll == nullptr ? nullptr : findEntryPoint<Function>(dll->handle(), name);
+    if (entry == nullptr) trace.add("Could not get proc address for ", name);
+    return entry;
+}
+
+/// Reports an exception that a module let out of an entry point.
+void reportModuleException(const LoggerComponent& component, const char* name);
+
+/// Calls an entry point. A module should not let an exception out; one that does gets the empty
+/// answer, so that the print job never sees it.
+template <class Function, class... Args>
+auto callEntry(const LoggerComponent& component, const char* name, Function* entry,
+               const Args&... args) -> decltype(entry(args...)) {
+    try {
+        return entry(args...);
+    } catch (...) {
+        reportModuleException(component, name);
+    }
+    return decltype(entry(args...))();
+}
+
+/// The allocation function handed to modules: size bytes that this library frees, or null.
+void* allocateForModule(std::int32_t size);
+
+struct FreeModuleMemory {
+    void operator()(void* memory) const { std::free(memory); }
+};
+/// Owns a text or array that a module has allocated with allocateForModule().
+template <class T>
+using ModuleMemory = std::unique_ptr<T, FreeModuleMemory>;
+
+/// Copies a text that a module returned, null as an empty one, and frees it.
+std::string takeText(char* text);
+
+}  // namespace jsw

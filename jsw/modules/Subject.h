@@ -1,0 +1,34 @@
+#pragma once
+
+#include "PublicLib/locks/CriticalSection.h"
+
+#include <vector>
+
+namespace jsw {
+
+class Subject;
+
+/// Wants to know when something happens to a subject.
+class Observer {
+  public:
+    virtual ~Observer() = default;
+    /// Called on the thread on which it happened.
+    virtual void update(Subject* subject) = 0;
+};
+
+/// Tells its observers when something happens to it. Does not own them: they detach before they go.
+class Subject {
+  public:
+    virtual ~Subject() = default;
+    virtual void attach(Observer* observer);
+    virtual void detach(Observer* observer);
+    /// Calls every observer that is attached at this moment; without holding a lock, so an
+    /// observer may attach, detach or notify.
+    virtual void notify();
+
+  private:
+    CriticalSection lock_;
+    std::vector<Observer*> observers_;
+};
+
+}  // namespace jsw
