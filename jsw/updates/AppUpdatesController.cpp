@@ -1,0 +1,157 @@
+#include "jsw/updates/AppUpdatesController.h"
+
+#include "PublicLib/NeverDestroyed.h"
+#include "PublicLib/errors/Exception.h"
+#include "PublicLib/locks/Singleton.h"
+#include "PublicLib/logging/MethodTrace.h"
+#include "PublicLib/os/CurrentProcess.h"
+#include "PublicLib/os/OsVersion.h"
+#include "PublicLib/win/Paths.h"
+#include "jsw/updates/InstalledFile.h"
+#include "jsw/updates/UpdateSchedule.h"
+
+namespace jsw {
+
+namespace {
+
+NeverDestroyed<Singleton<AppUpdatesController>> singleton;
+
+std::time_t systemTime() {
+    return std::time(nullptr);
+}
+
+std::time_t makeTime(std::tm* time) {
+    return std::mktime(time);
+}
+
+}  // namespace
+
+/// One moment, as calendar time and as local time.
+struct AppUpdatesController::Moment {
+    std::time_t time;
+    std::tm local;
+};
+
+std::shared_ptr<AppUpdatesController> AppUpdatesController::instance() {
+    MethodTrace trace(component::kUpdater, "AppUpdatesController::instance: ");
+    return singleton->instance([&] {
+        trace.add("instantiating AppUpdatesController.");
+        return std::make_shared<AppUpdatesController>();
+    });
+}
+
+void AppUpdatesController::destroy() {
+    MethodTrace trace(component::kUpdater, "AppUpdatesController::destroy: ");
+    singleton->destroy([&] { trace.add("destroying AppUpdatesController."); });
+}
+
+AppUpdatesController::AppUpdatesController(Clock clock)
+    : clock_(clock != nullptr ? clock : systemTime) {
+}
+
+void AppUpdatesController::checkForUpdates() {
+    MethodTrace trace(component::kUpdater, "AppUpdatesController::checkForUpdates() ");
+    const Settings settings;
+    std::uint32_t enabled = setting::kCheckForUpdates.defaultValue;
+    settings.readOrWriteDefault(setting::kCheckForUpdates, enabled);
+    if (enabled == 0) {
+        trace.add("The check for updates has been TURNED OFF!");
+        return;
+    }
+    if (!isItTimeToCheckForUpdates()) {
+        trace.add("It is not time to check for updates yet.");
+        return;
+    }
+    trace.add("It it time to check for updates. Attempting to initiate the update process");
+    // Before anything is started: a launch that fails is not tried again with every job.
+    resetLastUpdatesCheckTime();
+
+    std::string name;
+    if (!settings.readOrWriteDefault(setting::kUpdaterExecutable, name) || name.empty()) {
+        trace.add("FAILED to retrieve the BillBoard updater executable name!");
+        return;
+    }
+    try {
+        const OsVersion& version = OsVersion::instance();
+        if (!version.isXpOrLater()) {
+            trace.add("OS is not XP or greater. NO Updates available.");
+            return;
+        }
+        launch(updaterPath(settings, name));
+    } catch (const Exception& error) {
+        logLine(component::kUpdater, kLogError, "ERROR: Updater FAILED to Launch: ", error.text());
+    }
+}
+
+/// Throws Exception for a name that is not that of a program in the folder.
+std::string AppUpdatesController::updaterPath(const Settings& settings,
+                                              const std::string& name) const {
+    std::string folder;
+    if (!settings.read(setting::kDllPath, folder) || folder.empty()) {
+        folder = CurrentProcess::instance()->folder();
+    }
+    std::string path = joinPath(folder, name);
+    if (!isPlainFileName(name)) {
+        throw Exception("the updater's name is no plain file name: " + name, 0, "", 0);
+    }
+    // The shell would open it in a window.
+    if (isFolder(path)) throw Exception("the updater is a folder: " + path, 0, "", 0);
+    return path;
+}
+
+void AppUpdatesController::launch(const std::string& updaterPath) {
+    if (OsVersion::instance().isVersion6OrLater()) {
+        checkForUpdatesVista(updaterPath);
+    } else {
+        checkForUpdatesXp(updaterPath);
+    }
+}
+
+bool AppUpdatesController::currentTime(Moment& moment) const {
+    moment = {clock_(), {}};
+    if (localtime_s(&moment.local, &moment.time) == 0) return true;
+    logLine(component::kUpdater, kLogError, "ERROR:  timeNow not valid");
+    return false;
+}
+
+bool AppUpdatesController::isItTimeToCheckForUpdates() {
+    MethodTrace trace(component::kUpdater, "AppUpdatesController::isItTimeToCheckForUpdates: ");
+    Moment now{};
+    if (!currentTime(now)) return false;
+
+    const Settings settings;
+    const std::string lastCheck = lastCheckDate(settings, formatCurrentDate(now.local));
+    trace.add("The last check for updates was performed on : ", lastCheck);
+    std::uint32_t interval = setting::kUpdatesCheckFrequency.defaultValue;
+    settings.readOrWriteDefault(setting::kUpdatesCheckFrequency, interval);
+    trace.add("Interval between checks is : ", interval);
+
+    const bool due = isCheckDue(lastCheck, interval, now.time, now.local, makeTime);
+    trace.add(due ? "Time interval has expired, check for updates"
+                  : "It is still not time to check for updates");
+    return due;
+}
+
+/// Today's date for a store that has none yet, and while there is no store; empty, which is no
+/// date, for a value of the wrong type, so that the check is due and puts it right.
+std::string AppUpdatesController::lastCheckDate(const Settings& settings,
+                                                const std::string& today) const {
+    std::string date;
+    const setting::Text& stored = setting::kDateLastChecked;
+    if (settings.getStringValueOrDefault(stored.key, stored.name, today, date)) return date;
+    return settings.isValid() ? std::string() : today;
+}
+
+void AppUpdatesController::resetLastUpdatesCheckTime() {
+    MethodTrace trace(component::kUpdater, "AppUpdatesController::resetLastUpdatesCheckTime() ");
+    Moment now{};
+    if (!currentTime(now)) return;
+    Settings().write(setting::kDateLastChecked, formatCurrentDate(now.local));
+}
+
+std::string AppUpdatesController::formatCurrentDate(const std::tm& time) {
+    MethodTrace trace(component::kUpdater, "AppUpdatesController::formatCurrentDate() ");
+    return formatDate(time);
+}
+
+}  // namespace jsw

@@ -1,0 +1,160 @@
+#include "PublicLib/logging/MethodTrace.h"
+#include "PublicLib/win/Paths.h"
+#include "PublicLib/win/SystemFolders.h"
+#include "jsw/updates/AppUpdatesController.h"
+#include "jsw/updates/InstalledFile.h"
+
+#include <windows.h>
+
+#include <shlobj.h>
+
+namespace jsw {
+
+namespace {
+
+/// A file that the updater replaces by one of a new name.
+struct UpdatedFile {
+    const char* what;            ///< in the log
+    const setting::Text* inUse;  ///< holds the name in use; the new one has the same value name
+};
+
+constexpr UpdatedFile kUpdatedFiles[] = {
+    {"Catalog Dll", &setting::kCatalogModule},
+    {"Rules Engine Dll", &setting::kRulesEngineModule},
+    {"View Dll", &setting::kViewModule},
+    {"BillBoard Version", &setting::kBillBoardVersionFile},
+};
+
+std::string moduleFolder(const Settings& settings) {
+    std::string folder;
+    if (!settings.read(setting::kDllPath, folder) || folder.empty()) {
+        folder = setting::kDllPath.defaultValue;  // where the modules are then loaded from
+    }
+    return folder;
+}
+
+/// Takes the file's new name into use; false, with the old name kept, when there is no such file.
+bool switchFile(const Settings& settings, const UpdatedFile& file, const std::string& folder,
+                MethodTrace& trace) {
+    std::string name;
+    settings.getStringValue(setting::kUpdatedFilesKey, file.inUse->name, name);
+    if (!isFileIn(folder, name)) {
+        trace.add(file.what,
+                  " file was NOT updated. File does not exist : ", joinPath(folder, name));
+        return false;
+    }
+    trace.add(file.what, " file was updated, updating file name in setting to : ", name);
+    settings.write(*file.inUse, name);
+    return true;
+}
+
+bool isMissing(const Settings& settings, const setting::Text& path) {
+    std::string value;
+    return !settings.read(path, value) || value.empty();
+}
+
+}  // namespace
+
+bool AppUpdatesController::setInitialPaths() {
+    MethodTrace trace(component::kUpdater, "AppUpdatesController::setInitialPaths() ");
+    const Settings settings;
+    const bool dataMissing = isMissing(settings, setting::kDataPath);
+    if (!dataMissing) trace.add("DataPath was already set.");
+    const bool dllMissing = isMissing(settings, setting::kDllPath);
+    if (!dllMissing) trace.add("DllPath was already set.");
+
+    bool result = false;
+    if (dataMissing || dllMissing) {
+        const std::string path = getInitialPath();
+        if (dataMissing) {
+            trace.add("Setting initial data path=", path, ".");
+            result = settings.write(setting::kDataPath, path);
+        }
+        if (dllMissing) {
+            trace.add("Setting initial dll path=", path, ".");
+            result = settings.write(setting::kDllPath, path) && result;
+        }
+    }
+    trace.setResult(concat(result));
+    return result;
+}
+
+std::string AppUpdatesController::getInitialPath() {
+    MethodTrace trace(component::kUpdater, "AppUpdatesController::getInitialPath() ");
+    std::string programFiles = specialFolder(CSIDL_PROGRAM_FILES);
+    if (programFiles.empty()) programFiles = "C:\\Program Files";
+    std::string below;
+    Settings().read(setting::kInitialPath, below);
+    return joinPath(programFiles, below);
+}
+
+void AppUpdatesController::performPostUpdateChangesIfRequired() {
+    MethodTrace trace(component::kUpdater,
+                      "AppUpdatesController::performPostUpdateChangesIfRequired() ");
+    if (setInitialPaths()) {
+        trace.add("Initial run of the JSW. An update could not have been performed yet.");
+        return;
+    }
+    const Settings settings;
+    std::uint32_t enabled = setting::kCheckForUpdates.defaultValue;
+    settings.readOrWriteDefault(setting::kCheckForUpdates, enabled);
+    if (enabled == 0) {
+        trace.add("The check for updates has been TURNED OFF. No updates could be performed");
+        return;
+    }
+    if (settings.isCompleteSoftwareUpdated()) {
+        switchSoftware(settings, trace);
+    } else if (!settings.isDataUpdated()) {
+        trace.add("The updated flags are either turned off or are set to do not change.");
+        return;
+    }
+    switchData(settings, trace);
+}
+
+void AppUpdatesController::switchSoftware(const Settings& settings, MethodTrace& trace) {
+    // A software package brings its data along.
+    settings.setFlag(setting::kDataUpdated, UpdateFlag::updated);
+    const std::string folder = moduleFolder(settings);
+    bool complete = true;
+    for (const UpdatedFile& file : kUpdatedFiles) {
+        complete = switchFile(settings, file, folder, trace) && complete;
+    }
+    trace.add(complete ? "All the binaries have been updated at least once, setting the "
+                         "CompleteUpdateFlag to DO NOT CHANGE"
+                       : "All the binaries have NOT been updated atleast once, "
+                         "resetting the CompleteUpdateFlag");
+    settings.setFlag(setting::kCompleteSoftwareUpdated,
+                     complete ? UpdateFlag::doNotChange : UpdateFlag::none);
+}
+
+void AppUpdatesController::switchData(const Settings& settings, MethodTrace& trace) {
+    if (!settings.isDataUpdated()) {
+        trace.add("The data updated flags already set to DO NOT CHANGE");
+        resetCachedDefaultBillboardSettings();
+        return;
+    }
+    trace.add("The data updated flags was set. A data update was performed for the first time");
+    std::string catalog;
+    settings.read(setting::kCatalogFilename, catalog);
+    const std::string folder = settings.dataUpdatesFolder();
+    if (!isFileIn(folder, catalog)) {
+        trace.add("Catalog file does NOT exist : ", catalog);
+        trace.add("Data update was not installed successfully, resetting Data Update flag");
+        settings.setFlag(setting::kDataUpdated, UpdateFlag::none);
+        return;
+    }
+    trace.add("Data was updated successfully, file exists : ", catalog);
+    trace.add("Updating the data path to : ", folder);
+    settings.write(setting::kDataPath, folder);
+    trace.add("Updating the Data Updated flag to DO NOT CHANGE");
+    settings.setFlag(setting::kDataUpdated, UpdateFlag::doNotChange);
+    resetCachedDefaultBillboardSettings();
+}
+
+void AppUpdatesController::resetCachedDefaultBillboardSettings() {
+    MethodTrace trace(component::kUpdater,
+                      "AppUpdatesController::resetCachedDefaultBillboardSettings() ");
+    Settings().write(setting::kDefaultBillboardFile, "");
+}
+
+}  // namespace jsw

@@ -1,0 +1,109 @@
+#include "PublicLib/logging/MethodTrace.h"
+#include "PublicLib/win/EntryPoint.h"
+#include "jsw/updates/AppUpdatesController.h"
+
+#include <windows.h>
+
+#include <shellapi.h>
+
+#include <exception>
+
+namespace jsw {
+
+namespace {
+
+using QueryUserToken = BOOL WINAPI(ULONG sessionId, HANDLE* token);
+
+constexpr std::size_t kCommandLineSize = 261;  // characters, the terminator included
+
+bool queryUserToken(KernelHandle& token) {
+    std::string path;
+    const ModuleHandle terminalServices = loadSystemLibrary("wtsapi32.dll", path);
+    if (!terminalServices) return false;
+    auto* query = findEntryPoint<QueryUserToken>(terminalServices.get(), "WTSQueryUserToken");
+    return query != nullptr && query(activeConsoleSession(), token.put()) != FALSE;
+}
+
+/// Starts the program as the token's user and lets go of it at once. False with GetLastError()
+/// set.
+bool startAsUser(HANDLE token, std::string commandLine, void* environment) {
+    if (commandLine.size() >= kCommandLineSize) {
+        SetLastError(ERROR_FILENAME_EXCED_RANGE);
+        return false;
+    }
+    constexpr DWORD kFlags =
+        CREATE_NEW_CONSOLE | NORMAL_PRIORITY_CLASS | CREATE_UNICODE_ENVIRONMENT;
+    STARTUPINFOA startup{};
+    startup.cb = sizeof(startup);
+    PROCESS_INFORMATION info{};
+    if (CreateProcessAsUserA(token, nullptr, commandLine.data(), nullptr, nullptr, FALSE, kFlags,
+                             environment, nullptr, &startup, &info) == FALSE) {
+        return false;
+    }
+    const KernelHandle process(info.hProcess);
+    const KernelHandle thread(info.hThread);
+    return true;
+}
+
+}  // namespace
+
+void AppUpdatesController::checkForUpdatesVista(const std::string& updaterPath) {
+    MethodTrace trace(component::kUpdater, "AppUpdatesController::checkForUpdatesVista: ");
+    constexpr INT_PTR kHighestError = 32;
+    const auto result = reinterpret_cast<INT_PTR>(
+        ShellExecuteA(nullptr, "RunAs", updaterPath.c_str(), "-UAC", nullptr, SW_SHOWNORMAL));
+    if (result > kHighestError) {
+        trace.add("Updater launched successfully.");
+    } else {
+        trace.add("WARNING: API ShellExecute(", updaterPath, ") failed, retCode=", result, ".");
+    }
+}
+
+void AppUpdatesController::checkForUpdatesXp(const std::string& updaterPath) {
+    MethodTrace trace(component::kUpdater, "AppUpdatesController::checkForUpdatesXp: ");
+    KernelHandle token;
+    {
+        KernelHandle sessionToken;
+        DWORD error = ERROR_SUCCESS;
+        if (!getSessionUserToken(&sessionToken, &error)) return;
+        if (DuplicateTokenEx(sessionToken.get(), MAXIMUM_ALLOWED, nullptr, SecurityIdentification,
+                             TokenPrimary, token.put()) == FALSE) {
+            trace.add("API DuplicateTokenEx failed, lastErr=", GetLastError(), ".");
+            return;
+        }
+    }
+    UserEnvironment environment;
+    createEnvironment(environment, token.get());
+    trace.add("Launching=", updaterPath, ".");
+    if (startAsUser(token.get(), updaterPath, environment.block())) {
+        trace.add("API CreateProcessAsUser success, retCode=", TRUE, ".");
+    } else {
+        trace.add("API CreateProcessAsUser failed, lastErr=", GetLastError(), ".");
+    }
+}
+
+bool AppUpdatesController::getSessionUserToken(KernelHandle* token, DWORD* error) {
+    MethodTrace trace(component::kUpdater, "AppUpdatesController::getSessionUserToken: ");
+    const bool given = token != nullptr && error != nullptr;
+    const bool found = given && queryUserToken(*token);
+    if (given && !found) {
+        *error = GetLastError();
+        trace.add("API WTSQueryUserToken failed, lastErr=", *error, ".");
+    }
+    trace.setResult(concat(found));
+    return found;
+}
+
+bool AppUpdatesController::createEnvironment(UserEnvironment& environment, HANDLE token) {
+    MethodTrace trace(component::kUpdater, "AppUpdatesController::createEnvironment: ");
+    try {
+        const std::string failure = environment.create(token);
+        if (!failure.empty()) trace.add(failure);
+        return failure.empty();
+    } catch (const std::exception&) {
+        trace.add("Exception lastErr=", GetLastError());
+        return false;
+    }
+}
+
+}  // namespace jsw

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "PublicLib/win/Handles.h"
+
+#include <windows.h>
+
+#include <string>
+
+namespace jsw {
+
+/// A library of Windows itself, loaded from the system folder and nowhere else.
+/// @param fileName  such as "userenv.dll"
+/// @param path      receives the full path that was tried
+/// Empty on failure, with GetLastError() set.
+ModuleHandle loadSystemLibrary(const std::string& fileName, std::string& path);
+
+/// The session of the user at the console; 0 on systems that cannot tell.
+DWORD activeConsoleSession();
+
+/// The environment variables of a user, as a block for a new process. Owns the block and the
+/// library that made it, and gives both back.
+class UserEnvironment {
+  public:
+    UserEnvironment() = default;
+    ~UserEnvironment();
+    UserEnvironment(const UserEnvironment&) = delete;
+    UserEnvironment& operator=(const UserEnvironment&) = delete;
+
+    /// Makes the block of a token's user, without anything of this process's environment. Called
+    /// once. Empty on success, else what failed, with the error number: for the log.
+    std::string create(HANDLE token);
+
+    /// In wide characters; null when there is none, so that this process's own is inherited.
+    void* block() const { return block_; }
+
+  private:
+    ModuleHandle library_;
+    void* block_ = nullptr;
+};
+
+}  // namespace jsw
