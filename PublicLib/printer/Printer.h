@@ -7,6 +7,7 @@
 
 namespace jsw {
 
+class MethodTrace;
 class NullPrinter;
 
 /// The job's printer. Whatever its friendly name leads to - a device, the built-in simulated
@@ -36,7 +37,7 @@ class Printer {
 
   private:
     bool initialize(const std::string& friendlyName);
-    void switchToNullPrinter(const std::string& friendlyName);
+    void switchToNullPrinter(const std::string& friendlyName, MethodTrace& trace);
 
     std::unique_ptr<NullPrinter> printer_;
 };

@@ -1,0 +1,220 @@
+// What PcsClient holds: the library, the client id and the open handles.
+
+#include "PublicLib/printer/PcsClient.h"
+#include "PublicLib/printer/ServerName.h"
+#include "PublicLib/text/Text.h"
+
+#include <windows.h>
+
+#include <cctype>
+#include <mutex>
+#include <utility>
+
+namespace jsw {
+
+namespace {
+
+/// "getCachePrinter" is the library's "PcsGetCachePrinter".
+std::string entryPointName(const char* operation) {
+    std::string name = concat("Pcs", operation);
+    name[3] = static_cast<char>(std::toupper(static_cast<unsigned char>(name[3])));
+    return name;
+}
+
+const char* closeOperation(PcsDevice device) {
+    switch (device) {
+        case PcsDevice::hid:
+            return "closeHid";
+        case PcsDevice::scanner:
+            return "closeScanner";
+        case PcsDevice::cardReader:
+            return "closeCardReader";
+        default:
+            return "closePrinter";
+    }
+}
+
+template <class Function, class... Arguments>
+PcsStatus callEntryPoint(void* entryPoint, Arguments... arguments) {
+    return reinterpret_cast<Function*>(entryPoint)(arguments...);
+}
+
+}  // namespace
+
+PcsClient::PcsClient(std::string dllName, std::string serverName, bool keepLoaded)
+    : serverName_(std::move(serverName)), dllName_(std::move(dllName)), keepLoaded_(keepLoaded) {
+}
+
+PcsClient::~PcsClient() {
+    for (const auto device :
+         {PcsDevice::printer, PcsDevice::hid, PcsDevice::scanner, PcsDevice::cardReader}) {
+        closeAll(device);
+    }
+    if (library_) unload();
+}
+
+PcsStatus PcsClient::acquireLibrary() {
+    const std::lock_guard lock(libraryLock_);
+    if (libraryUsers_ == 0 && !library_) {
+        const PcsStatus status = loadLibrary();
+        if (status != ERROR_SUCCESS) return status;
+    }
+    ++libraryUsers_;
+    return ERROR_SUCCESS;
+}
+
+/// Under libraryLock_. A library that does not initialise is freed again, so that the next call
+/// tries afresh.
+PcsStatus PcsClient::loadLibrary() {
+    ModuleHandle library(LoadLibraryA(dllName_.c_str()));
+    if (!library) return GetLastError();
+    void* const entryPoint = findIn(library.get(), "initialize");
+    if (entryPoint == nullptr || callEntryPoint<JswDeviceLifetime>(entryPoint) != ERROR_SUCCESS) {
+        const PcsStatus error = GetLastError();
+        // A library may fail without leaving an error behind; that must not pass for a success.
+        return error != ERROR_SUCCESS ? error : ERROR_DLL_INIT_FAILED;
+    }
+    library_ = std::move(library);
+    return ERROR_SUCCESS;
+}
+
+PcsStatus PcsClient::acquireClientId(JswDeviceClientId& clientId) {
+    std::unique_lock lock(clientIdLock_);
+    if (const PcsStatus status = checkServerName(); status != ERROR_SUCCESS) {
+        // The lock is left held: callers rely on it that a client whose server was refused stays
+        // with the thread that was refused, which may take the lock again.
+        lock.release();
+        return status;
+    }
+    if (clientIdUsers_ == 0) {
+        if (const PcsStatus status = askForClientId(); status != ERROR_SUCCESS) return status;
+    }
+    ++clientIdUsers_;
+    clientId = clientId_;
+    return ERROR_SUCCESS;
+}
+
+/// Under clientIdLock_.
+PcsStatus PcsClient::askForClientId() {
+    void* const entryPoint = find("getClientId");
+    if (entryPoint == nullptr) return ERROR_PROC_NOT_FOUND;
+    JswDeviceClientId clientId = 0;
+    const PcsStatus status =
+        callEntryPoint<JswDeviceGetClientId>(entryPoint, &clientId, serverName_.c_str());
+    clientId_ = status == ERROR_SUCCESS ? clientId : 0;
+    return status;
+}
+
+PcsStatus PcsClient::acquireForCall(JswDeviceClientId& clientId, GivesUp onClientIdFailure) {
+    if (acquireLibrary() != ERROR_SUCCESS) return ERROR_MOD_NOT_FOUND;
+    const PcsStatus status = acquireClientId(clientId);
+    if (status == ERROR_SUCCESS) return status;
+    if (onClientIdFailure == GivesUp::library) {
+        releaseLibrary();
+    } else {
+        // Gives up the client id that was not had, not the library: callers rely on the library
+        // staying loaded after a window enumeration that failed here.
+        releaseClientId();
+    }
+    return status;
+}
+
+void PcsClient::releaseClientId() {
+    const std::lock_guard lock(clientIdLock_);
+    if (clientIdUsers_ > 0) --clientIdUsers_;
+    if (clientIdUsers_ == 0) clientId_ = 0;
+}
+
+void PcsClient::releaseLibrary() {
+    const std::lock_guard lock(libraryLock_);
+    if (libraryUsers_ > 0) --libraryUsers_;
+    if (libraryUsers_ <= 0 && library_ && !keepLoaded_) unload();
+}
+
+/// After an open whose entry point is missing. For HID interfaces and scanners the client id is
+/// kept: callers rely on keeping the id that their registrations were made with.
+void PcsClient::releaseUnopened(PcsDevice device) {
+    if (device != PcsDevice::hid && device != PcsDevice::scanner) releaseClientId();
+    releaseLibrary();
+}
+
+/// Under libraryLock_, or when nobody else has this object any more.
+void PcsClient::unload() {
+    if (void* const entryPoint = findIn(library_.get(), "uninitialize")) {
+        callEntryPoint<JswDeviceLifetime>(entryPoint);
+    }
+    library_.reset();
+    libraryUsers_ = 0;
+}
+
+/// Null, too, when the library is not loaded.
+PcsClient::EntryPoint PcsClient::find(const char* operation) const {
+    const std::lock_guard lock(libraryLock_);
+    return library_ ? findIn(library_.get(), operation) : nullptr;
+}
+
+PcsClient::EntryPoint PcsClient::findIn(HMODULE library, const char* operation) {
+    return reinterpret_cast<void*>(GetProcAddress(library, entryPointName(operation).c_str()));
+}
+
+void PcsClient::remember(PcsHandle handle, JswDeviceClientId clientId, PcsDevice device) {
+    const std::lock_guard lock(handleMapLock_);
+    const auto [entry, added] = openHandles_.try_emplace(handle, clientId, 1U, device);
+    if (!added) ++entry->second.openCount;
+}
+
+std::optional<JswDeviceClientId> PcsClient::clientIdOf(PcsHandle handle) {
+    const std::lock_guard lock(handleMapLock_);
+    const auto entry = openHandles_.find(handle);
+    if (entry == openHandles_.end()) return std::nullopt;
+    return entry->second.clientId;
+}
+
+void PcsClient::forget(PcsHandle handle) {
+    const std::lock_guard lock(handleMapLock_);
+    const auto entry = openHandles_.find(handle);
+    if (entry != openHandles_.end() && --entry->second.openCount == 0) openHandles_.erase(entry);
+}
+
+std::optional<PcsHandle> PcsClient::anyOpen(PcsDevice device) {
+    const std::lock_guard lock(handleMapLock_);
+    for (const auto& [handle, open] : openHandles_) {
+        if (open.device == device) return handle;
+    }
+    return std::nullopt;
+}
+
+/// Answers the last failure of a close, if any.
+PcsStatus PcsClient::closeAll(PcsDevice device) {
+    PcsStatus result = ERROR_SUCCESS;
+    while (const auto handle = anyOpen(device)) {
+        const PcsStatus status = close(closeOperation(device), *handle);
+        if (status != ERROR_SUCCESS) result = status;
+    }
+    return result;
+}
+
+PcsStatus PcsClient::closeAllPrinters() {
+    return closeAll(PcsDevice::printer);
+}
+
+PcsStatus PcsClient::closeAllHids() {
+    return closeAll(PcsDevice::hid);
+}
+
+std::int32_t PcsClient::libraryUsers() const {
+    const std::lock_guard lock(libraryLock_);
+    return libraryUsers_;
+}
+
+std::uint32_t PcsClient::clientIdUsers() const {
+    const std::lock_guard lock(clientIdLock_);
+    return clientIdUsers_;
+}
+
+bool PcsClient::isLoaded() const {
+    const std::lock_guard lock(libraryLock_);
+    return static_cast<bool>(library_);
+}
+
+}  // namespace jsw

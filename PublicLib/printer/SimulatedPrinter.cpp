@@ -1,0 +1,45 @@
+#include "PublicLib/printer/SimulatedPrinter.h"
+
+#include "PublicLib/logging/MethodTrace.h"
+
+#include <windows.h>
+
+namespace jsw {
+
+SimulatedPrinter::SimulatedPrinter(const std::string& friendlyName) : NullPrinter(friendlyName) {
+    MethodTrace trace(component::kJsw,
+                      "SimulatedPrinter::SimulatedPrinter(friendlyName=", friendlyName, "):");
+    fields() = {.prtHandle = 8195,
+                .hidHandle = 8395,
+                .scannerHandle = 8595,
+                .prt = true,
+                .scanner = true,
+                .hid = true,
+                .network = kLocalTransport,
+                .port = "USB003",
+                .friendlyName = friendlyName,
+                .printHeadClass = 2};
+}
+
+bool SimulatedPrinter::init() {
+    MethodTrace trace(component::kJsw, "SimulatedPrinter::init()");
+    return true;
+}
+
+std::uint32_t SimulatedPrinter::print(const std::string& fileName) {
+    MethodTrace trace(component::kJsw, "SimulatedPrinter::print(fileName=):");
+    trace.add(fileName);
+    return ERROR_SUCCESS;
+}
+
+IPrinterCache& SimulatedPrinter::getCache() {
+    MethodTrace trace(component::kJsw, "SimulatedPrinter::getCache():");
+    return cache_;
+}
+
+std::uint32_t SimulatedPrinter::ping() {
+    MethodTrace trace(component::kJsw, "SimulatedPrinter::ping():");
+    return ERROR_SUCCESS;
+}
+
+}  // namespace jsw

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "PublicLib/printer/NullPrinter.h"
+
+namespace jsw {
+
+/// A printer with made-up values, so that everything can run without a device.
+class SimulatedPrinter final : public NullPrinter {
+  public:
+    /// The friendly name that chooses this printer, letter case aside.
+    static constexpr char kReservedName[] = "SimulatedPrinter";
+
+    explicit SimulatedPrinter(const std::string& friendlyName);
+
+    bool init() override;
+    std::uint32_t print(const std::string& fileName) override;
+    IPrinterCache& getCache() override;
+    std::uint32_t ping() override;
+
+  private:
+    SimulatedPrinterCache cache_;
+};
+
+}  // namespace jsw
