@@ -65,6 +65,12 @@ std::string moduleFileName(HMODULE module) {
     }
 }
 
+/** The local id of the program this module runs in. */
+std::string hostId() {
+    const std::string program = moduleFileName(nullptr);
+    return program.substr(program.find_last_of('\\') + 1, kLocalIdLength);
+}
+
 /** The folder, with its trailing backslash, of the module that an address lies in. */
 std::string moduleFolder(const void* address) {
     HMODULE module = nullptr;
@@ -90,11 +96,12 @@ std::string fullPath(const std::string& path) {
 
 }  // namespace
 
-HostStore::HostStore() {
-    const std::string program = moduleFileName(nullptr);
-    const std::string id = toLower(program.substr(program.find_last_of('\\') + 1, kLocalIdLength));
+HostStore::HostStore() : HostStore(hostId()) {
+}
+
+HostStore::HostStore(const std::string& localId) {
     for (const char* root : kStoreRoots) {
-        const std::string candidate = root + id + "\\";
+        const std::string candidate = root + toLower(localId) + "\\";
         if (openKey(candidate)) {
             path_ = candidate;
             return;
@@ -125,19 +132,29 @@ uint32_t HostStore::number(const std::string& subKey, const std::string& name,
     return value;
 }
 
-void HostStore::setNumber(const std::string& subKey, const std::string& name,
+bool HostStore::setText(const std::string& subKey, const std::string& name,
+                        const std::string& value) const {
+    return setValue(subKey, name, REG_SZ, value.c_str(), value.size() + 1);
+}
+
+bool HostStore::setNumber(const std::string& subKey, const std::string& name,
                           uint32_t value) const {
+    return setValue(subKey, name, REG_DWORD, &value, sizeof value);
+}
+
+bool HostStore::setValue(const std::string& subKey, const std::string& name, uint32_t type,
+                         const void* data, size_t size) const {
     if (path_.empty()) {
-        return;  // no store: nothing to add a half of one to
+        return false;  // no store: nothing to add a half of one to
     }
     HKEY handle = nullptr;
     if (RegCreateKeyExA(HKEY_LOCAL_MACHINE, (path_ + subKey).c_str(), 0, nullptr, 0, KEY_SET_VALUE,
                         nullptr, &handle, nullptr) != ERROR_SUCCESS) {
-        return;
+        return false;
     }
     const Key key(handle);
-    RegSetValueExA(key.get(), name.c_str(), 0, REG_DWORD, reinterpret_cast<const BYTE*>(&value),
-                   sizeof value);
+    return RegSetValueExA(key.get(), name.c_str(), 0, type, static_cast<const BYTE*>(data),
+                          static_cast<DWORD>(size)) == ERROR_SUCCESS;
 }
 
 std::string HostStore::dataFile(const std::string& subKey, const std::string& name,

@@ -15,13 +15,20 @@ class HostStore {
   public:
     /** Finds the store of the program this module runs in, by the program's file name. */
     HostStore();
+    /// The store of another program, by its local id: the first four letters of its file name.
+    explicit HostStore(const std::string& localId);
+
+    [[nodiscard]] bool exists() const { return !path_.empty(); }
 
     /** The fallback also stands in for an empty text. */
     [[nodiscard]] std::string text(const std::string& subKey, const std::string& name,
                                    const std::string& fallback) const;
     [[nodiscard]] uint32_t number(const std::string& subKey, const std::string& name,
                                   uint32_t fallback) const;
-    void setNumber(const std::string& subKey, const std::string& name, uint32_t value) const;
+    /** False when the value could not be written. */
+    bool setText(const std::string& subKey, const std::string& name,
+                 const std::string& value) const;
+    bool setNumber(const std::string& subKey, const std::string& name, uint32_t value) const;
 
     /**
      * The full path of a file in the data folder. The folder is the value "DataPath" (relative to
@@ -37,6 +44,9 @@ class HostStore {
                                        const void* addressInModule) const;
 
   private:
+    bool setValue(const std::string& subKey, const std::string& name, uint32_t type,
+                  const void* data, size_t size) const;
+
     std::string path_;  ///< below the machine's hive, ends in a backslash; empty without a store
 };
 

@@ -1,0 +1,88 @@
+/**
+ * @file Main.cpp
+ * qlupdater: plays the updater program that the job status library starts now and then.
+ */
+#include "samples/common/HostStore.h"
+#include "samples/updater/StartRecord.h"
+#include "samples/updater/Update.h"
+#include "samples/updater/UpdaterOptions.h"
+
+#include <windows.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <exception>
+#include <stdexcept>
+
+namespace jsw::updater {
+
+namespace {
+
+enum ExitCode { kDone = 0, kFailed = 1, kBadOptions = 2 };
+
+constexpr const char* kDefaultHost = "qlde";
+
+/** With its trailing backslash. */
+std::string programFolder() {
+    std::string path(32768, '\0');  // the longest path
+    path.resize(GetModuleFileNameA(nullptr, path.data(), static_cast<DWORD>(path.size())));
+    return path.substr(0, path.find_last_of('\\') + 1);
+}
+
+/** The program to update, and who said so. */
+struct Host {
+    std::string id;
+    const char* from;
+};
+
+Host hostToUpdate(const UpdaterOptions& options) {
+    if (!options.host.empty()) {
+        return {options.host, "the command line"};
+    }
+    const char* variable = std::getenv("JSW_UPDATER_HOST");
+    if (variable != nullptr && *variable != '\0') {
+        return {variable, "the environment"};
+    }
+    return {kDefaultHost, "default"};
+}
+
+int runProgram(const std::vector<std::string>& arguments) {
+    const ParsedOptions parsed = parseOptions(arguments);
+    if (!parsed.error.empty()) {
+        std::fprintf(stderr, "qlupdater: %s\nTry qlupdater --help.\n", parsed.error.c_str());
+        return kBadOptions;
+    }
+    const UpdaterOptions& options = parsed.options;
+    if (options.help) {
+        std::fputs(helpText(), stdout);
+        return kDone;
+    }
+    const std::string folder = programFolder();
+    const std::string record =
+        options.recordFile.empty() ? folder + "qlupdater.log" : options.recordFile;
+    const Host host = hostToUpdate(options);
+
+    std::vector<std::string> lines = howStarted(options.elevated);
+    lines.push_back("host: " + host.id + " (" + host.from + ")");
+    const UpdateReport report = installUpdates(folder, sample::HostStore(host.id));
+    lines.insert(lines.end(), report.lines.begin(), report.lines.end());
+    lines.emplace_back("ended");
+    // In one piece, so that whoever waits for the last line finds all of them.
+    if (!appendLines(record, lines)) {
+        throw std::runtime_error("cannot write " + record);
+    }
+    return report.good ? kDone : kFailed;
+}
+
+}  // namespace
+
+}  // namespace jsw::updater
+
+int main(int argc, char** argv) {
+    try {
+        return jsw::updater::runProgram(std::vector<std::string>(argv + 1, argv + argc));
+    } catch (const std::exception& problem) {
+        std::fprintf(stderr, "qlupdater: %s\n", problem.what());
+        return jsw::updater::kFailed;
+    }
+}

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace jsw::updater {
+
+/** How this program was started: one line per fact, "name: value". */
+[[nodiscard]] std::vector<std::string> howStarted(bool elevationAsked);
+
+/** Local time as "2031-05-09 14:03:07". */
+[[nodiscard]] std::string localTime();
+
+/** Appends lines to a text file; false when that fails. */
+bool appendLines(const std::string& file, const std::vector<std::string>& lines);
+
+}  // namespace jsw::updater

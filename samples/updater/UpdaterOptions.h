@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace jsw::updater {
+
+/** What the command line of the updater says. */
+struct UpdaterOptions {
+    bool help = false;
+    bool elevated = false;   ///< "-UAC": the library asked the shell for elevation
+    std::string host;        ///< local id of the program to update; empty when not given
+    std::string recordFile;  ///< empty: beside the updater
+};
+
+/** Options, or what is wrong with the command line. */
+struct ParsedOptions {
+    UpdaterOptions options;
+    std::string error;  ///< empty when all is well
+};
+
+/** @param arguments the command line without the program's name */
+[[nodiscard]] ParsedOptions parseOptions(const std::vector<std::string>& arguments);
+
+/** The text of --help. */
+[[nodiscard]] const char* helpText();
+
+}  // namespace jsw::updater
