@@ -1,4 +1,5 @@
 // sources: jsw/settings/macros/TagScanner.cpp
+// corpus: tags
 //
 // The first line of an input is the text; line n after it is the value of the tag named n (one
 // character from "1" on). The result must equal that of the naive replacement, and a value that
