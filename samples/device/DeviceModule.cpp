@@ -1,0 +1,255 @@
+/**
+ * @file DeviceModule.cpp
+ * The entry points of the sample device client: simulates the printers that a file describes. The
+ * file is read at PcsInitialize; its name is the environment variable JSW_DEVICE_FILE.
+ */
+#include "jsw/device.h"
+#include "samples/common/Report.h"
+#include "samples/device/Devices.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <cstring>
+#include <fstream>
+#include <iterator>
+#include <memory>
+#include <mutex>
+#include <set>
+
+JSW_DEVICE_ENTRY_POINTS(JSW_MODULE_DECLARE)
+
+namespace {
+
+using jsw::sample::Device;
+using jsw::sample::DeviceKind;
+using jsw::sample::Devices;
+
+std::mutex stateMutex;
+std::shared_ptr<const Devices> currentDevices;  // null before PcsInitialize
+std::multiset<JswDeviceHandle> openPrinters;
+JswDeviceClientId lastClientId = 0;
+
+/** The status of work(devices); a call under way keeps its devices alive. */
+template <class Work>
+JswDeviceStatus with(const Work& work) noexcept {
+    try {
+        std::shared_ptr<const Devices> devices;
+        {
+            const std::lock_guard lock(stateMutex);
+            devices = currentDevices;
+        }
+        return devices ? work(*devices) : ERROR_NOT_READY;
+    } catch (...) {
+        return ERROR_OUTOFMEMORY;
+    }
+}
+
+/** The same for one interface: work(device). */
+template <class Work>
+JswDeviceStatus withDevice(DeviceKind kind, JswDeviceHandle handle, const Work& work) noexcept {
+    return with([&](const Devices& devices) -> JswDeviceStatus {
+        const Device* device = devices.find(kind, handle);
+        return device == nullptr ? ERROR_INVALID_HANDLE : work(*device);
+    });
+}
+
+/** Calls back for the interfaces of a kind until the callback has enough. */
+template <class Callback>
+JswDeviceStatus enumerate(DeviceKind kind, const Callback& callback) noexcept {
+    return with([&](const Devices& devices) -> JswDeviceStatus {
+        for (const Device& device : devices.all()) {
+            if (device.kind == kind && callback(device) == 0) {
+                break;
+            }
+        }
+        return ERROR_SUCCESS;
+    });
+}
+
+std::string deviceFilePath() {
+    std::string path(GetEnvironmentVariableA("JSW_DEVICE_FILE", nullptr, 0), '\0');
+    const auto size = static_cast<DWORD>(path.size());
+    path.resize(GetEnvironmentVariableA("JSW_DEVICE_FILE", path.data(), size));
+    return path;
+}
+
+std::unique_ptr<const Devices> loadDevices() {
+    const std::string path = deviceFilePath();
+    std::ifstream file(path, std::ios::binary);
+    if (!file) {
+        jsw::sample::report("JSW_DEVICE_FILE (" + path + ") cannot be read");
+        return nullptr;
+    }
+    try {
+        const std::string text{std::istreambuf_iterator<char>(file), {}};
+        return std::make_unique<Devices>(jsw::sample::readDeviceFile(text));
+    } catch (const jsw::sample::DeviceFileError& error) {
+        jsw::sample::report(path + ": " + error.what());
+        return nullptr;
+    }
+}
+
+/** Copies what fits; answers how much. */
+uint32_t copyOut(const std::vector<uint8_t>& bytes, uint8_t* buffer, uint32_t size) {
+    const size_t copied = std::min<size_t>(bytes.size(), size);
+    std::copy_n(bytes.begin(), copied, buffer);
+    return static_cast<uint32_t>(copied);
+}
+
+bool isOpen(JswDeviceHandle printer) {
+    const std::lock_guard lock(stateMutex);
+    return openPrinters.contains(printer);
+}
+
+JswDeviceStatus copyText(const std::string& text, char* buffer, uint32_t size, uint32_t* length) {
+    if (buffer == nullptr || length == nullptr) {
+        return ERROR_INVALID_PARAMETER;
+    }
+    if (text.size() >= size) {
+        return ERROR_INSUFFICIENT_BUFFER;
+    }
+    std::memcpy(buffer, text.c_str(), text.size() + 1);
+    *length = static_cast<uint32_t>(text.size());
+    return ERROR_SUCCESS;
+}
+
+JswDeviceStatus getText(DeviceKind kind, JswDeviceHandle handle, const char* property, char* buffer,
+                        uint32_t size, uint32_t* length) noexcept {
+    return withDevice(kind, handle, [&](const Device& device) -> JswDeviceStatus {
+        const std::string name = property == nullptr ? "" : property;
+        if (name == JSW_DEVICE_PORT_PROPERTY) {
+            return copyText(device.port, buffer, size, length);
+        }
+        if (name == JSW_DEVICE_TRANSPORT_PROPERTY) {
+            return copyText(device.printer->transport, buffer, size, length);
+        }
+        return ERROR_NOT_SUPPORTED;
+    });
+}
+
+}  // namespace
+
+JswDeviceStatus PcsInitialize() {
+    try {
+        std::shared_ptr<const Devices> devices = loadDevices();
+        if (!devices) {
+            SetLastError(ERROR_FILE_NOT_FOUND);
+            return ERROR_FILE_NOT_FOUND;
+        }
+        const std::lock_guard lock(stateMutex);
+        currentDevices = std::move(devices);
+        return ERROR_SUCCESS;
+    } catch (...) {
+        SetLastError(ERROR_OUTOFMEMORY);
+        return ERROR_OUTOFMEMORY;
+    }
+}
+
+JswDeviceStatus PcsUninitialize() {
+    const std::lock_guard lock(stateMutex);
+    currentDevices.reset();
+    openPrinters.clear();
+    return ERROR_SUCCESS;
+}
+
+JswDeviceStatus PcsGetClientId(JswDeviceClientId* client, const char* /*server*/) {
+    if (client == nullptr) {
+        return ERROR_INVALID_PARAMETER;
+    }
+    const std::lock_guard lock(stateMutex);
+    *client = ++lastClientId;
+    return ERROR_SUCCESS;
+}
+
+JswDeviceStatus PcsEnumWindowsPrinters(JswDeviceClientId client, const char* /*transports*/,
+                                       const char* /*reserved*/,
+                                       JswDevicePrinterCallback callback) {
+    return enumerate(DeviceKind::printer, [&](const Device& device) {
+        return callback(client, device.handle, device.printer->name.c_str(), device.port.c_str());
+    });
+}
+
+JswDeviceStatus PcsEnumHids(JswDeviceClientId client, const char* /*transports*/,
+                            const char* /*reserved*/, JswDeviceCallback callback) {
+    return enumerate(DeviceKind::hid,
+                     [&](const Device& device) { return callback(client, device.handle); });
+}
+
+JswDeviceStatus PcsEnumScanners(JswDeviceClientId client, const char* /*transports*/,
+                                const char* /*reserved*/, JswDeviceCallback callback) {
+    return enumerate(DeviceKind::scanner,
+                     [&](const Device& device) { return callback(client, device.handle); });
+}
+
+JswDeviceStatus PcsGetStringPrinter(JswDeviceClientId /*client*/, JswDeviceHandle device,
+                                    const char* property, char* buffer, uint32_t size,
+                                    uint32_t* length) {
+    return getText(DeviceKind::printer, device, property, buffer, size, length);
+}
+
+JswDeviceStatus PcsGetStringHid(JswDeviceClientId /*client*/, JswDeviceHandle device,
+                                const char* property, char* buffer, uint32_t size,
+                                uint32_t* length) {
+    return getText(DeviceKind::hid, device, property, buffer, size, length);
+}
+
+JswDeviceStatus PcsGetStringScanner(JswDeviceClientId /*client*/, JswDeviceHandle device,
+                                    const char* property, char* buffer, uint32_t size,
+                                    uint32_t* length) {
+    return getText(DeviceKind::scanner, device, property, buffer, size, length);
+}
+
+JswDeviceStatus PcsGetCachePrinter(JswDeviceClientId /*client*/, JswDeviceHandle printer,
+                                   uint8_t* buffer, uint32_t size, uint32_t* length) {
+    return withDevice(DeviceKind::printer, printer, [&](const Device& device) -> JswDeviceStatus {
+        const auto& cache = device.printer->cache;
+        if (buffer == nullptr || length == nullptr) {
+            return ERROR_INVALID_PARAMETER;
+        }
+        if (cache.empty()) {
+            return ERROR_FILE_NOT_FOUND;
+        }
+        *length = copyOut(cache, buffer, size);
+        return ERROR_SUCCESS;
+    });
+}
+
+JswDeviceStatus PcsOpenPrinter(JswDeviceClientId /*client*/, JswDeviceHandle printer) {
+    return withDevice(DeviceKind::printer, printer, [&](const Device&) -> JswDeviceStatus {
+        const std::lock_guard lock(stateMutex);
+        openPrinters.insert(printer);
+        return ERROR_SUCCESS;
+    });
+}
+
+JswDeviceStatus PcsExchangeBidiPrinter(JswDeviceClientId /*client*/, JswDeviceHandle printer,
+                                       const uint8_t* request, uint32_t requestLength,
+                                       uint8_t* response, uint32_t responseSize,
+                                       uint32_t* responseLength) {
+    return withDevice(DeviceKind::printer, printer, [&](const Device& device) -> JswDeviceStatus {
+        if (request == nullptr || response == nullptr || responseLength == nullptr) {
+            return ERROR_INVALID_PARAMETER;
+        }
+        if (!isOpen(printer)) {
+            return ERROR_INVALID_HANDLE;
+        }
+        const auto answer = jsw::sample::answerPacket(*device.printer, {request, requestLength});
+        if (answer.empty()) {
+            return ERROR_NOT_SUPPORTED;
+        }
+        copyOut(answer, response, responseSize);
+        *responseLength = static_cast<uint32_t>(answer.size());
+        return ERROR_SUCCESS;
+    });
+}
+
+JswDeviceStatus PcsClosePrinter(JswDeviceClientId /*client*/, JswDeviceHandle printer) {
+    const std::lock_guard lock(stateMutex);
+    const auto open = openPrinters.find(printer);
+    if (open == openPrinters.end()) {
+        return ERROR_INVALID_HANDLE;
+    }
+    openPrinters.erase(open);
+    return ERROR_SUCCESS;
+}
