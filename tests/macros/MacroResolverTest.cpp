@@ -1,0 +1,234 @@
+#include "PublicLib/logging/BasicLogger.h"
+#include "PublicLib/os/Localize.h"
+#include "PublicLib/printer/Printer.h"
+#include "PublicLib/win/Paths.h"
+#include "jsw/settings/OfnSettings.h"
+#include "jsw/settings/RegistryKey.h"
+#include "jsw/settings/Settings.h"
+#include "jsw/settings/macros/MacroResolver.h"
+#include "jsw/settings/macros/OsCodes.h"
+#include "tests/support/HostTest.h"
+#include "tests/support/SpoolerPrinter.h"
+
+#include <windows.h>
+
+#include <chrono>
+#include <gmock/gmock.h>
+#include <map>
+#include <utility>
+
+namespace jsw {
+
+class MacroResolverTest : public test::HostTest {
+  protected:
+    void TearDown() override {
+        Printer::destroy();
+        originalFriendlyName("");  // forgets the printer of this test
+        HostTest::TearDown();
+    }
+
+    static void usePrinter(const std::string& friendlyName) { Printer::instance(friendlyName); }
+
+    /// Writes a value of the printer store of a printer with that original name.
+    static void writePrinterStore(const std::string& originalName, const std::string& name,
+                                  const std::string& value) {
+        RegistryKey(
+            Localize::getInstance()->getProductLineRoot() + "\\IjPrtSettings\\" + originalName,
+            true)
+            .setValue(name, value);
+    }
+
+    static std::string replace(const std::string& text) {
+        return MacroResolver().replaceMacros(text);
+    }
+};
+
+/// The retailer file of this host program, while the object lives.
+class RetailerFile {
+  public:
+    explicit RetailerFile(const std::string& content) {
+        const std::string folder = OsVersion::instance().versionedPrinterDriverFolder();
+        CreateDirectoryA(folder.c_str(), nullptr);
+        path_ = joinPath(folder, Localize::getInstance()->localId() + "rtlr.ini");
+        const KernelHandle file(CreateFileA(path_.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+                                            FILE_ATTRIBUTE_NORMAL, nullptr));
+        DWORD written = 0;
+        EXPECT_TRUE(WriteFile(file.get(), content.data(), static_cast<DWORD>(content.size()),
+                              &written, nullptr));
+    }
+    ~RetailerFile() { DeleteFileA(path_.c_str()); }
+
+  private:
+    std::string path_;
+};
+
+TEST_F(MacroResolverTest, EveryTagHasItsValue) {
+    const Settings settings;
+    settings.write(setting::kBaseUrl, "http://www.example.com");
+    settings.write(setting::kManufacturerName, "Quillon");
+    settings.write(setting::kPrinterCode, "Q2000");
+    writePrinterStore("", "SerialNumber", "0123");
+    writePrinterStore("", "RetailerID", "42");
+    usePrinter("SimulatedPrinter");
+    const OsCode os = osCode(OsVersion::instance().classification(), true);
+
+    const std::pair<const char*, std::string> cases[] = {
+        {"BaseUrl", "http://www.example.com"},
+        {"OemCode", "Quillon"},
+        {"PrinterCode", "Q2000"},
+        {"printercode", "Q2000"},
+        {"OSCODE", std::string(os.code)},
+        {"PSI", "0123"},
+        {"psi", "0123"},
+        {"PartnerCode", "&partner=42"},
+        {"C1", "50"},
+        {"C2", "30"},
+        {"L1", "90"},
+        {"l2", "10"},
+        {"P1", "00"},
+        {"P2", "00"},
+        {"T1", "01"},
+        {"t2", "01"},
+        {"Unknown", "_^Unknown^_"},
+        {"", "_^^_"},
+        {" BaseUrl", "_^ BaseUrl^_"},
+    };
+    for (const auto& [name, value] : cases) {
+        const std::string tag = std::string("_^") + name + "^_";
+        EXPECT_EQ(replace("a=" + tag + "&b"), "a=" + value + "&b");
+        EXPECT_EQ(MacroResolver().resolveTag("", name), name);
+    }
+}
+
+TEST_F(MacroResolverTest, CountryAndLanguageAreThoseOfTheSystemAndTheUser) {
+    const std::string country = replace("_^CountryCode^_");
+    EXPECT_EQ(country.size(), 8U);
+    EXPECT_EQ(country.find_first_not_of("0123456789ABCDEF"), std::string::npos) << country;
+    EXPECT_EQ(std::stoul(country, nullptr, 16), GetSystemDefaultLangID());
+
+    const std::map<LANGID, std::string> codes{{0x0409, "0"}, {0x0407, "2"}, {0x0411, "12"}};
+    const auto code = codes.find(GetUserDefaultLangID());
+    if (code == codes.end()) GTEST_SKIP() << "no expectation for this user's language";
+    EXPECT_EQ(replace("_^languagecode^_"), code->second);
+}
+
+TEST_F(MacroResolverTest, InvalidCartridgeTagsAreLoggedWithoutAskingThePrinter) {
+    startLog();
+    const struct {
+        const char* name;
+        const char* value;
+        const char* topic;
+    } cases[] = {
+        {"C3", "00", "capacity"},     {"C", "00", "capacity"},         {"Color", "00", "capacity"},
+        {"L3", "101", "ink level"},   {"l12", "101", "ink level"},     {"P0", "00", "part number"},
+        {"p 1", "00", "part number"}, {"Title", "01", "program type"},
+    };
+    for (const auto& test : cases) {
+        EXPECT_EQ(replace(std::string("_^") + test.name + "^_"), test.value);
+        EXPECT_TRUE(
+            hasLine(concat("WARNING: Cartridge ", test.topic, " tag '", test.name, "' not valid.")))
+            << test.name;
+    }
+    EXPECT_FALSE(logContains("Printer::"));
+}
+
+TEST_F(MacroResolverTest, MissingSettingsGetTheirDefaultOrLeaveTheTag) {
+    startLog();
+    const std::string text = "_^BaseUrl^_|_^PrinterCode^_|_^OemCode^_";
+    EXPECT_EQ(replace(text), "||_^OemCode^_");
+    std::string written = "x";
+    EXPECT_TRUE(Settings().read(setting::kBaseUrl, written));
+    EXPECT_EQ(written, "");
+
+    // A failure: the value is no text.
+    for (const char* name : {"BaseUrl", "PrinterCode", "ManufacturerName"}) {
+        Settings().setDwordValue(setting::kSettingsKey, name, 1);
+    }
+    BasicLogger::existing()->deleteLog();
+    EXPECT_EQ(replace(text), text);
+    for (const char* name : {"BaseUrl", "PrinterCode", "ManufacturerName"}) {
+        EXPECT_TRUE(hasLine(concat(
+            "Error - settings.getStringValue(keyName=Settings\\, valueName=", name, ", rc=false.")))
+            << name;
+    }
+}
+
+TEST_F(MacroResolverTest, PartnerCodeComesFromTheRetailerFileOrThePrinterStore) {
+    const struct {
+        const char* file;
+        const char* retailer;
+        const char* value;
+        const char* line;
+    } cases[] = {
+        {"[Skin]\r\nPartner1URL=shop7\r\n", "42", "&partner=shop7",
+         "Partner code read from ini file."},
+        {"[Skin]\r\nPartner1URL=\r\n", "42", "&partner=42", "Partner code read from registry."},
+        {"[Other]\r\nPartner1URL=shop7\r\n", "", "", "No valid RetailerId in registry"},
+    };
+    startLog();
+    usePrinter("SimulatedPrinter");
+    for (const auto& test : cases) {
+        const RetailerFile file(test.file);
+        writePrinterStore("", "RetailerID", test.retailer);
+        EXPECT_EQ(replace("x_^PartnerCode^_"), concat("x", test.value));
+        EXPECT_TRUE(hasLine(concat("MacroResolver::getPartnerCode()", test.line))) << test.line;
+    }
+    EXPECT_TRUE(hasLine("MacroResolver::getPartnerCode()INI File path containing partner1URL=" +
+                        OsVersion::instance().versionedPrinterDriverFolder()));
+    EXPECT_TRUE(
+        hasLine("MacroResolver::getPartnerCode()No Partner code read from ini file. retCode=0"));
+}
+
+TEST_F(MacroResolverTest, WithoutFileAndStoreThePartnerAndSerialNumberAreEmpty) {
+    usePrinter("");
+    EXPECT_EQ(replace("x_^PartnerCode^__^PSI^_y"), "xy");
+}
+
+TEST_F(MacroResolverTest, ReadsTheStoreOfThePrinterUnderItsOriginalName) {
+    test::SpoolerPrinter printer("SimulatedPrinter");
+    printer.setOriginalName("Quillon 2000 (Copy 1)");
+    writePrinterStore("Quillon 2000 (Copy 1)", "SerialNumber", "99Z1");
+    writePrinterStore("Quillon 2000 (Copy 1)", "RetailerID", "77");
+    writePrinterStore("", "SerialNumber", "wrong");
+    usePrinter("SimulatedPrinter");
+    EXPECT_EQ(replace("_^PSI^__^PartnerCode^_"), "99Z1&partner=77");
+}
+
+TEST_F(MacroResolverTest, ValuesThatLeadBackToThemselvesEndWithAWarning) {
+    startLog();
+    const Settings settings;
+    settings.write(setting::kBaseUrl, "_^PrinterCode^_");
+    settings.write(setting::kPrinterCode, "x_^BaseUrl^_");
+    const std::string result = replace("a_^BaseUrl^_b_^L9^_");
+    EXPECT_EQ(result.substr(0, 3), "axx");
+    EXPECT_EQ(result.substr(result.size() - 7), "b_^L9^_");
+    EXPECT_TRUE(logContains("WARNING: MacroResolver::replaceMacros: "));
+}
+
+TEST_F(MacroResolverTest, TracesTextsTagsAndResults) {
+    startLog();
+    usePrinter("SimulatedPrinter");
+    BasicLogger::existing()->deleteLog();
+    replace("a_^X^_");
+    EXPECT_THAT(
+        logLines(),
+        ::testing::ElementsAre(
+            "+MacroResolver::replaceMacros:",
+            "MacroResolver::replaceMacros:    replaceMacros( str=a_^X^_):",
+            "+MacroResolver::resolveTag:",
+            "MacroResolver::resolveTag:    resolveTag( strTagText=_^X^_, strTag=X)",
+            "-MacroResolver::resolveTag: rc=_^X^_", "-MacroResolver::replaceMacros: rc=a_^X^_"));
+}
+
+TEST_F(MacroResolverTest, TakesALongTextInItsStride) {
+    usePrinter("SimulatedPrinter");
+    std::string text;
+    while (text.size() < 5'000'000) text += "_^L1^_&_^Unknown^_";
+    const auto start = std::chrono::steady_clock::now();
+    const std::string result = replace(text);
+    const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
+    EXPECT_EQ(result.substr(result.size() - 14), "90&_^Unknown^_");
+    EXPECT_LT(time.count(), 20.0);
+}
+
+}  // namespace jsw

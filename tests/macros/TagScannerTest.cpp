@@ -1,0 +1,182 @@
+#include "jsw/settings/macros/TagScanner.h"
+#include "tests/macros/NaiveReplacement.h"
+#include "tests/support/GuardedBuffer.h"
+#include "tests/support/TempFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <cstdint>
+#include <filesystem>
+#include <random>
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
+
+namespace jsw {
+
+namespace {
+
+std::string replace(std::string_view text, std::map<std::string, std::string, std::less<>> values) {
+    test::TagValues handler;
+    handler.values = std::move(values);
+    const auto result = TagScanner(&handler).replaceTags(text);
+    EXPECT_TRUE(result.complete) << text;
+    return result.text;
+}
+
+std::string repeat(std::string_view text, std::size_t size) {
+    std::string result;
+    while (result.size() < size) result += text;
+    return result;
+}
+
+std::string randomText(std::mt19937& random, std::size_t maxLength) {
+    constexpr std::string_view kCharacters = "__^^12a";
+    std::string text(random() % (maxLength + 1), ' ');
+    for (char& character : text) character = kCharacters[random() % kCharacters.size()];
+    return text;
+}
+
+}  // namespace
+
+TEST(TagScanner, FindsTagsAndExpandsTheirValues) {
+    struct Case {
+        const char* text;
+        const char* value1;
+        const char* value2;
+        const char* expected;
+    };
+    const Case cases[] = {
+        {"", "x", "y", ""},
+        {"a_^1^_b_^2^__^1^_", "x", "", "axbx"},
+        {"_^Unknown^_ _^1^_", "x", "y", "_^Unknown^_ x"},
+        {"_^1^_ _^1 rest", "x", "y", "x _^1 rest"},  // no closing delimiter: the rest stays
+        {"_^_ _^1^_", "x", "y", "_^_ x"},            // the delimiters share no character
+        {"_^a_^1^_^_", "x", "y", "_^ax^_"},          // unknown name, then the tag inside it
+        {"<_^1^_>", "a_^2^_b", "y", "<ayb>"},        // a tag in a value
+        {"_^1^_2^_", "_^", "y", "y"},                // a tag formed with the text behind
+        {"_^1^_^2^_", "_", "y", "y"},                // a delimiter formed with the text behind
+        {"__^1^_", "^2^_", "y", "_^2^_"},            // what lies before is not looked at again
+        {"_^1^__^2^_", "_^1^_", "y", "_^1^_y"},      // a value equal to its tag stays
+    };
+    for (const Case& test : cases) {
+        EXPECT_EQ(replace(test.text, {{"1", test.value1}, {"2", test.value2}}), test.expected)
+            << test.text;
+    }
+}
+
+TEST(TagScanner, LeavesTheTextWithoutAHandler) {
+    EXPECT_EQ(TagScanner(nullptr).replaceTags("a_^1^_").text, "a_^1^_");
+}
+
+TEST(TagScanner, FoldsOnlyAsciiLettersOfDelimiters) {
+    test::TagValues handler;
+    handler.values["1"] = "x";
+    const TagSyntax syntax{true, "<Tag\xE4>", "</Tag>"};
+    const std::string text = "<tAG\xE4>1</TAG> <tag\xC4>1</tag>";
+    EXPECT_EQ(TagScanner(&handler, syntax).replaceTags(text).text, "x <tag\xC4>1</tag>");
+    const TagSyntax exact{false, syntax.open, syntax.close};
+    EXPECT_EQ(TagScanner(&handler, exact).replaceTags(text).text, text);
+}
+
+TEST(TagScanner, AcceptsAPartOfTheTagAsItsValue) {
+    struct NameHandler : ISymbolicResolverHandler {
+        std::string_view resolveTag(std::string_view, std::string_view tagName) override {
+            return tagName;
+        }
+    } handler;
+    EXPECT_EQ(TagScanner(&handler).replaceTags("a_^b_^c^_d^_e").text, "abcde");
+}
+
+TEST(TagScanner, EqualsTheNaiveReplacement) {
+    constexpr std::size_t kMaxSteps = 200;
+    std::mt19937 random(4711);
+    int compared = 0;
+    for (int round = 0; round < 100000; ++round) {
+        test::TagValues handler;
+        for (const char* name : {"1", "2", "", "a"}) {
+            if (random() % 4 != 0) handler.values[name] = randomText(random, 8);
+        }
+        const std::string text = randomText(random, 40);
+        const auto expected = test::replaceNaively(text, handler, kMaxSteps, 4096);
+        if (!expected) continue;
+        ++compared;
+        ASSERT_EQ(TagScanner(&handler).replaceTags(text).text, *expected) << text;
+    }
+    EXPECT_GT(compared, 90000);
+}
+
+TEST(TagScanner, StopsAtItsLimitsWhenAValueLeadsBackToItself) {
+    struct Case {
+        const char* value1;
+        const char* value2;
+        const char* expected;  // with three nested replacements
+    };
+    const Case cases[] = {
+        {"_^2^_", "_^1^_", "a _^1^_ _^1^_"},
+        {"<_^1^_", "", "a <<<<_^1^_ _^1^_"},
+        {"_^1^__^1^_", "", "a _^1^__^1^__^1^__^1^__^1^_ _^1^_"},
+    };
+    for (const Case& test : cases) {
+        test::TagValues handler;
+        handler.values = {{"1", test.value1}, {"2", test.value2}};
+        const TagLimits limits{.nestedReplacements = 3, .growth = 1000};
+        const auto result = TagScanner(&handler, {}, limits).replaceTags("a _^1^_ _^1^_");
+        EXPECT_FALSE(result.complete);
+        EXPECT_EQ(result.text, test.expected);
+        EXPECT_EQ(handler.asked, 5U);
+    }
+}
+
+TEST(TagScanner, StopsBeforeTheResultGrowsBeyondItsLimit) {
+    test::TagValues handler;
+    handler.values["1"] = "123456789";
+    const TagLimits limits{.nestedReplacements = 0, .growth = 8};
+    const TagScanner scanner(&handler, {}, limits);
+    EXPECT_TRUE(scanner.replaceTags("_^1^__^1^_").complete);
+    const auto result = scanner.replaceTags("_^1^__^1^__^1^_");
+    EXPECT_FALSE(result.complete);
+    EXPECT_EQ(result.text, "123456789123456789_^1^_");
+
+    handler.values["1"] = std::string(1 << 20, 'x') + "_^1^_";
+    EXPECT_LE(TagScanner(&handler).replaceTags("_^1^_").text.size(), 5 + TagLimits().growth);
+}
+
+/// A quadratic step would take hours for these texts.
+TEST(TagScanner, TakesTimeInProportionToTheLength) {
+    constexpr std::size_t kSize = 5'000'000;
+    const std::string texts[] = {
+        repeat("_^1^_", kSize),                             // shorter values
+        repeat("_^2^_", kSize),                             // longer values
+        repeat("_^Unknown^_", kSize),                       // tags that stay
+        repeat("_^", kSize) + "^_",                         // one long tag after the other
+        repeat("_^", kSize / 2) + repeat("^_", kSize / 2),  //
+        repeat("_^", kSize),                                // no tag
+        repeat("_^3^_^_", kSize),                           // values open another tag
+    };
+    for (const std::string& text : texts) {
+        test::TagValues handler;
+        handler.values = {{"1", "x"}, {"2", "seven77"}, {"3", "_^1"}};
+        const auto start = std::chrono::steady_clock::now();
+        const auto result = TagScanner(&handler).replaceTags(text);
+        const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
+        EXPECT_TRUE(result.complete);
+        EXPECT_LT(time.count(), 10.0) << text.substr(0, 20);
+    }
+}
+
+/// The fuzzer's seeds, each also cut at every length, where a byte too many faults.
+TEST(TagScanner, ReadsNothingBeyondTheFuzzersSeeds) {
+    int seeds = 0;
+    for (const auto& file : std::filesystem::directory_iterator(JSW_FUZZ_CORPUS "/tags")) {
+        const std::string content = test::readFile(file.path().string());
+        for (std::size_t length = 0; length <= content.size(); ++length) {
+            const test::GuardedBuffer input(std::span(content.data(), length));
+            LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(input.data()), length);
+        }
+        ++seeds;
+    }
+    EXPECT_GT(seeds, 20);
+}
+
+}  // namespace jsw
