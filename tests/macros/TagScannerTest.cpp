@@ -94,7 +94,7 @@ TEST(TagScanner, EqualsTheNaiveReplacement) {
     int compared = 0;
     for (int round = 0; round < 100000; ++round) {
         test::TagValues handler;
-        for (const char* name : {"1", "2", "", "a"}) {
+        for (const char* name : {"1", "2", "", "a", "_"}) {
             if (random() % 4 != 0) handler.values[name] = randomText(random, 8);
         }
         const std::string text = randomText(random, 40);
