@@ -22,10 +22,11 @@ std::map<std::string, std::function<int(const std::string&)>>& roles() {
 
 }  // namespace
 
-ChildProcess::ChildProcess(const std::string& role, const std::string& argument) {
+ChildProcess::ChildProcess(const std::string& role, const std::string& argument,
+                           const std::string& program) {
     SetEnvironmentVariableA(kRoleVariable, role.c_str());
     SetEnvironmentVariableA(kArgumentVariable, argument.c_str());
-    std::string command = "\"" + moduleFileName(nullptr) + "\"";
+    std::string command = "\"" + (program.empty() ? moduleFileName(nullptr) : program) + "\"";
     STARTUPINFOA startup{};
     startup.cb = sizeof(startup);
     PROCESS_INFORMATION info{};

@@ -12,7 +12,9 @@ namespace jsw::test {
 class ChildProcess {
   public:
     /// @param argument  handed to the role
-    ChildProcess(const std::string& role, const std::string& argument);
+    /// @param program   a copy of this test program under another name; empty: the program itself
+    ChildProcess(const std::string& role, const std::string& argument,
+                 const std::string& program = {});
 
     /// Waits; answers the exit code, or STILL_ACTIVE when the time is over.
     std::uint32_t wait(std::uint32_t timeoutMilliseconds);

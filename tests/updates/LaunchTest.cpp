@@ -1,0 +1,181 @@
+#include "PublicLib/errors/Exception.h"
+#include "PublicLib/logging/BasicLogger.h"
+#include "PublicLib/os/Localize.h"
+#include "PublicLib/win/Paths.h"
+#include "PublicLib/win/SystemFolders.h"
+#include "jsw/settings/RegistryKey.h"
+#include "jsw/updates/AppUpdatesController.h"
+#include "tests/support/ChildProcess.h"
+#include "tests/support/HostTest.h"
+
+#include <filesystem>
+#include <gmock/gmock.h>
+
+namespace jsw {
+
+using ::testing::HasSubstr;
+using ::testing::Not;
+
+namespace {
+
+constexpr char kHostVariable[] = "JSW_UPDATER_HOST";
+
+/// Makes the key that Windows takes every user's environment from.
+void addMachineEnvironment() {
+    RegistryKey("System\\CurrentControlSet\\Control\\Session Manager\\Environment", true);
+}
+
+/// A host program whose update check is due: argument is the folder of the updater.
+const test::ChildRole checkingHost("check for updates", [](const std::string& folder) {
+    const test::PrivateRegistry registry;
+    addMachineEnvironment();
+    Localize::createInstance(nullptr);
+    const Settings settings;
+    settings.write(setting::kUpdaterExecutable, "qlupdater.exe");
+    settings.write(setting::kDllPath, folder);
+    settings.write(setting::kDateLastChecked, "1/1/2000");
+    settings.setDwordValue(setting::kLoggerKey, "startLog", 1);
+    settings.setDwordValue(setting::kLoggerKey, "Clocktime_In_Header", 0);
+    BasicLogger::createInstance(15);
+    AppUpdatesController().checkForUpdates();
+    std::string date;
+    settings.read(setting::kDateLastChecked, date);
+    return date == "1/1/2000" ? 1 : 0;
+});
+
+/// Makes Wine show a program another version of Windows.
+class WindowsVersion {
+  public:
+    WindowsVersion(const std::string& program, const std::string& version)
+        : key_("Software\\Wine\\AppDefaults\\" + program) {
+        RegistryKey(key_, true, HKEY_CURRENT_USER).setValue("Version", version);
+    }
+    ~WindowsVersion() { RegDeleteKeyA(HKEY_CURRENT_USER, key_.c_str()); }
+    WindowsVersion(const WindowsVersion&) = delete;
+    WindowsVersion& operator=(const WindowsVersion&) = delete;
+
+  private:
+    std::string key_;
+};
+
+/// The record of an updater that may still be running; empty when none was started.
+std::string finishedRecord(const std::string& file, DWORD patienceMilliseconds) {
+    const DWORD start = GetTickCount();
+    std::string record;
+    while (GetTickCount() - start < patienceMilliseconds) {
+        record = test::readFile(file);
+        std::erase(record, '\r');
+        if (record.ends_with("ended\n")) break;
+        Sleep(50);
+    }
+    return record;
+}
+
+struct Outcome {
+    std::uint32_t exitCode;
+    std::string log;
+    std::string record;
+};
+
+}  // namespace
+
+class LaunchTest : public test::HostTest {
+  protected:
+    void SetUp() override {
+        HostTest::SetUp();
+        updater_ = std::string(folderPart(moduleFileName(nullptr))) + "qlupdater.exe";
+        if (!pathExists(updater_)) GTEST_SKIP() << "the sample updater is not built";
+        // Seen by an updater that inherits this process's environment.
+        SetEnvironmentVariableA(kHostVariable, "qlzz");
+    }
+
+    void TearDown() override {
+        SetEnvironmentVariableA(kHostVariable, nullptr);
+        HostTest::TearDown();
+    }
+
+    /// Lets a copy of this program, named like a host, check for updates on a version of Windows.
+    Outcome checkOn(const std::string& version, DWORD patienceMilliseconds) {
+        const test::TempFolder folder;
+        const std::string name = "ql" + version.substr(version.size() - 2) + "check.exe";
+        const std::string host = folder.file(name);
+        const std::string programs = folder.file("Pro gram");
+        std::filesystem::create_directories(programs);
+        std::filesystem::copy_file(moduleFileName(nullptr), host);
+        std::filesystem::copy_file(updater_, programs + "\\qlupdater.exe");
+        const WindowsVersion chosen(name, version);
+        const std::string log = std::string(folderPart(logPath())) + localIdOf(host) + "JSW.log";
+        Outcome run;
+        test::ChildProcess child("check for updates", programs, host);
+        run.exitCode = child.wait(60000);
+        run.record = finishedRecord(programs + "\\qlupdater.log", patienceMilliseconds);
+        run.log = test::readFile(log);
+        std::filesystem::remove(log);
+        return run;
+    }
+
+    std::string updater_;
+};
+
+TEST_F(LaunchTest, Version6StartsItElevatedThroughTheShell) {
+    for (const char* version : {"vista", "win7", "win10"}) {
+        const Outcome run = checkOn(version, 20000);
+        EXPECT_EQ(run.exitCode, 0u) << version;
+        EXPECT_THAT(run.log, HasSubstr("checkForUpdatesVista: Updater launched successfully."))
+            << version;
+        EXPECT_THAT(run.record, HasSubstr("elevation asked for: yes")) << version;
+        EXPECT_THAT(run.record, HasSubstr("qlupdater.exe\" -UAC")) << version;
+        EXPECT_THAT(run.record, HasSubstr("ended")) << version;
+    }
+}
+
+TEST_F(LaunchTest, Version5StartsItAsTheConsoleUserWithHisEnvironment) {
+    for (const char* version : {"winxp", "winxp64", "win2003"}) {
+        const Outcome run = checkOn(version, 20000);
+        EXPECT_EQ(run.exitCode, 0u) << version;
+        EXPECT_THAT(run.log, HasSubstr("checkForUpdatesXp: Launching="));
+        EXPECT_THAT(run.log, HasSubstr("API CreateProcessAsUser success, retCode=1.")) << version;
+        EXPECT_THAT(run.log, HasSubstr("-AppUpdatesController::getSessionUserToken:  rc=true"));
+        EXPECT_THAT(run.record, HasSubstr("elevation asked for: no")) << version;
+        EXPECT_THAT(run.record, HasSubstr("session: 1\n")) << version;
+        EXPECT_THAT(run.record, HasSubstr("host: qlde (default)")) << version;
+        EXPECT_THAT(run.record, HasSubstr("ended")) << version;
+    }
+}
+
+TEST_F(LaunchTest, OlderVersionsRefuseAfterTheDateWasReset) {
+    for (const char* version : {"win2k", "nt40"}) {
+        const Outcome run = checkOn(version, 1500);
+        EXPECT_EQ(run.exitCode, 0u) << version;
+        EXPECT_THAT(run.log, HasSubstr("checkForUpdates() OS is not XP or greater. NO Updates "
+                                       "available."))
+            << version;
+        EXPECT_EQ(run.record, "") << version;
+    }
+}
+
+TEST_F(LaunchTest, ConsoleUserLaunchReportsWhatFailed) {
+    startLog();
+    addMachineEnvironment();
+    AppUpdatesController controller;
+    controller.checkForUpdatesXp(folder_.file("none.exe"));
+    EXPECT_TRUE(logContains("API CreateProcessAsUser failed, lastErr=2."));
+    controller.checkForUpdatesXp(folder_.file(std::string(300, 'u') + ".exe"));
+    EXPECT_TRUE(logContains("API CreateProcessAsUser failed, lastErr=206."));
+
+    KernelHandle token;
+    DWORD error = 0;
+    EXPECT_FALSE(controller.getSessionUserToken(nullptr, &error));
+    EXPECT_FALSE(controller.getSessionUserToken(&token, nullptr));
+    EXPECT_TRUE(controller.getSessionUserToken(&token, &error));
+    EXPECT_TRUE(token);
+
+    UserEnvironment environment;
+    EXPECT_FALSE(controller.createEnvironment(environment, nullptr) &&
+                 environment.block() == nullptr);
+    UserEnvironment ofUser;
+    EXPECT_TRUE(controller.createEnvironment(ofUser, token.get()));
+    EXPECT_NE(ofUser.block(), nullptr);
+}
+
+}  // namespace jsw

@@ -1,0 +1,303 @@
+#include "jsw/updates/AppUpdatesController.h"
+#include "tests/support/HostTest.h"
+
+#include <array>
+#include <filesystem>
+#include <fstream>
+#include <gmock/gmock.h>
+#include <optional>
+
+namespace jsw {
+
+using ::testing::ElementsAre;
+
+namespace {
+
+constexpr std::size_t kFiles = 4;
+constexpr std::array<const setting::Text*, kFiles> kInUse = {
+    &setting::kCatalogModule, &setting::kRulesEngineModule, &setting::kViewModule,
+    &setting::kBillBoardVersionFile};
+constexpr std::array<const char*, kFiles> kNewNames = {"new-cat.dll", "new-rules.dll",
+                                                       "new-view.dll", "new-version.txt"};
+constexpr char kTag[] = "AppUpdatesController::performPostUpdateChangesIfRequired() ";
+
+}  // namespace
+
+/// A store after an update: old modules in use, new names announced, in folders of its own.
+class PostUpdateTest : public test::HostTest {
+  protected:
+    void SetUp() override {
+        HostTest::SetUp();
+        settings_.emplace();
+        settings_->write(setting::kDriverName, "Driver");
+        settings_->write(setting::kDataUpdatesDirectory,
+                         "JswTest" + folder_.path().substr(folder_.path().size() - 12));
+        updates_ = settings_->dataUpdatesFolder();
+        std::filesystem::create_directories(updates_);
+        restore();
+    }
+
+    void TearDown() override {
+        std::filesystem::remove_all(std::filesystem::path(updates_).parent_path());
+        HostTest::TearDown();
+    }
+
+    void restore() {
+        settings_->write(setting::kDataPath, "old data");
+        settings_->write(setting::kDllPath, folder_.path());
+        settings_->write(setting::kCatalogFilename, "catalog.xml");
+        settings_->write(setting::kDefaultBillboardFile, "cached.jbb");
+        for (std::size_t i = 0; i < kFiles; ++i) {
+            settings_->write(*kInUse[i], "old");
+            settings_->setStringValue(setting::kUpdatedFilesKey, kInUse[i]->name, kNewNames[i]);
+        }
+    }
+
+    static void put(const std::string& path, bool present) {
+        std::filesystem::remove(path);
+        if (present) std::ofstream(path) << "x";
+    }
+
+    std::string text(const setting::Text& setting) const {
+        std::string value = "(none)";
+        settings_->read(setting, value);
+        return value;
+    }
+
+    std::uint32_t flag(const setting::Number& setting) const {
+        std::uint32_t value = 4711;
+        settings_->read(setting, value);
+        return value;
+    }
+
+    /// What performPostUpdateChangesIfRequired() itself has logged.
+    static std::vector<std::string> ownLines() {
+        std::vector<std::string> own;
+        for (const std::string& line : logLines()) {
+            if (line.starts_with(kTag)) own.push_back(line.substr(sizeof(kTag) - 1));
+        }
+        return own;
+    }
+
+    std::optional<Settings> settings_;
+    std::string updates_;
+    AppUpdatesController controller_;
+};
+
+namespace {
+
+struct Before {
+    std::uint32_t software;
+    std::uint32_t data;
+    std::array<bool, kFiles> files;
+    bool catalog;
+};
+
+/// What the two flags ask for, told by their meanings: 1 is a request, 2 is final, new software
+/// brings new data along.
+struct Expected {
+    explicit Expected(const Before& before)
+        : softwareWanted(before.software == 1),
+          allFiles(before.files == std::array<bool, kFiles>{true, true, true, true}),
+          dataWanted(before.data == 1 || (softwareWanted && before.data == 0)),
+          dataSwitched(dataWanted && before.catalog) {}
+
+    bool softwareWanted;
+    bool allFiles;
+    bool dataWanted;
+    bool dataSwitched;
+};
+
+}  // namespace
+
+TEST_F(PostUpdateTest, EveryStateOfFlagsAndFiles) {
+    constexpr unsigned kAllFiles = (1u << kFiles) - 1;
+    for (unsigned state = 0; state < 9 * 2 * (kAllFiles + 1); ++state) {
+        const unsigned mask = state & kAllFiles;
+        const Before before{(state >> 5) % 3,
+                            (state >> 5) / 3,
+                            {(mask & 1) != 0, (mask & 2) != 0, (mask & 4) != 0, (mask & 8) != 0},
+                            ((state >> kFiles) & 1) != 0};
+        restore();
+        for (std::size_t i = 0; i < kFiles; ++i) {
+            put(folder_.file(kNewNames[i]), before.files[i]);
+        }
+        put(updates_ + "\\catalog.xml", before.catalog);
+        settings_->write(setting::kCompleteSoftwareUpdated, before.software);
+        settings_->write(setting::kDataUpdated, before.data);
+
+        controller_.performPostUpdateChangesIfRequired();
+
+        SCOPED_TRACE(::testing::Message()
+                     << "software " << before.software << " data " << before.data << " files "
+                     << mask << " catalog " << before.catalog);
+        const Expected expected(before);
+        for (std::size_t i = 0; i < kFiles; ++i) {
+            EXPECT_EQ(text(*kInUse[i]),
+                      expected.softwareWanted && before.files[i] ? kNewNames[i] : "old");
+        }
+        EXPECT_EQ(flag(setting::kCompleteSoftwareUpdated), !expected.softwareWanted
+                                                               ? before.software
+                                                           : expected.allFiles ? 2u
+                                                                               : 0u);
+        EXPECT_EQ(flag(setting::kDataUpdated), before.data == 2 || expected.dataSwitched ? 2u : 0u);
+        EXPECT_EQ(text(setting::kDataPath), expected.dataSwitched ? updates_ : "old data");
+        const bool cleared = expected.dataSwitched || (expected.softwareWanted && before.data == 2);
+        EXPECT_EQ(text(setting::kDefaultBillboardFile), cleared ? "" : "cached.jbb");
+    }
+}
+
+TEST_F(PostUpdateTest, SaysWhatItDoesWithAModuleMissing) {
+    startLog();
+    for (const char* name : {"new-cat.dll", "new-rules.dll", "new-version.txt"}) {
+        folder_.write(name, "x");
+    }
+    settings_->write(setting::kCompleteSoftwareUpdated, 1);
+    controller_.performPostUpdateChangesIfRequired();
+    EXPECT_THAT(
+        ownLines(),
+        ElementsAre(
+            "Catalog Dll file was updated, updating file name in setting to : new-cat.dll",
+            "Rules Engine Dll file was updated, updating file name in setting to : new-rules.dll",
+            "View Dll file was NOT updated. File does not exist : " + folder_.file("new-view.dll"),
+            "BillBoard Version file was updated, updating file name in setting to : "
+            "new-version.txt",
+            "All the binaries have NOT been updated atleast once, resetting the "
+            "CompleteUpdateFlag",
+            "The data updated flags was set. A data update was performed for the first time",
+            "Catalog file does NOT exist : catalog.xml",
+            "Data update was not installed successfully, resetting Data Update flag"));
+}
+
+TEST_F(PostUpdateTest, SaysWhatItDoesWhenAllIsThere) {
+    startLog();
+    for (const char* name : kNewNames) folder_.write(name, "x");
+    std::ofstream(updates_ + "\\catalog.xml") << "x";
+    settings_->write(setting::kDllPath, folder_.path() + "\\");
+    settings_->write(setting::kCompleteSoftwareUpdated, 1);
+    controller_.performPostUpdateChangesIfRequired();
+    controller_.performPostUpdateChangesIfRequired();
+    auto lines = ownLines();
+    ASSERT_EQ(lines.size(), 10u);
+    lines.erase(lines.begin(), lines.begin() + 4);
+    EXPECT_THAT(
+        lines,
+        ElementsAre(
+            "All the binaries have been updated at least once, setting the CompleteUpdateFlag to "
+            "DO NOT CHANGE",
+            "The data updated flags was set. A data update was performed for the first time",
+            "Data was updated successfully, file exists : catalog.xml",
+            "Updating the data path to : " + updates_,
+            "Updating the Data Updated flag to DO NOT CHANGE",
+            "The updated flags are either turned off or are set to do not change."));
+}
+
+TEST_F(PostUpdateTest, FrozenDataIsOnlyLookedUpAfresh) {
+    startLog();
+    settings_->write(setting::kCompleteSoftwareUpdated, 1);
+    settings_->write(setting::kDataUpdated, 2);
+    controller_.performPostUpdateChangesIfRequired();
+    EXPECT_EQ(ownLines().back(), "The data updated flags already set to DO NOT CHANGE");
+}
+
+TEST_F(PostUpdateTest, TurnedOffChangesNothing) {
+    startLog();
+    for (const char* name : kNewNames) folder_.write(name, "x");
+    settings_->write(setting::kCheckForUpdates, 0);
+    settings_->write(setting::kCompleteSoftwareUpdated, 1);
+    controller_.performPostUpdateChangesIfRequired();
+    EXPECT_THAT(ownLines(), ElementsAre("The check for updates has been TURNED OFF. No updates "
+                                        "could be performed"));
+    EXPECT_EQ(flag(setting::kCompleteSoftwareUpdated), 1u);
+    EXPECT_EQ(text(setting::kViewModule), "old");
+}
+
+/// An empty name joined with a folder names the folder, which exists; a folder is no module.
+TEST_F(PostUpdateTest, NamesThatAreNoFilesAreNotTakenIntoUse) {
+    folder_.write("folder.dll\\inside.dll", "x");
+    const std::string outside =
+        "..\\" + folder_.path().substr(folder_.path().rfind('\\') + 1) + "\\folder.dll\\inside.dll";
+    for (const std::string& name :
+         {std::string(), std::string("folder.dll"), std::string("folder.dll\\inside.dll"), outside,
+          std::string(".")}) {
+        settings_->write(setting::kCompleteSoftwareUpdated, 1);
+        settings_->write(setting::kDataUpdated, 1);
+        settings_->write(setting::kCatalogFilename, name);
+        for (const auto* file : kInUse) {
+            settings_->setStringValue(setting::kUpdatedFilesKey, file->name, name);
+        }
+        controller_.performPostUpdateChangesIfRequired();
+        for (const auto* file : kInUse) EXPECT_EQ(text(*file), "old") << name;
+        EXPECT_EQ(flag(setting::kCompleteSoftwareUpdated), 0u) << name;
+        EXPECT_EQ(flag(setting::kDataUpdated), 0u) << name;
+        EXPECT_EQ(text(setting::kDataPath), "old data") << name;
+    }
+}
+
+TEST_F(PostUpdateTest, FlagsOfOtherValuesAndTypesRequestNothing) {
+    for (const char* name : kNewNames) folder_.write(name, "x");
+    for (const std::uint32_t value : {3u, 0xFFFFFFFFu}) {
+        settings_->write(setting::kCompleteSoftwareUpdated, value);
+        settings_->write(setting::kDataUpdated, value);
+        controller_.performPostUpdateChangesIfRequired();
+        EXPECT_EQ(flag(setting::kCompleteSoftwareUpdated), value);
+        EXPECT_EQ(flag(setting::kDataUpdated), value);
+    }
+    settings_->setStringValue("Settings\\Updater", "CompleteSoftwareUpdated", "1");
+    settings_->setStringValue("Settings\\Updater", "DataUpdated", "1");
+    controller_.performPostUpdateChangesIfRequired();
+    EXPECT_EQ(text(setting::kViewModule), "old");
+    EXPECT_EQ(text(setting::kDataPath), "old data");
+}
+
+TEST_F(PostUpdateTest, InitialPathsAreWrittenOnceAndReportedOneSidedly) {
+    settings_->write(setting::kInitialPath, "Maker\\JSW");
+    const std::string initial = controller_.getInitialPath();
+    EXPECT_THAT(initial, ::testing::EndsWith("\\Maker\\JSW"));
+    EXPECT_THAT(initial, ::testing::Not(::testing::HasSubstr("\\\\")));
+    const struct {
+        const char* data;  // null: no value
+        const char* dll;
+        bool result;
+        std::string dataAfter;
+        std::string dllAfter;
+    } rows[] = {
+        {nullptr, nullptr, true, initial, initial},  {"", "", true, initial, initial},
+        {nullptr, "here", true, initial, "here"},    {"", "here", true, initial, "here"},
+        {"there", nullptr, false, "there", initial}, {"there", "", false, "there", initial},
+        {"there", "here", false, "there", "here"},
+    };
+    const auto set = [&](const setting::Text& setting, const char* value) {
+        settings_->deleteValue(setting.key, setting.name);
+        if (value != nullptr) settings_->write(setting, value);
+    };
+    for (const auto& row : rows) {
+        set(setting::kDataPath, row.data);
+        set(setting::kDllPath, row.dll);
+        EXPECT_EQ(controller_.setInitialPaths(), row.result);
+        EXPECT_EQ(text(setting::kDataPath), row.dataAfter);
+        EXPECT_EQ(text(setting::kDllPath), row.dllAfter);
+        EXPECT_FALSE(controller_.setInitialPaths()) << "everything is there now";
+    }
+}
+
+TEST_F(PostUpdateTest, InitialRunStopsBeforeAnyChange) {
+    startLog();
+    for (const char* name : kNewNames) folder_.write(name, "x");
+    settings_->write(setting::kInitialPath, "Maker");
+    settings_->write(setting::kCompleteSoftwareUpdated, 1);
+    settings_->write(setting::kDataPath, "");
+    controller_.performPostUpdateChangesIfRequired();
+    EXPECT_THAT(ownLines(), ElementsAre("Initial run of the JSW. An update could not have been "
+                                        "performed yet."));
+    EXPECT_EQ(text(setting::kViewModule), "old");
+    EXPECT_TRUE(hasLine("-AppUpdatesController::setInitialPaths()  rc=true"));
+}
+
+TEST_F(PostUpdateTest, InitialPathMayBeMissing) {
+    EXPECT_THAT(controller_.getInitialPath(), ::testing::EndsWith("\\"));
+    settings_->setDwordValue("Settings\\Updater", "InitialPath", 1);
+    EXPECT_THAT(controller_.getInitialPath(), ::testing::EndsWith("\\"));
+}
+
+}  // namespace jsw
