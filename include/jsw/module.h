@@ -20,7 +20,7 @@
 
 #include <stdint.h>
 
-#include "jsw/jsw.h"
+#include "jsw/types.h"
 
 /** A truth value that crosses a module boundary: one byte, 0 or 1. */
 typedef uint8_t JswBool;

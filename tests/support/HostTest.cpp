@@ -40,16 +40,20 @@ void HostTest::SetUp() {
 }
 
 void HostTest::TearDown() {
-    if (BasicLogger* logger = BasicLogger::existing()) logger->deleteLog();
+    DeleteFileA(logPath().c_str());
     BasicLogger::destroyInstance();
     Localize::destroy();
     registry_.reset();
 }
 
-void HostTest::startLog() {
+void HostTest::switchLogOn() {
     const Settings settings;
     settings.setDwordValue(setting::kLoggerKey, "startLog", 1);
     settings.setDwordValue(setting::kLoggerKey, "Clocktime_In_Header", 0);
+}
+
+void HostTest::startLog() {
+    switchLogOn();
     BasicLogger::createInstance(15);
 }
 

@@ -18,8 +18,10 @@ class HostTest : public ::testing::Test {
     void SetUp() override;
     void TearDown() override;
 
-    /// Switches the log on, with all levels, no clock, and makes the process's logger.
-    void startLog();
+    /// Switches the log on, with all levels and no clock.
+    static void switchLogOn();
+    /// The same, and makes the process's logger.
+    static void startLog();
     /// All lines of the log so far, each without its component column.
     static std::vector<std::string> logLines();
     /// Whether a line of the log (or a run of its text) equals, or contains, the text.

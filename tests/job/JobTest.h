@@ -1,0 +1,70 @@
+#pragma once
+
+#include "jsw/jsw.h"
+#include "jsw/settings/Settings.h"
+#include "tests/job/Script.h"
+#include "tests/support/HostTest.h"
+
+#include <windows.h>
+
+#include <gmock/gmock.h>
+#include <string>
+#include <vector>
+
+namespace jsw::test {
+
+/// The exported functions of the real jsw.dll.
+struct Exports {
+    decltype(&JSWInit) init;
+    decltype(&JSWTerminate) terminate;
+    decltype(&JSWUpdateInfo) updateInfo;
+    decltype(&JSWDisplayPrompt) displayPrompt;
+    decltype(&JSWPostDlgMsg) postDlgMsg;
+    decltype(&JSWFilterDllMsg) filterDllMsg;
+    decltype(&JSWGetAPIVersion) getApiVersion;
+    decltype(&JSWGetWindowHwnd) getWindowHwnd;
+};
+
+/// What a test's job looks like; the names and counts matter to no test but those that name them.
+struct TestJob {
+    const char* friendlyName = "SimulatedPrinter";
+    const char* jobName = "report.pdf";
+    std::uint32_t totalPages = 3;
+    JswStatusCallback callback = nullptr;
+};
+
+/// Runs jobs through the real jsw.dll with scripted modules. The log is on; the catalog knows the
+/// billboard DEFAULT with the existing file "default.bb".
+class JobTest : public HostTest {
+  protected:
+    void SetUp() override;
+    void TearDown() override;
+
+    std::uint8_t startJob(const TestJob& job = {});
+    void endJob() { api_.terminate(); }
+    /// A whole job in which the rules come to their end.
+    void runJob();
+    /// Waits until the rules engine has been let go; false after ten seconds.
+    bool waitForRules();
+    /// Adds a billboard whose file exists to the catalog.
+    void addBillboard(const std::string& id, Script::Billboard billboard);
+    std::vector<std::string> viewCalls(const std::string& name) const;
+    std::vector<std::string> historyIds() const;
+    void setHistory(const std::vector<std::string>& ids) const;
+
+    static Exports api_;
+    Script script_;
+    InkInfo inkInfo_{};
+};
+
+/// Polls until done() or ten seconds have gone by.
+template <class Done>
+bool eventually(const Done& done) {
+    for (int i = 0; i < 1000; ++i) {
+        if (done()) return true;
+        Sleep(10);
+    }
+    return false;
+}
+
+}  // namespace jsw::test

@@ -1,0 +1,366 @@
+#include "PublicLib/text/Text.h"
+#include "PublicLib/win/Handles.h"
+#include "tests/job/JobTest.h"
+
+#include <algorithm>
+#include <atomic>
+#include <thread>
+
+namespace jsw {
+
+using ::testing::Contains;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+namespace {
+
+std::vector<std::uint32_t> statusCodes;
+void recordStatus(std::uint32_t status) {
+    statusCodes.push_back(status);
+}
+
+}  // namespace
+
+class LifecycleTest : public test::JobTest {
+  protected:
+    void SetUp() override {
+        JobTest::SetUp();
+        statusCodes.clear();
+    }
+};
+
+TEST_F(LifecycleTest, ConstantFunctionsAndCallsWithoutAJobDoNothing) {
+    EXPECT_EQ(api_.getApiVersion(), 1U);
+    EXPECT_EQ(api_.filterDllMsg(&statusCodes, nullptr, nullptr), 1U);
+    EXPECT_EQ(api_.getWindowHwnd(), nullptr);
+    EXPECT_EQ(reinterpret_cast<void*>(api_.getApiVersion),
+              reinterpret_cast<void*>(api_.filterDllMsg));
+    api_.updateInfo(1, 2, 3, 4, 5, nullptr);
+    api_.displayPrompt(1, 1);
+    EXPECT_EQ(api_.postDlgMsg(nullptr), 1U);
+    api_.terminate();
+    EXPECT_THAT(script_.view.calls(), IsEmpty());
+    EXPECT_THAT(logLines(), IsEmpty());
+}
+
+TEST_F(LifecycleTest, TheWindowIsSetUpCompletelyBeforeItIsShown) {
+    Settings().setStringValue(setting::kGuiKey, "WindowX", "17");
+    ASSERT_EQ(startJob(), 1);
+    ASSERT_TRUE(waitForRules());
+    api_.updateInfo(2, 1, 60, 998, 999, &statusCodes);
+    endJob();
+    const std::string data = concat(reinterpret_cast<std::uintptr_t>(&statusCodes));
+    EXPECT_THAT(
+        script_.view.calls(),
+        ElementsAre("Initialize()", "SetDataPath(" + folder_.path() + ")", "SetJobName(report.pdf)",
+                    "SetPrinterFriendlyName(SimulatedPrinter)", "SetJobType(7)",
+                    "SetCurrentPage(1)", "SetTotalPages(3)", "SetShowPageInfo(true)",
+                    "SetCurrentCopy(1)", "SetTotalCopies(2)", "SetInkInfo()", "SetPortType(4)",
+                    "SetJswCallback()", "SetBillboardCallback()",
+                    "DisplayBillboard(default.bb,false,false)", "SetShowProcessWindow(1)",
+                    "SetJswProgressMinimized(0)", "SetShowSpecialMessages(1)",
+                    "SetReserveModeCart1(0)", "SetReserveModeCart2(0)", "SetCompleteAPrintMode(0)",
+                    "SetUpdateSoftware(0)", "SetSaveAppearanceCallback()", "SetSaveValueCallback()",
+                    "SetUpdateSoftwareCallback()", "SetSavedValue(WindowX,17)", "ShowGui()",
+                    "UpdateInfo(2,1,60," + data + ")", "HideGui()", "Uninitialize()"));
+    EXPECT_EQ(script_.inkInfo.InkPercent[0], 42);
+    EXPECT_TRUE(hasLine("InkPercent1=42"));
+    EXPECT_TRUE(hasLine("<<< SingletonMgr::~SingletonMgr: "));
+}
+
+TEST_F(LifecycleTest, SingletonsComeAndGoInTheirOrder) {
+    runJob();
+    auto lines = logLines();
+    std::erase_if(lines, [](const std::string& line) {
+        return line.find("SingletonMgr") == std::string::npos &&
+               line.find("destroying ") == std::string::npos;
+    });
+    EXPECT_THAT(lines,
+                ElementsAre(">>> SingletonMgr::SingletonMgr: ",
+                            ">>> SingletonMgr::SingletonMgr AppUpdatesController::instance() <<<",
+                            ">>> SingletonMgr::SingletonMgr BillboardView::instance() <<<",
+                            ">>> SingletonMgr::SingletonMgr Catalog::instance() <<<",
+                            ">>> SingletonMgr::SingletonMgr Controller::instance() <<<",
+                            ">>> SingletonMgr::SingletonMgr History::instance() <<<",
+                            ">>> SingletonMgr::SingletonMgr CurrentProcess::instance() <<<",
+                            "<<< SingletonMgr::SingletonMgr", ">>> SingletonMgr::~SingletonMgr: ",
+                            "History::destroy: destroying History.",
+                            "Controller::destroy: destroying Controller.",
+                            "Catalog::destroy: destroying Catalog.",
+                            "BillboardView::destroy: destroying BillboardView.",
+                            "AppUpdatesController::destroy: destroying AppUpdatesController.",
+                            "<<< SingletonMgr::~SingletonMgr: "));
+}
+
+TEST_F(LifecycleTest, TwoStartsBuildTheSingletonsOnceAndOneEndRemovesThem) {
+    EXPECT_EQ(startJob(), 1);
+    EXPECT_EQ(startJob({.jobName = "second.pdf"}), 1);
+    endJob();
+    const auto lines = logLines();
+    EXPECT_EQ(
+        std::count(lines.begin(), lines.end(), "Controller::instance: instantiating Controller."),
+        1);
+    api_.updateInfo(9, 9, 9, 0, 0, nullptr);
+    EXPECT_THAT(viewCalls("UpdateInfo"), IsEmpty());
+    EXPECT_EQ(startJob({.jobName = "third.pdf"}), 1);
+    EXPECT_THAT(
+        viewCalls("SetJobName"),
+        ElementsAre("SetJobName(report.pdf)", "SetJobName(second.pdf)", "SetJobName(third.pdf)"));
+}
+
+TEST_F(LifecycleTest, NullStringsAndNoInkInfoCountAsEmptyAndNotKnown) {
+    EXPECT_EQ(api_.init(nullptr, nullptr, 0, 0, static_cast<std::uint32_t>(-1), 0, 0, nullptr, 0, 0,
+                        nullptr),
+              1);
+    EXPECT_THAT(viewCalls("SetJobName"), ElementsAre("SetJobName()"));
+    EXPECT_THAT(viewCalls("SetShowPageInfo"), ElementsAre("SetShowPageInfo(false)"));
+    EXPECT_EQ(script_.inkInfo.InkPercent[9], -1);
+}
+
+TEST_F(LifecycleTest, PageInfoIsShownUnlessTheTotalIsNotKnown) {
+    struct {
+        std::int32_t totalPages;
+        const char* call;
+    } const rows[] = {{-1, "SetShowPageInfo(false)"},
+                      {-2, "SetShowPageInfo(false)"},
+                      {-3, "SetShowPageInfo(true)"},
+                      {0, "SetShowPageInfo(true)"}};
+    for (const auto& row : rows) {
+        script_.view.clear();
+        startJob({.totalPages = static_cast<std::uint32_t>(row.totalPages)});
+        endJob();
+        EXPECT_THAT(viewCalls("SetShowPageInfo"), ElementsAre(row.call)) << row.totalPages;
+    }
+}
+
+TEST_F(LifecycleTest, UnterminatedDiagnosticTextsAreReadToTheirEndOnly) {
+    std::fill_n(inkInfo_.iCart1PrintheadDiag, JSW_PRINTHEAD_DIAG_SIZE, 'A');
+    std::fill_n(inkInfo_.iCart2PrintheadDiag, JSW_PRINTHEAD_DIAG_SIZE, 'B');
+    runJob();
+    EXPECT_TRUE(hasLine("iCart1PrintheadDiag=AAAAAAAAAAAAAAAAAAAA"));
+    EXPECT_TRUE(hasLine("iCart2PrintheadDiag=BBBBBBBBBBBBBBBBBBBB"));
+}
+
+TEST_F(LifecycleTest, StatusCodesReachTheDriverExceptAClosedWindow) {
+    startJob({.callback = recordStatus});
+    for (const std::int32_t event : {2, 3, 9, 77, -1}) script_.reportEvent(event);
+    EXPECT_THAT(statusCodes, ElementsAre(3U, 9U, 77U, 0xFFFFFFFFU));
+    EXPECT_TRUE(hasLine("Controller::update: JSW GUI closed"));
+    EXPECT_TRUE(hasLine("Controller::update: unknown status(=77) in callback"));
+    startJob({.callback = nullptr});
+    script_.reportEvent(3);
+    EXPECT_EQ(statusCodes.size(), 4U);
+}
+
+TEST_F(LifecycleTest, CallbacksAfterTheJobAreIgnored) {
+    startJob({.callback = recordStatus});
+    waitForRules();
+    endJob();
+    DeleteFileA(logPath().c_str());
+    script_.reportEvent(9);
+    script_.clickBillboard("NEXT", 0);
+    script_.saveAppearance("Show Process Window", 0);
+    script_.saveValue("late", "value");
+    script_.saveUpdateSoftware(1);
+    EXPECT_THAT(statusCodes, IsEmpty());
+    EXPECT_THAT(logLines(), IsEmpty());
+    std::string value;
+    EXPECT_FALSE(Settings().getStringValue(setting::kGuiKey, "late", value));
+}
+
+TEST_F(LifecycleTest, TheDriverMayEndTheJobFromInsideItsStatusCallback) {
+    startJob({.callback = [](std::uint32_t) { api_.terminate(); }});
+    waitForRules();
+    std::thread windowThread([&] { script_.reportEvent(9); });
+    windowThread.join();
+    EXPECT_THAT(viewCalls("Uninitialize"), ElementsAre("Uninitialize()"));
+
+    // The same on the rules thread, which cannot wait for itself.
+    addBillboard("TIP", {.file = "tip.bb"});
+    script_.ruleResults = {"TIP"};
+    script_.rules.clear();
+    script_.onDisplayBillboard = [&](const std::string& billboard) {
+        if (billboard == "tip.bb") script_.reportEvent(9);
+    };
+    startJob({.callback = [](std::uint32_t) { api_.terminate(); }});
+    EXPECT_TRUE(waitForRules());
+    EXPECT_TRUE(test::eventually([&] { return viewCalls("Uninitialize").size() == 2; }));
+    script_.onDisplayBillboard = nullptr;
+    script_.ruleResults.clear();
+    runJob();  // and the next job is served fully
+    EXPECT_EQ(viewCalls("Uninitialize").size(), 3U);
+}
+
+TEST_F(LifecycleTest, ExportsMayBeCalledFromSeveralThreads) {
+    std::vector<std::thread> threads;
+    for (int i = 0; i < 4; ++i) {
+        threads.emplace_back([&, i] {
+            for (int round = 0; round < 20; ++round) {
+                if (i % 2 == 0) startJob();
+                api_.updateInfo(1, 2, 3, 4, 5, nullptr);
+                api_.postDlgMsg(nullptr);
+                if (script_.clickBillboard != nullptr) script_.clickBillboard("CURRENT", 0);
+                if (i % 2 == 1) api_.terminate();
+            }
+        });
+    }
+    for (auto& thread : threads) thread.join();
+    script_.view.clear();
+    EXPECT_EQ(startJob(), 1);
+    endJob();
+    EXPECT_THAT(viewCalls("ShowGui"), ElementsAre("ShowGui()"));
+}
+
+TEST_F(LifecycleTest, AWindowThatTheUserSwitchedOffIsNeverShown) {
+    startJob();
+    script_.saveAppearance("show process window", 0);
+    EXPECT_THAT(viewCalls("ShowGui").size(), 1U);
+    endJob();
+    EXPECT_EQ(startJob(), 1);
+    EXPECT_EQ(viewCalls("ShowGui").size(), 1U);
+    EXPECT_TRUE(
+        hasLine("BillboardView::jswInit: guiShowProcessWindow indicates GUI should NOT be shown!"));
+}
+
+TEST_F(LifecycleTest, WhatTheUserChoosesComesBackAtTheNextJob) {
+    startJob();
+    script_.saveAppearance("JOB PROGRESS MINIMIZED", 1);
+    script_.saveAppearance("Show Special Messages", 0);
+    script_.saveAppearance("Volume", 11);
+    script_.saveAppearance(nullptr, 1);
+    script_.saveValue("WindowY", "33");
+    script_.saveValue(nullptr, "x");
+    script_.saveValue("NoText", nullptr);
+    script_.saveUpdateSoftware(1);
+    script_.clickBillboard(nullptr, 0);
+    script_.clickBillboard("", 0);
+    endJob();
+    script_.view.clear();
+    startJob();
+    EXPECT_THAT(script_.view.calls(),
+                ::testing::IsSupersetOf({"SetJswProgressMinimized(1)", "SetShowSpecialMessages(0)",
+                                         "SetUpdateSoftware(1)", "SetSavedValue(WindowY,33)",
+                                         "SetSavedValue(NoText,)"}));
+    EXPECT_EQ(viewCalls("SetSavedValue").size(), 2U);
+    EXPECT_TRUE(hasLine("BillboardView::saveAppearanceCallback: ERROR - Unsupported key"));
+    EXPECT_TRUE(hasLine("BillboardView::billboardCallback: ERROR - action pointer is NULL"));
+    EXPECT_TRUE(hasLine("BillboardView::billboardCallback: ERROR - action is empty string"));
+    EXPECT_TRUE(Settings().write(setting::kCheckForUpdates, 0));
+}
+
+TEST_F(LifecycleTest, WithoutAViewTheJobFailsButEndsInOrder) {
+    const std::string notADll = folder_.write("broken.dll", "no code here");
+    for (const char* module : {"absent.dll", "broken.dll", "..\\..\\no\\such\\folder\\x.dll"}) {
+        Settings().write(setting::kDllPath, folder_.path());
+        Settings().write(setting::kViewModule, module);
+        EXPECT_EQ(startJob(), 0) << module;
+        api_.updateInfo(1, 1, 1, 0, 0, nullptr);
+        endJob();
+        EXPECT_TRUE(hasLine("ERROR - BasicDll<Handler>::init() Unable to load DLL=" +
+                            folder_.path() + "\\" + module));
+    }
+    EXPECT_TRUE(hasLine("BillboardView::jswInit: ERROR - The GUI DLL is not loaded"));
+    EXPECT_TRUE(hasLine("BillboardView::jswTerminate: ERROR - The GUI DLL is not loaded."));
+    EXPECT_THAT(script_.view.calls(), IsEmpty());
+    EXPECT_THAT(script_.rules.calls(), IsEmpty());
+}
+
+TEST_F(LifecycleTest, AnEntryPointThatIsMissingIsSkippedAndNamed) {
+    const std::vector<std::string> names = {
+#define NAME(name, type) #name,
+        JSW_VIEW_ENTRY_POINTS(NAME)
+#undef NAME
+    };
+    const std::string original = test::readFile("scripted_view.dll");
+    ASSERT_FALSE(original.empty());
+    Settings().write(setting::kDllPath, folder_.path());
+    for (const std::string& name : names) {
+        // The export's name in a copy of the module, spoilt in its last letter.
+        std::string module = original;
+        std::size_t position = 0;
+        while ((position = module.find('\0' + name + '\0', position)) != std::string::npos) {
+            module[position + name.size()] = '_';
+        }
+        folder_.write("no" + name + ".dll", module);
+        Settings().write(setting::kViewModule, "no" + name + ".dll");
+        script_.view.clear();
+        DeleteFileA(logPath().c_str());
+        EXPECT_EQ(startJob(), 1) << name;
+        api_.updateInfo(1, 2, 3, 4, 5, nullptr);
+        endJob();
+        EXPECT_THAT(viewCalls(name), IsEmpty()) << name;
+        EXPECT_GE(script_.view.calls().size(), 27U) << name;
+        EXPECT_EQ(logContains("Could not get proc address for " + name), name != "UpdateInfo");
+        FreeLibrary(GetModuleHandleA(("no" + name + ".dll").c_str()));
+    }
+}
+
+TEST_F(LifecycleTest, WithoutTheXmlParserNothingIsShown) {
+    HKEY empty = nullptr;
+    RegCreateKeyA(HKEY_CURRENT_USER, "Software\\JswTests\\NoClasses", &empty);
+    ASSERT_EQ(RegOverridePredefKey(HKEY_CLASSES_ROOT, empty), ERROR_SUCCESS);
+    EXPECT_EQ(startJob(), 0);
+    RegOverridePredefKey(HKEY_CLASSES_ROOT, nullptr);
+    RegCloseKey(empty);
+    EXPECT_TRUE(
+        hasLine("Controller::isMsXmlValid: MSXML 3.0 registry key not found, MSXML 3.0 "
+                "not installed."));
+    EXPECT_THAT(script_.view.calls(), IsEmpty());
+    endJob();
+    EXPECT_THAT(viewCalls("Uninitialize"), ElementsAre("Uninitialize()"));
+}
+
+TEST_F(LifecycleTest, ALongDataPathAndWrongTypesInTheRegistryDoNoHarm) {
+    const std::string longPath = folder_.path() + "\\" + std::string(400, 'x') + "\\";
+    Settings settings;
+    settings.write(setting::kDataPath, longPath);
+    settings.setStringValue("GUI\\JSW\\", "Show Process Window", "text");
+    settings.setDwordValue(setting::kControllerKey, "Catalog", 5);
+    settings.setStringValue(setting::kHistoryKey, "MaxSize", "text");
+    settings.setDwordValue(setting::kHistoryIdsKey, "Id0", 1);
+    settings.setStringValue(setting::kLoggerKey, "All", "text");
+    EXPECT_EQ(startJob(), 1);
+    endJob();
+    EXPECT_THAT(viewCalls("SetDataPath"),
+                ElementsAre("SetDataPath(" + longPath.substr(0, longPath.size() - 1) + ")"));
+    EXPECT_TRUE(hasLine("History::read: Unable to read bbId for key=Id0"));
+    EXPECT_TRUE(logContains("RegistryKey::getValue(ulong)MaxSize : incorrect value type"));
+}
+
+/// Windows gives out the lowest free handle, so a leak moves the next one up. (The process's own
+/// count of handles is not to be had in Wine.)
+std::uintptr_t nextHandle() {
+    const KernelHandle event(CreateEventA(nullptr, FALSE, FALSE, nullptr));
+    return reinterpret_cast<std::uintptr_t>(event.get());
+}
+
+std::size_t heapBytes() {
+    std::size_t bytes = 0;
+    PROCESS_HEAP_ENTRY entry{};
+    HANDLE heap = GetProcessHeap();
+    HeapLock(heap);
+    while (HeapWalk(heap, &entry) != FALSE) {
+        if ((entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) != 0) bytes += entry.cbData;
+    }
+    HeapUnlock(heap);
+    return bytes;
+}
+
+TEST_F(LifecycleTest, AThousandJobsLeaveHandlesAndMemoryAsTheyWere) {
+    Settings().setDwordValue(setting::kLoggerKey, "startLog", 0);
+    addBillboard("TIP", {.file = "tip.bb", .type = "special"});
+    script_.ruleResults = {"TIP"};
+    const auto job = [&] {
+        runJob();
+        script_.view.clear();
+        script_.catalog.clear();
+    };
+    for (int i = 0; i < 20; ++i) job();  // whatever is made once and kept
+    const std::uintptr_t handle = nextHandle();
+    const std::size_t bytes = heapBytes();
+    for (int i = 0; i < 1000; ++i) job();
+    EXPECT_EQ(nextHandle(), handle);
+    EXPECT_LT(heapBytes(), bytes + 16384);
+}
+
+}  // namespace jsw

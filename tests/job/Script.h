@@ -1,0 +1,82 @@
+#pragma once
+
+#include "jsw/catalog.h"
+#include "jsw/legacy.h"
+#include "jsw/rules.h"
+#include "jsw/view.h"
+
+#include <cstdlib>
+#include <functional>
+#include <map>
+#include <mutex>
+#include <string>
+#include <vector>
+
+namespace jsw::test {
+
+/// What a scripted module was asked, in order, by any thread.
+class CallRecord {
+  public:
+    void add(const std::string& call) {
+        const std::lock_guard lock(lock_);
+        calls_.push_back(call);
+    }
+    std::vector<std::string> calls() const {
+        const std::lock_guard lock(lock_);
+        return calls_;
+    }
+    void clear() {
+        const std::lock_guard lock(lock_);
+        calls_.clear();
+    }
+
+  private:
+    mutable std::mutex lock_;
+    std::vector<std::string> calls_;
+};
+
+/// How the scripted modules behave, and what happened to them. The modules find it through an
+/// environment variable; it lives in the test program.
+struct Script {
+    // The view.
+    CallRecord view;
+    JswViewEventCallback reportEvent = nullptr;
+    JswViewBillboardCallback clickBillboard = nullptr;
+    JswViewSaveAppearanceCallback saveAppearance = nullptr;
+    JswViewSaveValueCallback saveValue = nullptr;
+    JswViewUpdateSoftwareCallback saveUpdateSoftware = nullptr;
+    InkInfo inkInfo{};
+    std::function<void(const std::string& billboard)> onDisplayBillboard;
+
+    // The catalog.
+    struct Billboard {
+        std::string file;
+        std::string type = "standard";
+        std::vector<std::string> actions{};
+        bool navigate = false;
+        bool restore = false;
+        std::string carts{};
+    };
+    CallRecord catalog;
+    std::map<std::string, Billboard> billboards;
+    std::map<std::string, std::vector<std::string>> categories;
+    bool emptyLists = false;  ///< answers lists without entries where there is no list
+
+    // The rules engine.
+    CallRecord rules;
+    std::vector<std::string> ruleResults;  ///< "" stands for a null answer
+    bool rulesNeverEnd = false;
+    bool checkHistory = true;
+    bool engineStarts = true;
+    std::function<void()> onEvaluateRule;
+
+    // The older job window.
+    CallRecord legacy;
+    bool legacyStarts = true;
+    std::function<void()> onPrompt;
+};
+
+/// Names the environment variable that holds the script's address.
+inline constexpr char kScriptVariable[] = "JSW_TEST_SCRIPT";
+
+}  // namespace jsw::test

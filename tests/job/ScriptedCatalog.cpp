@@ -1,0 +1,85 @@
+// A catalog module that answers from the test's script.
+
+#include "PublicLib/text/Text.h"
+#include "tests/job/ScriptAccess.h"
+
+#include <cstring>
+
+JSW_CATALOG_ENTRY_POINTS(JSW_MODULE_DECLARE)
+
+namespace {
+
+using jsw::concat;
+using jsw::test::Script;
+using jsw::test::script;
+
+JswAllocate allocate = nullptr;
+
+char* newText(const std::string& text) {
+    auto* copy = static_cast<char*>(allocate(static_cast<int32_t>(text.size() + 1)));
+    std::memcpy(copy, text.c_str(), text.size() + 1);
+    return copy;
+}
+
+char** newList(const std::vector<std::string>& texts) {
+    if (texts.empty() && !script().emptyLists) return nullptr;
+    auto** list =
+        static_cast<char**>(allocate(static_cast<int32_t>((texts.size() + 1) * sizeof(char*))));
+    for (std::size_t i = 0; i < texts.size(); ++i) list[i] = newText(texts[i]);
+    list[texts.size()] = nullptr;
+    return list;
+}
+
+const Script::Billboard* find(const char* id) {
+    const auto entry = script().billboards.find(id);
+    return entry == script().billboards.end() ? nullptr : &entry->second;
+}
+
+}  // namespace
+
+extern "C" {
+
+void Initialize(JswAllocate function) {
+    script().catalog.add("Initialize()");
+    allocate = function;
+}
+
+void UnInitialize() {
+    script().catalog.add("UnInitialize()");
+}
+
+char** GetBillboardIds(const char* category) {
+    const auto entry = script().categories.find(category);
+    return newList(entry == script().categories.end() ? std::vector<std::string>{} : entry->second);
+}
+
+char** GetBillboardActions(const char* id) {
+    const auto* billboard = find(id);
+    return newList(billboard == nullptr ? std::vector<std::string>{} : billboard->actions);
+}
+
+char* GetBillboardFileName(const char* id) {
+    const auto* billboard = find(id);
+    return billboard == nullptr ? nullptr : newText(billboard->file);
+}
+
+char* GetBillboardType(const char* id) {
+    const auto* billboard = find(id);
+    return billboard == nullptr ? nullptr : newText(billboard->type);
+}
+
+char* GetBillboardCarts(const char* id) {
+    const auto* billboard = find(id);
+    return billboard == nullptr ? nullptr : newText(billboard->carts);
+}
+
+JswBool GetBillboardEnableNavigation(const char* id) {
+    const auto* billboard = find(id);
+    return billboard != nullptr && billboard->navigate;
+}
+
+JswBool GetBillboardRestoreWindow(const char* id) {
+    const auto* billboard = find(id);
+    return billboard != nullptr && billboard->restore;
+}
+}
