@@ -23,6 +23,7 @@ std::string computerName() {
 
 bool isThisComputer(const std::string& serverName) {
     const std::string name = computerName();
+    if (name.empty()) return false;
     return equalsIgnoringCase(serverName, name) || equalsIgnoringCase(serverName, "\\\\" + name);
 }
 

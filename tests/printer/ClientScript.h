@@ -1,0 +1,49 @@
+#pragma once
+
+#include "jsw/device.h"
+
+#include <array>
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+namespace jsw::test {
+
+struct ScriptedDevice {
+    JswDeviceHandle handle;
+    const char* name;  // of a printer
+    const char* port;
+    JswDeviceStatus textStatus = 0;
+};
+
+/// What the scripted device client answers, and what it saw. It lives in the test program; the
+/// client finds it through the environment and only reads what can grow.
+struct ClientScript {
+    JswDeviceStatus initializeStatus = 0;
+    std::uint32_t initializeError = 0;  // left in GetLastError() by a failing PcsInitialize
+    JswDeviceStatus clientIdStatus = 0;
+    JswDeviceStatus openStatus = 0;
+    JswDeviceStatus callStatus = 0;  // of the other calls
+    std::vector<ScriptedDevice> printers, hids, scanners;
+    std::string transport = "USB1";
+    JswDeviceStatus transportStatus = 0;
+    std::vector<std::uint8_t> cache;
+    std::uint32_t cacheLength = 0;  // as reported
+    JswDeviceStatus cacheStatus = 0;
+    std::vector<std::uint8_t> response;  // its first bytes that fit are written
+    JswDeviceStatus exchangeStatus = 0;
+
+    int initialized = 0;  // PcsInitialize less PcsUninitialize
+    int opened = 0;       // opens less closes
+    int clientIdsGiven = 0;
+    int cacheReads = 0;
+    int exchanges = 0;
+    std::array<std::uint8_t, 16> request{};
+    std::uint32_t requestLength = 0;
+    std::array<std::uintptr_t, 8> words{};  // of the last call that takes words
+};
+
+inline constexpr char kScriptVariable[] = "JSW_CLIENT_SCRIPT";
+
+}  // namespace jsw::test

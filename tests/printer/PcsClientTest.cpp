@@ -1,0 +1,247 @@
+#include "PublicLib/printer/PcsClient.h"
+#include "jsw/settings/RegistryKey.h"
+#include "tests/printer/ClientTest.h"
+
+#include <algorithm>
+#include <cctype>
+#include <functional>
+#include <thread>
+
+namespace jsw {
+
+namespace {
+
+constexpr PcsHandle kHandle = 8193;
+
+std::int32_t ignoreDevice(JswDeviceClientId, JswDeviceHandle) {
+    return 1;
+}
+
+using Operation = std::function<PcsStatus(PcsClient&)>;
+
+/// A call of each family.
+struct Calls {
+    Operation perCall = [](PcsClient& client) { return client.getHostInfo(); };
+    Operation perCallHid = [](PcsClient& client) {
+        return client.enumHids("ALL_TRANSPORT", "", ignoreDevice);
+    };
+    Operation open = [](PcsClient& client) { return client.openPrinter(kHandle); };
+    Operation openHid = [](PcsClient& client) { return client.openHid(kHandle); };
+    Operation openScanner = [](PcsClient& client) { return client.openScanner(kHandle); };
+    Operation openCardReader = [](PcsClient& client) { return client.openCardReader(kHandle); };
+    Operation byHandle = [](PcsClient& client) { return client.writePrinter(kHandle); };
+    Operation close = [](PcsClient& client) { return client.closePrinter(kHandle); };
+    Operation service = [](PcsClient& client) { return client.addTransport(); };
+    Operation install = [](PcsClient& client) { return client.install(); };
+};
+const Calls calls;
+
+}  // namespace
+
+class PcsClientTest : public test::ClientTest {
+  protected:
+    /// What a client holds: "library users, client id users".
+    using Held = std::pair<std::int32_t, std::uint32_t>;
+    static Held held(const PcsClient& client) {
+        return {client.libraryUsers(), client.clientIdUsers()};
+    }
+};
+
+TEST_F(PcsClientTest, TellsWhyACallCannotBeMade) {
+    struct Row {
+        const char* library;
+        Operation call;
+        PcsStatus status;
+        Held heldAfter;
+    };
+    const std::string noLibrary = folder_.write("nolibrary.dll", "this is no library");
+    const Row rows[] = {
+        // The library is absent, is none, or lacks PcsInitialize.
+        {"absent.dll", calls.perCall, 126, {0, 0}},
+        {"absent.dll", calls.perCallHid, 126, {0, 0}},
+        {"absent.dll", calls.open, 126, {0, 0}},
+        {"absent.dll", calls.service, 126, {0, 0}},
+        {"absent.dll", calls.install, 126, {0, 0}},
+        {"absent.dll", calls.byHandle, 1, {0, 0}},
+        {"absent.dll", calls.close, 1, {0, 0}},
+        {noLibrary.c_str(), calls.perCall, 126, {0, 0}},
+        {noLibrary.c_str(), calls.install, ERROR_BAD_EXE_FORMAT, {0, 0}},
+        {"winspool.drv", calls.perCall, 126, {0, 0}},
+        {"winspool.drv", calls.install, 127, {0, 0}},
+        // Without PcsGetClientId; the HID variant keeps the library.
+        {"qlclientwithoutid.dll", calls.perCall, 127, {0, 0}},
+        {"qlclientwithoutid.dll", calls.open, 127, {0, 0}},
+        {"qlclientwithoutid.dll", calls.perCallHid, 127, {1, 0}},
+        {"qlclientwithoutid.dll", calls.service, 0, {0, 0}},
+        // Without the function itself; the opens of HIDs and scanners keep the client id.
+        {"qlbareclient.dll", calls.perCall, 127, {0, 0}},
+        {"qlbareclient.dll", calls.perCallHid, 127, {0, 0}},
+        {"qlbareclient.dll", calls.open, 127, {0, 0}},
+        {"qlbareclient.dll", calls.openCardReader, 127, {0, 0}},
+        {"qlbareclient.dll", calls.openHid, 127, {0, 1}},
+        {"qlbareclient.dll", calls.openScanner, 127, {0, 1}},
+        {"qlbareclient.dll", calls.service, 127, {0, 0}},
+        {"qlbareclient.dll", calls.install, 127, {0, 0}},
+        // Made.
+        {kClient, calls.perCall, 0, {0, 0}},
+        {kClient, calls.perCallHid, 0, {0, 0}},
+        {kClient, calls.open, 0, {1, 1}},
+        {kClient, calls.byHandle, 1, {0, 0}},
+        {kClient, calls.close, 1, {0, 0}},
+        {kClient, calls.service, 0, {0, 0}},
+        {kClient, calls.install, 0, {0, 0}},
+    };
+    for (const Row& row : rows) {
+        const auto line = &row - rows;
+        {
+            PcsClient client(row.library, "", false);
+            EXPECT_EQ(row.call(client), row.status) << line;
+            EXPECT_EQ(held(client), row.heldAfter) << line;
+            EXPECT_EQ(client.isLoaded(), row.heldAfter.first > 0) << line;
+        }
+        EXPECT_EQ(script_.initialized, 0) << line;
+        EXPECT_EQ(script_.opened, 0) << line;
+        EXPECT_FALSE(isLoaded(kClient)) << line;
+    }
+}
+
+TEST_F(PcsClientTest, PassesTheLibrarysStatusOn) {
+    script_.callStatus = 4711;
+    script_.openStatus = 4712;
+    PcsClient client(kClient, "", false);
+    EXPECT_EQ(calls.perCall(client), 4711U);
+    EXPECT_EQ(calls.perCallHid(client), 4711U);
+    EXPECT_EQ(calls.service(client), 4711U);
+    EXPECT_EQ(calls.install(client), 4711U);
+    EXPECT_EQ(calls.open(client), 4712U);
+    EXPECT_EQ(calls.byHandle(client), 1U);
+    EXPECT_EQ(held(client), Held(0, 0));
+
+    script_.openStatus = 0;
+    EXPECT_EQ(calls.open(client), 0U);
+    EXPECT_EQ(calls.byHandle(client), 4711U);
+    EXPECT_EQ(calls.close(client), 4711U);  // closed all the same
+    EXPECT_EQ(held(client), Held(0, 0));
+
+    script_.clientIdStatus = 4713;
+    EXPECT_EQ(calls.perCall(client), 4713U);
+    EXPECT_EQ(client.acquire(), 4713U);
+    EXPECT_EQ(held(client), Held(0, 0));
+    EXPECT_EQ(calls.perCallHid(client), 4713U);
+    EXPECT_EQ(held(client), Held(1, 0));
+}
+
+TEST_F(PcsClientTest, TriesAgainAfterALibraryThatDidNotInitialise) {
+    script_.initializeStatus = 5;
+    script_.initializeError = ERROR_ACCESS_DENIED;
+    PcsClient client(kClient, "", true);
+    EXPECT_EQ(calls.perCall(client), 126U);
+    EXPECT_EQ(client.acquire(), static_cast<PcsStatus>(ERROR_ACCESS_DENIED));
+    script_.initializeError = 0;
+    EXPECT_NE(client.acquire(), 0U);
+    EXPECT_FALSE(client.isLoaded());
+    EXPECT_FALSE(isLoaded(kClient));
+    script_.initializeStatus = 0;
+    EXPECT_EQ(calls.perCall(client), 0U);
+}
+
+TEST_F(PcsClientTest, HandsArgumentsThroughUnchanged) {
+    PcsClient client(kClient, "", false);
+    const auto big = static_cast<PcsWord>(0xFEDCBA9876543210);
+    client.getHostInfo(big, 2, 3, 4, 5, 6);
+    EXPECT_EQ(script_.words, (std::array<std::uintptr_t, 8>{77, big, 2, 3, 4, 5, 6, 0}));
+    client.openPrinter(kHandle);
+    client.writePrinter(kHandle, big, 9);
+    EXPECT_EQ(script_.words, (std::array<std::uintptr_t, 8>{77, kHandle, big, 9}));
+    client.addTransport(big, 8);  // no client id
+    EXPECT_EQ(script_.words, (std::array<std::uintptr_t, 8>{big, 8}));
+}
+
+TEST_F(PcsClientTest, HoldsTheLibraryWhileAHandleIsOpen) {
+    {
+        PcsClient client(kClient, "", false);
+        EXPECT_FALSE(client.isLoaded());
+        client.openPrinter(kHandle);
+        client.openPrinter(kHandle);
+        client.openCardReader(kHandle + 1);
+        EXPECT_EQ(held(client), Held(3, 3));
+        EXPECT_EQ(script_.clientIdsGiven, 1);
+        client.closePrinter(kHandle);
+        EXPECT_EQ(calls.byHandle(client), 0U);
+        EXPECT_EQ(client.closeAllPrinters(), 0U);
+        EXPECT_EQ(calls.byHandle(client), 1U);
+        EXPECT_EQ(held(client), Held(1, 1));
+        EXPECT_EQ(client.closeCardReader(kHandle + 1), 127U);  // the library cannot close these
+        EXPECT_EQ(held(client), Held(0, 0));
+        EXPECT_FALSE(isLoaded(kClient));
+        script_.opened = 0;
+        client.openPrinter(kHandle);
+        client.openPrinter(kHandle + 2);
+    }
+    EXPECT_EQ(script_.opened, 0);  // the destructor closed them
+    EXPECT_EQ(script_.initialized, 0);
+    EXPECT_FALSE(isLoaded(kClient));
+}
+
+TEST_F(PcsClientTest, KeepsTheLibraryLoadedWhenAsked) {
+    for (const bool keepLoaded : {true, false}) {
+        {
+            PcsClient client(kClient, "", keepLoaded);
+            for (int i = 0; i < 2; ++i) {
+                calls.perCall(client);
+                EXPECT_EQ(held(client), Held(0, 0));
+                EXPECT_EQ(script_.initialized, keepLoaded ? 1 : 0);
+                EXPECT_EQ(isLoaded(kClient), keepLoaded);
+            }
+            EXPECT_EQ(client.acquire(), 0U);
+            EXPECT_TRUE(client.isLoaded());
+            client.release();
+            client.release();  // one too many is harmless
+            EXPECT_EQ(held(client), Held(0, 0));
+        }
+        EXPECT_EQ(script_.initialized, 0);
+        EXPECT_FALSE(isLoaded(kClient));
+    }
+}
+
+TEST_F(PcsClientTest, AcceptsThisComputerAsItsServer) {
+    // The private registry has no computer name yet.
+    RegistryKey("SYSTEM\\CurrentControlSet\\Control\\ComputerName\\ActiveComputerName", true)
+        .setValue("ComputerName", "INKHOST");
+    char buffer[MAX_COMPUTERNAME_LENGTH + 1];
+    DWORD size = sizeof buffer;
+    ASSERT_TRUE(GetComputerNameA(buffer, &size)) << GetLastError();
+    const std::string name(buffer);
+    std::string otherCase = name;
+    std::ranges::transform(otherCase, otherCase.begin(), [](char letter) {
+        const auto code = static_cast<unsigned char>(letter);
+        return static_cast<char>(std::isupper(code) ? std::tolower(code) : std::toupper(code));
+    });
+    for (const auto& server : {std::string(), name, otherCase, "\\\\" + name, "\\\\" + otherCase}) {
+        PcsClient client(kClient, server, false);
+        EXPECT_EQ(client.checkServerName(), 0U) << server;
+        EXPECT_EQ(calls.perCall(client), 0U) << server;
+    }
+}
+
+TEST_F(PcsClientTest, LeavesTheClientIdLockedAfterARefusedServer) {
+    for (const char* server : {"no-such-server", "\\no-such-server", "\\\\no-such-server"}) {
+        // Never destroyed: its lock stays held.
+        auto* const client = new PcsClient(kClient, server, false);
+        const PcsStatus refused = client->checkServerName();
+        EXPECT_NE(refused, 0U) << server;
+        EXPECT_EQ(calls.perCall(*client), refused) << server;
+        EXPECT_EQ(client->libraryUsers(), 0);
+        EXPECT_EQ(calls.perCall(*client), refused) << "the same thread may go on";
+        std::atomic<bool> entered = false;
+        std::thread other([&] {
+            client->clientIdUsers();
+            entered = true;
+        });
+        Sleep(50);
+        EXPECT_FALSE(entered);
+        other.detach();
+    }
+}
+
+}  // namespace jsw

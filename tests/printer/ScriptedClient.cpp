@@ -1,0 +1,157 @@
+// A device client whose behaviour the test program decides. Built three times: with all that the
+// tests call, without client ids, and with nothing but a life.
+#include "tests/printer/ClientScript.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <cstring>
+
+using jsw::test::ClientScript;
+using jsw::test::ScriptedDevice;
+
+#define EXPORTED extern "C" __declspec(dllexport) JswDeviceStatus
+
+namespace {
+
+/// Windows' environment, not the C library's, of which this module has its own copy.
+ClientScript& script() {
+    char address[32]{};
+    GetEnvironmentVariableA(jsw::test::kScriptVariable, address, sizeof address);
+    return *reinterpret_cast<ClientScript*>(std::strtoull(address, nullptr, 16));
+}
+
+}  // namespace
+
+EXPORTED PcsInitialize() {
+    if (script().initializeStatus != 0) {
+        SetLastError(script().initializeError);
+    } else {
+        ++script().initialized;
+    }
+    return script().initializeStatus;
+}
+
+EXPORTED PcsUninitialize() {
+    --script().initialized;
+    return 0;
+}
+
+#ifndef WITHOUT_CLIENT_ID
+EXPORTED PcsGetClientId(JswDeviceClientId* client, const char* /*server*/) {
+    *client = 77;
+    ++script().clientIdsGiven;
+    return script().clientIdStatus;
+}
+#endif
+
+#ifndef WITHOUT_FUNCTIONS
+namespace {
+
+JswDeviceStatus getText(const std::vector<ScriptedDevice>& devices, JswDeviceHandle handle,
+                        char* buffer, uint32_t size, uint32_t* length) {
+    for (const ScriptedDevice& device : devices) {
+        if (device.handle != handle) continue;
+        *length = static_cast<uint32_t>(std::min<size_t>(std::strlen(device.port), size));
+        std::memcpy(buffer, device.port, *length);  // unterminated when it fills the buffer
+        return device.textStatus;
+    }
+    return ERROR_INVALID_HANDLE;
+}
+
+template <class... Words>
+JswDeviceStatus keep(Words... words) {
+    script().words = {static_cast<std::uintptr_t>(words)...};
+    return script().callStatus;
+}
+
+JswDeviceStatus open(JswDeviceStatus status) {
+    if (status == 0) ++script().opened;
+    return status;
+}
+
+JswDeviceStatus close() {
+    --script().opened;
+    return script().callStatus;
+}
+
+}  // namespace
+
+EXPORTED PcsEnumWindowsPrinters(JswDeviceClientId client, const char*, const char*,
+                                JswDevicePrinterCallback callback) {
+    for (const ScriptedDevice& device : script().printers) {
+        callback(client, device.handle, device.name, device.port);
+    }
+    return script().callStatus;
+}
+EXPORTED PcsEnumHids(JswDeviceClientId client, const char*, const char*,
+                     JswDeviceCallback callback) {
+    for (const ScriptedDevice& device : script().hids) callback(client, device.handle);
+    return script().callStatus;
+}
+EXPORTED PcsEnumScanners(JswDeviceClientId client, const char*, const char*,
+                         JswDeviceCallback callback) {
+    for (const ScriptedDevice& device : script().scanners) callback(client, device.handle);
+    return script().callStatus;
+}
+EXPORTED PcsGetStringPrinter(JswDeviceClientId, JswDeviceHandle, const char*, char* buffer,
+                             uint32_t, uint32_t* length) {
+    *length = static_cast<uint32_t>(script().transport.size());
+    std::memcpy(buffer, script().transport.data(), *length);
+    return script().transportStatus;
+}
+EXPORTED PcsGetStringHid(JswDeviceClientId, JswDeviceHandle handle, const char*, char* buffer,
+                         uint32_t size, uint32_t* length) {
+    return getText(script().hids, handle, buffer, size, length);
+}
+EXPORTED PcsGetStringScanner(JswDeviceClientId, JswDeviceHandle handle, const char*, char* buffer,
+                             uint32_t size, uint32_t* length) {
+    return getText(script().scanners, handle, buffer, size, length);
+}
+EXPORTED PcsGetCachePrinter(JswDeviceClientId, JswDeviceHandle, uint8_t* buffer, uint32_t size,
+                            uint32_t* length) {
+    ++script().cacheReads;
+    Sleep(20);  // lets a second thread arrive meanwhile
+    std::memcpy(buffer, script().cache.data(), std::min<size_t>(size, script().cache.size()));
+    *length = script().cacheLength;
+    return script().cacheStatus;
+}
+EXPORTED PcsExchangeBidiPrinter(JswDeviceClientId, JswDeviceHandle, const uint8_t* request,
+                                uint32_t requestLength, uint8_t* response, uint32_t size,
+                                uint32_t* length) {
+    ++script().exchanges;
+    script().requestLength = requestLength;
+    std::memcpy(script().request.data(), request, std::min<size_t>(requestLength, 16));
+    const auto& answer = script().response;
+    std::memcpy(response, answer.data(), std::min<size_t>(size, answer.size()));
+    *length = static_cast<uint32_t>(answer.size());
+    return script().exchangeStatus;
+}
+
+// One of each kind of open and close, and one of each family that only passes words through.
+EXPORTED PcsOpenPrinter(JswDeviceClientId, JswDeviceHandle) {
+    return open(script().openStatus);
+}
+EXPORTED PcsClosePrinter(JswDeviceClientId, JswDeviceHandle) {
+    return close();
+}
+EXPORTED PcsCloseHid(JswDeviceClientId, JswDeviceHandle) {
+    return close();
+}
+EXPORTED PcsOpenCardReader(JswDeviceClientId, JswDeviceHandle) {
+    return open(script().openStatus);
+}
+EXPORTED PcsGetHostInfo(uintptr_t client, uintptr_t a, uintptr_t b, uintptr_t c, uintptr_t d,
+                        uintptr_t e, uintptr_t f) {
+    return keep(client, a, b, c, d, e, f);
+}
+EXPORTED PcsWritePrinter(uintptr_t client, uintptr_t handle, uintptr_t a, uintptr_t b) {
+    return keep(client, handle, a, b);
+}
+EXPORTED PcsAddTransport(uintptr_t a, uintptr_t b) {
+    return keep(a, b);
+}
+EXPORTED PcsInstall(uintptr_t a) {
+    return keep(a);
+}
+#endif
