@@ -1,0 +1,14 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace jsw::legacy {
+
+/** Runs the dialog until it is answered or taken away. One at a time. */
+void runPrompt(const std::string& printer, const std::string& text);
+
+/** Hands a message to the dialog that is up, from any thread; without one it is lost. */
+void postToPrompt(uintptr_t message);
+
+}  // namespace jsw::legacy
