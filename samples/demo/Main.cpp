@@ -10,6 +10,7 @@
 #include "samples/demo/JobPlan.h"
 #include "samples/demo/JobRun.h"
 #include "samples/demo/JswLibrary.h"
+#include "samples/demo/PromptModule.h"
 
 #include <windows.h>
 
@@ -129,9 +130,18 @@ void prepareStore(const DemoOptions& options) {
     }
 }
 
+bool asksTheUser(const DemoOptions& options, const std::vector<Step>& script) {
+    return options.prompt || std::any_of(script.begin(), script.end(), [](const Step& step) {
+               return step.action == Action::kPrompt;
+           });
+}
+
 int runJobs(const DemoOptions& options) {
     const std::vector<Step> script = loadScript(options.scriptFile);
     prepareStore(options);
+    if (asksTheUser(options, script)) {
+        installPromptModule(programFolder() + "jswo.dll");
+    }
     const JswLibrary library(programFolder() + "jsw.dll");
     bool good = true;
     for (uint32_t job = 1; job <= options.jobs; ++job) {
