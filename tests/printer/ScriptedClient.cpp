@@ -53,10 +53,14 @@ JswDeviceStatus getText(const std::vector<ScriptedDevice>& devices, JswDeviceHan
     for (const ScriptedDevice& device : devices) {
         if (device.handle != handle) continue;
         *length = static_cast<uint32_t>(std::min<size_t>(std::strlen(device.port), size));
-        std::memcpy(buffer, device.port, *length);  // unterminated when it fills the buffer
+        std::copy_n(device.port, *length, buffer);  // unterminated when it fills the buffer
         return device.textStatus;
     }
     return ERROR_INVALID_HANDLE;
+}
+
+void copyOut(const std::vector<uint8_t>& bytes, uint8_t* buffer, uint32_t size) {
+    std::copy_n(bytes.begin(), std::min<size_t>(size, bytes.size()), buffer);
 }
 
 template <class... Words>
@@ -97,7 +101,7 @@ EXPORTED PcsEnumScanners(JswDeviceClientId client, const char*, const char*,
 EXPORTED PcsGetStringPrinter(JswDeviceClientId, JswDeviceHandle, const char*, char* buffer,
                              uint32_t, uint32_t* length) {
     *length = static_cast<uint32_t>(script().transport.size());
-    std::memcpy(buffer, script().transport.data(), *length);
+    std::copy_n(script().transport.data(), *length, buffer);
     return script().transportStatus;
 }
 EXPORTED PcsGetStringHid(JswDeviceClientId, JswDeviceHandle handle, const char*, char* buffer,
@@ -112,7 +116,7 @@ EXPORTED PcsGetCachePrinter(JswDeviceClientId, JswDeviceHandle, uint8_t* buffer,
                             uint32_t* length) {
     ++script().cacheReads;
     Sleep(20);  // lets a second thread arrive meanwhile
-    std::memcpy(buffer, script().cache.data(), std::min<size_t>(size, script().cache.size()));
+    copyOut(script().cache, buffer, size);
     *length = script().cacheLength;
     return script().cacheStatus;
 }
@@ -121,10 +125,9 @@ EXPORTED PcsExchangeBidiPrinter(JswDeviceClientId, JswDeviceHandle, const uint8_
                                 uint32_t* length) {
     ++script().exchanges;
     script().requestLength = requestLength;
-    std::memcpy(script().request.data(), request, std::min<size_t>(requestLength, 16));
-    const auto& answer = script().response;
-    std::memcpy(response, answer.data(), std::min<size_t>(size, answer.size()));
-    *length = static_cast<uint32_t>(answer.size());
+    std::copy_n(request, std::min<size_t>(requestLength, 16), script().request.begin());
+    copyOut(script().response, response, size);
+    *length = static_cast<uint32_t>(script().response.size());
     return script().exchangeStatus;
 }
 
