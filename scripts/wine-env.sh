@@ -50,11 +50,14 @@ start_wine() {
   if [[ -z "${DISPLAY:-}" || -n "${JSW_OWN_DISPLAY:-}" ]]; then
     start_display
   fi
+  # The server needs the folder to exist.
+  local ready=$WINEPREFIX/.jsw-ready
+  [[ -f "$ready" ]] || rm -rf "$WINEPREFIX"
+  mkdir -p "$WINEPREFIX"
   wine_server -p >/dev/null 2>&1
-  if [[ ! -f "$WINEPREFIX/.jsw-ready" ]]; then
+  if [[ ! -f "$ready" ]]; then
     echo "Creating the Wine prefix build/wine-$name ..."
-    rm -rf "$WINEPREFIX"
     wine wineboot -i >/dev/null 2>&1
-    touch "$WINEPREFIX/.jsw-ready"
+    touch "$ready"
   fi
 }
