@@ -38,26 +38,37 @@ start_display() {
   rm -f "$number_file"
 }
 
+# On a display of our own nobody manages windows: Wine would wait two seconds for a window manager
+# whenever a window closes. Unmanaged windows also get their title bar from Wine itself.
+choose_window_style() {
+  wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed \
+    /d "$([[ -n "${JSW_XVFB_PID:-}" ]] && echo N || echo Y)" /f >/dev/null 2>&1
+}
+
 start_wine() {
   local name=$1
   export WINEPREFIX="$PWD/build/wine-$name" WINEARCH=win64 WINEDEBUG=-all
   export WINEDLLOVERRIDES="mscoree,mshtml="
   trap stop_wine EXIT
   trap 'exit 130' INT TERM
-  mkdir -p build
-  # A prefix that another display's server still serves would show its windows there.
-  wine_server -k >/dev/null 2>&1 || true
+  # A server that another display's programs have left behind would show windows there.
+  if [[ -d "$WINEPREFIX" ]]; then
+    wine_server -k >/dev/null 2>&1 || true
+  fi
   if [[ -z "${DISPLAY:-}" || -n "${JSW_OWN_DISPLAY:-}" ]]; then
     start_display
   fi
-  # The server needs the folder to exist.
-  local ready=$WINEPREFIX/.jsw-ready
-  [[ -f "$ready" ]] || rm -rf "$WINEPREFIX"
-  mkdir -p "$WINEPREFIX"
-  wine_server -p >/dev/null 2>&1
-  if [[ ! -f "$ready" ]]; then
+  local fresh=
+  if [[ ! -f "$WINEPREFIX/.jsw-ready" ]]; then
+    fresh=yes
+    rm -rf "$WINEPREFIX"
+    mkdir -p "$WINEPREFIX"
+  fi
+  wine_server -p >/dev/null 2>&1  # stays between programs, which then start at once
+  if [[ -n "$fresh" ]]; then
     echo "Creating the Wine prefix build/wine-$name ..."
     wine wineboot -i >/dev/null 2>&1
-    touch "$ready"
+    touch "$WINEPREFIX/.jsw-ready"
   fi
+  choose_window_style
 }

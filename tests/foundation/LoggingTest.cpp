@@ -1,24 +1,267 @@
+#include "PublicLib/errors/Exception.h"
+#include "PublicLib/logging/CriticalLog.h"
+#include "PublicLib/logging/LogLine.h"
 #include "PublicLib/logging/MethodTrace.h"
+#include "PublicLib/os/Localize.h"
+#include "jsw/settings/RegistryKey.h"
 #include "jsw/settings/Settings.h"
+#include "tests/support/ChildProcess.h"
 #include "tests/support/HostTest.h"
 
+#include <windows.h>
+
 #include <gmock/gmock.h>
+#include <map>
+#include <sstream>
+#include <thread>
 
 namespace jsw {
 
 using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::MatchesRegex;
 
-class MethodTraceTest : public test::HostTest {};
+TEST(LogLineTest, HeadersAreShownAsSwitched) {
+    const LogTime time{2008, 7, 4, 9, 5, 3, 42};
+    LogHeader header;
+    header.component = "JSW";
+    header.componentWidth = 6;
+    EXPECT_EQ(formatLogLine(header, "text"), "JSW    text");
+    header.time = time;
+    header.depth = 2;
+    EXPECT_EQ(formatLogLine(header, "text"), "2008/07/04-09:05:03.042 JSW      text");
+    header.processId = 0x2a;
+    header.threadId = 0xabcdef;
+    EXPECT_EQ(formatLogLine(header, ""), "2008/07/04-09:05:03.042 pid=002a tid=abcdef JSW      ");
+    header = {};
+    header.component = "LongerThanItsColumn";
+    header.componentWidth = 6;
+    EXPECT_EQ(formatLogLine(header, "text"), "LongerThanItsColumn text");
+}
 
-TEST_F(MethodTraceTest, IndentsAddedLinesAndReportsTheResult) {
+TEST(CachedSwitchTest, HoldsFromTheNextTickForLessThanFiveSeconds) {
+    struct {
+        std::uint32_t readAt, askedAt;
+        bool holds;
+    } const rows[] = {
+        {1000, 1000, false}, {1000, 1001, true},        {1000, 5999, true},
+        {1000, 6000, false}, {0xFFFFFFF0, 0x100, true}, {0xFFFFFFF0, 0x1400, false},
+        {1000, 999, false},  {0xFFFFFFFF, 0x10, true},
+    };
+    for (const auto& row : rows) {
+        CachedSwitch entry;
+        EXPECT_FALSE(entry.value(row.askedAt));
+        entry.store(5, row.readAt);
+        EXPECT_EQ(entry.value(row.askedAt).has_value(), row.holds) << row.readAt << row.askedAt;
+    }
+}
+
+class LoggingTest : public test::HostTest {
+  protected:
+    static void setSwitch(const char* name, std::uint32_t value) {
+        Settings().setDwordValue(setting::kLoggerKey, name, value);
+    }
+    /// A log that has read nothing yet.
+    static void restartLog() {
+        BasicLogger::destroyInstance();
+        BasicLogger::createInstance(15);
+    }
+};
+
+TEST_F(LoggingTest, TracesIndentAndReportResults) {
     startLog();
     {
-        MethodTrace trace(component::kJsw, "History::add: ");
-        trace.add("bbId=", "X1");
-        trace.setResult(1);
+        MethodTrace outer(component::kJsw, "Outer::run: ");
+        {
+            MethodTrace inner(component::kJsw, "Inner::run: bbId=", 7, ".");
+            inner.add("flag=", true, " text=", std::string("x"));
+            inner.setResult(-1);
+        }
+        std::thread([] { logLine(component::kJsw, kLogDetail, "another thread"); }).join();
+        outer.setResult("");
     }
-    EXPECT_THAT(logLines(),
-                ElementsAre("+History::add: ", "History::add: bbId=X1", "-History::add:  rc=1"));
+    MethodTrace silent;
+    silent.add("never");
+    EXPECT_EQ(test::readFile(logPath()),
+              "JSW                       +Outer::run: \r\n"
+              "JSW                        +Inner::run: bbId=7.\r\n"
+              "JSW                         Inner::run: bbId=7.flag=true text=x\r\n"
+              "JSW                        -Inner::run: bbId=7. rc=-1\r\n"
+              "JSW                       another thread\r\n"
+              "JSW                       -Outer::run: \r\n");
+}
+
+TEST_F(LoggingTest, SwitchesDecideWhatIsWritten) {
+    const auto writeAll = [] {
+        restartLog();
+        DeleteFileA(logPath().c_str());
+        MethodTrace trace(component::kJsw, "A::b: ");
+        trace.add("line");
+        logLine(component::kUpdater, kLogRules, "rules");
+        logLine(component::kJsw, kLogError, "error");
+    };
+    startLog();
+    setSwitch("startLog", 0);
+    writeAll();
+    EXPECT_THAT(logLines(), ElementsAre("error"));
+
+    setSwitch("startLog", 1);
+    setSwitch("All", 0);
+    setSwitch("JSW", kLogTrace);
+    setSwitch("Updater", 0);
+    writeAll();
+    EXPECT_THAT(logLines(), ElementsAre("+A::b: ", "error", "-A::b: "));
+
+    setSwitch("All", kLogRules);
+    setSwitch("JSW", 0);
+    writeAll();
+    EXPECT_THAT(logLines(), ElementsAre("rules", "error"));
+
+    // Reading never writes a switch, and what is no number counts as missing.
+    std::vector<std::string> names;
+    Settings().getValueNames(setting::kLoggerKey, names);
+    EXPECT_THAT(names, ::testing::UnorderedElementsAre("startLog", "Clocktime_In_Header", "All",
+                                                       "JSW", "Updater"));
+}
+
+TEST_F(LoggingTest, HeadersFollowTheirSwitches) {
+    startLog();
+    setSwitch("Clocktime_In_Header", 1);
+    setSwitch("Proc_Id_In_Header", 1);
+    setSwitch("Thread_Id_In_Header", 1);
+    restartLog();
+    logLine(component::kCatalog, kLogError, "x");
+    EXPECT_THAT(test::readFile(logPath()),
+                MatchesRegex("\\d+/\\d+/\\d+-\\d+:\\d+:\\d+\\.\\d+ pid=\\w+ tid=\\w+ "
+                             "Catalog                   x\r\n"));
+}
+
+TEST_F(LoggingTest, ASwitchChangedWhileRunningTakesEffectWithinFiveSeconds) {
+    startLog();
+    setSwitch("startLog", 0);
+    EXPECT_FALSE(isLogEnabled(component::kJsw, kLogTrace));
+    Sleep(5);  // what was read holds from the next tick on
+    setSwitch("startLog", 1);
+    const DWORD start = GetTickCount();
+    while (!isLogEnabled(component::kJsw, kLogTrace) && GetTickCount() - start < 6000) Sleep(50);
+    EXPECT_LE(GetTickCount() - start, 5200U);
+    EXPECT_GE(GetTickCount() - start, 3000U);  // it was cached
+}
+
+TEST_F(LoggingTest, ThereIsNoLogBeforeItIsMadeOrWithoutAStore) {
+    EXPECT_FALSE(isLogEnabled(component::kJsw, kLogError));
+    EXPECT_THROW(BasicLogger::getInstance(), Win32Exception);
+    logLine(component::kJsw, kLogError, "lost");
+    RegistryKey::recurseDeleteKey(Localize::getInstance()->getProductLineRoot(),
+                                  HKEY_LOCAL_MACHINE);
+    BasicLogger::createInstance(15);
+    EXPECT_FALSE(isLogEnabled(component::kJsw, kLogError));
+    RegistryKey(Localize::getInstance()->getRegistryPath(StoreKind::local), true);
+    Sleep(2);  // the negative answer is cached from the next tick on
+    BasicLogger::getInstance().recheckStore();
+    EXPECT_TRUE(isLogEnabled(component::kJsw, kLogError));
+    EXPECT_THAT(logLines(), IsEmpty());
+}
+
+TEST_F(LoggingTest, AFileThatCannotBeOpenedDropsTheLineOnly) {
+    startLog();
+    logLine(component::kJsw, kLogError, "one");
+    {
+        const KernelHandle reader(CreateFileA(logPath().c_str(), GENERIC_READ, 0, nullptr,
+                                              OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+        ASSERT_TRUE(reader);
+        logLine(component::kJsw, kLogError, "two");
+    }
+    logLine(component::kJsw, kLogError, "three");
+    const std::string content = test::readFile(logPath());
+    EXPECT_EQ(content.find("two"), std::string::npos);
+    EXPECT_NE(content.find("three"), std::string::npos);
+}
+
+constexpr int kWriters = 8;
+constexpr int kLinesPerWriter = 200;
+
+const test::ChildRole writer("writer", [](const std::string& argument) {
+    Logger logger(argument, 25);
+    for (int line = 0; line < kLinesPerWriter; ++line) {
+        logger.log(component::kJsw, kLogError,
+                   concat("writer ", GetCurrentProcessId(), " line ", line, " end"));
+    }
+    return 0;
+});
+
+const test::ChildRole holder("holder", [](const std::string& argument) {
+    InterProcessLock lock("QNLOG_" + argument);
+    lock.lock();
+    SetEvent(OpenEventA(EVENT_MODIFY_STATE, FALSE, "JswTestHolding"));
+    Sleep(INFINITE);
+    return 0;
+});
+
+TEST(SharedLogTest, EightProcessesLoseAndTearNoLine) {
+    const test::TempFolder folder;
+    const std::string path = folder.file("shared.log");
+    std::vector<std::unique_ptr<test::ChildProcess>> writers;
+    for (int i = 0; i < kWriters; ++i) {
+        writers.push_back(std::make_unique<test::ChildProcess>("writer", path));
+    }
+    for (auto& child : writers) ASSERT_EQ(child->wait(60000), 0U);
+
+    std::istringstream content(test::readFile(path));
+    std::map<std::string, int> nextLine;
+    int count = 0;
+    for (std::string line; std::getline(content, line); ++count) {
+        std::istringstream words(line.substr(line.find("writer")));
+        std::string word, process, end;
+        int number = -1;
+        words >> word >> process >> word >> number >> end;
+        EXPECT_EQ(end, "end") << line;
+        EXPECT_EQ(number, nextLine[process]++) << line;
+    }
+    EXPECT_EQ(count, kWriters * kLinesPerWriter);
+}
+
+TEST(SharedLogTest, AWriterKilledWhileItHoldsTheLockDoesNotStopTheOthers) {
+    const test::TempFolder folder;
+    const KernelHandle holding(CreateEventA(nullptr, FALSE, FALSE, "JswTestHolding"));
+    test::ChildProcess child("holder", "killed.log");
+    ASSERT_EQ(WaitForSingleObject(holding.get(), 20000), WAIT_OBJECT_0);
+    Mutex mutex(false, "QNLOG_killed.log", true);
+    EXPECT_FALSE(mutex.acquire(50));
+    child.kill();
+    Logger logger(folder.file("killed.log"), 3);
+    logger.log(component::kJsw, kLogError, "after");
+    EXPECT_THAT(test::readFile(folder.file("killed.log")), ::testing::EndsWith("JSW after\r\n"));
+    EXPECT_TRUE(mutex.acquire(0));
+    mutex.release();
+    EXPECT_THROW(mutex.release(), Win32Exception);
+}
+
+TEST(SharedLogTest, BaseLoggerKnowsOnlyWhetherItsFileCanBeRead) {
+    const test::TempFolder folder;
+    Logger logger(folder.file("plain.log"), 25);
+    std::uint32_t value = 7;
+    logger.readSwitch("startLog", value, 7);
+    EXPECT_EQ(value, 0U);
+    logger.log(component::kJsw, kLogError, static_cast<const char*>(nullptr));
+    logger.readSwitch("startLog", value, 7);
+    EXPECT_EQ(value, 0xFFFFFFFFU);
+    logger.readSwitch("JSW", value, 9);
+    EXPECT_EQ(value, 9U);
+    logger.deleteLog();
+    EXPECT_EQ(GetFileAttributesA(folder.file("plain.log").c_str()), INVALID_FILE_ATTRIBUTES);
+}
+
+TEST(CriticalLogTest, WritesToOneFileInTheRootOfTheDrive) {
+    EXPECT_EQ(criticalLogFileName("", "C:\\Drivers\\JSW.dll"), "jsw..log");
+    EXPECT_EQ(criticalLogFileName("dkab", "ignored"), "dkab.log");
+    DeleteFileA("C:\\qlcrit.log");
+    CriticalLog("qlcrit", "DebugData", "first", nullptr);
+    CriticalLog("other", "Other", "second", nullptr);
+    EXPECT_THAT(test::readFile("C:\\qlcrit.log"),
+                MatchesRegex(".*DebugData                 first\r\n"
+                             ".*DebugData                 second\r\n"));
+    DeleteFileA("C:\\qlcrit.log");
 }
 
 }  // namespace jsw

@@ -1,0 +1,106 @@
+#include "PublicLib/BasicDll.h"
+#include "PublicLib/win/Handles.h"
+#include "PublicLib/win/SystemFolders.h"
+#include "tests/support/TempFolder.h"
+
+#include <gmock/gmock.h>
+
+namespace jsw {
+
+namespace {
+
+int loads = 0;
+int unloads = 0;
+bool failOnUnload = false;
+
+struct CountingHandler : DllHandler {
+    void onLoad(LoadedModule& /*module*/) override { ++loads; }
+    void onUnload(LoadedModule& /*module*/) override {
+        ++unloads;
+        if (failOnUnload) throw Exception("hook failed", 0, "", 0);
+    }
+};
+
+using Dll = BasicDll<CountingHandler>;
+
+}  // namespace
+
+/// Modules of their own, as copies of one that nobody else loads.
+class BasicDllTest : public ::testing::Test {
+  protected:
+    BasicDllTest() {
+        loads = unloads = 0;
+        failOnUnload = false;
+        module_ = folder_.file("module.dll");
+        CopyFileA((systemFolder() + "\\msxml3.dll").c_str(), module_.c_str(), FALSE);
+    }
+
+    test::TempFolder folder_;
+    std::string module_;
+};
+
+TEST_F(BasicDllTest, LoadersOfOneFileShareItAndTheLastOneFreesIt) {
+    for (int round = 1; round <= 2; ++round) {
+        HMODULE handle = nullptr;
+        {
+            Dll first;
+            first.init(module_);
+            handle = first.handle();
+            {
+                Dll second;
+                second.init(module_);
+                EXPECT_EQ(second.handle(), handle);
+                EXPECT_EQ(Dll::refCount(handle), 2);
+            }
+            EXPECT_EQ(Dll::refCount(handle), 1);
+            EXPECT_EQ(unloads, round - 1);
+        }
+        EXPECT_EQ(loads, round);
+        EXPECT_EQ(unloads, round);
+        EXPECT_EQ(Dll::refCount(handle), 0);
+        EXPECT_EQ(GetModuleHandleA(module_.c_str()), nullptr);
+    }
+}
+
+TEST_F(BasicDllTest, AModuleLoadedBySomebodyElseIsHeldInItsOwnRight) {
+    const ModuleHandle elsewhere(LoadLibraryA(module_.c_str()));
+    {
+        Dll dll;
+        dll.init(module_);
+        EXPECT_EQ(Dll::refCount(dll.handle()), 1);
+    }
+    EXPECT_EQ(GetModuleHandleA(module_.c_str()), elsewhere.get());
+}
+
+TEST_F(BasicDllTest, AFailureNamesFileAndReason) {
+    const std::string text = folder_.write("text.dll", "no code");
+    const struct {
+        std::string file;
+        std::int32_t code;
+    } rows[] = {{folder_.file("absent.dll"), ERROR_MOD_NOT_FOUND}, {text, ERROR_BAD_EXE_FORMAT}};
+    for (const auto& row : rows) {
+        Dll dll;
+        try {
+            dll.init(row.file);
+            FAIL() << row.file;
+        } catch (const Win32Exception& error) {
+            EXPECT_EQ(error.message(), "BasicDll<Handler>::init() Unable to load DLL=" + row.file);
+            EXPECT_EQ(error.code(), row.code);
+            EXPECT_THAT(error.text(), ::testing::StartsWith("file:../PublicLib\\BasicDll:332: "));
+        }
+        EXPECT_EQ(dll.handle(), nullptr);
+    }
+    EXPECT_EQ(loads + unloads, 0);
+    EXPECT_EQ(Dll::refCount(nullptr), 0);
+}
+
+TEST_F(BasicDllTest, AFailingHookNeverLeavesTheDestructor) {
+    failOnUnload = true;
+    {
+        Dll dll;
+        dll.init(module_);
+    }
+    EXPECT_EQ(unloads, 1);
+}
+
+}  // namespace jsw

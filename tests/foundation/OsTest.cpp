@@ -1,0 +1,110 @@
+#include "PublicLib/errors/Exception.h"
+#include "PublicLib/os/CurrentProcess.h"
+#include "PublicLib/os/Localize.h"
+#include "PublicLib/os/OsVersion.h"
+#include "PublicLib/os/ProductLines.h"
+#include "PublicLib/win/Paths.h"
+#include "PublicLib/win/SystemFolders.h"
+#include "tests/support/ChildProcess.h"
+#include "tests/support/WindowsVersion.h"
+
+#include <windows.h>
+
+#include <gmock/gmock.h>
+#include <set>
+
+namespace jsw {
+
+TEST(OsVersionTest, ClassifiesByPlatformAndVersion) {
+    const struct {
+        DWORD platformId, major, minor;
+        int expected;
+    } rows[] = {{1, 4, 0, 1},  {1, 4, 10, 2}, {1, 4, 90, 3}, {2, 4, 0, 4}, {2, 5, 0, 5},
+                {2, 5, 1, 6},  {2, 5, 2, 7},  {2, 6, 0, 8},  {2, 6, 1, 9}, {2, 6, 2, 0},
+                {2, 10, 0, 0}, {3, 4, 0, 0},  {2, 3, 51, 0}};
+    for (const auto& row : rows) {
+        EXPECT_EQ(static_cast<int>(classifyOs(row.platformId, row.major, row.minor)), row.expected)
+            << row.platformId << " " << row.major << "." << row.minor;
+    }
+}
+
+/// Packs what a system answers into an exit code that names it.
+int describe(const OsVersion& os) {
+    const std::string folder = os.versionedPrinterDriverFolder();
+    const std::string byMajor = os.printerDriverFolderByMajorVersion();
+    const auto suffix = [](const std::string& path) {
+        const char last = path.back();
+        return last == '2' || last == '3' ? last - '0' : 0;
+    };
+    return static_cast<int>(os.classification()) * 10000 + os.isXpOrLater() * 1000 +
+           os.isVersion6OrLater() * 100 + suffix(folder) * 10 + suffix(byMajor);
+}
+
+const test::ChildRole tellVersion("tellVersion", [](const std::string&) {
+    return describe(OsVersion::instance());
+});
+
+TEST(OsVersionTest, AnswersForTheVersionThatRuns) {
+    const struct {
+        const char* wineName;
+        std::uint32_t expected;
+    } rows[] = {{"nt40", 40022},  {"win2k", 50033}, {"winxp", 61033}, {"winxp64", 71033},
+                {"vista", 81133}, {"win7", 91133},  {"win8", 1103}};
+    const std::string copy = "qlversion.exe";
+    ASSERT_NE(CopyFileA(moduleFileName(nullptr).c_str(), copy.c_str(), FALSE), FALSE);
+    for (const auto& row : rows) {
+        const test::WindowsVersion version(copy, row.wineName);
+        EXPECT_EQ(test::ChildProcess("tellVersion", "", copy).wait(30000), row.expected)
+            << row.wineName;
+    }
+    DeleteFileA(copy.c_str());
+    EXPECT_FALSE(OsVersion::isRunningUnderWow64());
+}
+
+TEST(LocalizeTest, NamesComeFromTheHostProgram) {
+    EXPECT_EQ(localIdOf("C:\\Program Files\\ABCDefg.exe"), "abcd");
+    EXPECT_EQ(localIdOf("C:\\x\\Ab"), "ab");
+    EXPECT_EQ(localIdOf("C:\\x\\"), "");
+    EXPECT_THROW(Localize::getInstance(), Exception);
+    Localize::createInstance(nullptr);
+    const auto host = Localize::getInstance();
+    EXPECT_EQ(host->localId(), "qlte");
+    EXPECT_EQ(host->settingsFileName(), "qltejsw.loc");
+    EXPECT_EQ(host->getJswRoot(), "Software\\QuillonInkjet\\JSW\\");
+    EXPECT_EQ(host->getRegistryPath(StoreKind::local),
+              "Software\\QuillonInkjet\\JSW\\Local\\qlte\\");
+    EXPECT_EQ(host->getRegistryPath(StoreKind::shared), "Software\\QuillonInkjet\\JSW\\Shared\\");
+    EXPECT_EQ(host->getRegistryPath(StoreKind::scratch), "Software\\QuillonTemp\\temp");
+    Localize::destroy();
+
+    std::string root;
+    EXPECT_FALSE(Localize(GetModuleHandleA("kernel32")).getProductLineRoot(root));
+    EXPECT_EQ(root, "Software\\Quillon Tools");
+}
+
+TEST(ProductLinesTest, EveryRowFitsItsFieldsAndCanBeFound) {
+    EXPECT_EQ(productLines().size(), 16U);
+    std::set<std::string_view> prefixes;
+    for (const ProductLine& line : productLines()) {
+        EXPECT_EQ(line.prefix.size(), 2U);
+        EXPECT_LE(line.key.size(), 32U);
+        EXPECT_LE(line.manufacturer.size(), 19U);
+        EXPECT_TRUE(prefixes.insert(line.prefix).second) << line.prefix;
+        EXPECT_EQ(findProductLine(line.prefix), &line);
+        EXPECT_EQ(isNonInkjetLine(line.prefix), line.nonInkjet != 0);
+    }
+    EXPECT_EQ(findProductLine("QLxx")->key, "QuillonInkjet");
+    EXPECT_EQ(findProductLine("zz"), nullptr);
+    EXPECT_EQ(findProductLine("q"), nullptr);
+    EXPECT_FALSE(isNonInkjetLine("OLxx"));  // letter case counts here
+}
+
+TEST(CurrentProcessTest, CanBeAskedAgainAfterItsEnd) {
+    const std::string path = CurrentProcess::instance()->path();
+    EXPECT_EQ(fileNamePart(path), "qltest-foundation.exe");
+    CurrentProcess::destroy();
+    EXPECT_EQ(CurrentProcess::instance()->folder() + "qltest-foundation.exe", path);
+    CurrentProcess::destroy();
+}
+
+}  // namespace jsw

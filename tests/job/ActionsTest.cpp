@@ -1,0 +1,187 @@
+#include "PublicLib/text/Text.h"
+#include "PublicLib/win/SystemFolders.h"
+#include "jsw/settings/RegistryKey.h"
+#include "tests/job/JobTest.h"
+#include "tests/support/ChildProcess.h"
+
+#include <windows.h>
+
+namespace jsw {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+
+namespace {
+
+/// Started by the shell: writes down how.
+const test::ChildRole launched("launched", [](const std::string& file) {
+    char directory[MAX_PATH] = "";
+    GetCurrentDirectoryA(MAX_PATH, directory);
+    const std::string text = concat(GetCommandLineA(), "|", directory, "|");
+    const KernelHandle record(CreateFileA(file.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+                                          FILE_ATTRIBUTE_NORMAL, nullptr));
+    DWORD written = 0;
+    WriteFile(record.get(), text.data(), static_cast<DWORD>(text.size()), &written, nullptr);
+    return 0;
+});
+
+/// An address scheme of this test's own, opened by this program.
+class TestScheme {
+  public:
+    TestScheme() {
+        RegistryKey(kKey, true, HKEY_CLASSES_ROOT).setValue("URL Protocol", std::string());
+        RegistryKey(std::string(kKey) + "\\shell\\open\\command", true, HKEY_CLASSES_ROOT)
+            .setValue("", "\"" + moduleFileName(nullptr) + "\" \"%1\"");
+    }
+    ~TestScheme() { RegDeleteTreeA(HKEY_CLASSES_ROOT, kKey); }
+    TestScheme(const TestScheme&) = delete;
+    TestScheme& operator=(const TestScheme&) = delete;
+
+  private:
+    static constexpr char kKey[] = "jswtest";
+};
+
+}  // namespace
+
+class ActionsTest : public test::JobTest {
+  protected:
+    void SetUp() override {
+        JobTest::SetUp();
+        for (const char* id : {"A", "B", "C"}) {
+            addBillboard(id, {.file = concat(id, ".bb"), .type = "promotion", .navigate = true});
+        }
+        addBillboard("INK_STATUS", {.file = "ink.bb", .type = "ink_status", .restore = true});
+    }
+
+    /// Clicks in a running job whose history holds A, B and C; answers what was shown for it.
+    std::vector<std::string> shownFor(const std::vector<std::string>& actions) {
+        setHistory({"A", "B", "C"});
+        startJob();
+        EXPECT_TRUE(waitForRules());
+        script_.view.clear();
+        for (const auto& action : actions) script_.clickBillboard(action.c_str(), 0);
+        return viewCalls("DisplayBillboard");
+    }
+
+    /// Clicks an action of the default billboard and answers what the started program wrote.
+    std::string launch(const char* action, const std::string& param, int actionId = 0,
+                       DWORD patience = 10000) {
+        script_.billboards["DEFAULT"].actions = {param};
+        const std::string record = folder_.file("record.txt");
+        DeleteFileA(record.c_str());
+        SetEnvironmentVariableA("JSW_TEST_ROLE", "launched");
+        SetEnvironmentVariableA("JSW_TEST_ARGUMENT", record.c_str());
+        startJob();
+        script_.clickBillboard(action, actionId);
+        SetEnvironmentVariableA("JSW_TEST_ROLE", nullptr);
+        const DWORD start = GetTickCount();
+        std::string text;
+        while (text.empty() && GetTickCount() - start < patience) {
+            Sleep(20);
+            text = test::readFile(record);
+        }
+        endJob();
+        return text;
+    }
+};
+
+TEST_F(ActionsTest, NextAndPreviousWalkTheHistoryAroundItsEnds) {
+    EXPECT_THAT(
+        shownFor({"NEXT", "next", "Previous", "PREVIOUS", "previous"}),
+        ElementsAre("DisplayBillboard(A.bb,true,false)", "DisplayBillboard(B.bb,true,false)",
+                    "DisplayBillboard(A.bb,true,false)", "DisplayBillboard(C.bb,true,false)",
+                    "DisplayBillboard(B.bb,true,false)"));
+}
+
+TEST_F(ActionsTest, CurrentComesBackFromInkStatusAndIsTheDefaultAtFirst) {
+    EXPECT_THAT(
+        shownFor(
+            {"CURRENT", "NEXT", "INK_STATUS", "Current", "NONSENSE", "LAUNCH_PLAYGROUND_PROJECT"}),
+        ElementsAre("DisplayBillboard(default.bb,false,false)", "DisplayBillboard(A.bb,true,false)",
+                    "DisplayBillboard(ink.bb,false,true)", "DisplayBillboard(A.bb,true,false)"));
+}
+
+TEST_F(ActionsTest, AnEmptyHistoryHasNoNeighbours) {
+    startJob();
+    waitForRules();
+    script_.view.clear();
+    script_.clickBillboard("NEXT", 0);
+    script_.clickBillboard("PREVIOUS", 0);
+    EXPECT_THAT(viewCalls("DisplayBillboard"), IsEmpty());
+    const auto lines = logLines();
+    EXPECT_EQ(std::count(lines.begin(), lines.end(),
+                         "Controller::doBillboardCallback: No billboard id for NEXT"),
+              2);
+}
+
+TEST_F(ActionsTest, ABillboardWhoseFileIsMissingIsNotShown) {
+    script_.billboards["C"].file = "gone.bb";
+    script_.billboards["B"].file = "";
+    EXPECT_THAT(shownFor({"PREVIOUS", "PREVIOUS"}),
+                ElementsAre("DisplayBillboard(A.bb,true,false)"));
+    EXPECT_TRUE(logContains("Catalog has no filename for bbId='B'"));
+    shownFor({"NEXT", "NEXT", "NEXT"});
+    EXPECT_TRUE(logContains("WARNING: No such file or directory, pathBillboardFile='" +
+                            folder_.path() + "\\Scripts\\gone.bb'"));
+}
+
+TEST_F(ActionsTest, TheDefaultBillboardIsLookedUpOnceAndThenRemembered) {
+    script_.billboards["DEFAULT"].navigate = true;
+    script_.billboards["DEFAULT"].restore = true;
+    Settings().setStringValue(setting::kHistoryIdsKey, "Id0", "A");
+    runJob();  // the first run: it clears the history
+    EXPECT_THAT(viewCalls("DisplayBillboard"),
+                ElementsAre("DisplayBillboard(default.bb,false,true)"));
+    EXPECT_THAT(historyIds(), IsEmpty());
+    std::uint32_t navigate = 0;
+    EXPECT_TRUE(Settings().read(setting::kDefaultBillboardNavigate, navigate));
+    EXPECT_EQ(navigate, 1U);
+
+    setHistory({"A"});
+    script_.billboards.clear();
+    script_.view.clear();
+    runJob();
+    EXPECT_THAT(viewCalls("DisplayBillboard"),
+                ElementsAre("DisplayBillboard(default.bb,true,true)"));
+}
+
+TEST_F(ActionsTest, TheDefaultBillboardAndDataPathFollowTheRegistry) {
+    Settings().write(setting::kDefaultBillboard, "A");
+    Settings().write(setting::kDataPath, folder_.path() + "\\");
+    runJob();
+    EXPECT_THAT(viewCalls("DisplayBillboard"), ElementsAre("DisplayBillboard(A.bb,false,false)"));
+    EXPECT_THAT(viewCalls("SetDataPath"), ElementsAre("SetDataPath(" + folder_.path() + ")"));
+    startJob();
+    const setting::Text& dataPath = setting::kDataPath;
+    Settings().deleteValue(dataPath.key, dataPath.name);
+    script_.clickBillboard("CURRENT", 0);
+    EXPECT_TRUE(
+        hasLine("Controller::determineDataPath: DataPath NOT set in registry. Using the "
+                "PrinterDriver directory for the data path."));
+    EXPECT_TRUE(hasLine("Controller::determineDataPath: " + printerDriverDirectory() + "\\3"));
+}
+
+TEST_F(ActionsTest, AnApplicationIsStartedWithVariablesExpanded) {
+    SetEnvironmentVariableA("JSW_TEST_PROGRAM", moduleFileName(nullptr).c_str());
+    EXPECT_THAT(launch("LAUNCH_APP", "%JSW_TEST_PROGRAM%"), HasSubstr("qltest-job.exe"));
+    EXPECT_EQ(launch("launch_app", folder_.file("absent.exe"), 0, 300), "");
+    EXPECT_TRUE(hasLine("Unable to launch application, error=2"));
+}
+
+TEST_F(ActionsTest, AnAddressIsOpenedWithItsMacrosExpandedInTheHomeFolder) {
+    const TestScheme scheme;
+    SetEnvironmentVariableA("HOMEDRIVE", "C:");
+    SetEnvironmentVariableA("HOMEPATH", "\\windows");
+    const std::string record = launch("LAUNCH_URL", "jswtest:order?ink=_^L1^_&none=_^Nothing^_");
+    EXPECT_THAT(record, HasSubstr("jswtest:order?ink=90&none=_^Nothing^_"));
+    EXPECT_THAT(record, HasSubstr("|C:\\windows|"));
+    EXPECT_EQ(launch("LAUNCH_URL", "jswtest:order", 1, 300), "");
+    EXPECT_TRUE(logContains("ERROR - actionId > number of actions. Number of actions=1"));
+    EXPECT_EQ(launch("LAUNCH_URL", "jswtest:order", -1, 300), "");
+    EXPECT_TRUE(logContains("ERROR - actionId < 0"));
+    EXPECT_EQ(launch("LAUNCH_URL", "jswtest:" + std::string(800, 'x'), 0).size(),
+              record.size() + 800 - std::string("order?ink=90&none=_^Nothing^_").size());
+}
+
+}  // namespace jsw

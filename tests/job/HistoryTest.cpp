@@ -1,0 +1,90 @@
+#include "PublicLib/text/Text.h"
+#include "jsw/History.h"
+#include "tests/support/HostTest.h"
+
+#include <gmock/gmock.h>
+
+namespace jsw {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+class HistoryTest : public test::HostTest {
+  protected:
+    static std::vector<std::string> storedNames() {
+        std::vector<std::string> names;
+        Settings().getValueNames(setting::kHistoryIdsKey, names);
+        return names;
+    }
+};
+
+TEST_F(HistoryTest, KeepsTwentyFiveByDefaultAndTheNewestAsCurrent) {
+    for (const std::uint32_t maxSize : {0U, 25U}) {
+        Settings().write(setting::kHistoryMaxSize, maxSize);
+        History history;
+        for (int i = 0; i <= 25; ++i) history.add(concat("B", i));
+        EXPECT_EQ(history.size(), 25);
+        EXPECT_FALSE(history.isPresentInHistory("B0"));
+        EXPECT_FALSE(history.isPresentInHistory("b1"));
+        EXPECT_TRUE(history.isPresentInHistory("B1"));
+        EXPECT_EQ(history.getNext(), "B1");
+        EXPECT_EQ(history.getPrevious(), "B25");
+        history.clear();
+    }
+}
+
+TEST_F(HistoryTest, SizesOfOneAndFourBillionWork) {
+    Settings().write(setting::kHistoryMaxSize, 1);
+    {
+        History history;
+        history.add("A");
+        history.add("B");
+        EXPECT_EQ(history.getNext(), "B");
+        EXPECT_EQ(history.getPrevious(), "B");
+    }
+    Settings().write(setting::kHistoryMaxSize, 0xFFFFFFFF);
+    History history;
+    for (int i = 0; i < 1000; ++i) history.add("X");
+    EXPECT_EQ(history.size(), 1001);
+}
+
+TEST_F(HistoryTest, EmptyListHasNoNeighbours) {
+    History history;
+    EXPECT_EQ(history.getPrevious(), "");
+    EXPECT_EQ(history.getNext(), "");
+    history.add("A");
+    EXPECT_EQ(history.getPrevious(), "A");
+}
+
+TEST_F(HistoryTest, ComesBackAtTheNextJobOldestFirst) {
+    {
+        History history;
+        history.add("A");
+        history.add("B");
+    }
+    EXPECT_THAT(storedNames(), ElementsAre("Id0", "Id1"));
+    History history;
+    EXPECT_EQ(history.getNext(), "A");
+}
+
+TEST_F(HistoryTest, AShorterListRemovesWhatALongerOneLeft) {
+    const Settings settings;
+    for (int i = 0; i < 300; ++i) {
+        settings.setStringValue(setting::kHistoryIdsKey, concat("Id", i), "old");
+    }
+    settings.setStringValue(setting::kHistoryIdsKey, "Identity", "somebody else's");
+    settings.write(setting::kHistoryMaxSize, 2);
+    { History history; }
+    EXPECT_THAT(storedNames(), ElementsAre("Id0", "Id1", "Identity"));
+}
+
+TEST_F(HistoryTest, ClearEmptiesTheRegistryAtOnceAndSavesNothingMore) {
+    Settings().setStringValue(setting::kHistoryIdsKey, "Id0", "A");
+    History history;
+    history.clear();
+    EXPECT_EQ(history.size(), 0);
+    EXPECT_THAT(storedNames(), IsEmpty());
+    EXPECT_EQ(history.getNext(), "");
+}
+
+}  // namespace jsw

@@ -1,0 +1,101 @@
+#include "PublicLib/os/Localize.h"
+#include "PublicLib/win/SystemFolders.h"
+#include "tests/job/JobTest.h"
+
+#include <thread>
+
+namespace jsw {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+/// The older job window lies in the printer driver's folder, under the host's name.
+class PromptTest : public test::JobTest {
+  protected:
+    void SetUp() override {
+        JobTest::SetUp();
+        const std::string folder = printerDriverDirectory() + "\\3";
+        CreateDirectoryA(folder.c_str(), nullptr);
+        module_ = folder + "\\" + Localize::getInstance()->localId() + "jswo.dll";
+        ASSERT_NE(CopyFileA("scripted_legacy.dll", module_.c_str(), FALSE), FALSE);
+    }
+    void TearDown() override {
+        JobTest::TearDown();
+        DeleteFileA(module_.c_str());
+    }
+
+    static void* message(std::uintptr_t value) { return reinterpret_cast<void*>(value); }
+
+    std::string module_;
+};
+
+TEST_F(PromptTest, MessagesReachThePromptWhileItIsUpOnly) {
+    startJob();
+    api_.postDlgMsg(message(1));
+    script_.onPrompt = [&] { EXPECT_EQ(api_.postDlgMsg(message(2)), 1U); };
+    api_.displayPrompt(5, 3);
+    api_.postDlgMsg(message(3));
+    EXPECT_THAT(script_.legacy.calls(),
+                ElementsAre("JSWInitEx(SimulatedPrinter)", "JSWDisplayPrompt(5,3)",
+                            "JSWPostDlgMsg(2)", "JSWTerminate()"));
+    EXPECT_TRUE(hasLine("Controller::jswDisplayPrompt: params: promptType=5totalPages=3"));
+    EXPECT_EQ(GetModuleHandleA(module_.c_str()), nullptr);
+}
+
+TEST_F(PromptTest, AMessageFromAnotherThreadWaitsForTheEndOfThePrompt) {
+    startJob();
+    std::thread poster;
+    script_.onPrompt = [&] {
+        poster = std::thread([&] { EXPECT_EQ(api_.postDlgMsg(message(7)), 1U); });
+        Sleep(100);
+    };
+    api_.displayPrompt(1, 1);
+    poster.join();
+    EXPECT_THAT(script_.legacy.calls(), ElementsAre("JSWInitEx(SimulatedPrinter)",
+                                                    "JSWDisplayPrompt(1,1)", "JSWTerminate()"));
+}
+
+TEST_F(PromptTest, EndingTheJobInsideAPromptKeepsTheSingletonsForTheNextJob) {
+    addBillboard("TIP", {.file = "tip.bb", .type = "promotion"});
+    startJob();
+    waitForRules();
+    script_.onPrompt = [&] {
+        api_.terminate();
+        api_.updateInfo(1, 2, 3, 4, 5, nullptr);  // there is no job any more
+    };
+    api_.displayPrompt(1, 1);
+    EXPECT_THAT(viewCalls("Uninitialize"), ElementsAre("Uninitialize()"));
+    EXPECT_THAT(viewCalls("UpdateInfo"), IsEmpty());
+    EXPECT_FALSE(logContains("destroying Controller."));
+
+    script_.rules.clear();
+    script_.ruleResults = {"TIP"};
+    EXPECT_EQ(startJob({.jobName = "next.pdf"}), 1);
+    ASSERT_TRUE(waitForRules());
+    EXPECT_EQ(viewCalls("DisplayBillboard").back(), "DisplayBillboard(tip.bb,false,false)");
+    endJob();
+    const auto lines = logLines();
+    EXPECT_EQ(
+        std::count(lines.begin(), lines.end(), "Controller::instance: instantiating Controller."),
+        1);
+    EXPECT_TRUE(logContains("destroying Controller."));
+}
+
+TEST_F(PromptTest, AModuleThatFailsIsReportedAndLetGo) {
+    startJob();
+    script_.legacyStarts = false;
+    api_.displayPrompt(1, 1);
+    EXPECT_TRUE(hasLine("ERROR - unable to initialize old Jsw GUI."));
+    EXPECT_THAT(script_.legacy.calls(), ElementsAre("JSWInitEx(SimulatedPrinter)"));
+
+    DeleteFileA(module_.c_str());
+    api_.displayPrompt(1, 1);
+    EXPECT_TRUE(hasLine("jswInitEx called but GUI not loaded"));
+    EXPECT_TRUE(hasLine("ERROR - BasicDll<Handler>::init() Unable to load DLL=" + module_));
+
+    CopyFileA("scripted_view.dll", module_.c_str(), FALSE);  // a module of another kind
+    api_.displayPrompt(1, 1);
+    EXPECT_TRUE(hasLine("LegacyJswGui::jswInitEx: Could not get proc address for JSWInitEx"));
+}
+
+}  // namespace jsw

@@ -1,0 +1,262 @@
+#include "jsw/settings/OfnSettings.h"
+#include "tests/job/JobTest.h"
+
+#include <thread>
+
+namespace jsw {
+
+using ::testing::Contains;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::Not;
+
+namespace {
+
+constexpr char kDefaultShown[] = "DisplayBillboard(default.bb,false,false)";
+
+std::string initialised() {
+    return "InitializeEngine(42,SimulatedPrinter,report.pdf,3,2)";
+}
+
+}  // namespace
+
+class RulesTest : public test::JobTest {
+  protected:
+    void SetUp() override {
+        JobTest::SetUp();
+        addBillboard("TIP1", {.file = "tip1.bb", .type = "promotion"});
+        addBillboard("TIP2", {.file = "tip2.bb", .type = "promotion", .navigate = true});
+        addBillboard("INK1", {.file = "ink1.bb", .type = "Ink", .carts = "black;colour"});
+        addBillboard("PLAIN", {.file = "plain.bb", .type = "STANDARD"});
+        addBillboard("LEVELS", {.file = "levels.bb", .type = "ink_Status"});
+        script_.billboards["LOST"] = {.file = "lost.bb", .type = "promotion"};
+        script_.categories["TIPS"] = {"TIP1", "TIP2"};
+    }
+
+    std::string outcome() const {
+        const auto calls = script_.rules.calls();
+        for (const auto& call : calls) {
+            if (call.starts_with("UpdateSettings")) return call;
+        }
+        return "none";
+    }
+};
+
+TEST_F(RulesTest, TheEngineIsAskedInOrderAndToldTheOutcome) {
+    script_.ruleResults = {"", "TIPS"};
+    runJob();
+    EXPECT_THAT(script_.rules.calls(),
+                ElementsAre(initialised(), "EvaluateRule()", "EvaluateRule()",
+                            "UpdateSettings(,false,true)", "UnInitialize()"));
+    EXPECT_THAT(viewCalls("DisplayBillboard"),
+                ElementsAre(kDefaultShown, "DisplayBillboard(tip1.bb,false,false)"));
+    EXPECT_THAT(historyIds(), ElementsAre("TIP1"));
+    EXPECT_TRUE(
+        hasLine("Controller::ProcessRules: Rule result is CategoryId=TIPS, "
+                "checkHistory=true"));
+    EXPECT_TRUE(hasLine("Controller::ProcessRules: ProjectId=TIP2"));
+    EXPECT_TRUE(
+        hasLine("Controller::ProcessRules: Should show the billboard, showSpecial=true "
+                "isInkType=falseisStandardType=false"));
+    EXPECT_TRUE(hasLine("<<< Controler::ProcessRules: "));
+}
+
+/// What is shown, kept and reported for the rules' results, one row each.
+TEST_F(RulesTest, ResultsLeadToWhatIsShownKeptAndReported) {
+    struct Row {
+        const char* what;
+        std::vector<std::string> results;
+        std::vector<std::string> history;
+        bool checkHistory;
+        bool specialsOn;
+        const char* shown;  ///< file name, or "" for none
+        const char* outcome;
+        std::vector<std::string> historyAfter;
+    };
+    const Row rows[] = {
+        {"no rules", {}, {}, true, true, "", "UpdateSettings(,false,false)", {}},
+        {"no rule applies", {"", ""}, {}, true, true, "", "UpdateSettings(,false,false)", {}},
+        {"seen ones are passed over",
+         {"TIPS"},
+         {"TIP1"},
+         true,
+         true,
+         "tip2.bb",
+         "UpdateSettings(,false,true)",
+         {"TIP1", "TIP2"}},
+        {"unless history does not matter",
+         {"TIPS"},
+         {"TIP1"},
+         false,
+         true,
+         "tip1.bb",
+         "UpdateSettings(,false,true)",
+         {"TIP1", "TIP1"}},
+        {"all seen",
+         {"TIPS"},
+         {"TIP1", "TIP2"},
+         true,
+         true,
+         "",
+         "UpdateSettings(,false,false)",
+         {"TIP1", "TIP2"}},
+        {"the next rule's turn",
+         {"LOST", "INK1", "TIPS"},
+         {},
+         true,
+         true,
+         "ink1.bb",
+         "UpdateSettings(black;colour,true,false)",
+         {}},
+        {"standard is not kept",
+         {"PLAIN"},
+         {},
+         true,
+         true,
+         "plain.bb",
+         "UpdateSettings(,false,true)",
+         {}},
+        {"standard with specials off",
+         {"PLAIN"},
+         {},
+         true,
+         false,
+         "plain.bb",
+         "UpdateSettings(,false,false)",
+         {}},
+        {"ink with specials off",
+         {"INK1"},
+         {},
+         true,
+         false,
+         "ink1.bb",
+         "UpdateSettings(black;colour,true,false)",
+         {}},
+        {"specials off",
+         {"TIPS", "PLAIN"},
+         {},
+         true,
+         false,
+         "",
+         "UpdateSettings(,false,false)",
+         {}},
+        {"ink status last", {"LEVELS"}, {}, true, true, "", "UpdateSettings(,true,false)", {}},
+        {"unknown id", {"NOBODY"}, {}, true, true, "", "UpdateSettings(,false,false)", {}},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.what);
+        Settings().deleteKey(setting::kHistoryKey);
+        setHistory(row.history);
+        OfnSettings("").setDwordValue("GUI\\JSW\\", "Show Special Messages", row.specialsOn);
+        script_.ruleResults = row.results;
+        script_.checkHistory = row.checkHistory;
+        script_.view.clear();
+        runJob();
+        const auto shown = viewCalls("DisplayBillboard");
+        const bool any = *row.shown != '\0';
+        EXPECT_EQ(shown.size(), any ? 2U : 1U);
+        EXPECT_THAT(shown.back(), ::testing::HasSubstr(any ? row.shown : "default.bb"));
+        EXPECT_EQ(outcome(), row.outcome);
+        EXPECT_EQ(historyIds(), row.historyAfter);
+    }
+}
+
+TEST_F(RulesTest, AnInkStatusResultIsKeptForItsActionAndRulesGoOn) {
+    script_.ruleResults = {"LEVELS", "PLAIN"};
+    startJob();
+    ASSERT_TRUE(waitForRules());
+    script_.clickBillboard("ink_status", 0);
+    script_.clickBillboard("Current", 0);
+    endJob();
+    EXPECT_THAT(viewCalls("DisplayBillboard"),
+                ElementsAre(kDefaultShown, "DisplayBillboard(plain.bb,false,false)",
+                            "DisplayBillboard(levels.bb,false,false)",
+                            "DisplayBillboard(plain.bb,false,false)"));
+}
+
+TEST_F(RulesTest, AnEngineThatDoesNotStartIsNotAsked) {
+    script_.engineStarts = false;
+    script_.ruleResults = {"TIPS"};
+    runJob();
+    EXPECT_THAT(script_.rules.calls(), ElementsAre(initialised(), "UnInitialize()"));
+    EXPECT_TRUE(
+        hasLine("Controller::ProcessRules: ERROR - Unable to initialize the rules engine. "
+                "NOT processing rules!!!"));
+}
+
+TEST_F(RulesTest, WithoutTheModulesTheJobRunsOn) {
+    Settings().write(setting::kRulesEngineModule, "absent.dll");
+    Settings().write(setting::kCatalogModule, "absent2.dll");
+    EXPECT_EQ(startJob(), 1);
+    ASSERT_TRUE(
+        test::eventually([] { return logContains("RulesEngine::uninitialize: The rules"); }));
+    script_.clickBillboard("LAUNCH_URL", 0);
+    endJob();
+    EXPECT_THAT(viewCalls("DisplayBillboard"), ElementsAre("DisplayBillboard(,false,false)"));
+    EXPECT_TRUE(hasLine("ERROR - BasicDll<Handler>::init() Unable to load DLL=.\\absent.dll"));
+    EXPECT_TRUE(hasLine("Catalog::initialize: ERROR - Catalog is not loaded."));
+    EXPECT_TRUE(hasLine("Controller::launchUrl: empty action parameter. Doing nothing."));
+}
+
+TEST_F(RulesTest, AnEndlessEngineDoesNotHoldTheEndOfTheJob) {
+    script_.rulesNeverEnd = true;
+    startJob();
+    ASSERT_TRUE(test::eventually([&] { return script_.rules.calls().size() > 100; }));
+    const DWORD before = GetTickCount();
+    endJob();
+    EXPECT_LT(GetTickCount() - before, 2000U);
+    EXPECT_EQ(outcome(), "UpdateSettings(,false,false)");
+}
+
+TEST_F(RulesTest, AWindowEventStopsTheRules) {
+    script_.rulesNeverEnd = true;
+    script_.onEvaluateRule = [&] { script_.reportEvent(2); };
+    runJob();
+    EXPECT_THAT(script_.rules.calls(),
+                ElementsAre(initialised(), "EvaluateRule()", "UpdateSettings(,false,false)",
+                            "UnInitialize()"));
+}
+
+TEST_F(RulesTest, OddAnswersOfModulesAreTaken) {
+    const std::string longId(100 * 1024, 'L');
+    addBillboard(longId, {.file = "long.bb"});
+    script_.categories["ODD"] = {longId, "", "TIP1"};  // the empty text ends the list
+    script_.emptyLists = true;
+    script_.ruleResults = {"ODD"};
+    runJob();
+    EXPECT_THAT(viewCalls("DisplayBillboard"), Contains("DisplayBillboard(long.bb,false,false)"));
+    EXPECT_TRUE(hasLine("Catalog::getBillboardIds: Added project ID=" + longId));
+
+    script_.ruleResults = {"PLAIN"};
+    runJob();
+    EXPECT_TRUE(
+        hasLine("Catalog::getBillboardIds: There is not a project Ids for the given "
+                "category."));
+}
+
+TEST_F(RulesTest, CallbacksFromInsideDisplayBillboardAndFromSeveralThreadsAreTolerated) {
+    script_.ruleResults = {"TIPS"};
+    script_.onDisplayBillboard = [&](const std::string& billboard) {
+        if (billboard == "tip1.bb") script_.clickBillboard("INK_STATUS", 0);
+    };
+    script_.billboards["INK_STATUS"] = script_.billboards["LEVELS"];
+    startJob();
+    std::vector<std::thread> threads;
+    for (int i = 0; i < 4; ++i) {
+        threads.emplace_back([&] {
+            for (int round = 0; round < 30; ++round) {
+                script_.clickBillboard("NEXT", 0);
+                script_.clickBillboard("INK_STATUS", 0);
+                script_.clickBillboard("CURRENT", 0);
+                script_.clickBillboard("LAUNCH_URL", 99);
+            }
+        });
+    }
+    ASSERT_TRUE(waitForRules());
+    endJob();  // while the clicks go on
+    for (auto& thread : threads) thread.join();
+    EXPECT_THAT(viewCalls("DisplayBillboard"), Contains("DisplayBillboard(levels.bb,false,false)"));
+    EXPECT_THAT(historyIds(), ElementsAre("TIP1"));
+}
+
+}  // namespace jsw
