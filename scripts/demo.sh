@@ -3,14 +3,17 @@
 #
 #   job       three print jobs: one that keeps the welcome page, and two with little ink, of which
 #             the second shows the next billboard because the first is in the history
+#   updates   the updater is started at the end of a job and the next job takes its new modules and
+#             data into use; then prompts in the middle of a job
 #
 # Every run starts from a machine that has never seen the library. Screenshots, the recorded web
 # addresses and the log are left in build/demo.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/wine-env.sh
+source scripts/demo-updates.sh
 
-readonly bin=build/release/bin
+bin=build/release/bin  # where the programs of the story lie
 readonly results=build/demo
 readonly urls=$results/urls.txt
 

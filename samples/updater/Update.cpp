@@ -14,6 +14,8 @@ namespace fs = std::filesystem;
 
 constexpr const char* kUpdater = "Settings\\Updater";
 constexpr const char* kNewNames = "Settings\\FileNamesOfUpdatedFiles";
+constexpr const char* kSoftwareFlag = "CompleteSoftwareUpdated";
+constexpr const char* kDataFlag = "DataUpdated";
 constexpr uint32_t kUpdated = 1;
 constexpr uint32_t kDoNotChange = 2;
 
@@ -55,9 +57,13 @@ void installFile(const fs::path& folder, const UpdateFile& file, const sample::H
     report.lines.push_back(std::string("installed: ") + file.source + " as " + name);
 }
 
+bool isFrozen(const sample::HostStore& store, const char* flag) {
+    return store.number(kUpdater, flag, 0) == kDoNotChange;
+}
+
 /** Sets a flag to "updated"; one that says "do not change" stays, as the library has it. */
 void raise(const sample::HostStore& store, const char* flag, UpdateReport& report) {
-    const bool frozen = store.number(kUpdater, flag, 0) == kDoNotChange;
+    const bool frozen = isFrozen(store, flag);
     if (!frozen && !store.setNumber(kUpdater, flag, kUpdated)) {
         report.good = false;
         report.lines.push_back(std::string("failed: ") + flag);
@@ -66,7 +72,12 @@ void raise(const sample::HostStore& store, const char* flag, UpdateReport& repor
     report.lines.push_back(std::string("flag: ") + flag + (frozen ? " stays 2" : " is 1"));
 }
 
+/** New modules would never be taken into use once the flag says "do not change". */
 void installSoftware(const fs::path& folder, const sample::HostStore& store, UpdateReport& report) {
+    if (isFrozen(store, kSoftwareFlag)) {
+        report.lines.push_back(std::string("no software: ") + kSoftwareFlag + " stays 2");
+        return;
+    }
     bool any = false;
     for (const UpdateFile& file : kFiles) {
         if (fs::is_regular_file(folder / "updates" / file.source)) {
@@ -75,7 +86,7 @@ void installSoftware(const fs::path& folder, const sample::HostStore& store, Upd
         }
     }
     if (any) {
-        raise(store, "CompleteSoftwareUpdated", report);
+        raise(store, kSoftwareFlag, report);
     }
 }
 
@@ -103,7 +114,7 @@ void installData(const fs::path& folder, const sample::HostStore& store, UpdateR
         return;
     }
     report.lines.push_back("installed: data in " + target.string());
-    raise(store, "DataUpdated", report);
+    raise(store, kDataFlag, report);
 }
 
 }  // namespace
