@@ -81,7 +81,7 @@ std::string DeviceEnumerator::getPortName(const std::string& friendlyName) const
     const auto printer = std::ranges::find_if(printers_, [&](const SpoolerPrinter& candidate) {
         return equalsIgnoringCase(candidate.name, friendlyName);
     });
-    const std::string port = printer != printers_.end() ? printer->port : "";
+    std::string port = printer != printers_.end() ? printer->port : "";
     trace.setResult(port);
     return port;
 }

@@ -32,9 +32,9 @@ class PcsClient {
     PcsClient& operator=(const PcsClient&) = delete;
 
     // The operations, in slot order.
-#define JSW_PCS_WRAPPER(family, operation, SHAPE)           \
-    virtual PcsStatus operation(JSW_PCS_PARAMS_##SHAPE) {   \
-        return family("" #operation, JSW_PCS_ARGS_##SHAPE); \
+#define JSW_PCS_WRAPPER(family, operation, SHAPE)         \
+    virtual PcsStatus operation(JSW_PCS_PARAMS_##SHAPE) { \
+        return family(#operation, JSW_PCS_ARGS_##SHAPE);  \
     }
 #define JSW_PCS_OWN(operation) virtual PcsStatus operation();
     JSW_PCS_OPERATIONS(JSW_PCS_WRAPPER, JSW_PCS_OWN)
@@ -73,7 +73,6 @@ class PcsClient {
     PcsStatus byHandle(const char* operation, PcsHandle handle, Arguments... arguments) {
         return callByHandle(operation, handle, withClientId(handle, arguments...));
     }
-    template <PcsDevice device>
     PcsStatus closing(const char* operation, PcsHandle handle) {
         return close(operation, handle);
     }

@@ -60,7 +60,7 @@ enum class PcsDevice { printer, hid, scanner, cardReader };
     X(perCall, getHostInfo, WORDS)                                  \
     X(perCall, setHostInfo, WORDS)                                  \
     Y(closeAllPrinters)                                             \
-    X(closing<PcsDevice::printer>, closePrinter, HANDLE)            \
+    X(closing, closePrinter, HANDLE)                                \
     X(perCall, deletePrinter, WORDS)                                \
     X(perCall, discovery, WORDS)                                    \
     X(byHandle, endJobPrinter, HANDLE_WORDS)                        \
@@ -94,13 +94,13 @@ enum class PcsDevice { printer, hid, scanner, cardReader };
     X(byHandle, registerForNotificationsHid, HANDLE_WORDS)          \
     X(byHandle, unregisterForNotificationsHid, HANDLE_WORDS)        \
     Y(closeAllHids)                                                 \
-    X(closing<PcsDevice::hid>, closeHid, HANDLE)                    \
+    X(closing, closeHid, HANDLE)                                    \
     X(perCall, deleteHid, WORDS)                                    \
     X(perCall, getCurrentStateHid, WORDS)                           \
     X(perCallHid, enumWindowsHids, WORDS)                           \
     X(perCallHid, enumWindowsScanners, WORDS)                       \
     X(perCallHid, enumWindowsPrinters, ENUM_PRINTERS)               \
-    X(closing<PcsDevice::scanner>, closeScanner, HANDLE)            \
+    X(closing, closeScanner, HANDLE)                                \
     X(byHandle, endJobScanner, HANDLE_WORDS)                        \
     X(byHandle, cancelJobScanner, HANDLE_WORDS)                     \
     X(perCall, enumScanners, ENUM)                                  \
@@ -121,7 +121,7 @@ enum class PcsDevice { printer, hid, scanner, cardReader };
     X(perCall, validatePortName, WORDS)                             \
     X(byHandle, writePrinter, HANDLE_WORDS)                         \
     X(opening<PcsDevice::cardReader>, openCardReader, HANDLE)       \
-    X(closing<PcsDevice::cardReader>, closeCardReader, HANDLE)      \
+    X(closing, closeCardReader, HANDLE)                             \
     X(perCall, enumSpecificCardReader, WORDS)                       \
     X(perCall, enumCardReaders, WORDS)                              \
     X(byHandle, exchangeBidiCardReader, EXCHANGE)                   \

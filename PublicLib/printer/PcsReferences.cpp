@@ -159,7 +159,7 @@ PcsClient::EntryPoint PcsClient::findIn(HMODULE library, const char* operation) 
 
 void PcsClient::remember(PcsHandle handle, JswDeviceClientId clientId, PcsDevice device) {
     const std::lock_guard lock(handleMapLock_);
-    const auto [entry, added] = openHandles_.try_emplace(handle, clientId, 1U, device);
+    const auto [entry, added] = openHandles_.try_emplace(handle, OpenHandle{clientId, 1, device});
     if (!added) ++entry->second.openCount;
 }
 

@@ -10,7 +10,7 @@
 #include <random>
 #include <utility>
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);  // NOLINT
 
 namespace jsw {
 
@@ -61,28 +61,28 @@ void parseGuarded(std::span<const char> bytes) {
 
 TEST(CacheRecordTest, DerivesLevelAndDotsFromTheCartridgesKind) {
     struct Row {
-        char type;
         std::initializer_list<std::pair<std::uint32_t, std::uint32_t>> numbers;
+        char type;
         std::uint32_t capacity, level, remaining;
     };
     constexpr std::uint32_t kMax = 0xFFFFFFFF;
     const Row rows[] = {
-        {'0', {{1044, 1000}, {1024, 333}}, 1000, 66, 667},
-        {'0', {{1044, 1000}, {1024, 1001}}, 1000, 0, 0},  // used beyond its capacity
-        {'0', {{1044, 0}, {1024, 10}}, 0, 0, 0},
-        {'0', {{1045, 1000}, {1047, 1000}}, 0, 0, 0},  // others' capacities
-        {'0', {{1044, kMax}}, kMax, 100, kMax},
-        {'0', {{1044, kMax}, {1024, kMax}}, kMax, 0, 0},
+        {{{1044, 1000}, {1024, 333}}, '0', 1000, 66, 667},
+        {{{1044, 1000}, {1024, 1001}}, '0', 1000, 0, 0},  // used beyond its capacity
+        {{{1044, 0}, {1024, 10}}, '0', 0, 0, 0},
+        {{{1045, 1000}, {1047, 1000}}, '0', 0, 0, 0},  // others' capacities
+        {{{1044, kMax}}, '0', kMax, 100, kMax},
+        {{{1044, kMax}, {1024, kMax}}, '0', kMax, 0, 0},
         // Magenta counts in per cent here: 80 is less than 900 and 700.
-        {'P', {{1045, 1000}, {1025, 100}, {1026, 200}, {1027, 300}}, 1000, 70, 80},
-        {'P', {{1045, 1000}, {1025, 100}, {1026, 0}, {1027, 950}}, 1000, 5, 50},
-        {'P', {{1045, 50}}, 50, 100, 50},
-        {'P', {{1045, 1000}, {1026, 2000}}, 1000, 0, 0},
-        {'P', {{1045, 1}, {1025, kMax}, {1026, kMax}, {1027, kMax}}, 1, 0, 0},
-        {'p', {{1047, 200}, {1028, 10}, {1029, 20}, {1030, 30}}, 200, 85, 170},
-        {'p', {{1047, 200}, {1028, 10}, {1029, 201}}, 200, 0, 0},
-        {' ', {{1044, 1000}, {1045, 1000}, {1047, 1000}}, 0, 0, 0},
-        {'A', {{1044, 1000}, {1045, 1000}, {1047, 1000}}, 0, 0, 0},
+        {{{1045, 1000}, {1025, 100}, {1026, 200}, {1027, 300}}, 'P', 1000, 70, 80},
+        {{{1045, 1000}, {1025, 100}, {1026, 0}, {1027, 950}}, 'P', 1000, 5, 50},
+        {{{1045, 50}}, 'P', 50, 100, 50},
+        {{{1045, 1000}, {1026, 2000}}, 'P', 1000, 0, 0},
+        {{{1045, 1}, {1025, kMax}, {1026, kMax}, {1027, kMax}}, 'P', 1, 0, 0},
+        {{{1047, 200}, {1028, 10}, {1029, 20}, {1030, 30}}, 'p', 200, 85, 170},
+        {{{1047, 200}, {1028, 10}, {1029, 201}}, 'p', 200, 0, 0},
+        {{{1044, 1000}, {1045, 1000}, {1047, 1000}}, ' ', 0, 0, 0},
+        {{{1044, 1000}, {1045, 1000}, {1047, 1000}}, 'A', 0, 0, 0},
     };
     for (const Row& row : rows) {
         for (const std::uint32_t typeId : {272U, 288U}) {

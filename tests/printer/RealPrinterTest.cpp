@@ -24,12 +24,10 @@ TEST_F(RealPrinterTest, IsFoundByItsExactName) {
     EXPECT_EQ(printer_.getHidHandle(), 0);
     EXPECT_EQ(printer_.getScannerHandle(), 0);
     EXPECT_EQ(printer_.print("file"), 0U);
-    for (const char* text :
-         {"RealPrinter::enumPrtCallback(clientId=77, handle=12, friendlyName = Ink, port = "
-          "USB001): ",
-          "Empty HidHandles List. Matching Hid handle not found.",
-          "Empty ScannerHandles List. Matching scanner handle not found.",
-          "PCS hid enumeration failed.", "PCS scanner enumeration failed."}) {
+    for (const char* text : {"(clientId=77, handle=12, friendlyName = Ink, port = USB001): ",
+                             "Empty HidHandles List. Matching Hid handle not found.",
+                             "Empty ScannerHandles List. Matching scanner handle not found.",
+                             "PCS hid enumeration failed.", "PCS scanner enumeration failed."}) {
         EXPECT_TRUE(logContains(text)) << text;
     }
     EXPECT_EQ(script_.initialized, 0);
@@ -223,7 +221,7 @@ TEST_F(RealPrinterTest, AsksForThePrintHeadClassUntilItKnows) {
         EXPECT_EQ(printer_.getPrintHeadType(), -1) << row.logged;
         EXPECT_TRUE(logContains(row.logged)) << row.logged;
     }
-    for (const std::size_t length : {0, 12, 14}) {
+    for (const std::size_t length : {0U, 12U, 14U}) {
         script_.response = right;
         script_.response.resize(length);
         EXPECT_EQ(printer_.getPrintHeadType(), -1);

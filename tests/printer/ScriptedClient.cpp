@@ -18,7 +18,7 @@ namespace {
 ClientScript& script() {
     char address[32]{};
     GetEnvironmentVariableA(jsw::test::kScriptVariable, address, sizeof address);
-    return *reinterpret_cast<ClientScript*>(std::strtoull(address, nullptr, 16));
+    return *reinterpret_cast<ClientScript*>(std::strtoull(address, nullptr, 16));  // NOLINT
 }
 
 }  // namespace
