@@ -38,12 +38,16 @@ class SpoolerPrinter {
     SpoolerPrinter& operator=(const SpoolerPrinter&) = delete;
 
     /// Sets the name that the printer was installed with.
-    void setOriginalName(std::string originalName) {
+    void setOriginalName(const std::string& originalName) {
+        setOriginalName(REG_SZ, originalName + '\0');
+    }
+    /// Sets it to any bytes of any registry type.
+    void setOriginalName(DWORD type, std::string data) {
         std::string name = "OriginalFriendlyName";
-        EXPECT_EQ(SetPrinterDataA(handle_.get(), name.data(), REG_SZ,
-                                  reinterpret_cast<BYTE*>(originalName.data()),
-                                  static_cast<DWORD>(originalName.size() + 1)),
-                  static_cast<DWORD>(ERROR_SUCCESS));
+        EXPECT_EQ(
+            SetPrinterDataA(handle_.get(), name.data(), type, reinterpret_cast<BYTE*>(data.data()),
+                            static_cast<DWORD>(data.size())),
+            static_cast<DWORD>(ERROR_SUCCESS));
     }
 
   private:

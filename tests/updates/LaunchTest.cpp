@@ -7,6 +7,7 @@
 #include "jsw/updates/AppUpdatesController.h"
 #include "tests/support/ChildProcess.h"
 #include "tests/support/HostTest.h"
+#include "tests/support/WindowsVersion.h"
 
 #include <filesystem>
 #include <gmock/gmock.h>
@@ -42,21 +43,6 @@ const test::ChildRole checkingHost("check for updates", [](const std::string& fo
     settings.read(setting::kDateLastChecked, date);
     return date == "1/1/2000" ? 1 : 0;
 });
-
-/// Makes Wine show a program another version of Windows.
-class WindowsVersion {
-  public:
-    WindowsVersion(const std::string& program, const std::string& version)
-        : key_("Software\\Wine\\AppDefaults\\" + program) {
-        RegistryKey(key_, true, HKEY_CURRENT_USER).setValue("Version", version);
-    }
-    ~WindowsVersion() { RegDeleteKeyA(HKEY_CURRENT_USER, key_.c_str()); }
-    WindowsVersion(const WindowsVersion&) = delete;
-    WindowsVersion& operator=(const WindowsVersion&) = delete;
-
-  private:
-    std::string key_;
-};
 
 /// The record of an updater that may still be running; empty when none was started.
 std::string finishedRecord(const std::string& file, DWORD patienceMilliseconds) {
@@ -103,7 +89,7 @@ class LaunchTest : public test::HostTest {
         std::filesystem::create_directories(programs);
         std::filesystem::copy_file(moduleFileName(nullptr), host);
         std::filesystem::copy_file(updater_, programs + "\\qlupdater.exe");
-        const WindowsVersion chosen(name, version);
+        const test::WindowsVersion chosen(name, version);
         const std::string log = std::string(folderPart(logPath())) + localIdOf(host) + "JSW.log";
         Outcome run;
         test::ChildProcess child("check for updates", programs, host);
