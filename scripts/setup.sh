@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
 # Installs what building, testing and showing the library needs and what is not there yet.
+# With --checks also what the format and tidy checks and the fuzzers need.
 set -euo pipefail
 
 packages=(
@@ -7,12 +8,15 @@ packages=(
   googletest catch2                             # tests and benchmarks
   wine wine64                                   # running Windows programs
   xvfb xauth imagemagick fonts-dejavu-core      # windows and their screenshots
-
 )
+if [[ "${1:-}" == --checks ]]; then
+  packages+=(clang clang-format clang-tidy)  # for check.sh and fuzz.sh
+fi
 
 missing=()
 for package in "${packages[@]}"; do
-  dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'install ok installed' || missing+=("$package")
+  dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'install ok installed' ||
+    missing+=("$package")
 done
 if ((${#missing[@]} == 0)); then
   exit 0
@@ -27,6 +31,6 @@ if ((EUID != 0)); then
   }
   as_root=(sudo)
 fi
-export DEBIAN_FRONTEND=noninteractive
 "${as_root[@]}" apt-get update -qq
-"${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+"${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends \
+  "${missing[@]}" >/dev/null
