@@ -25,14 +25,6 @@ constexpr UpdatedFile kUpdatedFiles[] = {
     {"BillBoard Version", &setting::kBillBoardVersionFile},
 };
 
-std::string moduleFolder(const Settings& settings) {
-    std::string folder;
-    if (!settings.read(setting::kDllPath, folder) || folder.empty()) {
-        folder = setting::kDllPath.defaultValue;  // where the modules are then loaded from
-    }
-    return folder;
-}
-
 /// Takes the file's new name into use; false, with the old name kept, when there is no such file.
 bool switchFile(const Settings& settings, const UpdatedFile& file, const std::string& folder,
                 MethodTrace& trace) {
@@ -114,7 +106,8 @@ void AppUpdatesController::performPostUpdateChangesIfRequired() {
 void AppUpdatesController::switchSoftware(const Settings& settings, MethodTrace& trace) {
     // A software package brings its data along.
     settings.setFlag(setting::kDataUpdated, UpdateFlag::updated);
-    const std::string folder = moduleFolder(settings);
+    std::string folder;  // setInitialPaths() has seen to it that there is one
+    settings.read(setting::kDllPath, folder);
     bool complete = true;
     for (const UpdatedFile& file : kUpdatedFiles) {
         complete = switchFile(settings, file, folder, trace) && complete;

@@ -1,5 +1,7 @@
 
 #include "PublicLib/logging/BasicLogger.h"
+#include "PublicLib/win/Paths.h"
+#include "PublicLib/win/SystemFolders.h"
 #include "jsw/updates/AppUpdatesController.h"
 #include "jsw/updates/InstalledFile.h"
 #include "jsw/updates/UpdateSchedule.h"
@@ -265,6 +267,19 @@ TEST_F(UpdateCheckTest, NamesThatAreNoUpdaterAreRefusedAfterTheDateIsReset) {
         EXPECT_TRUE(logContains(row.logged)) << row.name;
         EXPECT_EQ(storedDate(), today()) << row.name;
         EXPECT_FALSE(logContains("launched successfully")) << row.name;
+        BasicLogger::existing()->deleteLog();
+    }
+}
+
+TEST_F(UpdateCheckTest, WithoutAModuleFolderTheUpdaterLiesBesideTheHost) {
+    settings_->write(setting::kUpdaterExecutable, "none.exe");
+    const std::string expected =
+        "API ShellExecute(" + std::string(folderPart(moduleFileName(nullptr))) + "none.exe)";
+    for (const bool isEmpty : {false, true}) {
+        if (isEmpty) settings_->write(setting::kDllPath, "");
+        settings_->write(setting::kDateLastChecked, "1/1/2000");
+        controller_.checkForUpdates();
+        EXPECT_TRUE(logContains(expected)) << isEmpty;
         BasicLogger::existing()->deleteLog();
     }
 }
