@@ -48,6 +48,7 @@ void onDriverMessage(HWND dialog, uintptr_t message) {
 INT_PTR CALLBACK promptProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_INITDIALOG: {
+            // NOLINTNEXTLINE(performance-no-int-to-ptr): how a dialog is handed its content
             const auto& content = *reinterpret_cast<const PromptContent*>(lParam);
             SetDlgItemTextA(dialog, JSW_LEGACY_PRINTER, content.printer);
             SetDlgItemTextA(dialog, JSW_LEGACY_TEXT, content.text);

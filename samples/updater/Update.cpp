@@ -37,7 +37,7 @@ constexpr UpdateFile kFiles[] = {
 std::string freeName(const fs::path& folder, const UpdateFile& file) {
     const std::string ending = fs::path(file.source).extension().string();
     for (unsigned number = 1;; ++number) {
-        const std::string name = std::string(file.stem) + "-" + std::to_string(number) + ending;
+        std::string name = std::string(file.stem) + "-" + std::to_string(number) + ending;
         if (!fs::exists(folder / name)) {
             return name;
         }
