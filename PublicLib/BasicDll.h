@@ -7,10 +7,10 @@
 #include <windows.h>
 
 #include <cstdint>
-#include <exception>
 #include <map>
 #include <mutex>
 #include <string>
+#include <utility>
 
 namespace jsw {
 
@@ -92,8 +92,14 @@ class BasicDll : public LoadedModule {
             throw Win32Exception("BasicDll<Handler>::init() Unable to load DLL=" + name_, error,
                                  "../PublicLib\\BasicDll", 332);
         }
-        table.counts[handle_] = 0;
-        handler_.onLoad(*this);
+        // The same file under another spelling may be in the table already.
+        table.counts.try_emplace(handle_, 0);
+        try {
+            handler_.onLoad(*this);
+        } catch (...) {
+            FreeLibrary(std::exchange(handle_, nullptr));
+            throw;
+        }
     }
 
     void release() {

@@ -7,6 +7,7 @@
 #include "PublicLib/locks/Singleton.h"
 #include "PublicLib/logging/MethodTrace.h"
 #include "PublicLib/os/OsVersion.h"
+#include "PublicLib/printer/Printer.h"
 #include "jsw/StatusCallback.h"
 #include "jsw/modules/LegacyJswGui.h"
 #include "jsw/settings/Settings.h"
@@ -17,14 +18,10 @@ namespace {
 
 NeverDestroyed<Singleton<Controller>> singleton;
 
-const LoggerComponent& log() {
-    return component::kJsw;
-}
-
 }  // namespace
 
 std::shared_ptr<Controller> Controller::instance() {
-    MethodTrace trace(log(), "Controller::instance: ");
+    MethodTrace trace(component::kJsw, "Controller::instance: ");
     return singleton->instance([&] {
         trace.add("instantiating Controller.");
         return std::make_shared<Controller>();
@@ -32,27 +29,28 @@ std::shared_ptr<Controller> Controller::instance() {
 }
 
 void Controller::destroy() {
-    MethodTrace trace(log(), "Controller::destroy: ");
+    MethodTrace trace(component::kJsw, "Controller::destroy: ");
     singleton->destroy([&] { trace.add("destroying Controller."); });
 }
 
 Controller::Controller() {
-    MethodTrace trace(log(), "Controller::Controller: ");
+    MethodTrace trace(component::kJsw, "Controller::Controller: ");
     view_ = BillboardView::instance();
     view_->attach(this);
     setDataPath(determineDataPath());
     defaultBillboardId_ = determineInitialBillboard();
-    ids_.setDisplayed(defaultBillboardId_);
+    texts_.setDisplayedId(defaultBillboardId_);
 }
 
 Controller::~Controller() {
-    MethodTrace trace(log(), "Controller::~Controller: ");
+    MethodTrace trace(component::kJsw, "Controller::~Controller: ");
+    stopRules();
     trace.add("Stop observing the view.");
     view_->detach(this);
 }
 
 std::string Controller::determineDataPath() const {
-    MethodTrace trace(log(), "Controller::determineDataPath: ");
+    MethodTrace trace(component::kJsw, "Controller::determineDataPath: ");
     std::string path;
     if (!Settings().read(setting::kDataPath, path) || path.empty()) {
         trace.add(
@@ -69,40 +67,47 @@ void Controller::setDataPath(const std::string& path) {
 }
 
 std::string Controller::determineInitialBillboard() const {
-    MethodTrace trace(log(), "Controller::determineInitialBillboard: ");
+    MethodTrace trace(component::kJsw, "Controller::determineInitialBillboard: ");
     std::string id = setting::kDefaultBillboard.defaultValue;
     if (Settings().read(setting::kDefaultBillboard, id)) {
-        trace.add("Using registry override for default billboard ID.", id);
+        trace.add("Using registry override for default billboard ID.");
+        trace.add(id);
     }
     return id;
 }
 
 bool Controller::jswInit(const Job& job) {
-    MethodTrace trace(log(), "Controller::jswInit: ");
-    const auto number = [](std::uint32_t value) { return static_cast<std::int32_t>(value); };
-    logLine(log(), kLogTrace, "Params:friendlyName=", job.friendlyName, " jobname=", job.jobName,
-            " jobType=", number(job.jobType), " currentPage=", number(job.currentPage),
-            " totalPages=", number(job.totalPages), " currentCopy=", number(job.currentCopy),
-            " totalCopies=", number(job.totalCopies), " portType=", number(job.portType),
-            " secondsRemaining=", number(job.secondsRemaining));
-    logLine(log(), kLogModuleCall, ">>> Controller::jswInit: ");
+    MethodTrace trace(component::kJsw, "Controller::jswInit: ");
+    logLine(component::kJsw, kLogTrace, "Params:friendlyName=", job.friendlyName,
+            " jobname=", job.jobName, " jobType=", asSigned(job.jobType),
+            " currentPage=", asSigned(job.currentPage), " totalPages=", asSigned(job.totalPages),
+            " currentCopy=", asSigned(job.currentCopy), " totalCopies=", asSigned(job.totalCopies),
+            " portType=", asSigned(job.portType),
+            " secondsRemaining=", asSigned(job.secondsRemaining));
+    logLine(component::kJsw, kLogModuleCall, ">>> Controller::jswInit: ");
     stopRules();  // an earlier job that was never terminated
     stop_ = false;
-    friendlyName_ = job.friendlyName;
+    forgetEarlierJob(job.friendlyName);
     if (!isMsXmlValid()) return false;
 
     const BillboardData billboard = getDefaultBillboardData();
     const ViewJob viewJob{job.friendlyName, job.jobName,     job.jobType,        job.currentPage,
-                          job.totalPages,   job.currentCopy, job.totalCopies,    &job.inkInfo,
+                          job.totalPages,   job.currentCopy, job.totalCopies,    job.inkInfo,
                           job.portType,     dataPath_,       billboard.fileName, billboard.navigate,
                           billboard.restore};
     if (!view_->jswInit(viewJob)) return false;
-    inkInfo_ = job.inkInfo;
+    inkInfo_ = *job.inkInfo;
     jobPrinterName_ = job.friendlyName;
     jobName_ = job.jobName;
     totalPages_ = job.totalPages;
     totalCopies_ = job.totalCopies;
     return startRules();
+}
+
+/// This object serves another job when the one before was ended from inside a prompt or not at all.
+void Controller::forgetEarlierJob(const std::string& friendlyName) {
+    if (texts_.friendlyName() != friendlyName) Printer::destroy();
+    texts_.reset(friendlyName, defaultBillboardId_);
 }
 
 bool Controller::startRules() {
@@ -111,8 +116,8 @@ bool Controller::startRules() {
     try {
         rulesThread_->launch();
     } catch (const Win32Exception& error) {
-        logLine(log(), kLogError, "ERROR: unable to create rules processing thread.");
-        logLine(log(), kLogError, error.text());
+        logLine(component::kJsw, kLogError, "ERROR: unable to create rules processing thread.");
+        logLine(component::kJsw, kLogError, error.text());
         return false;
     }
     return true;
@@ -127,40 +132,44 @@ void Controller::stopRules() {
 }
 
 void Controller::jswTerminate() {
-    MethodTrace trace(log(), "Controller::jswTerminate: ");
+    MethodTrace trace(component::kJsw, "Controller::jswTerminate: ");
     // The closing marker stands at the beginning: scripts that read the log expect it there.
-    logLine(log(), kLogModuleCall, "<<< Controller::jswTerminate: ");
+    logLine(component::kJsw, kLogModuleCall, "<<< Controller::jswTerminate: ");
     stopRules();
     view_->jswTerminate();
 }
 
 void Controller::jswUpdateInfo(std::uint32_t value1, std::uint32_t value2, std::uint32_t value3,
                                std::uint32_t /*value4*/, std::uint32_t /*value5*/, void* data) {
-    MethodTrace trace(log(), "Controller::jswUpdateInfo: ");
+    MethodTrace trace(component::kJsw, "Controller::jswUpdateInfo: ");
     view_->jswUpdateInfo(value1, value2, value3, data);
 }
 
 void Controller::jswDisplayPrompt(std::uint32_t promptType, std::uint32_t totalPages) {
-    MethodTrace trace(log(), "Controller::jswDisplayPrompt: ");
+    MethodTrace trace(component::kJsw, "Controller::jswDisplayPrompt: ");
     trace.add("params: promptType=", promptType, "totalPages=", totalPages);
+    const bool isNested = legacyGui_ != nullptr;  // a prompt inside a prompt shares its window
     try {
-        if (!legacyGui_) legacyGui_ = std::make_unique<LegacyJswGui>();
+        if (!isNested) legacyGui_ = std::make_unique<LegacyJswGui>();
     } catch (const std::exception&) {
-        logLine(log(), kLogError, "ERROR - unable to create LegacyJswGui");
+        logLine(component::kJsw, kLogError, "ERROR - unable to create LegacyJswGui");
         return;
     }
+    const auto letGo = [&] {
+        if (!isNested) legacyGui_.reset();
+    };
     try {
         runLegacyPrompt(promptType, totalPages);
     } catch (...) {
-        legacyGui_.reset();
+        letGo();
         throw;
     }
-    legacyGui_.reset();
+    letGo();
 }
 
 void Controller::runLegacyPrompt(std::uint32_t promptType, std::uint32_t totalPages) {
-    if (!legacyGui_->jswInitEx(friendlyName_)) {
-        logLine(log(), kLogError, "ERROR - unable to initialize old Jsw GUI.");
+    if (!legacyGui_->jswInitEx(texts_.friendlyName())) {
+        logLine(component::kJsw, kLogError, "ERROR - unable to initialize old Jsw GUI.");
         return;
     }
     legacyGui_->jswDisplayPrompt(promptType, totalPages);
@@ -168,14 +177,14 @@ void Controller::runLegacyPrompt(std::uint32_t promptType, std::uint32_t totalPa
 }
 
 void Controller::jswPostDlgMsg(void* message) {
-    MethodTrace trace(log(), "Controller::jswPostDlgMsg: ");
+    MethodTrace trace(component::kJsw, "Controller::jswPostDlgMsg: ");
     if (!legacyGui_) return;
     trace.add("calling old JSW GUI.");
     legacyGui_->jswPostDlgMsg(message);
 }
 
 void Controller::update(Subject* subject) {
-    MethodTrace trace(log(), "Controller::update: ");
+    MethodTrace trace(component::kJsw, "Controller::update: ");
     const auto* view = dynamic_cast<BillboardView*>(subject);
     if (view == nullptr) {
         trace.add("Updated called by unknown object");
@@ -197,7 +206,7 @@ void Controller::update(Subject* subject) {
             trace.add("unknown status(=", status, ") in callback");
             break;
     }
-    if (JswStatusCallback callback = statusCallback()) callback(status);
+    reportStatus(status);
 }
 
 }  // namespace jsw

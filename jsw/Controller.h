@@ -1,6 +1,6 @@
 #pragma once
 
-#include "jsw/BillboardIds.h"
+#include "jsw/JobTexts.h"
 #include "jsw/Thread.h"
 #include "jsw/jsw.h"
 #include "jsw/modules/BillboardView.h"
@@ -27,7 +27,7 @@ struct Job {
     std::uint32_t totalPages;
     std::uint32_t currentCopy;
     std::uint32_t totalCopies;
-    InkInfo inkInfo;
+    const InkInfo* inkInfo;  ///< not null; the driver's
     std::uint32_t portType;
     std::uint32_t secondsRemaining;
 };
@@ -77,7 +77,6 @@ class Controller : public Observer,
     bool isBillboardIdValid(const std::string& bbId);
     /// Leaves data as it was when the id is not valid.
     void getBillboardData(const std::string& bbId, BillboardData& data);
-    /// The type of the result stays empty.
     BillboardData getDefaultBillboardData();
 
     // What the user clicks (ControllerActions.cpp).
@@ -101,38 +100,37 @@ class Controller : public Observer,
     std::string determineDataPath() const;
     std::string determineInitialBillboard() const;
     void setDataPath(const std::string& path);
+    void forgetEarlierJob(const std::string& friendlyName);
     void stopRules();
     bool startRules();
     void runLegacyPrompt(std::uint32_t promptType, std::uint32_t totalPages);
 
     void lookUpDefaultBillboard(BillboardData& data);
     void readDefaultBillboard(BillboardData& data);
-    void walkHistory(const std::string& bbId);
-    void launch(const std::string& target, const char* directory, const char* failure);
+    void walkHistory(const std::string& bbId, MethodTrace& trace);
 
     void runRules(RulesEngine& engine, RuleOutcome& outcome);
     void processRule(RulesEngine& engine, const std::string& ruleResult, RuleOutcome& outcome);
-    std::vector<std::string> candidatesFor(const std::string& ruleResult, bool checkHistory);
     void chooseCandidate(const std::vector<std::string>& candidates, bool checkHistory,
                          RuleOutcome& outcome);
     void showChosen(RuleOutcome& outcome);
 
+    std::shared_ptr<BillboardView> view_;  // kept until this object has detached from it
     std::string dataPath_;
     std::atomic<bool> stop_{false};
     std::unique_ptr<LegacyJswGui> legacyGui_;  // while a prompt is up
-    std::string friendlyName_;
     std::string defaultBillboardId_;
-    BillboardIds ids_;
-    std::unique_ptr<RunnableMethod<Controller>> rulesRunnable_;
-    std::unique_ptr<Thread> rulesThread_;  // after the runnable, so that it ends first
+    JobTexts texts_;
+
+    // The job as the rules see it: written before their thread starts.
     InkInfo inkInfo_{};
     std::string jobPrinterName_;
     std::string jobName_;
     std::uint32_t totalPages_ = 0;
     std::uint32_t totalCopies_ = 0;
 
-    // The view is kept until this object has detached from it.
-    std::shared_ptr<BillboardView> view_;
+    std::unique_ptr<RunnableMethod<Controller>> rulesRunnable_;
+    std::unique_ptr<Thread> rulesThread_;  // goes first, which waits for its end
 };
 
 }  // namespace jsw

@@ -20,87 +20,21 @@ namespace jsw {
 
 namespace {
 
-const LoggerComponent& log() {
-    return component::kJsw;
-}
-
 /// Runs an action; nothing that goes wrong goes further than the log.
 template <class Work>
 void guardLaunch(const char* otherFailure, const Work& work) {
     try {
         work();
     } catch (const Exception& error) {
-        logLine(log(), kLogError, error.text());
+        logLine(component::kJsw, kLogError, error.text());
     } catch (...) {
-        logLine(log(), kLogError, otherFailure);
+        logLine(component::kJsw, kLogError, otherFailure);
     }
-}
-
-}  // namespace
-
-void Controller::doBillboardCallback(const std::string& action, std::uint32_t actionId) {
-    MethodTrace trace(log(), "Controller::doBillboardCallback: ");
-    trace.add("theAction ='", action, "' actionId = '", actionId, "'");
-    const auto is = [&](const char* name) { return equalsIgnoringCase(action, name); };
-    if (is("LAUNCH_URL")) {
-        launchUrl(actionId);
-    } else if (is("LAUNCH_PLAYGROUND_PROJECT")) {
-        trace.add("Need to implement something for LAUNCH_PLAYGROUND_PROJECT action");
-    } else if (is("LAUNCH_APP")) {
-        launchApp(actionId);
-    } else if (is("NEXT")) {
-        walkHistory(History::instance()->getNext());
-    } else if (is("PREVIOUS")) {
-        walkHistory(History::instance()->getPrevious());
-    } else if (is("CURRENT")) {
-        const std::string current = ids_.current();
-        changeBillboard(current.empty() ? defaultBillboardId_ : current);
-    } else if (is("INK_STATUS")) {
-        changeBillboard(ids_.inkStatus());
-    }
-}
-
-void Controller::walkHistory(const std::string& bbId) {
-    if (!bbId.empty()) {
-        changeBillboard(bbId);
-        return;
-    }
-    // Both directions say NEXT, and under the tag of the action that led here.
-    MethodTrace trace(log(), "Controller::doBillboardCallback: ");
-    trace.add("No billboard id for NEXT");
-}
-
-void Controller::launchApp(std::uint32_t actionId) {
-    MethodTrace trace(log(), "Controller::launchApp: ");
-    trace.add("params: actionId=", actionId);
-    guardLaunch("exception thrown during launchApp", [&] {
-        const std::string command = Catalog::instance()->getBillboardActionParam(
-            ids_.displayed(), static_cast<std::int32_t>(actionId));
-        trace.add("Launching app=", command, ".");
-        launch(command, nullptr, "Unable to launch application, error=");
-    });
-}
-
-void Controller::launchUrl(std::uint32_t actionId) {
-    MethodTrace trace(log(), "Controller::launchUrl: ");
-    trace.add("params: actionId=", actionId);
-    guardLaunch("exception thrown during launchUrl", [&] {
-        const std::string param = Catalog::instance()->getBillboardActionParam(
-            ids_.displayed(), static_cast<std::int32_t>(actionId));
-        if (param.empty()) {
-            trace.add("empty action parameter. Doing nothing.");
-            return;
-        }
-        Printer::instance(friendlyName_);
-        const std::string url = MacroResolver().replaceMacros(param);
-        trace.add("Launching URL=", url, ".");
-        launch(url, "%HOMEDRIVE%%HOMEPATH%", "Unable to launch url, error=");
-    });
 }
 
 /// Opens a program, document or address through the shell, without any dialog of the shell's own.
 /// @param directory  working directory, in which variables are expanded; null: this process's
-void Controller::launch(const std::string& target, const char* directory, const char* failure) {
+void launch(const std::string& target, const char* directory, const char* failure) {
     std::array<char, 1000> file{};  // what is longer is cut
     target.copy(file.data(), file.size() - 1);
     SHELLEXECUTEINFOA info{};
@@ -112,8 +46,68 @@ void Controller::launch(const std::string& target, const char* directory, const 
     info.nShow = SW_SHOWNORMAL;
     if (ShellExecuteExA(&info) == FALSE) {
         const DWORD error = GetLastError();
-        logLine(log(), kLogError, failure, error);
+        logLine(component::kJsw, kLogError, failure, error);
     }
+}
+
+}  // namespace
+
+void Controller::doBillboardCallback(const std::string& action, std::uint32_t actionId) {
+    MethodTrace trace(component::kJsw, "Controller::doBillboardCallback: ");
+    trace.add("theAction ='", action, "' actionId = '", actionId, "'");
+    const auto is = [&](const char* name) { return equalsIgnoringCase(action, name); };
+    if (is("LAUNCH_URL")) {
+        launchUrl(actionId);
+    } else if (is("LAUNCH_PLAYGROUND_PROJECT")) {
+        trace.add("Need to implement something for LAUNCH_PLAYGROUND_PROJECT action");
+    } else if (is("LAUNCH_APP")) {
+        launchApp(actionId);
+    } else if (is("NEXT")) {
+        walkHistory(History::instance()->getNext(), trace);
+    } else if (is("PREVIOUS")) {
+        walkHistory(History::instance()->getPrevious(), trace);
+    } else if (is("CURRENT")) {
+        const std::string current = texts_.currentId();
+        changeBillboard(current.empty() ? defaultBillboardId_ : current);
+    } else if (is("INK_STATUS")) {
+        changeBillboard(texts_.inkStatusId());
+    }
+}
+
+void Controller::walkHistory(const std::string& bbId, MethodTrace& trace) {
+    if (bbId.empty()) {
+        trace.add("No billboard id for NEXT");  // in both directions
+    } else {
+        changeBillboard(bbId);
+    }
+}
+
+void Controller::launchApp(std::uint32_t actionId) {
+    MethodTrace trace(component::kJsw, "Controller::launchApp: ");
+    trace.add("params: actionId=", actionId);
+    guardLaunch("exception thrown during launchApp", [&] {
+        const std::string command = Catalog::instance()->getBillboardActionParam(
+            texts_.displayedId(), static_cast<std::int32_t>(actionId));
+        trace.add("Launching app=", command, ".");
+        launch(command, nullptr, "Unable to launch application, error=");
+    });
+}
+
+void Controller::launchUrl(std::uint32_t actionId) {
+    MethodTrace trace(component::kJsw, "Controller::launchUrl: ");
+    trace.add("params: actionId=", actionId);
+    guardLaunch("exception thrown during launchUrl", [&] {
+        const std::string param = Catalog::instance()->getBillboardActionParam(
+            texts_.displayedId(), static_cast<std::int32_t>(actionId));
+        if (param.empty()) {
+            trace.add("empty action parameter. Doing nothing.");
+            return;
+        }
+        Printer::instance(texts_.friendlyName());
+        const std::string url = MacroResolver().replaceMacros(param);
+        trace.add("Launching URL=", url, ".");
+        launch(url, "%HOMEDRIVE%%HOMEPATH%", "Unable to launch url, error=");
+    });
 }
 
 }  // namespace jsw

@@ -13,17 +13,11 @@
 
 namespace jsw {
 
-namespace {
-const LoggerComponent& log() {
-    return component::kJsw;
-}
-}  // namespace
-
 void Controller::changeBillboard(const std::string& bbId) {
-    MethodTrace trace(log(), "Controller::changeBillboard: ");
+    MethodTrace trace(component::kJsw, "Controller::changeBillboard: ");
     trace.add("bbId ='", bbId, "'");
     if (bbId.empty()) {
-        logLine(log(), kLogError, "ERROR - bbId is empty string.");
+        logLine(component::kJsw, kLogError, "ERROR - bbId is empty string.");
         return;
     }
     BillboardData data;
@@ -32,15 +26,15 @@ void Controller::changeBillboard(const std::string& bbId) {
         trace.add("no filename for bbId='", bbId, "'");
         return;
     }
-    logLine(log(), kLogRules, "Controller::changeBillboard: Billboard id=", bbId,
+    logLine(component::kJsw, kLogRules, "Controller::changeBillboard: Billboard id=", bbId,
             ", fileName=", data.fileName, ".");
-    if (!equalsIgnoringCase(data.type, "ink_status")) ids_.setCurrent(bbId);
-    ids_.setDisplayed(bbId);
+    if (!equalsIgnoringCase(data.type, "ink_status")) texts_.setCurrentId(bbId);
+    texts_.setDisplayedId(bbId);
     view_->displayBillboard(data.fileName, data.navigate, data.restore);
 }
 
 bool Controller::isBillboardIdValid(const std::string& bbId) {
-    MethodTrace trace(log(), "Controller::isBillboardIdValid: bbId=", bbId, ".");
+    MethodTrace trace(component::kJsw, "Controller::isBillboardIdValid: bbId=", bbId, ".");
     // Looked up afresh each time: an update may have moved the data while the job runs.
     const std::string dataPath = determineDataPath();
     const std::string fileName = Catalog::instance()->getBillboardFileName(bbId);
@@ -62,7 +56,7 @@ bool Controller::isBillboardIdValid(const std::string& bbId) {
 }
 
 void Controller::getBillboardData(const std::string& bbId, BillboardData& data) {
-    MethodTrace trace(log(), "Controller::getBillboardData: bbId=", bbId, ".");
+    MethodTrace trace(component::kJsw, "Controller::getBillboardData: bbId=", bbId, ".");
     if (!isBillboardIdValid(bbId)) {
         trace.add("bbId is not valid, bbId=", bbId, "'");
         return;
@@ -77,7 +71,7 @@ void Controller::getBillboardData(const std::string& bbId, BillboardData& data) 
 }
 
 BillboardData Controller::getDefaultBillboardData() {
-    MethodTrace trace(log(), "Controller::getDefaultBillboardData: ");
+    MethodTrace trace(component::kJsw, "Controller::getDefaultBillboardData: ");
     BillboardData data;
     if (!Settings().read(setting::kDefaultBillboardFile, data.fileName) || data.fileName.empty()) {
         lookUpDefaultBillboard(data);
@@ -86,7 +80,6 @@ BillboardData Controller::getDefaultBillboardData() {
     }
     trace.add("fileName=", data.fileName, ",navigate=", data.navigate, ",restore=", data.restore,
               ".");
-    data.type.clear();
     return data;
 }
 

@@ -8,30 +8,24 @@
 #include "jsw/modules/Catalog.h"
 #include "jsw/modules/RulesEngine.h"
 
-#include <algorithm>
-
 namespace jsw {
 
 namespace {
-
-const LoggerComponent& log() {
-    return component::kJsw;
-}
 
 constexpr char kTag[] = "Controller::ProcessRules: ";
 
 void logCandidates(const std::string& ruleResult, const std::vector<std::string>& candidates,
                    bool checkHistory) {
-    if (!isLogEnabled(log(), kLogRules)) return;
+    if (!isLogEnabled(component::kJsw, kLogRules)) return;
     if (candidates.size() < 2) {
-        logLine(log(), kLogRules, kTag, "Rule result is ProjectId=", ruleResult,
+        logLine(component::kJsw, kLogRules, kTag, "Rule result is ProjectId=", ruleResult,
                 ", checkHistory=", checkHistory);
         return;
     }
-    logLine(log(), kLogRules, kTag, "Rule result is CategoryId=", ruleResult,
+    logLine(component::kJsw, kLogRules, kTag, "Rule result is CategoryId=", ruleResult,
             ", checkHistory=", checkHistory);
     for (const std::string& candidate : candidates) {
-        logLine(log(), kLogRules, kTag, "ProjectId=", candidate);
+        logLine(component::kJsw, kLogRules, kTag, "ProjectId=", candidate);
     }
 }
 
@@ -57,8 +51,9 @@ struct Controller::RuleOutcome {
 void Controller::ProcessRules() {
     // The driver may end the job, and with it this object, from inside a callback on this thread.
     const std::shared_ptr<Controller> self = weak_from_this().lock();
-    MethodTrace trace(log(), kTag);
-    logLine(log(), kLogModuleCall, ">>> Controler::ProcessRules: ");
+    if (!self) return;  // it is over already
+    MethodTrace trace(component::kJsw, kTag);
+    logLine(component::kJsw, kLogModuleCall, ">>> Controler::ProcessRules: ");
     RulesEngine engine;
     RuleOutcome outcome{trace, Catalog::instance(), History::instance()};
     if (!engine.initialize(inkInfo_, jobPrinterName_, jobName_, totalPages_, totalCopies_)) {
@@ -70,12 +65,12 @@ void Controller::ProcessRules() {
         runRules(engine, outcome);
         if (outcome.found) showChosen(outcome);
     } catch (const Win32Exception& error) {
-        logLine(log(), kLogError, error.text());
+        logLine(component::kJsw, kLogError, error.text());
     }
     engine.updateSettings(outcome.carts, outcome.isInkType,
                           outcome.showSpecial && outcome.found && !outcome.isInkType);
     engine.uninitialize();
-    logLine(log(), kLogModuleCall, "<<< Controler::ProcessRules: ");
+    logLine(component::kJsw, kLogModuleCall, "<<< Controler::ProcessRules: ");
 }
 
 void Controller::runRules(RulesEngine& engine, RuleOutcome& outcome) {
@@ -91,7 +86,7 @@ void Controller::processRule(RulesEngine& engine, const std::string& ruleResult,
     outcome.isInkType = equalsIgnoringCase(type, "ink_status");
     if (outcome.isInkType) {
         if (isBillboardIdValid(ruleResult)) {
-            ids_.setInkStatus(ruleResult);
+            texts_.setInkStatusId(ruleResult);
         } else {
             logBypassed(outcome.trace, ruleResult);
         }
@@ -110,7 +105,7 @@ void Controller::chooseCandidate(const std::vector<std::string>& candidates, boo
                                  RuleOutcome& outcome) {
     for (const std::string& candidate : candidates) {
         if (checkHistory && outcome.history->isPresentInHistory(candidate)) {
-            logLine(log(), kLogRules, kTag, "ProjectId=", candidate,
+            logLine(component::kJsw, kLogRules, kTag, "ProjectId=", candidate,
                     " was in History (failed history check).");
         } else if (isBillboardIdValid(candidate)) {
             outcome.found = true;

@@ -16,20 +16,27 @@ namespace {
 
 bool createLocalStore(const Localize& names) {
     try {
-        RegistryKey(names.getRegistryPath(StoreKind::local), true);
+        const RegistryKey key(names.getRegistryPath(StoreKind::local), true);
     } catch (const Exception& error) {
-        logLine(component::kJsw, kLogError, "ERROR - ", error.text());
+        // Asks no switch: without a store there are none, and nobody would hear of it.
+        writeLogLine(component::kJsw, kLogError, concat("ERROR - ", error.text()));
         return false;
     }
-    // The log does without a store for a while once it has found none.
-    if (BasicLogger* logger = BasicLogger::existing()) logger->recheckStore();
     return true;
+}
+
+/// The log goes by what it last read for a while; now there are settings to read.
+void recheckLog() {
+    if (BasicLogger* logger = BasicLogger::existing()) logger->recheckStore();
 }
 
 bool installStore(const Localize& names) {
     if (!createLocalStore(names)) return false;
+    recheckLog();
     const std::string file = concat(folderPart(names.modulePath()), names.settingsFileName());
-    if (SettingsInstaller(file).installSettings()) return true;
+    const bool installed = SettingsInstaller(file).installSettings();
+    recheckLog();
+    if (installed) return true;
     logLine(component::kJsw, kLogError, "ERROR - unable to install all settings of ", file);
     return false;
 }

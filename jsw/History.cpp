@@ -3,15 +3,16 @@
 #include "PublicLib/NeverDestroyed.h"
 #include "PublicLib/errors/Exception.h"
 #include "PublicLib/locks/Singleton.h"
+#include "PublicLib/logging/Guard.h"
 #include "PublicLib/logging/MethodTrace.h"
 #include "jsw/settings/RegistryKey.h"
 
 #include <windows.h>
 
 #include <algorithm>
-#include <charconv>
+#include <limits>
 #include <mutex>
-#include <optional>
+#include <set>
 #include <string_view>
 #include <vector>
 
@@ -21,30 +22,16 @@ namespace {
 
 NeverDestroyed<Singleton<History>> singleton;
 
-const LoggerComponent& log() {
-    return component::kJsw;
-}
-
 constexpr std::string_view kIdPrefix = "Id";
 
 std::string valueName(std::uint32_t position) {
     return concat(kIdPrefix, position);
 }
 
-/// The position in a value name of the form "Id<number>".
-std::optional<std::uint32_t> positionOf(std::string_view name) {
-    if (!name.starts_with(kIdPrefix)) return std::nullopt;
-    name.remove_prefix(kIdPrefix.size());
-    std::uint32_t position = 0;
-    const auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), position);
-    if (error != std::errc{} || end != name.data() + name.size()) return std::nullopt;
-    return position;
-}
-
 }  // namespace
 
 std::shared_ptr<History> History::instance() {
-    MethodTrace trace(log(), "History::instance: ");
+    MethodTrace trace(component::kJsw, "History::instance: ");
     return singleton->instance([&] {
         trace.add("instantiating History.");
         return std::make_shared<History>();
@@ -52,22 +39,20 @@ std::shared_ptr<History> History::instance() {
 }
 
 void History::destroy() {
-    MethodTrace trace(log(), "History::destroy: ");
+    MethodTrace trace(component::kJsw, "History::destroy: ");
     singleton->destroy([&] { trace.add("destroying History."); });
 }
 
 History::History() {
-    MethodTrace trace(log(), "History::History: ");
+    MethodTrace trace(component::kJsw, "History::History: ");
     read();
 }
 
 History::~History() {
-    try {
-        MethodTrace trace(log(), "History::~History: ");
+    runGuarded(component::kJsw, "History::~History", [this] {
+        MethodTrace trace(component::kJsw, "History::~History: ");
         save();
-    } catch (const std::exception& error) {
-        logLine(log(), kLogError, "ERROR - the history is not saved: ", error.what());
-    }
+    });
 }
 
 /// A missing number is the normal case; one of another type is an error worth a line.
@@ -80,12 +65,12 @@ void History::readMaxSize() {
         }
     } catch (const Exception& error) {
         if (error.code() == ERROR_FILE_NOT_FOUND) return;
-        logLine(log(), kLogError, "ERROR - ", error.text());
+        logLine(component::kJsw, kLogError, "ERROR - ", error.text());
     }
 }
 
 void History::read() {
-    MethodTrace trace(log(), "History::read: ");
+    MethodTrace trace(component::kJsw, "History::read: ");
     const std::lock_guard lock(lock_);
     readMaxSize();
     ids_.clear();
@@ -104,7 +89,7 @@ void History::read() {
 }
 
 void History::save() {
-    MethodTrace trace(log(), "History::save: ");
+    MethodTrace trace(component::kJsw, "History::save: ");
     const std::lock_guard lock(lock_);
     if (!dirty_) {
         trace.add("Save not needed.");
@@ -116,28 +101,30 @@ void History::save() {
             trace.add("Unable to save history, bbId=", bbId);
         }
     }
-    removeStaleIds();
+    try {
+        removeStaleIds();
+    } catch (const Exception& error) {
+        trace.add(error.text());
+    }
 }
 
-/// Values beyond the list, left by an earlier, longer one, would come back at the next job.
+/// What else is in the key would come back at the next job: values left by an earlier, longer list,
+/// and foreign ones, which are in the list under names of their own by now.
 void History::removeStaleIds() const {
-    bool mayBeMore = true;
-    while (mayBeMore) {  // the registry lists a limited number of names at once
-        std::vector<std::string> names;
-        settings_.getValueNames(setting::kHistoryIdsKey, names);
-        bool removed = false;
-        for (const std::string& name : names) {
-            const auto position = positionOf(name);
-            if (position && *position >= count()) {
-                removed = settings_.deleteValue(setting::kHistoryIdsKey, name) || removed;
-            }
-        }
-        mayBeMore = removed && names.size() == BasicSettings::kMaxNames;
+    const std::string path = settings_.getKeyPath(false) + setting::kHistoryIdsKey;
+    std::vector<std::string> names;
+    RegistryKey(path, true).getValueNames(names, std::numeric_limits<std::uint32_t>::max());
+    std::set<std::string> current;
+    for (std::uint32_t position = 0; position < count(); ++position) {
+        current.insert(valueName(position));
+    }
+    for (const std::string& name : names) {
+        if (!current.contains(name)) settings_.deleteValue(setting::kHistoryIdsKey, name);
     }
 }
 
 void History::add(const std::string& bbId) {
-    MethodTrace trace(log(), "History::add: ");
+    MethodTrace trace(component::kJsw, "History::add: ");
     trace.add("bbId=", bbId);
     const std::lock_guard lock(lock_);
     ids_.push_back(bbId);
@@ -151,13 +138,13 @@ void History::add(const std::string& bbId) {
 }
 
 std::int32_t History::size() const {
-    MethodTrace trace(log(), "History::size: ");
+    MethodTrace trace(component::kJsw, "History::size: ");
     const std::lock_guard lock(lock_);
     return static_cast<std::int32_t>(count());
 }
 
 bool History::isPresentInHistory(const std::string& bbId) const {
-    MethodTrace trace(log(), "History::isPresentInHistory: ");
+    MethodTrace trace(component::kJsw, "History::isPresentInHistory: ");
     const std::lock_guard lock(lock_);
     const bool present = std::find(ids_.begin(), ids_.end(), bbId) != ids_.end();
     trace.setResult(present);
@@ -165,7 +152,7 @@ bool History::isPresentInHistory(const std::string& bbId) const {
 }
 
 std::uint32_t History::prev(std::uint32_t index) const {
-    MethodTrace trace(log(), "History::prev: ");
+    MethodTrace trace(component::kJsw, "History::prev: ");
     const std::lock_guard lock(lock_);
     const std::uint32_t result = index == 0 ? count() - 1 : (index - 1) % count();
     trace.setResult(static_cast<std::int32_t>(result));
@@ -173,7 +160,7 @@ std::uint32_t History::prev(std::uint32_t index) const {
 }
 
 std::uint32_t History::next(std::uint32_t index) const {
-    MethodTrace trace(log(), "History::next: ");
+    MethodTrace trace(component::kJsw, "History::next: ");
     const std::lock_guard lock(lock_);
     const std::uint32_t result = (index + 1) % count();
     trace.setResult(static_cast<std::int32_t>(result));
@@ -189,17 +176,17 @@ std::string History::moveTo(std::uint32_t (History::*neighbour)(std::uint32_t) c
 }
 
 std::string History::getPrevious() {
-    MethodTrace trace(log(), "History::getPrevious: ");
+    MethodTrace trace(component::kJsw, "History::getPrevious: ");
     return moveTo(&History::prev);
 }
 
 std::string History::getNext() {
-    MethodTrace trace(log(), "History::getNext: ");
+    MethodTrace trace(component::kJsw, "History::getNext: ");
     return moveTo(&History::next);
 }
 
 void History::clear() {
-    MethodTrace trace(log(), "History::clear: ");
+    MethodTrace trace(component::kJsw, "History::clear: ");
     const std::lock_guard lock(lock_);
     ids_.clear();
     try {
@@ -208,6 +195,8 @@ void History::clear() {
     } catch (const Exception& error) {
         trace.add("Unable to clear history from the registry");
         trace.add(error.text());
+    } catch (...) {
+        trace.add("Unable to clear history from the registry");
     }
 }
 

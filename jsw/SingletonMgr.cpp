@@ -1,18 +1,16 @@
 #include "jsw/SingletonMgr.h"
 
-#include "PublicLib/errors/Exception.h"
 #include "PublicLib/logging/BasicLogger.h"
-#include "PublicLib/os/CurrentProcess.h"
+#include "PublicLib/logging/Guard.h"
 #include "PublicLib/os/Localize.h"
 #include "PublicLib/printer/Printer.h"
+#include "PublicLib/process/CurrentProcess.h"
 #include "jsw/Controller.h"
 #include "jsw/FirstRun.h"
 #include "jsw/History.h"
 #include "jsw/modules/BillboardView.h"
 #include "jsw/modules/Catalog.h"
 #include "jsw/updates/AppUpdatesController.h"
-
-#include <exception>
 
 namespace jsw {
 
@@ -40,8 +38,7 @@ void destroyJobObjects() {
 }
 
 void build() {
-    // A callback that came late in the job before may have left an object behind.
-    destroyJobObjects();
+    destroyJobObjects();  // that a callback, late in the job before, may have left behind
     Localize::createInstance(nullptr);
     BasicLogger::createInstance(kLogMask);
     installStoreIfMissing();
@@ -62,20 +59,15 @@ void build() {
     logMarker("<<< SingletonMgr::SingletonMgr");
 }
 
-void checkForUpdates() {
-    try {
-        AppUpdatesController::instance()->checkForUpdates();
-    } catch (const Exception& error) {
-        logLine(component::kUpdater, kLogError, "ERROR - checkForUpdates: ", error.text());
-    } catch (const std::exception& error) {
-        logLine(component::kUpdater, kLogError, "ERROR - checkForUpdates: ", error.what());
-    }
-    AppUpdatesController::destroy();
-}
-
 void endLogAndNames() {
     BasicLogger::destroyInstance();
     Localize::destroy();
+}
+
+/// After the log has ended: what a late callback, or the update check, has asked for once more.
+void destroyStragglers() {
+    destroyJobObjects();
+    AppUpdatesController::destroy();
 }
 
 }  // namespace
@@ -83,24 +75,29 @@ void endLogAndNames() {
 SingletonMgr::SingletonMgr() {
     try {
         build();
-    } catch (const std::exception& error) {
-        logLine(component::kJsw, kLogError, "ERROR - SingletonMgr: ", error.what());
+    } catch (...) {
+        reportException(component::kJsw, "SingletonMgr::SingletonMgr");
         BillboardView::disconnectCallbacks();
         destroyJobObjects();
-        AppUpdatesController::destroy();
         endLogAndNames();
+        destroyStragglers();
         throw;
     }
 }
 
 SingletonMgr::~SingletonMgr() {
-    BillboardView::disconnectCallbacks();
-    logMarker(">>> SingletonMgr::~SingletonMgr: ");
-    destroyJobObjects();
-    checkForUpdates();
-    CurrentProcess::destroy();  // the update check may have asked for it again
-    logMarker("<<< SingletonMgr::~SingletonMgr: ");
+    runGuarded(component::kJsw, "SingletonMgr::~SingletonMgr", [] {
+        BillboardView::disconnectCallbacks();
+        logMarker(">>> SingletonMgr::~SingletonMgr: ");
+        destroyJobObjects();
+        // Last, when the window is gone: the updater may replace the modules.
+        runGuarded(component::kUpdater, "AppUpdatesController::checkForUpdates",
+                   [] { AppUpdatesController::instance()->checkForUpdates(); });
+        AppUpdatesController::destroy();
+        logMarker("<<< SingletonMgr::~SingletonMgr: ");
+    });
     endLogAndNames();
+    destroyStragglers();
 }
 
 }  // namespace jsw

@@ -1,18 +1,15 @@
 #include "jsw/Thread.h"
 
 #include "PublicLib/errors/Exception.h"
-#include "PublicLib/logging/BasicLogger.h"
+#include "PublicLib/logging/Guard.h"
 
 #include <windows.h>
 
 #include <process.h>
 
-#include <exception>
-
 namespace jsw {
 
-Thread::Thread(Runnable* runnable)
-    : runnable_(runnable), startBlock_(std::make_unique<StartBlock>(StartBlock{runnable, 0})) {
+Thread::Thread(Runnable* runnable) : runnable_(runnable) {
 }
 
 Thread::~Thread() {
@@ -20,6 +17,7 @@ Thread::~Thread() {
 }
 
 void Thread::launch() {
+    startBlock_ = std::make_unique<StartBlock>(StartBlock{runnable_, 0});
     unsigned id = 0;
     handle_.reset(reinterpret_cast<HANDLE>(
         _beginthreadex(nullptr, stackSize_, &Thread::entry, startBlock_.get(), 0, &id)));
@@ -40,15 +38,7 @@ bool Thread::wait(std::uint32_t timeoutMilliseconds) const {
 unsigned __stdcall Thread::entry(void* argument) {
     // Read first: the block may be gone when the runnable ends the job that owns this thread.
     Runnable* const runnable = static_cast<StartBlock*>(argument)->runnable;
-    try {
-        runnable->run();
-    } catch (const Exception& error) {
-        logLine(component::kJsw, kLogError, "ERROR - a thread has ended: ", error.text());
-    } catch (const std::exception& error) {
-        logLine(component::kJsw, kLogError, "ERROR - a thread has ended: ", error.what());
-    } catch (...) {
-        logLine(component::kJsw, kLogError, "ERROR - a thread has ended: unknown exception");
-    }
+    runGuarded(component::kJsw, "a thread", [runnable] { runnable->run(); });
     return 0;
 }
 

@@ -44,8 +44,6 @@ class Thread {
     /// thread does not wait for itself. With 0: whether it has ended.
     bool wait(std::uint32_t timeoutMilliseconds) const;
 
-    std::uint32_t id() const { return threadId_; }
-
     static constexpr std::uint32_t kDefaultStackSize = 4096;
 
   private:

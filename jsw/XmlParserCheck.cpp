@@ -14,10 +14,6 @@ namespace jsw {
 
 namespace {
 
-const LoggerComponent& log() {
-    return component::kJsw;
-}
-
 bool answer(MethodTrace& trace, bool result) {
     trace.setResult(result ? "true" : "false");
     return result;
@@ -36,8 +32,8 @@ const VS_FIXEDFILEINFO* fixedFileInfo(const std::vector<BYTE>& versionInfo) {
 
 bool isRecentEnough(const VS_FIXEDFILEINFO& info, MethodTrace& trace) {
     if (info.dwFileVersionMS >= kMinXmlParserVersion) return true;
-    trace.add("MSXML3 version=", info.dwFileVersionMS,
-              "The min required version=", kMinXmlParserVersion);
+    trace.add("MSXML3 version=", info.dwFileVersionMS);
+    trace.add("The min required version=", kMinXmlParserVersion);
     return false;
 }
 
@@ -70,7 +66,7 @@ bool isSupportedParserLibrary(const std::string& path, MethodTrace& trace) {
 }
 
 bool Controller::isMsXmlValid() {
-    MethodTrace trace(log(), "Controller::isMsXmlValid: ");
+    MethodTrace trace(component::kJsw, "Controller::isMsXmlValid: ");
     KeyHandle key;
     if (RegOpenKeyA(HKEY_CLASSES_ROOT, "MSXML2.DomDocument.3.0", key.put()) != ERROR_SUCCESS) {
         trace.add("MSXML 3.0 registry key not found, MSXML 3.0 not installed.");
@@ -81,7 +77,7 @@ bool Controller::isMsXmlValid() {
 }
 
 bool Controller::IsSupportedMsXmlVersion() {
-    MethodTrace trace(log(), "Controller::IsSupportedMsXmlVersion: ");
+    MethodTrace trace(component::kJsw, "Controller::IsSupportedMsXmlVersion: ");
     std::array<char, MAX_PATH> path{};
     const UINT length = GetSystemDirectoryA(path.data(), static_cast<UINT>(path.size()));
     if (length == 0 || length >= path.size()) {

@@ -10,7 +10,7 @@ packages=(
   xvfb xauth imagemagick fonts-dejavu-core      # windows and their screenshots
 )
 if [[ "${1:-}" == --checks ]]; then
-  packages+=(clang clang-format clang-tidy)  # for check.sh and fuzz.sh
+  packages+=(clang clang-format clang-tidy libclang-rt-14-dev)  # for check.sh and fuzz.sh
 fi
 
 missing=()

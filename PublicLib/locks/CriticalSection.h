@@ -14,6 +14,8 @@ class CriticalSection {
     CriticalSection& operator=(const CriticalSection&) = delete;
 
     void lock() { EnterCriticalSection(&section_); }
+    /// Answers at once; true when the lock was taken.
+    bool try_lock() { return TryEnterCriticalSection(&section_) != FALSE; }
     void unlock() { LeaveCriticalSection(&section_); }
 
   private:

@@ -12,7 +12,7 @@ InterProcessLock::InterProcessLock(std::string name)
 
 void InterProcessLock::lock() {
     if (name_.empty()) {
-        throw Exception("InterProcessLock has no name", 0, "InterProcessLock", 16);
+        throw Win32Exception("InterProcessLock has no name", 0, "InterProcessLock", 16);
     }
     mutex_.acquire(INFINITE);
 }

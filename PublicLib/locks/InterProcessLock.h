@@ -13,7 +13,7 @@ class InterProcessLock {
     /// Throws Win32Exception when the mutex cannot be created.
     explicit InterProcessLock(std::string name);
 
-    /// Throws Exception when the lock has no name, Win32Exception when waiting fails.
+    /// Throws Win32Exception when the lock has no name or waiting fails.
     void lock();
     void unlock();
 

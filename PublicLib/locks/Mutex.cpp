@@ -70,10 +70,10 @@ bool Mutex::acquire(std::uint32_t timeoutMilliseconds) {
 }
 
 void Mutex::release() {
+    owned_ = false;  // while the mutex is still held: the next thread may have it at once
     if (ReleaseMutex(handle_.get()) == FALSE) {
         throw Win32Exception("Mutex::release() ReleaseMutex failed", GetLastError(), "Mutex", 90);
     }
-    owned_ = false;
 }
 
 }  // namespace jsw

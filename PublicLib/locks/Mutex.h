@@ -7,8 +7,8 @@
 
 namespace jsw {
 
-/// A Windows mutex, shared with every process that opens the same name. One Mutex object is used
-/// by one thread at a time.
+/// A Windows mutex, shared with every process that opens the same name. The object's own state is
+/// touched only by the thread that holds the mutex.
 class Mutex {
   public:
     /// @param name                empty for an unnamed mutex

@@ -15,23 +15,17 @@ SecurityEveryone::SecurityEveryone() {
             GetLastError(), "SecurityEveryone", 21);
     }
     setSecurityIdEveryone();
-    if (IsValidSid(everyone_) == FALSE) {
-        const DWORD error = GetLastError();
-        FreeSid(everyone_);
-        throw Win32Exception("SecurityEveryone::SecurityEveryone() IsValidSid failed", error,
-                             "SecurityEveryone", 28);
+    if (IsValidSid(everyone_.get()) == FALSE) {
+        throw Win32Exception("SecurityEveryone::SecurityEveryone() IsValidSid failed",
+                             GetLastError(), "SecurityEveryone", 28);
     }
     setAccessList();
 }
 
-SecurityEveryone::~SecurityEveryone() {
-    FreeSid(everyone_);
-}
-
 void SecurityEveryone::setSecurityIdEveryone() {
     SID_IDENTIFIER_AUTHORITY world = {SECURITY_WORLD_SID_AUTHORITY};
-    if (AllocateAndInitializeSid(&world, 1, SECURITY_WORLD_RID, 0, 0, 0, 0, 0, 0, 0, &everyone_) ==
-        FALSE) {
+    if (AllocateAndInitializeSid(&world, 1, SECURITY_WORLD_RID, 0, 0, 0, 0, 0, 0, 0,
+                                 everyone_.put()) == FALSE) {
         throw Win32Exception(
             "SecurityEveryone::setSecurityIdEveryone() AllocateAndInitializeSid failed",
             GetLastError(), "SecurityEveryone", 44);
@@ -39,13 +33,13 @@ void SecurityEveryone::setSecurityIdEveryone() {
 }
 
 void SecurityEveryone::setAccessList() {
-    accessList_.resize(sizeof(ACL) + sizeof(ACCESS_ALLOWED_ACE) + GetLengthSid(everyone_));
+    accessList_.resize(sizeof(ACL) + sizeof(ACCESS_ALLOWED_ACE) + GetLengthSid(everyone_.get()));
     auto* list = reinterpret_cast<ACL*>(accessList_.data());
     // What lies below a key must be as open as the key itself.
     constexpr DWORD kInherited = CONTAINER_INHERIT_ACE | OBJECT_INHERIT_ACE;
     // A list sized for its one entry and a descriptor just initialised leave these no way to fail.
     InitializeAcl(list, static_cast<DWORD>(accessList_.size()), ACL_REVISION);
-    AddAccessAllowedAceEx(list, ACL_REVISION, kInherited, GENERIC_ALL, everyone_);
+    AddAccessAllowedAceEx(list, ACL_REVISION, kInherited, GENERIC_ALL, everyone_.get());
     SetSecurityDescriptorDacl(&descriptor_, TRUE, list, FALSE);
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "PublicLib/win/Handles.h"
+
 #include <windows.h>
 
 #include <accctrl.h>
@@ -14,7 +16,6 @@ class SecurityEveryone {
   public:
     /// Throws Win32Exception when the descriptor cannot be built.
     SecurityEveryone();
-    ~SecurityEveryone();
     SecurityEveryone(const SecurityEveryone&) = delete;
     SecurityEveryone& operator=(const SecurityEveryone&) = delete;
 
@@ -25,7 +26,7 @@ class SecurityEveryone {
     void setAccessList();
 
     SECURITY_DESCRIPTOR descriptor_{};
-    PSID everyone_ = nullptr;
+    SidHandle everyone_;
     std::vector<BYTE> accessList_;
 };
 

@@ -14,11 +14,19 @@ namespace jsw {
 
 namespace {
 
-constexpr unsigned kNameWidth = 25;
-
 CriticalSection instanceLock;
-std::unique_ptr<BasicLogger> owned;
 std::atomic<BasicLogger*> active{nullptr};
+
+/// Keeps the log object for the life of the library; nobody finds it any more when it goes.
+struct Keeper {
+    std::unique_ptr<BasicLogger> logger;
+
+    Keeper() = default;
+    ~Keeper() { active = nullptr; }
+    Keeper(const Keeper&) = delete;
+    Keeper& operator=(const Keeper&) = delete;
+};
+Keeper keeper;
 
 std::string logPath() {
     std::array<char, MAX_PATH> folder{};
@@ -33,12 +41,12 @@ std::string logPath() {
 void BasicLogger::createInstance(std::uint32_t mask) {
     const std::lock_guard lock(instanceLock);
     if (active != nullptr) return;
-    if (owned) {
-        owned->restart(mask);
+    if (keeper.logger) {
+        keeper.logger->restart(mask);
     } else {
-        owned = std::make_unique<BasicLogger>(mask);
+        keeper.logger = std::make_unique<BasicLogger>(mask);
     }
-    active = owned.get();
+    active = keeper.logger.get();
 }
 
 BasicLogger& BasicLogger::getInstance() {
@@ -93,6 +101,7 @@ bool BasicLogger::isStoreAvailable() {
 
 void BasicLogger::recheckStore() {
     storeMissing_.clear();
+    forgetSwitches();
 }
 
 bool isLogEnabled(const LoggerComponent& component, std::uint32_t level) {

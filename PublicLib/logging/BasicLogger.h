@@ -32,7 +32,7 @@ class BasicLogger : public Logger {
     /// Whether the settings store can be opened. Once it could, that is taken for granted; while
     /// it cannot, it is tried again every five seconds.
     bool isStoreAvailable();
-    /// Tries the store again at the next question, after it has been installed.
+    /// Reads store and switches afresh at the next question, after they have been installed.
     void recheckStore();
 
     std::uint32_t mask() const { return mask_; }

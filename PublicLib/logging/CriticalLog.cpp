@@ -14,12 +14,11 @@ namespace jsw {
 
 namespace {
 
-constexpr unsigned kNameWidth = 25;
 constexpr std::size_t kModuleNameLength = 4;  // known file names rely on the cut
 
 struct Critical {
     Critical(const std::string& fileName, const std::string& componentName)
-        : logger(fileName, kNameWidth), component(componentName, kLogError) {}
+        : logger(fileName, Logger::kNameWidth), component(componentName, kLogError) {}
 
     Logger logger;
     LoggerComponent component;

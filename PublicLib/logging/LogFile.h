@@ -3,7 +3,7 @@
 #include "PublicLib/locks/InterProcessLock.h"
 #include "PublicLib/locks/Security.h"
 
-#include <memory>
+#include <mutex>
 #include <string>
 #include <string_view>
 

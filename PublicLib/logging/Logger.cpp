@@ -15,9 +15,6 @@ namespace {
 // Set for the rest of the process when a log file cannot be set up.
 std::atomic<bool> loggingKilled{false};
 
-// The levels enabled for every component, as last read.
-std::atomic<std::uint32_t> allMask{0};
-
 LogTime localTime() {
     SYSTEMTIME now;
     GetLocalTime(&now);
@@ -95,9 +92,9 @@ bool Logger::isEnabled(const LoggerComponent& component, std::uint32_t level) {
     if (loggingKilled) return false;
     if ((level & kLogError) != 0) return true;
     if (!isStarted()) return false;
-    allMask = cachedSwitch("All", component::kAll.defaultMask());
+    const std::uint32_t all = cachedSwitch("All", component::kAll.defaultMask());
     const std::uint32_t own = cachedSwitch(component.name(), component.defaultMask());
-    return (level & (allMask | own)) != 0;
+    return (level & (all | own)) != 0;
 }
 
 std::string Logger::formatLine(const LoggerComponent& component, std::uint32_t level,
@@ -131,9 +128,13 @@ void Logger::decreaseDepth() {
     if (current > 0) --current;
 }
 
-void Logger::reset() {
+void Logger::forgetSwitches() {
     startLog_.clear();
     switches_.clear();
+}
+
+void Logger::reset() {
+    forgetSwitches();
     const std::lock_guard lock(lock_);
     depths_.clear();
 }

@@ -16,6 +16,9 @@ namespace jsw {
 /// a line is written reaches the caller: the line is dropped.
 class Logger {
   public:
+    /// Columns for the component's name in the files of this library.
+    static constexpr unsigned kNameWidth = 25;
+
     /// @param path       the file; without any backslash it lies in the root of the Windows drive
     /// @param nameWidth  columns for the component's name
     /// A file that cannot be set up ends all logging of the process.
@@ -44,6 +47,8 @@ class Logger {
     void decreaseDepth();
 
   protected:
+    /// Forgets the switches that were read.
+    void forgetSwitches();
     /// Forgets what was read and counted, as for a new logger.
     void reset();
 

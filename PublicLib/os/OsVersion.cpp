@@ -64,17 +64,25 @@ bool OsVersion::isRunningUnderWow64() {
            answer != FALSE;
 }
 
+namespace {
+
+/// An unknown directory stays empty: its folder would be one in the root of the current drive.
+std::string driverFolder(const char* versionFolder) {
+    const std::string directory = printerDriverDirectory();
+    return directory.empty() ? directory : directory + versionFolder;
+}
+
+}  // namespace
+
 std::string OsVersion::versionedPrinterDriverFolder() const {
     const OsClass version = classification();
-    if (version >= OsClass::windows2000) return printerDriverDirectory() + "\\3";
-    if (version == OsClass::nt4) return printerDriverDirectory() + "\\2";
-    return printerDriverDirectory();
+    if (version >= OsClass::windows2000) return driverFolder("\\3");
+    return driverFolder(version == OsClass::nt4 ? "\\2" : "");
 }
 
 std::string OsVersion::printerDriverFolderByMajorVersion() const {
-    if (majorVersion() >= 5) return printerDriverDirectory() + "\\3";
-    if (majorVersion() == 4) return printerDriverDirectory() + "\\2";
-    return printerDriverDirectory();
+    if (majorVersion() >= 5) return driverFolder("\\3");
+    return driverFolder(majorVersion() == 4 ? "\\2" : "");
 }
 
 }  // namespace jsw

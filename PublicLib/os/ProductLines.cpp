@@ -30,6 +30,11 @@ constexpr std::array<ProductLine, 16> kProductLines{{
 
 constexpr std::size_t kPrefixLength = 2;
 
+static_assert(std::all_of(kProductLines.begin(), kProductLines.end(), [](const ProductLine& line) {
+    return line.prefix.size() == kPrefixLength && line.key.size() <= 32 &&
+           line.manufacturer.size() <= 19;
+}));
+
 }  // namespace
 
 std::span<const ProductLine> productLines() {
@@ -38,10 +43,10 @@ std::span<const ProductLine> productLines() {
 
 const ProductLine* findProductLine(std::string_view localId) {
     const std::string_view prefix = localId.substr(0, kPrefixLength);
-    const auto* line = std::find_if(
-        kProductLines.begin(), kProductLines.end(),
-        [&](const ProductLine& row) { return equalsIgnoringCase(row.prefix, prefix); });
-    return line == kProductLines.end() ? nullptr : line;
+    for (const ProductLine& line : kProductLines) {
+        if (equalsIgnoringCase(line.prefix, prefix)) return &line;
+    }
+    return nullptr;
 }
 
 bool isNonInkjetLine(std::string_view localId) {

@@ -1,5 +1,6 @@
 #include "PublicLib/printer/Printer.h"
 
+#include "PublicLib/NeverDestroyed.h"
 #include "PublicLib/errors/Exception.h"
 #include "PublicLib/locks/Singleton.h"
 #include "PublicLib/logging/MethodTrace.h"
@@ -11,7 +12,7 @@ namespace jsw {
 
 namespace {
 
-Singleton<Printer> singleton;
+NeverDestroyed<Singleton<Printer>> singleton;
 
 std::unique_ptr<NullPrinter> makePrinter(const std::string& friendlyName) {
     if (equalsIgnoringCase(friendlyName, SimulatedPrinter::kReservedName)) {
@@ -24,7 +25,7 @@ std::unique_ptr<NullPrinter> makePrinter(const std::string& friendlyName) {
 
 std::shared_ptr<Printer> Printer::instance(const std::string& friendlyName) {
     MethodTrace trace(component::kJsw, "Printer::instance(friendlyName=", friendlyName, "):");
-    return singleton.instance([&] {
+    return singleton->instance([&] {
         trace.add("creating Printer.");
         return std::make_shared<Printer>(friendlyName);
     });
@@ -32,7 +33,7 @@ std::shared_ptr<Printer> Printer::instance(const std::string& friendlyName) {
 
 void Printer::destroy() {
     MethodTrace trace(component::kJsw, "Printer::destroy: ");
-    singleton.destroy([&] { trace.add("destroying Printer."); });
+    singleton->destroy([&] { trace.add("destroying Printer."); });
 }
 
 Printer::Printer(const std::string& friendlyName) {

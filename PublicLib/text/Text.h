@@ -1,6 +1,7 @@
 #pragma once
 
 #include <concepts>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -24,6 +25,11 @@ void appendPart(std::string& text, Number number) {
     } else {
         text.append(std::to_string(number));
     }
+}
+
+/// A driver's 32-bit value as the log and the modules take it.
+constexpr std::int32_t asSigned(std::uint32_t value) {
+    return static_cast<std::int32_t>(value);
 }
 
 /// Joins the parts of a message: concat("bbId=", id, ", count=", 3).

@@ -64,6 +64,9 @@ inline void closeKey(HKEY key) {
 inline void freeModule(HMODULE module) {
     FreeLibrary(module);
 }
+inline void freeSid(PSID sid) {
+    FreeSid(sid);
+}
 inline void closePrinter(HANDLE printer) {
     ClosePrinter(printer);
 }
@@ -72,6 +75,7 @@ inline void closePrinter(HANDLE printer) {
 using KernelHandle = UniqueHandle<HANDLE, closers::closeKernelObject>;  // file, mutex, process, …
 using KeyHandle = UniqueHandle<HKEY, closers::closeKey>;
 using ModuleHandle = UniqueHandle<HMODULE, closers::freeModule>;
+using SidHandle = UniqueHandle<PSID, closers::freeSid>;
 using PrinterHandle = UniqueHandle<HANDLE, closers::closePrinter>;
 
 }  // namespace jsw

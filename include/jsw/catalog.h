@@ -3,8 +3,9 @@
  * Interface of the catalog module ("bcat.dll"), which knows the billboards: the ids in each
  * category and each billboard's file, type, actions, navigation, window behaviour and cartridges.
  *
- * Initialize is called once, on first use, before anything else. Questions may come from several
- * threads at once. UnInitialize ends the use; the module stays loaded until the job is over.
+ * Initialize is called once, on first use, before anything else; it must not wait for a thread that
+ * asks a question. Questions may come from several threads at once. The module is freed when the
+ * job is over; jsw.dll does not count on UnInitialize for that and may not call it.
  *
  * Memory: Initialize hands over an allocation function. Every string and every array of strings
  * that an entry point returns must be allocated with it, each on its own; jsw.dll copies and frees

@@ -31,7 +31,15 @@
 extern "C" {
 #endif
 
-/** The driver's status callback: called with a JswStatus code on a thread of the job window. */
+/**
+ * The driver's status callback, called with a JswStatus code on whatever thread the window reports
+ * on: one of its own, a worker thread of the library, or the driver's own inside a function of this
+ * library.
+ *
+ * It may call every function of this library. While another thread is inside JSWInit or
+ * JSWTerminate such a call does not wait for it: JSWTerminate is carried out by that thread at its
+ * end, JSWInit answers 0, the others do nothing.
+ */
 typedef void (*JswStatusCallback)(uint32_t status);
 
 /**

@@ -18,9 +18,9 @@
 #ifndef JSW_MODULE_H
 #define JSW_MODULE_H
 
-#include <stdint.h>
-
 #include "jsw/types.h"
+
+#include <stdint.h>
 
 /** A truth value that crosses a module boundary: one byte, 0 or 1. */
 typedef uint8_t JswBool;

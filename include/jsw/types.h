@@ -20,27 +20,27 @@
  * never writes to it. Field names are those the log shows.
  */
 typedef struct InkInfo {
-    uint32_t InkStyle;                                   /**< offset 0 */
-    int32_t InkPercent[JSW_INK_SLOTS];                   /**< 4: per cent; negative when unknown */
-    uint32_t iChangedCartCount1;                         /**< 44 */
-    uint32_t iChangedCartCount2;                         /**< 48 */
-    uint32_t iLogCartID1;                                /**< 52 */
-    uint32_t iLogCartID2;                                /**< 56 */
-    uint32_t iPhysCartID1;                               /**< 60: carried unchanged */
-    uint32_t iPhysCartID2;                               /**< 64: carried unchanged */
-    uint32_t iCart1Authenticity;                         /**< 68 */
-    uint32_t iCart2Authenticity;                         /**< 72 */
-    uint32_t iCart1PYG;                                  /**< 76 */
-    uint32_t iCart2PYG;                                  /**< 80 */
-    uint32_t iCart1AlignRequired;                        /**< 84 */
-    uint32_t iCart2AlignRequired;                        /**< 88 */
-    uint32_t iEstPagesRemaining;                         /**< 92 */
-    uint32_t iCart1UID;                                  /**< 96 */
-    uint32_t iCart2UID;                                  /**< 100 */
-    char iCart1PrintheadDiag[JSW_PRINTHEAD_DIAG_SIZE];   /**< 104: text; zero byte optional */
-    char iCart2PrintheadDiag[JSW_PRINTHEAD_DIAG_SIZE];   /**< 124: text; zero byte optional */
-    uint32_t iCart1PartNum;                              /**< 144 */
-    uint32_t iCart2PartNum;                              /**< 148 */
+    uint32_t InkStyle;                                 /**< offset 0 */
+    int32_t InkPercent[JSW_INK_SLOTS];                 /**< 4: per cent; negative when unknown */
+    uint32_t iChangedCartCount1;                       /**< 44 */
+    uint32_t iChangedCartCount2;                       /**< 48 */
+    uint32_t iLogCartID1;                              /**< 52 */
+    uint32_t iLogCartID2;                              /**< 56 */
+    uint32_t iPhysCartID1;                             /**< 60: carried unchanged */
+    uint32_t iPhysCartID2;                             /**< 64: carried unchanged */
+    uint32_t iCart1Authenticity;                       /**< 68 */
+    uint32_t iCart2Authenticity;                       /**< 72 */
+    uint32_t iCart1PYG;                                /**< 76 */
+    uint32_t iCart2PYG;                                /**< 80 */
+    uint32_t iCart1AlignRequired;                      /**< 84 */
+    uint32_t iCart2AlignRequired;                      /**< 88 */
+    uint32_t iEstPagesRemaining;                       /**< 92 */
+    uint32_t iCart1UID;                                /**< 96 */
+    uint32_t iCart2UID;                                /**< 100 */
+    char iCart1PrintheadDiag[JSW_PRINTHEAD_DIAG_SIZE]; /**< 104: text; zero byte optional */
+    char iCart2PrintheadDiag[JSW_PRINTHEAD_DIAG_SIZE]; /**< 124: text; zero byte optional */
+    uint32_t iCart1PartNum;                            /**< 144 */
+    uint32_t iCart2PartNum;                            /**< 148 */
 } InkInfo;
 #pragma pack(pop)
 

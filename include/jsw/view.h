@@ -21,12 +21,12 @@
  * Threads: the calls come from the driver's thread, DisplayBillboard also from a worker thread and
  * from inside a billboard callback. The module may call back from any thread, also from inside an
  * entry point. After Uninitialize has returned it must not call back any more; callbacks that come
- * late all the same are ignored.
+ * late all the same are ignored as long as jsw.dll is loaded.
  *
  * Memory: strings and records belong to jsw.dll and are valid only during the call. Strings passed
  * to a callback belong to the module and need to be valid only during the call.
  *
- * The module stays loaded until jsw.dll is unloaded; several jobs of one process follow each other.
+ * The module stays loaded until the process ends; several jobs of one process follow each other.
  */
 #ifndef JSW_VIEW_H
 #define JSW_VIEW_H

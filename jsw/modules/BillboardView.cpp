@@ -18,10 +18,6 @@ constexpr auto kUncountedPages = static_cast<std::uint32_t>(-2);
 
 NeverDestroyed<Singleton<BillboardView>> singleton;
 
-const LoggerComponent& log() {
-    return component::kJsw;
-}
-
 }  // namespace
 
 std::shared_ptr<BillboardView> BillboardView::instance() {
@@ -29,28 +25,28 @@ std::shared_ptr<BillboardView> BillboardView::instance() {
 }
 
 void BillboardView::destroy() {
-    MethodTrace trace(log(), "BillboardView::destroy: ");
+    MethodTrace trace(component::kJsw, "BillboardView::destroy: ");
     singleton->destroy([&] { trace.add("destroying BillboardView."); });
 }
 
 BillboardView::BillboardView() {
-    MethodTrace trace(log(), "BillboardView::BillboardView: ");
+    MethodTrace trace(component::kJsw, "BillboardView::BillboardView: ");
     const std::string fileName = moduleFilePath(setting::kViewModule);
     trace.add("Loading view DLL, filename=", fileName, ".");
-    dll_ = loadModule(fileName, log(), trace);
+    dll_ = loadModule(fileName, component::kJsw, trace);
 }
 
 BillboardView::~BillboardView() {
-    MethodTrace trace(log(), "BillboardView::~BillboardView: ");
+    MethodTrace trace(component::kJsw, "BillboardView::~BillboardView: ");
     static_cast<void>(dll_.release());
 }
 
 template <class Entry, class... Args>
 void BillboardView::forward(const Entry& entry, const Args&... args) const {
     using Function = typename Entry::FunctionType;
-    MethodTrace trace(log(), entry.tag);
+    MethodTrace trace(component::kJsw, entry.tag);
     if (auto* function = findEntry<Function>(dll_.get(), entry.name, trace)) {
-        callEntry(log(), entry.name, function, args...);
+        callEntry(component::kJsw, entry.name, function, args...);
     }
 }
 
@@ -58,24 +54,24 @@ void BillboardView::forward(const Entry& entry, const Args&... args) const {
 template <class Function, class... Args>
 void BillboardView::forwardMarked(const char* tag, const char* name, MethodTrace& trace,
                                   const Args&... args) const {
-    logLine(log(), kLogModuleCall, ">>> ", tag);
+    logLine(component::kJsw, kLogModuleCall, ">>> ", tag);
     auto* function = findEntry<Function>(dll_.get(), name, trace);
     if (function == nullptr) return;
-    callEntry(log(), name, function, args...);
-    logLine(log(), kLogModuleCall, "<<< ", tag);
+    callEntry(component::kJsw, name, function, args...);
+    logLine(component::kJsw, kLogModuleCall, "<<< ", tag);
 }
 
 bool BillboardView::jswInit(const ViewJob& job) {
-    MethodTrace trace(log(), "BillboardView::jswInit: ");
-    logLine(log(), kLogModuleCall, ">>> BillboardView::jswInit bringing up gui");
-    const auto number = [](std::uint32_t value) { return static_cast<std::int32_t>(value); };
+    MethodTrace trace(component::kJsw, "BillboardView::jswInit: ");
+    logLine(component::kJsw, kLogModuleCall, ">>> BillboardView::jswInit bringing up gui");
     trace.add("Params: friendlyName=", job.friendlyName, ", jobname=", job.jobName,
-              ", jobType=", number(job.jobType), ", currentPage=", number(job.currentPage),
-              ", totalPages=", number(job.totalPages), ", currentCopy=", number(job.currentCopy),
-              ", totalCopies=", number(job.totalCopies), ", portType=", number(job.portType),
+              ", jobType=", asSigned(job.jobType), ", currentPage=", asSigned(job.currentPage),
+              ", totalPages=", asSigned(job.totalPages),
+              ", currentCopy=", asSigned(job.currentCopy),
+              ", totalCopies=", asSigned(job.totalCopies), ", portType=", asSigned(job.portType),
               ", dataPath=", job.dataPath, ", defaultBB=", job.defaultBillboard,
               ", navigate=", job.navigate, ", restore=", job.restore, ".");
-    if (isLogEnabled(log(), kLogDetail)) logInkInfo(*job.inkInfo);
+    if (isLogEnabled(component::kJsw, kLogDetail)) logInkInfo(*job.inkInfo);
     if (!dll_) {
         trace.add("ERROR - The GUI DLL is not loaded");
         trace.setResult(0);
@@ -89,30 +85,30 @@ bool BillboardView::jswInit(const ViewJob& job) {
     } else {
         trace.add("guiShowProcessWindow indicates GUI should NOT be shown!");
     }
-    logLine(log(), kLogModuleCall, "<<< BillboardView::jswInit bringing up gui");
+    logLine(component::kJsw, kLogModuleCall, "<<< BillboardView::jswInit bringing up gui");
     return true;
 }
 
 void BillboardView::logInkInfo(const InkInfo& inkInfo) const {
-    logLine(log(), kLogDetail, "inkinfo:");
-    for (const std::string& line : inkInfoLines(inkInfo)) logLine(log(), kLogDetail, line);
+    logLine(component::kJsw, kLogDetail, "inkinfo:");
+    for (const std::string& line : inkInfoLines(inkInfo))
+        logLine(component::kJsw, kLogDetail, line);
 }
 
 /// The window is complete before it is first shown.
 void BillboardView::setUp(const ViewJob& job) {
-    const auto number = [](std::uint32_t value) { return static_cast<std::int32_t>(value); };
     forward(view::kInitialize);
     setDataPath(job.dataPath);
     forward(view::kSetJobName, job.jobName.c_str());
     forward(view::kSetPrinterFriendlyName, job.friendlyName.c_str());
-    forward(view::kSetJobType, number(job.jobType));
-    forward(view::kSetCurrentPage, number(job.currentPage));
-    forward(view::kSetTotalPages, number(job.totalPages));
+    forward(view::kSetJobType, asSigned(job.jobType));
+    forward(view::kSetCurrentPage, asSigned(job.currentPage));
+    forward(view::kSetTotalPages, asSigned(job.totalPages));
     setShowPageInfo(job.totalPages != kUnknownPages && job.totalPages != kUncountedPages);
-    forward(view::kSetCurrentCopy, number(job.currentCopy));
-    forward(view::kSetTotalCopies, number(job.totalCopies));
+    forward(view::kSetCurrentCopy, asSigned(job.currentCopy));
+    forward(view::kSetTotalCopies, asSigned(job.totalCopies));
     forward(view::kSetInkInfo, job.inkInfo);
-    forward(view::kSetPortType, number(job.portType));
+    forward(view::kSetPortType, asSigned(job.portType));
     forward(view::kSetJswCallback, &jswCallback);
     forward(view::kSetBillboardCallback, &billboardCallback);
     displayBillboard(job.defaultBillboard, job.navigate, job.restore);
@@ -130,7 +126,7 @@ void BillboardView::setUp(const ViewJob& job) {
 }
 
 void BillboardView::jswTerminate() {
-    MethodTrace trace(log(), "BillboardView::jswTerminate: ");
+    MethodTrace trace(component::kJsw, "BillboardView::jswTerminate: ");
     if (!dll_) {
         trace.add("ERROR - The GUI DLL is not loaded.");
         return;
@@ -145,14 +141,14 @@ void BillboardView::jswUpdateInfo(std::uint32_t value1, std::uint32_t value2, st
     if (!dll_) return;
     constexpr char kName[] = "UpdateInfo";
     if (auto* function = findEntry<JswViewUpdateInfo>(dll_.get(), kName, silent)) {
-        callEntry(log(), kName, function, value1, value2, value3, data);
+        callEntry(component::kJsw, kName, function, value1, value2, value3, data);
     }
 }
 
 void BillboardView::displayBillboard(const std::string& billboard, bool enableBillboardNavigation,
                                      bool restoreWindow) {
     constexpr char kTag[] = "BillboardView::displayBillboard: ";
-    MethodTrace trace(log(), kTag);
+    MethodTrace trace(component::kJsw, kTag);
     trace.add("billboard= '", billboard, "' enableBillboardNavigation=", enableBillboardNavigation,
               " restoreWindow=", restoreWindow);
     forwardMarked<JswViewDisplayBillboard>(kTag, "DisplayBillboard", trace, billboard.c_str(),
@@ -162,19 +158,19 @@ void BillboardView::displayBillboard(const std::string& billboard, bool enableBi
 
 void BillboardView::showGui() {
     constexpr char kTag[] = "BillboardView::showGui: ";
-    MethodTrace trace(log(), kTag);
+    MethodTrace trace(component::kJsw, kTag);
     forwardMarked<JswViewPlain>(kTag, "ShowGui", trace);
 }
 
 void BillboardView::hideGui() {
     constexpr char kTag[] = "BillboardView::hideGui: ";
-    MethodTrace trace(log(), kTag);
+    MethodTrace trace(component::kJsw, kTag);
     forwardMarked<JswViewPlain>(kTag, "HideGui", trace);
 }
 
 void BillboardView::setDataPath(const std::string& dataPath) const {
     // The tag is that of the setting forwarder; readers of the log know it so.
-    MethodTrace trace(log(), "BillboardView::setGuiSetting: ");
+    MethodTrace trace(component::kJsw, "BillboardView::setGuiSetting: ");
     trace.add("dataPath='", dataPath, "'.");
     if (!dll_) {
         trace.add("ERROR - The GUI DLL is not loaded");
@@ -182,15 +178,16 @@ void BillboardView::setDataPath(const std::string& dataPath) const {
     }
     constexpr char kName[] = "SetDataPath";
     if (auto* function = findEntry<JswViewText>(dll_.get(), kName, trace)) {
-        callEntry(log(), kName, function, dataPath.c_str());
+        callEntry(component::kJsw, kName, function, dataPath.c_str());
     }
 }
 
 void BillboardView::setShowPageInfo(bool showPageInfo) const {
-    MethodTrace trace(log(), "BillboardView::setShowPageInfo: showPageInfo=(", showPageInfo, ")");
+    MethodTrace trace(component::kJsw, "BillboardView::setShowPageInfo: showPageInfo=(",
+                      showPageInfo, ")");
     constexpr char kName[] = "SetShowPageInfo";
     if (auto* function = findEntry<JswViewShowPageInfo>(dll_.get(), kName, trace)) {
-        callEntry(log(), kName, function, JswBool{showPageInfo});
+        callEntry(component::kJsw, kName, function, JswBool{showPageInfo});
     }
 }
 
@@ -202,52 +199,52 @@ bool BillboardView::readFlag(const setting::Number& number) const {
 
 void BillboardView::setGuiSetting(const char* function, const setting::Number& number,
                                   std::uint32_t defaultValue) const {
-    MethodTrace trace(log(), "BillboardView::setGuiSetting: ");
+    MethodTrace trace(component::kJsw, "BillboardView::setGuiSetting: ");
     trace.add("function='", function, "' ofnPath='", number.key, "' valueName='", number.name,
-              "' defaultValue=", static_cast<std::int32_t>(defaultValue));
+              "' defaultValue=", asSigned(defaultValue));
     auto* entry = findEntry<JswViewFlag>(dll_.get(), function, trace);
     if (entry == nullptr) return;
     std::uint32_t value = defaultValue;
     OfnSettings(ofnPath_).read(number, value);
     trace.add("value =", value);
-    callEntry(log(), function, entry, value);
+    callEntry(component::kJsw, function, entry, value);
 }
 
 void BillboardView::setShowProcessWindow() {
-    MethodTrace trace(log(), "BillboardView::setShowProcessWindow: ");
+    MethodTrace trace(component::kJsw, "BillboardView::setShowProcessWindow: ");
     showProcessWindow_ = readFlag(setting::kShowProcessWindow);
     setGuiSetting("SetShowProcessWindow", setting::kShowProcessWindow, showProcessWindow_);
 }
 
 void BillboardView::setJswProgressMinimized() const {
-    MethodTrace trace(log(), "BillboardView::setJswProgressMinimized: ");
+    MethodTrace trace(component::kJsw, "BillboardView::setJswProgressMinimized: ");
     setGuiSetting("SetJswProgressMinimized", setting::kJobProgressMinimized, 0);
 }
 
 void BillboardView::setShowSpecialMessages() {
-    MethodTrace trace(log(), "BillboardView::setShowSpecialMessages: ");
+    MethodTrace trace(component::kJsw, "BillboardView::setShowSpecialMessages: ");
     showSpecialMessages_ = readFlag(setting::kShowSpecialMessages);
     // Unlike the process window's, the default here is always "on".
     setGuiSetting("SetShowSpecialMessages", setting::kShowSpecialMessages, 1);
 }
 
 void BillboardView::setReserveModeCart1() const {
-    MethodTrace trace(log(), "BillboardView::setReserveModeCart1: ");
+    MethodTrace trace(component::kJsw, "BillboardView::setReserveModeCart1: ");
     setGuiSetting("SetReserveModeCart1", setting::kCart1ReserveTankFlag, 0);
 }
 
 void BillboardView::setReserveModeCart2() const {
-    MethodTrace trace(log(), "BillboardView::setReserveModeCart2: ");
+    MethodTrace trace(component::kJsw, "BillboardView::setReserveModeCart2: ");
     setGuiSetting("SetReserveModeCart2", setting::kCart2ReserveTankFlag, 0);
 }
 
 void BillboardView::setCompleteAPrint() const {
-    MethodTrace trace(log(), "BillboardView::setCompleteAPrint: ");
+    MethodTrace trace(component::kJsw, "BillboardView::setCompleteAPrint: ");
     setGuiSetting("SetCompleteAPrintMode", setting::kCompleteToPrint, 0);
 }
 
 void BillboardView::setUpdateSoftware() const {
-    MethodTrace trace(log(), "BillboardView::setUpdateSoftware: ");
+    MethodTrace trace(component::kJsw, "BillboardView::setUpdateSoftware: ");
     constexpr char kName[] = "SetUpdateSoftware";
     auto* entry = findEntry<JswViewFlag>(dll_.get(), kName, trace);
     if (entry == nullptr) return;
@@ -258,11 +255,11 @@ void BillboardView::setUpdateSoftware() const {
                   check.name, "'.");
     }
     trace.add("updateSoftware=", updateSoftware);
-    callEntry(log(), kName, entry, updateSoftware);
+    callEntry(component::kJsw, kName, entry, updateSoftware);
 }
 
 void BillboardView::setSavedValues() const {
-    MethodTrace trace(log(), "BillboardView::setSavedValues: ");
+    MethodTrace trace(component::kJsw, "BillboardView::setSavedValues: ");
     constexpr char kName[] = "SetSavedValue";
     auto* entry = findEntry<JswViewSavedValue>(dll_.get(), kName, trace);
     if (entry == nullptr) return;
@@ -277,7 +274,7 @@ void BillboardView::setSavedValues() const {
         std::string value;
         if (settings.getStringValue(setting::kGuiKey, name, value)) {
             trace.add("ValueName=", name, ". Value=", value, ".");
-            callEntry(log(), kName, entry, name.c_str(), value.c_str());
+            callEntry(component::kJsw, kName, entry, name.c_str(), value.c_str());
         } else {
             trace.add("ERROR - unable to read value for valueName=", name, ".");
         }

@@ -52,8 +52,8 @@ class BillboardView : public Subject {
     static void disconnectCallbacks();
 
     BillboardView();
-    /// Leaves the module loaded until the process ends or unloads it: a thread of its window may
-    /// still be leaving its code. A later job shares it again.
+    /// Leaves the module loaded until the process ends: a thread of its window may still be leaving
+    /// its code. A later job shares it again.
     ~BillboardView() override;
 
     /// Sets the window up and shows it, unless the user has switched it off. False only when there
@@ -68,8 +68,8 @@ class BillboardView : public Subject {
     void showGui();
     void hideGui();
 
-    /// Last event that the module reported.
-    std::int32_t jswEvent() const { return jswEvent_; }
+    /// The event that is being reported on this thread, or else the last one reported.
+    std::int32_t jswEvent() const;
     bool showSpecialMessages() const { return showSpecialMessages_; }
 
   private:
@@ -85,6 +85,7 @@ class BillboardView : public Subject {
     void forwardMarked(const char* tag, const char* name, MethodTrace& trace,
                        const Args&... args) const;
 
+    void report(std::int32_t event);
     void logInkInfo(const InkInfo& inkInfo) const;
     void setUp(const ViewJob& job);
     void setDataPath(const std::string& dataPath) const;

@@ -11,10 +11,6 @@ namespace {
 
 NeverDestroyed<Singleton<Catalog>> singleton;
 
-const LoggerComponent& log() {
-    return component::kCatalog;
-}
-
 }  // namespace
 
 /// What a question for a list logs.
@@ -26,7 +22,7 @@ struct Catalog::ListTexts {
 };
 
 std::shared_ptr<Catalog> Catalog::instance() {
-    MethodTrace trace(log(), "Catalog::instance: ");
+    MethodTrace trace(component::kCatalog, "Catalog::instance: ");
     return singleton->instance([&] {
         trace.add("instantiating Catalog.");
         return std::make_shared<Catalog>();
@@ -34,20 +30,20 @@ std::shared_ptr<Catalog> Catalog::instance() {
 }
 
 void Catalog::destroy() {
-    MethodTrace trace(log(), "Catalog::destroy: ");
+    MethodTrace trace(component::kCatalog, "Catalog::destroy: ");
     singleton->destroy([&] { trace.add("destroying Catalog."); });
 }
 
 Catalog::Catalog() {
-    MethodTrace trace(log(), "Catalog::Catalog: ");
+    MethodTrace trace(component::kCatalog, "Catalog::Catalog: ");
 }
 
 Catalog::~Catalog() {
-    MethodTrace trace(log(), "Catalog::~Catalog: ");
+    MethodTrace trace(component::kCatalog, "Catalog::~Catalog: ");
 }
 
 bool Catalog::initialize() {
-    MethodTrace trace(log(), "Catalog::initialize: ");
+    MethodTrace trace(component::kCatalog, "Catalog::initialize: ");
     const std::lock_guard lock(loadLock_);
     if (dll_) {
         trace.add("Catalog is already loaded.");
@@ -57,7 +53,7 @@ bool Catalog::initialize() {
     trace.setResult(0);
     const std::string fileName = moduleFilePath(setting::kCatalogModule);
     trace.add("Loading catalog DLL, filename=", fileName, ".");
-    dll_ = loadModule(fileName, log(), trace);
+    dll_ = loadModule(fileName, component::kCatalog, trace);
     if (!dll_) {
         trace.add("ERROR - Catalog is not loaded.");
         return false;
@@ -65,13 +61,13 @@ bool Catalog::initialize() {
     constexpr char kName[] = "Initialize";
     auto* entry = findEntry<JswCatalogInitialize>(dll_.get(), kName, trace);
     if (entry == nullptr) return false;
-    callEntry(log(), kName, entry, &allocateForModule);
+    callEntry(component::kCatalog, kName, entry, &allocateForModule);
     trace.setResult(1);
     return true;
 }
 
 void Catalog::uninitialize() {
-    MethodTrace trace(log(), "Catalog::uninitialize: ");
+    MethodTrace trace(component::kCatalog, "Catalog::uninitialize: ");
     const std::lock_guard lock(loadLock_);
     if (!dll_) {
         trace.add("ERROR - Catalog is not loaded.");
@@ -79,7 +75,7 @@ void Catalog::uninitialize() {
     }
     constexpr char kName[] = "UnInitialize";
     if (auto* entry = findEntry<JswCatalogUnInitialize>(dll_.get(), kName, trace)) {
-        callEntry(log(), kName, entry);
+        callEntry(component::kCatalog, kName, entry);
     }
 }
 
@@ -89,14 +85,14 @@ auto Catalog::ask(const char* name, const std::string& id, MethodTrace& trace)
     -> decltype(std::declval<Function>()(nullptr)) {
     if (initialize()) {
         if (auto* entry = findEntry<Function>(dll_.get(), name, trace)) {
-            return callEntry(log(), name, entry, id.c_str());
+            return callEntry(component::kCatalog, name, entry, id.c_str());
         }
     }
     return {};
 }
 
 std::string Catalog::askText(const char* tag, const char* name, const std::string& bbId) {
-    MethodTrace trace(log(), tag);
+    MethodTrace trace(component::kCatalog, tag);
     trace.add("bbId=", bbId);
     std::string answer = takeText(ask<JswCatalogText>(name, bbId, trace));
     trace.setResult(answer);
@@ -116,7 +112,7 @@ std::string Catalog::getCarts(const std::string& bbId) {
 }
 
 bool Catalog::askFlag(const char* tag, const char* name, const std::string& bbId) {
-    MethodTrace trace(log(), tag);
+    MethodTrace trace(component::kCatalog, tag);
     trace.add("bbId=", bbId);
     const bool answer = ask<JswCatalogFlag>(name, bbId, trace) != 0;
     trace.setResult(answer);
@@ -137,7 +133,8 @@ void Catalog::askList(const ListTexts& texts, const std::string& id, std::vector
     if (!initialize()) return;
     auto* entry = findEntry<JswCatalogList>(dll_.get(), texts.entryName, trace);
     if (entry == nullptr) return;
-    const ModuleMemory<char*> entries(callEntry(log(), texts.entryName, entry, id.c_str()));
+    const ModuleMemory<char*> entries(
+        callEntry(component::kCatalog, texts.entryName, entry, id.c_str()));
     if (!entries) {
         trace.add(texts.noList);
         return;
@@ -151,7 +148,7 @@ void Catalog::askList(const ListTexts& texts, const std::string& id, std::vector
 }
 
 void Catalog::getBillboardIds(const std::string& category, std::vector<std::string>& ids) {
-    MethodTrace trace(log(), "Catalog::getBillboardIds: ");
+    MethodTrace trace(component::kCatalog, "Catalog::getBillboardIds: ");
     trace.add("bbCategory=", category);
     askList({"GetBillboardIds",
              "There are no project Ids for the given category. It may be a project id instead.",
@@ -160,7 +157,7 @@ void Catalog::getBillboardIds(const std::string& category, std::vector<std::stri
 }
 
 void Catalog::getBillboardActions(const std::string& bbId, std::vector<std::string>& actions) {
-    MethodTrace trace(log(), "Catalog::getBillboardActions: ");
+    MethodTrace trace(component::kCatalog, "Catalog::getBillboardActions: ");
     trace.add("bbId=", bbId);
     // The texts speak of project ids here too; readers of the log know them so.
     askList({"GetBillboardActions",
@@ -170,7 +167,7 @@ void Catalog::getBillboardActions(const std::string& bbId, std::vector<std::stri
 }
 
 std::string Catalog::getBillboardActionParam(const std::string& bbId, std::int32_t actionId) {
-    MethodTrace trace(log(), "Catalog::getBillboardActionParam(bbId=", bbId,
+    MethodTrace trace(component::kCatalog, "Catalog::getBillboardActionParam(bbId=", bbId,
                       ", actionId=", actionId, "): ");
     if (!initialize()) return {};
     if (actionId < 0) {

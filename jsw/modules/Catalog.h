@@ -46,7 +46,9 @@ class Catalog {
     void askList(const ListTexts& texts, const std::string& id, std::vector<std::string>& list,
                  MethodTrace& trace);
 
-    CriticalSection loadLock_;  // two threads may ask their first question at once
+    // Two threads may ask their first question at once. The module's Initialize runs under it, so
+    // that no question comes before its end.
+    CriticalSection loadLock_;
     std::unique_ptr<ModuleDll> dll_;
 };
 

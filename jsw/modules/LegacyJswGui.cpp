@@ -10,60 +10,61 @@ namespace {
 
 constexpr char kModuleName[] = "jswo.dll";
 
-const LoggerComponent& log() {
-    return component::kJsw;
-}
-
 }  // namespace
 
 LegacyJswGui::LegacyJswGui() {
-    MethodTrace trace(log(), "LegacyJswGui::LegacyJswGui: ");
+    MethodTrace trace(component::kJsw, "LegacyJswGui::LegacyJswGui: ");
     const std::string fileName = joinPath(OsVersion::instance().printerDriverFolderByMajorVersion(),
                                           Localize::getInstance()->localId() + kModuleName);
     trace.add("Loading JSW GUI DLL, filename=", fileName, ".");
-    dll_ = loadModule(fileName, log(), trace);
+    dll_ = loadModule(fileName, component::kJsw, trace);
 }
 
 LegacyJswGui::~LegacyJswGui() {
-    MethodTrace trace(log(), "LegacyJswGui::~LegacyJswGui: ");
+    MethodTrace trace(component::kJsw, "LegacyJswGui::~LegacyJswGui: ");
 }
 
-template <class Function, class... Args>
-auto LegacyJswGui::forward(const char* operation, const char* name, MethodTrace& trace,
-                           const Args&... args) -> decltype(std::declval<Function>()(args...)) {
-    using Answer = decltype(std::declval<Function>()(args...));
-    if (!dll_) {
-        logLine(log(), kLogError, operation, " called but GUI not loaded");
-        return Answer();
-    }
-    auto* entry = findEntry<Function>(dll_.get(), name, trace);
-    return entry == nullptr ? Answer() : callEntry(log(), name, entry, args...);
+/// The entry point, or null: with a line that is always written when there is no module.
+template <class Function>
+Function* LegacyJswGui::find(const char* operation, const char* name, MethodTrace& trace) const {
+    if (dll_) return findEntry<Function>(dll_.get(), name, trace);
+    logLine(component::kJsw, kLogError, operation, " called but GUI not loaded");
+    return nullptr;
 }
 
 bool LegacyJswGui::jswInitEx(const std::string& text) {
-    MethodTrace trace(log(), "LegacyJswGui::jswInitEx: ");
-    const std::uint32_t answer =
-        forward<JswLegacyInitEx>("jswInitEx", "JSWInitEx", trace, text.c_str());
-    trace.setResult(static_cast<std::int32_t>(answer));
+    MethodTrace trace(component::kJsw, "LegacyJswGui::jswInitEx: ");
+    constexpr char kName[] = "JSWInitEx";
+    auto* entry = find<JswLegacyInitEx>("jswInitEx", kName, trace);
+    if (entry == nullptr) return false;
+    const std::uint32_t answer = callEntry(component::kJsw, kName, entry, text.c_str());
+    trace.setResult(asSigned(answer));
     return answer != 0;
 }
 
 void LegacyJswGui::jswTerminate() {
-    MethodTrace trace(log(), "LegacyJswGui::jswTerminate: ");
-    forward<JswLegacyTerminate>("jswTerminate", "JSWTerminate", trace);
+    MethodTrace trace(component::kJsw, "LegacyJswGui::jswTerminate: ");
+    constexpr char kName[] = "JSWTerminate";
+    if (auto* entry = find<JswLegacyTerminate>("jswTerminate", kName, trace)) {
+        callEntry(component::kJsw, kName, entry);
+    }
 }
 
 void LegacyJswGui::jswDisplayPrompt(std::uint32_t promptType, std::uint32_t totalPages) {
-    MethodTrace trace(log(), "LegacyJswGui::jswDisplayPrompt: ");
-    const auto type = static_cast<std::int32_t>(promptType);
-    const auto pages = static_cast<std::int32_t>(totalPages);
-    trace.add("promptType=", type, ", totalPages=", pages);
-    forward<JswLegacyDisplayPrompt>("jswDisplayPrompt", "JSWDisplayPrompt", trace, type, pages);
+    MethodTrace trace(component::kJsw, "LegacyJswGui::jswDisplayPrompt: ");
+    trace.add("promptType=", asSigned(promptType), ", totalPages=", asSigned(totalPages));
+    constexpr char kName[] = "JSWDisplayPrompt";
+    if (auto* entry = find<JswLegacyDisplayPrompt>("jswDisplayPrompt", kName, trace)) {
+        callEntry(component::kJsw, kName, entry, asSigned(promptType), asSigned(totalPages));
+    }
 }
 
 void LegacyJswGui::jswPostDlgMsg(void* message) {
-    MethodTrace trace(log(), "LegacyJswGui::jswPostDlgMsg: ");
-    forward<JswLegacyPostDlgMsg>("jswPostDlgMsg", "JSWPostDlgMsg", trace, message);
+    MethodTrace trace(component::kJsw, "LegacyJswGui::jswPostDlgMsg: ");
+    constexpr char kName[] = "JSWPostDlgMsg";
+    if (auto* entry = find<JswLegacyPostDlgMsg>("jswPostDlgMsg", kName, trace)) {
+        callEntry(component::kJsw, kName, entry, message);
+    }
 }
 
 }  // namespace jsw

@@ -26,9 +26,8 @@ class LegacyJswGui {
     void jswPostDlgMsg(void* message);
 
   private:
-    template <class Function, class... Args>
-    auto forward(const char* operation, const char* name, MethodTrace& trace, const Args&... args)
-        -> decltype(std::declval<Function>()(args...));
+    template <class Function>
+    Function* find(const char* operation, const char* name, MethodTrace& trace) const;
 
     std::unique_ptr<ModuleDll> dll_;
 };

@@ -14,11 +14,12 @@ std::string readOr(const setting::Text& text, const std::string& fallback) {
     return Settings().read(text, value) && !value.empty() ? value : fallback;
 }
 
-}  // namespace
-
+/// The local id followed by the name of the module's kind.
 std::string defaultModuleName(const setting::Text& module) {
     return Localize::getInstance()->localId() + module.defaultValue;
 }
+
+}  // namespace
 
 std::string moduleFilePath(const setting::Text& module) {
     return joinPath(readOr(setting::kDllPath, setting::kDllPath.defaultValue),

@@ -19,9 +19,6 @@ using ModuleDll = BasicDll<DllHandler>;
 /// missing) joined with the module's name from the settings, or the default one.
 std::string moduleFilePath(const setting::Text& module);
 
-/// A module's default file name: the local id followed by the name of its kind.
-std::string defaultModuleName(const setting::Text& module);
-
 /// Loads a module; null, with an error line in the log, when it cannot be loaded.
 std::unique_ptr<ModuleDll> loadModule(const std::string& fileName, const LoggerComponent& component,
                                       MethodTrace& trace);

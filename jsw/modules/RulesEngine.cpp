@@ -2,21 +2,15 @@
 
 namespace jsw {
 
-namespace {
-const LoggerComponent& log() {
-    return component::kRulesEngine;
-}
-}  // namespace
-
 RulesEngine::RulesEngine() {
-    MethodTrace trace(log(), "RulesEngine::RulesEngine: ");
+    MethodTrace trace(component::kRulesEngine, "RulesEngine::RulesEngine: ");
     const std::string fileName = moduleFilePath(setting::kRulesEngineModule);
     trace.add("Loading RulesEngine DLL, filename=", fileName, ".");
-    dll_ = loadModule(fileName, log(), trace);
+    dll_ = loadModule(fileName, component::kRulesEngine, trace);
 }
 
 RulesEngine::~RulesEngine() {
-    MethodTrace trace(log(), "RulesEngine::~RulesEngine: ");
+    MethodTrace trace(component::kRulesEngine, "RulesEngine::~RulesEngine: ");
 }
 
 template <class Function, class... Args>
@@ -28,15 +22,15 @@ auto RulesEngine::forward(const char* name, MethodTrace& trace, const Args&... a
         return Answer();
     }
     auto* entry = findEntry<Function>(dll_.get(), name, trace);
-    return entry == nullptr ? Answer() : callEntry(log(), name, entry, args...);
+    return entry == nullptr ? Answer() : callEntry(component::kRulesEngine, name, entry, args...);
 }
 
 bool RulesEngine::initialize(const InkInfo& inkInfo, const std::string& friendlyName,
                              const std::string& jobName, std::uint32_t totalPages,
                              std::uint32_t totalCopies) {
-    MethodTrace trace(log(), "RulesEngine::initialize: ");
-    const auto pages = static_cast<std::int32_t>(totalPages);
-    const auto copies = static_cast<std::int32_t>(totalCopies);
+    MethodTrace trace(component::kRulesEngine, "RulesEngine::initialize: ");
+    const auto pages = asSigned(totalPages);
+    const auto copies = asSigned(totalCopies);
     trace.add("friendlyName='", friendlyName, "' jobName='", jobName, "' totalPages=", pages,
               " totalCopies=", copies, ".");
     trace.setResult(0);
@@ -50,7 +44,7 @@ bool RulesEngine::initialize(const InkInfo& inkInfo, const std::string& friendly
 
 void RulesEngine::updateSettings(const std::string& carts, bool inkBillboard,
                                  bool specialBillboard) {
-    MethodTrace trace(log(), "RulesEngine::updateSettings: ");
+    MethodTrace trace(component::kRulesEngine, "RulesEngine::updateSettings: ");
     trace.add("carts=", carts, " inkBillboard=", inkBillboard,
               " specialBillboard=", specialBillboard);
     forward<JswRulesUpdateSettings>("UpdateSettings", trace, carts.c_str(), JswBool{inkBillboard},
@@ -58,14 +52,14 @@ void RulesEngine::updateSettings(const std::string& carts, bool inkBillboard,
 }
 
 std::string RulesEngine::evaluateRule() {
-    MethodTrace trace(log(), "RulesEngine::evaluateRule: ");
+    MethodTrace trace(component::kRulesEngine, "RulesEngine::evaluateRule: ");
     std::string result = takeText(forward<JswRulesEvaluateRule>("EvaluateRule", trace));
     trace.setResult(result);
     return result;
 }
 
 bool RulesEngine::askFlag(const char* tag, const char* name) {
-    MethodTrace trace(log(), tag);
+    MethodTrace trace(component::kRulesEngine, tag);
     const bool answer = forward<JswRulesQuestion>(name, trace) != 0;
     trace.setResult(answer);
     return answer;
@@ -80,7 +74,7 @@ bool RulesEngine::isHistoryChecked() {
 }
 
 void RulesEngine::uninitialize() {
-    MethodTrace trace(log(), "RulesEngine::uninitialize: ");
+    MethodTrace trace(component::kRulesEngine, "RulesEngine::uninitialize: ");
     forward<JswRulesUnInitialize>("UnInitialize", trace);
 }
 

@@ -1,14 +1,13 @@
 // The functions that the view module calls back, on threads of its own.
 
 #include "PublicLib/NeverDestroyed.h"
-#include "PublicLib/errors/Exception.h"
-#include "PublicLib/locks/Singleton.h"
+#include "PublicLib/logging/Guard.h"
 #include "jsw/modules/BillboardView.h"
 #include "jsw/settings/OfnSettings.h"
 #include "jsw/settings/Settings.h"
 
 #include <array>
-#include <exception>
+#include <optional>
 #include <utility>
 
 namespace jsw {
@@ -23,23 +22,16 @@ struct CallbackTarget {
 
 NeverDestroyed<std::atomic<std::shared_ptr<CallbackTarget>>> connected;
 
-const LoggerComponent& log() {
-    return component::kJsw;
-}
+/// The event that is being reported on this thread.
+thread_local std::optional<std::int32_t> eventOfThisThread;
 
 /// Runs a callback's work on its target. Nothing that goes wrong reaches the module.
 template <class Work>
 void runCallback(const char* name, const Work& work) {
-    try {
+    runGuarded(component::kJsw, name, [&] {
         const auto target = connected->load();
         if (target) work(*target);
-    } catch (const Exception& error) {
-        logLine(log(), kLogError, "ERROR - ", name, ": ", error.text());
-    } catch (const std::exception& error) {
-        logLine(log(), kLogError, "ERROR - ", name, ": ", error.what());
-    } catch (...) {
-        logLine(log(), kLogError, "ERROR - ", name, ": unknown exception");
-    }
+    });
 }
 
 const char* orEmpty(const char* text) {
@@ -59,15 +51,31 @@ void BillboardView::disconnectCallbacks() {
 
 void BillboardView::jswCallback(std::int32_t event) {
     runCallback("jswCallback", [&](const CallbackTarget& target) {
-        MethodTrace trace(log(), "BillboardView::jswCallback: ");
-        target.view->jswEvent_ = event;
-        target.view->notify();
+        MethodTrace trace(component::kJsw, "BillboardView::jswCallback: ");
+        target.view->report(event);
     });
+}
+
+/// Another thread may report at the same time; the observers of this one see this one's event.
+void BillboardView::report(std::int32_t event) {
+    jswEvent_ = event;
+    eventOfThisThread = event;
+    try {
+        notify();
+    } catch (...) {
+        eventOfThisThread.reset();
+        throw;
+    }
+    eventOfThisThread.reset();
+}
+
+std::int32_t BillboardView::jswEvent() const {
+    return eventOfThisThread.value_or(jswEvent_);
 }
 
 void BillboardView::billboardCallback(const char* action, std::int32_t actionId) {
     runCallback("billboardCallback", [&](const CallbackTarget& target) {
-        MethodTrace trace(log(), "BillboardView::billboardCallback: ");
+        MethodTrace trace(component::kJsw, "BillboardView::billboardCallback: ");
         if (action == nullptr) {
             trace.add("ERROR - action pointer is NULL");
             return;
@@ -88,7 +96,7 @@ void BillboardView::saveAppearanceCallback(const char* key, std::int32_t value) 
 }
 
 void BillboardView::saveAppearance(const std::string& key, std::int32_t value) {
-    MethodTrace trace(log(), "BillboardView::saveAppearanceCallback: ");
+    MethodTrace trace(component::kJsw, "BillboardView::saveAppearanceCallback: ");
     trace.add("key='", key, "' value=", value);
     const std::array<const setting::Number*, 3> supported{&setting::kJobProgressMinimized,
                                                           &setting::kShowProcessWindow,
@@ -104,10 +112,10 @@ void BillboardView::saveAppearance(const std::string& key, std::int32_t value) {
 
 void BillboardView::saveValueCallback(const char* key, const char* value) {
     runCallback("saveValueCallback", [&](const CallbackTarget& /*target*/) {
-        MethodTrace trace(log(), "BillboardView::saveValueCallback: ");
+        MethodTrace trace(component::kJsw, "BillboardView::saveValueCallback: ");
         trace.add("key='", key, "' value=", value);
-        if (*orEmpty(key) == '\0') {
-            trace.add("ERROR - key is empty string");
+        if (key == nullptr) {
+            trace.add("ERROR - key pointer is NULL");
             return;
         }
         Settings().setStringValue(setting::kGuiKey, key, orEmpty(value));
@@ -116,7 +124,7 @@ void BillboardView::saveValueCallback(const char* key, const char* value) {
 
 void BillboardView::saveUpdateSoftwareCallback(std::int32_t updateSoftware) {
     runCallback("saveUpdateSoftwareCallback", [&](const CallbackTarget& /*target*/) {
-        MethodTrace trace(log(), "BillboardView::saveUpdateSoftwareCallback: ");
+        MethodTrace trace(component::kJsw, "BillboardView::saveUpdateSoftwareCallback: ");
         trace.add("updateSoftware=", updateSoftware);
         const setting::Number& check = setting::kCheckForUpdates;
         if (!Settings().write(check, static_cast<std::uint32_t>(updateSoftware))) {

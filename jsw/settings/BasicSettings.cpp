@@ -5,6 +5,7 @@
 
 #include <windows.h>
 
+#include <exception>
 #include <utility>
 
 namespace jsw {
@@ -25,8 +26,10 @@ bool guarded(const Access& access) {
         return access();
     } catch (const Exception& error) {
         SetLastError(static_cast<DWORD>(error.code()));
-        return false;
+    } catch (const std::exception&) {
+        SetLastError(ERROR_NOT_ENOUGH_MEMORY);  // a value or name too large to be held
     }
+    return false;
 }
 
 }  // namespace
@@ -42,18 +45,25 @@ std::string BasicSettings::getKeyPath(bool shared) const {
     return shared ? root_ + "Shared\\" : root_ + "Local\\" + localName_;
 }
 
-bool BasicSettings::rootExists() const {
+bool BasicSettings::keyExists(const std::string& path) {
     return guarded([&] {
-        RegistryKey(root_, kOpenOnly);
+        const RegistryKey key(path, kOpenOnly);
         return true;
     });
+}
+
+bool BasicSettings::rootExists() const {
+    return keyExists(root_);
 }
 
 template <class Value>
 bool BasicSettings::get(const std::string& subKey, const std::string& name, Value& value,
                         bool shared) const {
-    return guarded(
-        [&] { return RegistryKey(getKeyPath(shared) + subKey, kOpenOnly).getValue(name, value); });
+    return guarded([&] {
+        if (RegistryKey(getKeyPath(shared) + subKey, kOpenOnly).getValue(name, value)) return true;
+        SetLastError(ERROR_FILE_NOT_FOUND);
+        return false;
+    });
 }
 
 template <class Value>
@@ -86,6 +96,14 @@ bool BasicSettings::getDwordValue(const std::string& subKey, const std::string& 
 bool BasicSettings::getStringValue(const std::string& subKey, const std::string& name,
                                    std::string& value, bool shared) const {
     return get(subKey, name, value, shared);
+}
+
+bool BasicSettings::read(const setting::Text& text, std::string& value) const {
+    return getStringValue(text.key, text.name, value);
+}
+
+bool BasicSettings::read(const setting::Number& number, std::uint32_t& value) const {
+    return getDwordValue(number.key, number.name, value);
 }
 
 bool BasicSettings::getBinaryValue(const std::string& subKey, const std::string& name,

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "jsw/settings/SettingNames.h"
+
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -11,7 +13,7 @@ namespace jsw {
 ///
 /// Every call opens and closes a key of its own, so an object holds no handles and may be used on
 /// any thread. Nothing is raised: a call that fails answers false, leaves its outputs as they were
-/// and the Win32 error in GetLastError().
+/// and the Win32 error in GetLastError(), which is ERROR_FILE_NOT_FOUND for a missing value.
 class BasicSettings {
   public:
     /// @param root       path below HKEY_LOCAL_MACHINE; a trailing "\" is added when missing
@@ -25,6 +27,9 @@ class BasicSettings {
                         bool shared = false) const;
     bool getBinaryValue(const std::string& subKey, const std::string& name,
                         std::vector<std::uint8_t>& value, bool shared = false) const;
+
+    bool read(const setting::Text& text, std::string& value) const;
+    bool read(const setting::Number& number, std::uint32_t& value) const;
 
     /// The same, but a value that is missing is written with its default and returned; false,
     /// without writing, when the root key does not exist.
@@ -55,6 +60,7 @@ class BasicSettings {
     static constexpr std::uint32_t kMaxNames = 100;
 
   protected:
+    static bool keyExists(const std::string& path);
     const std::string& root() const { return root_; }
 
   private:

@@ -65,12 +65,4 @@ OfnSettings::OfnSettings(const std::string& printerName)
     : BasicSettings(printerStorePath(printerName), "") {
 }
 
-bool OfnSettings::read(const setting::Text& text, std::string& value) const {
-    return getStringValue(text.key, text.name, value);
-}
-
-bool OfnSettings::read(const setting::Number& number, std::uint32_t& value) const {
-    return getDwordValue(number.key, number.name, value);
-}
-
 }  // namespace jsw

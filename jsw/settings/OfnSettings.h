@@ -14,9 +14,6 @@ class OfnSettings : public BasicSettings {
     /// @param printerName  name by which the spooler knows the printer now; empty: no printer
     explicit OfnSettings(const std::string& printerName);
 
-    bool read(const setting::Text& text, std::string& value) const;
-    bool read(const setting::Number& number, std::uint32_t& value) const;
-
     /// Where a printer's store lies below HKEY_LOCAL_MACHINE.
     static std::string printerStorePath(const std::string& printerName);
 };

@@ -4,6 +4,7 @@
 #include "PublicLib/os/OsVersion.h"
 #include "PublicLib/text/Text.h"
 
+#include <algorithm>
 #include <array>
 
 namespace jsw {
@@ -208,7 +209,9 @@ void RegistryKey::getValueNames(std::vector<std::string>& names, std::uint32_t m
 namespace {
 
 /// The one key that is emptied but never deleted.
-bool isProtected(const std::string& name) { return equalsIgnoringCase(name, "SOFTWARE"); }
+bool isProtected(const std::string& name) {
+    return equalsIgnoringCase(name, "SOFTWARE");
+}
 
 void deleteChildren(HKEY key) {
     std::array<char, kKeyNameSize> buffer{};

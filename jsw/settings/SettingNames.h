@@ -59,7 +59,8 @@ inline constexpr Number kHistoryMaxSize{kHistoryKey, "MaxSize", 25};
 // The update check. Missing values are written with their defaults.
 inline constexpr Number kCheckForUpdates{kUpdaterKey, "CheckForUpdates", 1};
 inline constexpr Number kUpdatesCheckFrequency{kUpdaterKey, "UpdatesCheckFrequency", 30};  // days
-inline constexpr Text kDateLastChecked{kUpdaterKey, "DateLastCheckedForUpdates", ""};  // or today
+inline constexpr Text kDateLastChecked{kUpdaterKey, "DateLastCheckedForUpdates",
+                                       ""};  // today's date
 inline constexpr Text kUpdaterExecutable{kUpdaterKey, "BillBoardUpdaterExecutableName", ""};
 inline constexpr Text kInitialPath{kUpdaterKey, "InitialPath", ""};
 inline constexpr Number kDataUpdated{kUpdaterKey, "DataUpdated", 0};

@@ -14,30 +14,9 @@
 
 namespace jsw {
 
-namespace {
-
-bool canOpen(const std::string& path) {
-    try {
-        RegistryKey(path, false);
-        return true;
-    } catch (const Exception&) {
-        return false;
-    }
-}
-
-}  // namespace
-
 Settings::Settings()
     : BasicSettings(Localize::getInstance()->getJswRoot(), Localize::getInstance()->localId()),
-      valid_(canOpen(getKeyPath(false))) {
-}
-
-bool Settings::read(const setting::Text& text, std::string& value) const {
-    return getStringValue(text.key, text.name, value);
-}
-
-bool Settings::read(const setting::Number& number, std::uint32_t& value) const {
-    return getDwordValue(number.key, number.name, value);
+      valid_(keyExists(getKeyPath(false))) {
 }
 
 bool Settings::readOrWriteDefault(const setting::Text& text, std::string& value) const {
@@ -102,8 +81,10 @@ bool Settings::removeStore() {
         return true;
     } catch (const Exception& error) {
         SetLastError(static_cast<DWORD>(error.code()));
-        return false;
+    } catch (const std::exception&) {
+        SetLastError(ERROR_NOT_ENOUGH_MEMORY);
     }
+    return false;
 }
 
 }  // namespace jsw

@@ -19,9 +19,6 @@ class Settings : public BasicSettings {
     /// Whether the local store could be opened at construction.
     bool isValid() const { return valid_; }
 
-    /// A value of the local store, without a default or with the one of its definition.
-    bool read(const setting::Text& text, std::string& value) const;
-    bool read(const setting::Number& number, std::uint32_t& value) const;
     /// A value of the local store that is written with its default when it is missing.
     bool readOrWriteDefault(const setting::Text& text, std::string& value) const;
     bool readOrWriteDefault(const setting::Number& number, std::uint32_t& value) const;

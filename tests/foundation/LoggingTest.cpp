@@ -239,7 +239,8 @@ TEST(SharedLogTest, AWriterKilledWhileItHoldsTheLockDoesNotStopTheOthers) {
 
 TEST(SharedLogTest, BaseLoggerKnowsOnlyWhetherItsFileCanBeRead) {
     const test::TempFolder folder;
-    Logger logger(folder.file("plain.log"), 25);
+    const std::string path = folder.file("plain.log");
+    Logger logger(path, 25);
     std::uint32_t value = 7;
     logger.readSwitch("startLog", value, 7);
     EXPECT_EQ(value, 0U);
@@ -248,8 +249,14 @@ TEST(SharedLogTest, BaseLoggerKnowsOnlyWhetherItsFileCanBeRead) {
     EXPECT_EQ(value, 0xFFFFFFFFU);
     logger.readSwitch("JSW", value, 9);
     EXPECT_EQ(value, 9U);
+    {
+        MethodTrace any(&logger, component::kUpdater, "Any::log: ", kLogRules, true);
+        MethodTrace quiet(&logger, component::kUpdater, "Quiet::log: ", kLogRules, false);
+        quiet.add("never");
+    }
+    EXPECT_THAT(test::readFile(path), ::testing::EndsWith("-Any::log: \r\n"));
     logger.deleteLog();
-    EXPECT_EQ(GetFileAttributesA(folder.file("plain.log").c_str()), INVALID_FILE_ATTRIBUTES);
+    EXPECT_EQ(GetFileAttributesA(path.c_str()), INVALID_FILE_ATTRIBUTES);
 }
 
 TEST(CriticalLogTest, WritesToOneFileInTheRootOfTheDrive) {

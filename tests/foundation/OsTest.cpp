@@ -1,8 +1,8 @@
 #include "PublicLib/errors/Exception.h"
-#include "PublicLib/os/CurrentProcess.h"
 #include "PublicLib/os/Localize.h"
 #include "PublicLib/os/OsVersion.h"
 #include "PublicLib/os/ProductLines.h"
+#include "PublicLib/process/CurrentProcess.h"
 #include "PublicLib/win/Paths.h"
 #include "PublicLib/win/SystemFolders.h"
 #include "tests/support/ChildProcess.h"
@@ -82,13 +82,10 @@ TEST(LocalizeTest, NamesComeFromTheHostProgram) {
     EXPECT_EQ(root, "Software\\Quillon Tools");
 }
 
-TEST(ProductLinesTest, EveryRowFitsItsFieldsAndCanBeFound) {
+TEST(ProductLinesTest, EveryRowCanBeFound) {
     EXPECT_EQ(productLines().size(), 16U);
     std::set<std::string_view> prefixes;
     for (const ProductLine& line : productLines()) {
-        EXPECT_EQ(line.prefix.size(), 2U);
-        EXPECT_LE(line.key.size(), 32U);
-        EXPECT_LE(line.manufacturer.size(), 19U);
         EXPECT_TRUE(prefixes.insert(line.prefix).second) << line.prefix;
         EXPECT_EQ(findProductLine(line.prefix), &line);
         EXPECT_EQ(isNonInkjetLine(line.prefix), line.nonInkjet != 0);

@@ -72,10 +72,13 @@ TEST_F(HistoryTest, AShorterListRemovesWhatALongerOneLeft) {
     for (int i = 0; i < 300; ++i) {
         settings.setStringValue(setting::kHistoryIdsKey, concat("Id", i), "old");
     }
-    settings.setStringValue(setting::kHistoryIdsKey, "Identity", "somebody else's");
-    settings.write(setting::kHistoryMaxSize, 2);
-    { History history; }
-    EXPECT_THAT(storedNames(), ElementsAre("Id0", "Id1", "Identity"));
+    settings.setStringValue(setting::kHistoryIdsKey, "Identity", "a foreign value");
+    for (const std::uint32_t maxSize : {120U, 2U}) {
+        settings.write(setting::kHistoryMaxSize, maxSize);
+        { History history; }
+        EXPECT_EQ(storedNames().size(), std::min(maxSize, BasicSettings::kMaxNames));
+    }
+    EXPECT_THAT(storedNames(), ElementsAre("Id0", "Id1"));
 }
 
 TEST_F(HistoryTest, ClearEmptiesTheRegistryAtOnceAndSavesNothingMore) {

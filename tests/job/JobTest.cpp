@@ -53,7 +53,7 @@ void JobTest::SetUp() {
 }
 
 void JobTest::TearDown() {
-    script_.onDisplayBillboard = nullptr;
+    script_.onViewCall = nullptr;
     script_.onPrompt = nullptr;
     api_.terminate();
     HostTest::TearDown();

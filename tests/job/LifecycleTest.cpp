@@ -84,6 +84,7 @@ TEST_F(LifecycleTest, SingletonsComeAndGoInTheirOrder) {
                             ">>> SingletonMgr::SingletonMgr History::instance() <<<",
                             ">>> SingletonMgr::SingletonMgr CurrentProcess::instance() <<<",
                             "<<< SingletonMgr::SingletonMgr", ">>> SingletonMgr::~SingletonMgr: ",
+                            "CurrentProcess::destroy: destroying CurrentProcess.",
                             "History::destroy: destroying History.",
                             "Controller::destroy: destroying Controller.",
                             "Catalog::destroy: destroying Catalog.",
@@ -166,29 +167,6 @@ TEST_F(LifecycleTest, CallbacksAfterTheJobAreIgnored) {
     EXPECT_THAT(logLines(), IsEmpty());
     std::string value;
     EXPECT_FALSE(Settings().getStringValue(setting::kGuiKey, "late", value));
-}
-
-TEST_F(LifecycleTest, TheDriverMayEndTheJobFromInsideItsStatusCallback) {
-    startJob({.callback = [](std::uint32_t) { api_.terminate(); }});
-    waitForRules();
-    std::thread windowThread([&] { script_.reportEvent(9); });
-    windowThread.join();
-    EXPECT_THAT(viewCalls("Uninitialize"), ElementsAre("Uninitialize()"));
-
-    // The same on the rules thread, which cannot wait for itself.
-    addBillboard("TIP", {.file = "tip.bb"});
-    script_.ruleResults = {"TIP"};
-    script_.rules.clear();
-    script_.onDisplayBillboard = [&](const std::string& billboard) {
-        if (billboard == "tip.bb") script_.reportEvent(9);
-    };
-    startJob({.callback = [](std::uint32_t) { api_.terminate(); }});
-    EXPECT_TRUE(waitForRules());
-    EXPECT_TRUE(test::eventually([&] { return viewCalls("Uninitialize").size() == 2; }));
-    script_.onDisplayBillboard = nullptr;
-    script_.ruleResults.clear();
-    runJob();  // and the next job is served fully
-    EXPECT_EQ(viewCalls("Uninitialize").size(), 3U);
 }
 
 TEST_F(LifecycleTest, ExportsMayBeCalledFromSeveralThreads) {

@@ -81,6 +81,52 @@ TEST_F(PromptTest, EndingTheJobInsideAPromptKeepsTheSingletonsForTheNextJob) {
     EXPECT_TRUE(logContains("destroying Controller."));
 }
 
+TEST_F(PromptTest, APromptInsideAPromptSharesItsModule) {
+    startJob();
+    int depth = 0;
+    script_.onPrompt = [&] {
+        if (depth++ > 0) return;
+        api_.displayPrompt(2, 0);
+        EXPECT_NE(GetModuleHandleA(module_.c_str()), nullptr);
+        api_.terminate();
+        EXPECT_FALSE(logContains("destroying Controller."));
+    };
+    api_.displayPrompt(1, 0);
+    EXPECT_THAT(script_.legacy.calls(),
+                ElementsAre("JSWInitEx(SimulatedPrinter)", "JSWDisplayPrompt(1,0)",
+                            "JSWInitEx(SimulatedPrinter)", "JSWDisplayPrompt(2,0)",
+                            "JSWTerminate()", "JSWTerminate()"));
+    api_.terminate();
+    EXPECT_TRUE(logContains("destroying Controller."));
+}
+
+TEST_F(PromptTest, TheJobAfterOneThatWasEndedInsideAPromptKnowsNothingOfIt) {
+    addBillboard("TIP", {.file = "tip.bb", .type = "standard", .actions = {"jswnone:_^L1^_"}});
+    addBillboard("LEVELS", {.file = "levels.bb", .type = "ink_status"});
+    addBillboard("INK_STATUS", {.file = "ink.bb", .type = "ink_status"});
+    script_.ruleResults = {"LEVELS", "TIP"};
+    startJob();
+    ASSERT_TRUE(waitForRules());
+    script_.clickBillboard("LAUNCH_URL", 0);  // asks the simulated printer
+    script_.onPrompt = [&] { api_.terminate(); };
+    api_.displayPrompt(1, 1);
+
+    script_.ruleResults.clear();
+    script_.rules.clear();
+    script_.billboards["DEFAULT"].actions = {"jswnone:_^L1^_"};
+    startJob({.friendlyName = "No such printer"});
+    ASSERT_TRUE(waitForRules());
+    script_.view.clear();
+    script_.clickBillboard("LAUNCH_URL", 0);
+    script_.clickBillboard("CURRENT", 0);
+    script_.clickBillboard("INK_STATUS", 0);
+    EXPECT_THAT(viewCalls("DisplayBillboard"),
+                ElementsAre("DisplayBillboard(default.bb,false,false)",
+                            "DisplayBillboard(ink.bb,false,false)"));
+    EXPECT_TRUE(hasLine("Controller::launchUrl: Launching URL=jswnone:90."));
+    EXPECT_TRUE(hasLine("Controller::launchUrl: Launching URL=jswnone:0."));
+}
+
 TEST_F(PromptTest, AModuleThatFailsIsReportedAndLetGo) {
     startJob();
     script_.legacyStarts = false;

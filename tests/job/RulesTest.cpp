@@ -236,8 +236,8 @@ TEST_F(RulesTest, OddAnswersOfModulesAreTaken) {
 
 TEST_F(RulesTest, CallbacksFromInsideDisplayBillboardAndFromSeveralThreadsAreTolerated) {
     script_.ruleResults = {"TIPS"};
-    script_.onDisplayBillboard = [&](const std::string& billboard) {
-        if (billboard == "tip1.bb") script_.clickBillboard("INK_STATUS", 0);
+    script_.onViewCall = [&](const std::string& call) {
+        if (call.starts_with("DisplayBillboard(tip1.bb")) script_.clickBillboard("INK_STATUS", 0);
     };
     script_.billboards["INK_STATUS"] = script_.billboards["LEVELS"];
     startJob();

@@ -46,7 +46,7 @@ struct Script {
     JswViewSaveValueCallback saveValue = nullptr;
     JswViewUpdateSoftwareCallback saveUpdateSoftware = nullptr;
     InkInfo inkInfo{};
-    std::function<void(const std::string& billboard)> onDisplayBillboard;
+    std::function<void(const std::string& call)> onViewCall;  ///< at the end of each call
 
     // The catalog.
     struct Billboard {

@@ -12,7 +12,9 @@ using jsw::test::script;
 
 template <class... Parts>
 void record(const Parts&... parts) {
-    script().view.add(concat(parts...));
+    const std::string call = concat(parts...);
+    script().view.add(call);
+    if (script().onViewCall) script().onViewCall(call);
 }
 
 }  // namespace
@@ -58,28 +60,28 @@ void SetInkInfo(const InkInfo* inkInfo) {
 }
 
 void SetJswCallback(JswViewEventCallback callback) {
-    record("SetJswCallback()");
     script().reportEvent = callback;
+    record("SetJswCallback()");
 }
 
 void SetBillboardCallback(JswViewBillboardCallback callback) {
-    record("SetBillboardCallback()");
     script().clickBillboard = callback;
+    record("SetBillboardCallback()");
 }
 
 void SetSaveAppearanceCallback(JswViewSaveAppearanceCallback callback) {
-    record("SetSaveAppearanceCallback()");
     script().saveAppearance = callback;
+    record("SetSaveAppearanceCallback()");
 }
 
 void SetSaveValueCallback(JswViewSaveValueCallback callback) {
-    record("SetSaveValueCallback()");
     script().saveValue = callback;
+    record("SetSaveValueCallback()");
 }
 
 void SetUpdateSoftwareCallback(JswViewUpdateSoftwareCallback callback) {
-    record("SetUpdateSoftwareCallback()");
     script().saveUpdateSoftware = callback;
+    record("SetUpdateSoftwareCallback()");
 }
 
 void SetSavedValue(const char* valueName, const char* value) {
@@ -95,6 +97,5 @@ void DisplayBillboard(const char* billboard, JswBool enableBillboardNavigation,
                       JswBool restoreWindow) {
     record("DisplayBillboard(", billboard, ",", enableBillboardNavigation != 0, ",",
            restoreWindow != 0, ")");
-    if (script().onDisplayBillboard) script().onDisplayBillboard(billboard);
 }
 }

@@ -1,8 +1,9 @@
-#include "PublicLib/os/CurrentProcess.h"
+#include "PublicLib/process/CurrentProcess.h"
 
 #include "PublicLib/NeverDestroyed.h"
 #include "PublicLib/errors/Exception.h"
 #include "PublicLib/locks/Singleton.h"
+#include "PublicLib/logging/MethodTrace.h"
 #include "PublicLib/win/Paths.h"
 #include "PublicLib/win/SystemFolders.h"
 
@@ -13,11 +14,16 @@ NeverDestroyed<Singleton<const CurrentProcess>> singleton;
 }
 
 std::shared_ptr<const CurrentProcess> CurrentProcess::instance() {
-    return singleton->instance([] { return std::make_shared<const CurrentProcess>(); });
+    MethodTrace trace(component::kJsw, "CurrentProcess::instance: ");
+    return singleton->instance([&] {
+        trace.add("instantiating CurrentProcess.");
+        return std::make_shared<const CurrentProcess>();
+    });
 }
 
 void CurrentProcess::destroy() {
-    singleton->destroy([] {});
+    MethodTrace trace(component::kJsw, "CurrentProcess::destroy: ");
+    singleton->destroy([&] { trace.add("destroying CurrentProcess."); });
 }
 
 CurrentProcess::CurrentProcess() : path_(moduleFileName(nullptr)) {
