@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
 # Shows the library at work, in Wine:  scripts/demo.sh [STORY]
 #
-#   job       three print jobs: one that keeps the welcome page, and two with little ink, of which
-#             the second shows the next billboard because the first is in the history
+#   job       print jobs: one that keeps the welcome page, two with little ink, of which the second
+#             shows the next billboard because the first is in the history, and one on a printer
+#             behind a device client
 #   updates   the updater is started at the end of a job and the next job takes its new modules and
 #             data into use; then prompts in the middle of a job
 #
@@ -53,13 +54,6 @@ record_web_addresses() {
   run_wine reg add 'HKCR\http\shell\open\command' /ve /d "$command" /f >/dev/null
 }
 
-# On a display of our own nobody manages windows: Wine would wait two seconds for a window manager
-# whenever a window closes. Unmanaged windows also get their title bar from Wine itself.
-choose_window_style() {
-  run_wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed \
-    /d "$([[ -n "${JSW_XVFB_PID:-}" ]] && echo N || echo Y)" /f >/dev/null
-}
-
 # The file appears when it is complete: qldemo waits for it.
 take_screenshot() {
   import -window root "png:$results/$1.part" && mv "$results/$1.part" "$results/$1.png"
@@ -79,25 +73,32 @@ run_qldemo() {
 }
 
 run_job() {
-  local title=$1 script=$2
-  shift 2
+  local title=$1 printer=$2 script=$3
+  shift 3
   heading "$title"
-  run_qldemo --printer SimulatedPrinter --log \
+  run_qldemo --printer "$printer" --log \
     --script "$(windows_path "$bin/scripts/$script.jobscript")" "$@"
 }
 
-# A lone address may take a moment: the shell starts its handler on its own.
+# As if enough other billboards had been shown since.
+forget_history() {
+  run_wine reg delete 'HKLM\Software\QuillonInkjet\JSW\Local\qlde\Settings\Controller\History' \
+    /f >/dev/null
+}
+
+# An address may take a moment: the shell starts its handler on its own.
 show_web_addresses() {
+  local expected=$1
   heading "Web addresses that the window opened"
-  for _ in $(seq 30); do
-    [[ -s "$urls" ]] && break
+  for _ in $(seq 50); do
+    (($(wc -l <"$urls") >= expected)) && break
     sleep 0.1
   done
-  if [[ ! -s "$urls" ]]; then
-    echo "error: no address was opened" >&2
+  tr -d '\r' <"$urls"
+  if (($(wc -l <"$urls") < expected)); then
+    echo "error: $expected addresses should have been opened" >&2
     return 1
   fi
-  tr -d '\r' <"$urls"
 }
 
 show_log() {
@@ -116,13 +117,17 @@ show_screenshots() {
 }
 
 story_job() {
-  run_job "Job 1: one page, ink enough - no rule applies, the welcome page stays" short-job \
-    --job note.txt --pages 1 --ink 90,80
-  run_job "Job 2: little ink - the rules choose the offer; its link and the ink status" first-job \
-    --job report.pdf --pages 3 --ink 90,10
-  run_job "Job 3: little ink again - the next billboard; Next leads back to the offer" second-job \
-    --job report.pdf --pages 3 --ink 90,9
-  show_web_addresses
+  run_job "Job 1: one page, ink enough - no rule applies, the welcome page stays" \
+    SimulatedPrinter short-job --job note.txt --pages 1 --ink 90,80
+  run_job "Job 2: little ink - the rules choose the offer; its link and the ink status" \
+    SimulatedPrinter first-job --job report.pdf --pages 3 --ink 90,10
+  run_job "Job 3: little ink again - the next billboard; Next leads back to the offer" \
+    SimulatedPrinter second-job --job report.pdf --pages 3 --ink 90,9
+  forget_history
+  run_job "Job 4: a printer behind a device client - the link carries the device's own values" \
+    "Quillon Sim 2000" device-job --job photo.jpg --pages 2 --ink 50,12 \
+    --device "$(windows_path "$bin/data/device.txt")"
+  show_web_addresses 2
   show_log
   show_screenshots
 }
@@ -135,7 +140,6 @@ fi
 scripts/setup.sh
 scripts/build.sh release
 start_wine demo
-choose_window_style
 forget_everything
 record_web_addresses
 "story_$story"

@@ -115,16 +115,20 @@ void installInOwnProcess() {
 }
 
 void prepareStore(const DemoOptions& options) {
-    const bool changes = options.log || !options.deviceFile.empty();
+    const std::string& deviceFile = options.deviceFile;
+    if (!deviceFile.empty() && GetFileAttributesA(deviceFile.c_str()) == INVALID_FILE_ATTRIBUTES) {
+        throw std::runtime_error("cannot find the device file " + deviceFile);
+    }
+    const bool changes = options.log || !deviceFile.empty();
     if (changes && !storeExists()) {
         installInOwnProcess();
     }
     if (options.log) {
         switchLogOn();
     }
-    if (!options.deviceFile.empty()) {
+    if (!deviceFile.empty()) {
         setDeviceClient(programFolder() + "comc.dll");
-        _putenv_s("JSW_DEVICE_FILE", options.deviceFile.c_str());
+        _putenv_s("JSW_DEVICE_FILE", deviceFile.c_str());
     } else if (storeExists()) {
         removeDeviceClient();
     }
