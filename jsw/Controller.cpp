@@ -91,11 +91,9 @@ bool Controller::jswInit(const Job& job) {
     if (!isMsXmlValid()) return false;
 
     const BillboardData billboard = getDefaultBillboardData();
-    const ViewJob viewJob{job.friendlyName, job.jobName,     job.jobType,        job.currentPage,
-                          job.totalPages,   job.currentCopy, job.totalCopies,    job.inkInfo,
-                          job.portType,     dataPath_,       billboard.fileName, billboard.navigate,
-                          billboard.restore};
-    if (!view_->jswInit(viewJob)) return false;
+    const FirstBillboard first{dataPath_, billboard.fileName, billboard.navigate,
+                               billboard.restore};
+    if (!view_->jswInit(job, first)) return false;
     inkInfo_ = *job.inkInfo;
     jobPrinterName_ = job.friendlyName;
     jobName_ = job.jobName;

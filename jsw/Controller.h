@@ -18,20 +18,6 @@ class History;
 class LegacyJswGui;
 class RulesEngine;
 
-/// A print job as the driver describes it.
-struct Job {
-    std::string friendlyName;
-    std::string jobName;
-    std::uint32_t jobType;
-    std::uint32_t currentPage;
-    std::uint32_t totalPages;
-    std::uint32_t currentCopy;
-    std::uint32_t totalCopies;
-    const InkInfo* inkInfo;  ///< not null; the driver's
-    std::uint32_t portType;
-    std::uint32_t secondsRemaining;
-};
-
 /// What is known of one billboard.
 struct BillboardData {
     std::string fileName;  ///< relative to the scripts folder; empty when there is none

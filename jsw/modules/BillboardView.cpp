@@ -61,7 +61,7 @@ void BillboardView::forwardMarked(const char* tag, const char* name, MethodTrace
     logLine(component::kJsw, kLogModuleCall, "<<< ", tag);
 }
 
-bool BillboardView::jswInit(const ViewJob& job) {
+bool BillboardView::jswInit(const Job& job, const FirstBillboard& first) {
     MethodTrace trace(component::kJsw, "BillboardView::jswInit: ");
     logLine(component::kJsw, kLogModuleCall, ">>> BillboardView::jswInit bringing up gui");
     trace.add("Params: friendlyName=", job.friendlyName, ", jobname=", job.jobName,
@@ -69,15 +69,15 @@ bool BillboardView::jswInit(const ViewJob& job) {
               ", totalPages=", asSigned(job.totalPages),
               ", currentCopy=", asSigned(job.currentCopy),
               ", totalCopies=", asSigned(job.totalCopies), ", portType=", asSigned(job.portType),
-              ", dataPath=", job.dataPath, ", defaultBB=", job.defaultBillboard,
-              ", navigate=", job.navigate, ", restore=", job.restore, ".");
+              ", dataPath=", first.dataPath, ", defaultBB=", first.defaultBillboard,
+              ", navigate=", first.navigate, ", restore=", first.restore, ".");
     if (isLogEnabled(component::kJsw, kLogDetail)) logInkInfo(*job.inkInfo);
     if (!dll_) {
         trace.add("ERROR - The GUI DLL is not loaded");
         trace.setResult(0);
         return false;
     }
-    setUp(job);
+    setUp(job, first);
     if (showProcessWindow_) {
         trace.add("Showing GUI");
         showGui();
@@ -96,9 +96,9 @@ void BillboardView::logInkInfo(const InkInfo& inkInfo) const {
 }
 
 /// The window is complete before it is first shown.
-void BillboardView::setUp(const ViewJob& job) {
+void BillboardView::setUp(const Job& job, const FirstBillboard& first) {
     forward(view::kInitialize);
-    setDataPath(job.dataPath);
+    setDataPath(first.dataPath);
     forward(view::kSetJobName, job.jobName.c_str());
     forward(view::kSetPrinterFriendlyName, job.friendlyName.c_str());
     forward(view::kSetJobType, asSigned(job.jobType));
@@ -111,7 +111,7 @@ void BillboardView::setUp(const ViewJob& job) {
     forward(view::kSetPortType, asSigned(job.portType));
     forward(view::kSetJswCallback, &jswCallback);
     forward(view::kSetBillboardCallback, &billboardCallback);
-    displayBillboard(job.defaultBillboard, job.navigate, job.restore);
+    displayBillboard(first.defaultBillboard, first.navigate, first.restore);
     setShowProcessWindow();
     setJswProgressMinimized();
     setShowSpecialMessages();

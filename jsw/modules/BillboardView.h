@@ -1,5 +1,6 @@
 #pragma once
 
+#include "jsw/modules/Job.h"
 #include "jsw/modules/ModuleBinding.h"
 #include "jsw/modules/Subject.h"
 #include "jsw/settings/SettingNames.h"
@@ -22,18 +23,9 @@ class BillboardActions {
     virtual void doBillboardCallback(const std::string& action, std::uint32_t actionId) = 0;
 };
 
-/// What a job shows when it starts.
-struct ViewJob {
-    std::string friendlyName;
-    std::string jobName;
-    std::uint32_t jobType;
-    std::uint32_t currentPage;
-    std::uint32_t totalPages;
-    std::uint32_t currentCopy;
-    std::uint32_t totalCopies;
-    const InkInfo* inkInfo;  ///< not null; passed through unchanged
-    std::uint32_t portType;
-    std::string dataPath;
+/// What the window shows first.
+struct FirstBillboard {
+    std::string dataPath;          ///< folder of the billboard data, without a trailing backslash
     std::string defaultBillboard;  ///< file name
     bool navigate;
     bool restore;
@@ -58,7 +50,7 @@ class BillboardView : public Subject {
 
     /// Sets the window up and shows it, unless the user has switched it off. False only when there
     /// is no module.
-    bool jswInit(const ViewJob& job);
+    bool jswInit(const Job& job, const FirstBillboard& first);
     void jswTerminate();
     void jswUpdateInfo(std::uint32_t value1, std::uint32_t value2, std::uint32_t value3,
                        void* data);
@@ -87,7 +79,7 @@ class BillboardView : public Subject {
 
     void report(std::int32_t event);
     void logInkInfo(const InkInfo& inkInfo) const;
-    void setUp(const ViewJob& job);
+    void setUp(const Job& job, const FirstBillboard& first);
     void setDataPath(const std::string& dataPath) const;
     void setShowPageInfo(bool showPageInfo) const;
     void setShowProcessWindow();

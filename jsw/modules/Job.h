@@ -1,0 +1,24 @@
+#pragma once
+
+#include "jsw/types.h"
+
+#include <cstdint>
+#include <string>
+
+namespace jsw {
+
+/// A print job as the driver describes it.
+struct Job {
+    std::string friendlyName;
+    std::string jobName;
+    std::uint32_t jobType;
+    std::uint32_t currentPage;
+    std::uint32_t totalPages;  ///< -1 or -2 when not known
+    std::uint32_t currentCopy;
+    std::uint32_t totalCopies;
+    const InkInfo* inkInfo;  ///< not null; the driver's
+    std::uint32_t portType;
+    std::uint32_t secondsRemaining;
+};
+
+}  // namespace jsw
