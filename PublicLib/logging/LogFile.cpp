@@ -7,7 +7,6 @@
 
 #include <array>
 #include <mutex>
-#include <utility>
 
 namespace jsw {
 
@@ -20,14 +19,14 @@ std::string windowsDriveRoot() {
     return std::string(folder.data(), length).substr(0, 3);
 }
 
-std::string fullPath(std::string path) {
+std::string fullPath(const std::string& path) {
     return path.find('\\') == std::string::npos ? windowsDriveRoot() + path : path;
 }
 
 }  // namespace
 
-LogFile::LogFile(std::string path)
-    : path_(fullPath(std::move(path))), lock_("QNLOG_" + std::string(fileNamePart(path_))) {
+LogFile::LogFile(const std::string& path)
+    : path_(fullPath(path)), lock_("QNLOG_" + std::string(fileNamePart(path_))) {
 }
 
 bool LogFile::exists() {

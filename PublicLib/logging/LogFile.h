@@ -15,7 +15,7 @@ class LogFile {
   public:
     /// @param path  without any backslash: a file in the root of the Windows drive
     /// Throws Win32Exception when the mutex cannot be created.
-    explicit LogFile(std::string path);
+    explicit LogFile(const std::string& path);
 
     const std::string& path() const { return path_; }
 

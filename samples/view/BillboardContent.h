@@ -13,7 +13,7 @@
 namespace sampleview {
 
 /** Limits of a billboard file; a file that exceeds one is not shown. Sizes in bytes. */
-inline constexpr std::size_t kMaxFileSize = 64 * 1024;
+inline constexpr std::size_t kMaxFileSize = 65536;
 inline constexpr std::size_t kMaxTitleLength = 120;
 inline constexpr std::size_t kMaxLabelLength = 40;
 inline constexpr std::size_t kMaxParagraphLength = 2000;

@@ -35,7 +35,7 @@ std::string progressText(const Progress& progress) {
         return "Starting - " +
                counted(progress.totalPages, progress.totalPages == 1 ? "page" : "pages");
     }
-    const std::string page = position("Page", progress.page, progress.totalPages);
+    std::string page = position("Page", progress.page, progress.totalPages);
     if (progress.copy < 1 || progress.totalCopies < 1) return page;
     return page + " - " + position("copy", progress.copy, progress.totalCopies);
 }

@@ -60,11 +60,11 @@ HMODULE referToThisModule() {
 }  // namespace
 
 void startWindowThread(std::shared_ptr<ViewState> state) {
-    auto start = std::make_unique<Start>(Start{state, referToThisModule()});
+    auto start = std::make_unique<Start>(Start{std::move(state), referToThisModule()});
     const std::uintptr_t thread =
         start->module ? _beginthreadex(nullptr, 0, threadMain, start.get(), 0, nullptr) : 0;
     if (thread == 0) {
-        const EndNotice notice(*state);
+        const EndNotice notice(*start->state);
         if (start->module) FreeLibrary(start->module);
         return;
     }
