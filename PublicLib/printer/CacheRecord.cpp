@@ -90,6 +90,7 @@ void CacheRecord::parse(std::span<const std::uint8_t> stream) {
         takeRecord(id, length, record.subspan(kRecordHeaderSize));
         position += kRecordHeaderSize + length;
     }
+    values_.cartridgeCount = 0;
     for (CartridgeValues& cartridge : values_.cartridges) {
         if (cartridge.type != CartridgeType::missing) ++values_.cartridgeCount;
         derive(cartridge);

@@ -1,12 +1,14 @@
 #include "PublicLib/printer/DiscoveredDevices.h"
 
+#include "PublicLib/NeverDestroyed.h"
+
 #include <mutex>
 
 namespace jsw {
 
 DiscoveredDevices& DiscoveredDevices::instance() {
-    static DiscoveredDevices devices;
-    return devices;
+    static NeverDestroyed<DiscoveredDevices> devices;
+    return *devices;
 }
 
 DiscoveredDevices::Discovery::Discovery() {

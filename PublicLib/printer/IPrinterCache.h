@@ -15,7 +15,7 @@ enum class CartridgeType : std::uint32_t {
 };
 
 /// What is known of a printer's cartridges and modem, read once from the printer. The answers never
-/// change, so any thread may ask. Cartridges are counted by their holder: 1 is the left one.
+/// change, so any thread may ask. Cartridges are counted by their holder, from 1.
 ///
 /// There is no virtual destructor: own an implementation through a std::shared_ptr made from its
 /// concrete type, never through a std::unique_ptr<IPrinterCache>.

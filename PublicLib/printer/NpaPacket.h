@@ -18,8 +18,8 @@ inline constexpr std::size_t kPrintHeadClassByte = 9;
 inline constexpr std::array<std::uint8_t, 8> kLoopbackRequest{0xA5, 0x00, 0x05, 0x50,
                                                               0x03, 0x04, 0x31, 0x32};
 
-/// The question for the print head class: a packet of 9 bytes. Printers in the field are asked with
-/// 13, so the request goes out in that length, the rest zero.
+/// The question for the print head class: a packet of 9 bytes, handed over with a request length of
+/// 13, the rest zero. Callers rely on that length.
 inline constexpr std::array<std::uint8_t, 13> kPrintHeadClassRequest{0xA5, 0x00, 0x06, 0x50, 0xE0,
                                                                      0x8F, 0x14, 0x03, 0x00};
 

@@ -59,6 +59,7 @@ class NullPrinter {
         bool prt = false;
         bool scanner = false;
         bool hid = false;
+        std::string text{};  // free for the derived classes; no operation here reads it
         std::string pcsClientDllName{};
         std::string network{};
         std::string port{};

@@ -1,10 +1,12 @@
 #include "PublicLib/printer/PcsClient.h"
 
+#include "PublicLib/logging/Guard.h"
 #include "PublicLib/logging/MethodTrace.h"
 #include "PublicLib/printer/ServerName.h"
 
 #include <windows.h>
 
+#include <optional>
 #include <utility>
 
 namespace jsw {
@@ -13,18 +15,23 @@ namespace {
 
 constexpr PcsStatus kHandleNotOpen = ERROR_INVALID_FUNCTION;
 
-/// Traces an operation and its status.
+/// Traces an operation and its status. Where memory is short the trace is, too: the operation goes
+/// on, so that what it holds is given up in any case.
 class CallTrace {
   public:
-    explicit CallTrace(const char* operation)
-        : trace_(component::kJsw, "PcsClient::", operation, ": ") {}
+    explicit CallTrace(const char* operation) {
+        runGuarded(component::kJsw, operation,
+                   [&] { trace_.emplace(component::kJsw, "PcsClient::", operation, ": "); });
+    }
     PcsStatus done(PcsStatus status) {
-        trace_.setResult(static_cast<std::int32_t>(status));
+        runGuarded(component::kJsw, "PcsClient", [&] {
+            if (trace_) trace_->setResult(static_cast<std::int32_t>(status));
+        });
         return status;
     }
 
   private:
-    MethodTrace trace_;
+    std::optional<MethodTrace> trace_;
 };
 
 }  // namespace
@@ -40,11 +47,14 @@ PcsStatus PcsClient::callOnce(const char* operation, const Call& call, GivesUp o
     return trace.done(status);
 }
 
-/// The references taken here are kept while the handle is open.
+/// The references taken here are kept while the handle is open. The handle's record is made before
+/// anything is taken, so that a handle that was opened cannot fail to be remembered.
 PcsStatus PcsClient::open(const char* operation, PcsHandle handle, PcsDevice device,
                           const Call& call) {
     CallTrace trace(operation);
-    JswDeviceClientId clientId = 0;
+    OpenHandles::node_type record = makeRecord(handle, device);
+    if (!record) return trace.done(ERROR_NOT_ENOUGH_MEMORY);
+    JswDeviceClientId& clientId = record.mapped().clientId;
     PcsStatus status = acquireForCall(clientId, GivesUp::library);
     if (status != ERROR_SUCCESS) return trace.done(status);
     const EntryPoint entryPoint = find(operation);
@@ -54,7 +64,7 @@ PcsStatus PcsClient::open(const char* operation, PcsHandle handle, PcsDevice dev
     }
     status = call(entryPoint, clientId);
     if (status == ERROR_SUCCESS) {
-        remember(handle, clientId, device);
+        remember(std::move(record));
     } else {
         release();
     }
@@ -69,17 +79,20 @@ PcsStatus PcsClient::callByHandle(const char* operation, PcsHandle handle, const
     return trace.done(entryPoint != nullptr ? call(entryPoint, *clientId) : ERROR_PROC_NOT_FOUND);
 }
 
-/// Gives up what the open took, whatever the library says: a handle counts as open as long as its
-/// references are held, no longer.
+/// Gives up what the open took, whatever the library says; of several threads that close one open,
+/// one gives it up. With a library that cannot close, the handle's record stays: callers rely on
+/// getting that answer again, not that of a handle that was never open.
 PcsStatus PcsClient::close(const char* operation, PcsHandle handle) {
     CallTrace trace(operation);
     const auto clientId = clientIdOf(handle);
     if (!clientId) return trace.done(kHandleNotOpen);
     const EntryPoint entryPoint = find(operation);
-    const PcsStatus status =
-        entryPoint != nullptr ? withClientId(handle)(entryPoint, *clientId) : ERROR_PROC_NOT_FOUND;
-    forget(handle);
-    release();
+    if (entryPoint == nullptr) {
+        release();
+        return trace.done(ERROR_PROC_NOT_FOUND);
+    }
+    const PcsStatus status = withClientId(handle)(entryPoint, *clientId);
+    if (forget(handle)) release();
     return trace.done(status);
 }
 
@@ -92,7 +105,7 @@ PcsStatus PcsClient::callService(const char* operation, const Call& call) {
     return trace.done(status);
 }
 
-/// Works on a copy of the library's reference of its own, not initialised.
+/// Loads the library for this call alone and does not initialise it.
 PcsStatus PcsClient::callInstall(const char* operation, const Call& call) {
     CallTrace trace(operation);
     const ModuleHandle library(LoadLibraryA(dllName_.c_str()));
@@ -120,7 +133,20 @@ PcsStatus PcsClient::release() {
 
 PcsStatus PcsClient::checkServerName() {
     CallTrace trace("checkServerName");
-    return trace.done(findServer(serverName_));
+    PcsStatus status = ERROR_NOT_ENOUGH_MEMORY;
+    runGuarded(component::kJsw, "PcsClient::checkServerName",
+               [&] { status = findServer(serverName_); });
+    return trace.done(status);
+}
+
+PcsStatus PcsClient::closeAllPrinters() {
+    CallTrace trace("closeAllPrinters");
+    return trace.done(closeAll(PcsDevice::printer));
+}
+
+PcsStatus PcsClient::closeAllHids() {
+    CallTrace trace("closeAllHids");
+    return trace.done(closeAll(PcsDevice::hid));
 }
 
 }  // namespace jsw

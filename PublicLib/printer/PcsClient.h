@@ -17,8 +17,8 @@ namespace jsw {
 ///
 /// Every operation answers a Win32 error number: the library's own when the call was made, else
 /// 126 (the library cannot be loaded or initialised), 127 (it lacks the entry point), 1 (the handle
-/// was not opened through this object) or the error of getting a client id. Nothing throws. Any
-/// thread may call; the library is called outside the locks.
+/// was not opened through this object) or the error of getting a client id; 8 when memory is short.
+/// No operation throws. Any thread may call; the bound functions are called outside the locks.
 class PcsClient {
   public:
     /// Loads nothing yet.
@@ -52,48 +52,56 @@ class PcsClient {
         std::uint32_t openCount;
         PcsDevice device;
     };
+    using OpenHandles = std::map<PcsHandle, OpenHandle>;
     enum class GivesUp { library, clientId };
     using EntryPoint = void*;
+    /// Made from a std::cref only, which takes no memory.
     using Call = std::function<PcsStatus(EntryPoint, JswDeviceClientId)>;
 
     // The call families.
     template <class... Arguments>
     PcsStatus perCall(const char* operation, Arguments... arguments) {
-        return callOnce(operation, withClientId(arguments...), GivesUp::library);
+        const auto call = withClientId(arguments...);
+        return callOnce(operation, std::cref(call), GivesUp::library);
     }
     template <class... Arguments>
     PcsStatus perCallHid(const char* operation, Arguments... arguments) {
-        return callOnce(operation, withClientId(arguments...), GivesUp::clientId);
+        const auto call = withClientId(arguments...);
+        return callOnce(operation, std::cref(call), GivesUp::clientId);
     }
     template <PcsDevice device>
     PcsStatus opening(const char* operation, PcsHandle handle) {
-        return open(operation, handle, device, withClientId(handle));
+        const auto call = withClientId(handle);
+        return open(operation, handle, device, std::cref(call));
     }
     template <class... Arguments>
     PcsStatus byHandle(const char* operation, PcsHandle handle, Arguments... arguments) {
-        return callByHandle(operation, handle, withClientId(handle, arguments...));
+        const auto call = withClientId(handle, arguments...);
+        return callByHandle(operation, handle, std::cref(call));
     }
     PcsStatus closing(const char* operation, PcsHandle handle) {
         return close(operation, handle);
     }
     template <class... Arguments>
     PcsStatus serviceCall(const char* operation, Arguments... arguments) {
-        return callService(operation, withoutClientId(arguments...));
+        const auto call = withoutClientId(arguments...);
+        return callService(operation, std::cref(call));
     }
     template <class... Arguments>
     PcsStatus installCall(const char* operation, Arguments... arguments) {
-        return callInstall(operation, withoutClientId(arguments...));
+        const auto call = withoutClientId(arguments...);
+        return callInstall(operation, std::cref(call));
     }
 
     template <class... Arguments>
-    static Call withClientId(Arguments... arguments) {
+    static auto withClientId(Arguments... arguments) {
         return [=](EntryPoint entryPoint, JswDeviceClientId clientId) {
             using Function = PcsStatus(JswDeviceClientId, Arguments...);
             return reinterpret_cast<Function*>(entryPoint)(clientId, arguments...);
         };
     }
     template <class... Arguments>
-    static Call withoutClientId(Arguments... arguments) {
+    static auto withoutClientId(Arguments... arguments) {
         return [=](EntryPoint entryPoint, JswDeviceClientId) {
             using Function = PcsStatus(Arguments...);
             return reinterpret_cast<Function*>(entryPoint)(arguments...);
@@ -119,17 +127,25 @@ class PcsClient {
     EntryPoint find(const char* operation) const;
     static EntryPoint findIn(HMODULE library, const char* operation);
 
-    void remember(PcsHandle handle, JswDeviceClientId clientId, PcsDevice device);
+    /// A record of its own for a handle, empty when memory is short.
+    static OpenHandles::node_type makeRecord(PcsHandle handle, PcsDevice device);
+    void remember(OpenHandles::node_type record);
     /// The client id with which a handle was opened; nothing for one that is not open.
     std::optional<JswDeviceClientId> clientIdOf(PcsHandle handle);
-    void forget(PcsHandle handle);
-    std::optional<PcsHandle> anyOpen(PcsDevice device);
+    /// Takes one open off a handle's record; false when none was left.
+    bool forget(PcsHandle handle);
+    struct OpenCount {
+        PcsHandle handle;
+        std::uint32_t count;
+    };
+    /// The first open handle of a kind beyond a handle, or of all.
+    std::optional<OpenCount> nextOpen(PcsDevice device, std::optional<PcsHandle> after);
     PcsStatus closeAll(PcsDevice device);
 
     JswDeviceClientId clientId_ = 0;
     std::string serverName_;
     std::string dllName_;
-    std::map<PcsHandle, OpenHandle> openHandles_;
+    OpenHandles openHandles_;
     std::uint32_t clientIdUsers_ = 0;
     mutable CriticalSection clientIdLock_;  // clientId_, clientIdUsers_
     CriticalSection handleMapLock_;         // openHandles_

@@ -3,6 +3,7 @@
 #include "jsw/device.h"
 
 #include <cstdint>
+#include <type_traits>
 
 /// The device client library's functions, from which PcsClient makes its operations.
 ///
@@ -51,6 +52,19 @@ enum class PcsDevice { printer, hid, scanner, cardReader };
     PcsHandle handle, const std::uint8_t *request, std::uint32_t requestLength, \
         std::uint8_t *response, std::uint32_t responseSize, std::uint32_t *responseLength
 #define JSW_PCS_ARGS_EXCHANGE handle, request, requestLength, response, responseSize, responseLength
+
+// After the client id, the typed shapes are what the header promises the library's author.
+#define JSW_PCS_FITS(SHAPE, Type) \
+    static_assert(std::is_same_v<jsw::PcsStatus(JswDeviceClientId, JSW_PCS_PARAMS_##SHAPE), Type>)
+namespace jsw {
+JSW_PCS_FITS(HANDLE, JswDeviceUse);
+JSW_PCS_FITS(ENUM_PRINTERS, JswDeviceEnumPrinters);
+JSW_PCS_FITS(ENUM, JswDeviceEnum);
+JSW_PCS_FITS(STRING, JswDeviceGetString);
+JSW_PCS_FITS(CACHE, JswDeviceGetCache);
+JSW_PCS_FITS(EXCHANGE, JswDeviceExchange);
+}  // namespace jsw
+#undef JSW_PCS_FITS
 
 /// Every operation in slot order, as X(family, operation, SHAPE) for a library function, whose name
 /// is "Pcs" and the operation with a capital initial, and as Y(operation) for one of PcsClient's
@@ -124,7 +138,7 @@ enum class PcsDevice { printer, hid, scanner, cardReader };
     X(closing, closeCardReader, HANDLE)                             \
     X(perCall, enumSpecificCardReader, WORDS)                       \
     X(perCall, enumCardReaders, WORDS)                              \
-    X(byHandle, exchangeBidiCardReader, EXCHANGE)                   \
+    X(byHandle, exchangeBidiCardReader, HANDLE_WORDS)               \
     X(byHandle, registerForReportsCardReader, HANDLE_WORDS)         \
     X(byHandle, unregisterForReportsCardReader, HANDLE_WORDS)       \
     X(byHandle, registerForNotificationsCardReader, HANDLE_WORDS)   \

@@ -1,22 +1,27 @@
 // What PcsClient holds: the library, the client id and the open handles.
 
+#include "PublicLib/logging/Guard.h"
 #include "PublicLib/printer/PcsClient.h"
-#include "PublicLib/printer/ServerName.h"
-#include "PublicLib/text/Text.h"
 
 #include <windows.h>
 
+#include <array>
 #include <cctype>
 #include <mutex>
+#include <string_view>
 #include <utility>
 
 namespace jsw {
 
 namespace {
 
-/// "getCachePrinter" is the library's "PcsGetCachePrinter".
-std::string entryPointName(const char* operation) {
-    std::string name = concat("Pcs", operation);
+using EntryPointName = std::array<char, 64>;
+
+/// "getCachePrinter" is the library's "PcsGetCachePrinter". Takes no memory, so that an entry point
+/// can be looked up, and references given up, when there is none.
+EntryPointName entryPointName(std::string_view operation) {
+    EntryPointName name{'P', 'c', 's'};
+    operation.copy(name.data() + 3, name.size() - 4);
     name[3] = static_cast<char>(std::toupper(static_cast<unsigned char>(name[3])));
     return name;
 }
@@ -94,10 +99,11 @@ PcsStatus PcsClient::acquireClientId(JswDeviceClientId& clientId) {
     return ERROR_SUCCESS;
 }
 
-/// Under clientIdLock_.
+/// Under clientIdLock_. The library is read without its lock, which is never taken inside this one:
+/// the reference that the caller has keeps it as it is.
 PcsStatus PcsClient::askForClientId() {
-    void* const entryPoint = find("getClientId");
-    if (entryPoint == nullptr) return ERROR_PROC_NOT_FOUND;
+    void* const entryPoint = findIn(library_.get(), "getClientId");
+    if (entryPoint == nullptr) return GetLastError();
     JswDeviceClientId clientId = 0;
     const PcsStatus status =
         callEntryPoint<JswDeviceGetClientId>(entryPoint, &clientId, serverName_.c_str());
@@ -154,13 +160,23 @@ PcsClient::EntryPoint PcsClient::find(const char* operation) const {
 }
 
 PcsClient::EntryPoint PcsClient::findIn(HMODULE library, const char* operation) {
-    return reinterpret_cast<void*>(GetProcAddress(library, entryPointName(operation).c_str()));
+    return reinterpret_cast<void*>(GetProcAddress(library, entryPointName(operation).data()));
 }
 
-void PcsClient::remember(PcsHandle handle, JswDeviceClientId clientId, PcsDevice device) {
+PcsClient::OpenHandles::node_type PcsClient::makeRecord(PcsHandle handle, PcsDevice device) {
+    OpenHandles::node_type record;
+    runGuarded(component::kJsw, "PcsClient::open", [&] {
+        OpenHandles handles;
+        handles.emplace(handle, OpenHandle{0, 1, device});
+        record = handles.extract(handle);
+    });
+    return record;
+}
+
+void PcsClient::remember(OpenHandles::node_type record) {
     const std::lock_guard lock(handleMapLock_);
-    const auto [entry, added] = openHandles_.try_emplace(handle, OpenHandle{clientId, 1, device});
-    if (!added) ++entry->second.openCount;
+    const auto added = openHandles_.insert(std::move(record));
+    if (!added.inserted) ++added.position->second.openCount;
 }
 
 std::optional<JswDeviceClientId> PcsClient::clientIdOf(PcsHandle handle) {
@@ -170,36 +186,37 @@ std::optional<JswDeviceClientId> PcsClient::clientIdOf(PcsHandle handle) {
     return entry->second.clientId;
 }
 
-void PcsClient::forget(PcsHandle handle) {
+bool PcsClient::forget(PcsHandle handle) {
     const std::lock_guard lock(handleMapLock_);
     const auto entry = openHandles_.find(handle);
-    if (entry != openHandles_.end() && --entry->second.openCount == 0) openHandles_.erase(entry);
+    if (entry == openHandles_.end()) return false;
+    if (--entry->second.openCount == 0) openHandles_.erase(entry);
+    return true;
 }
 
-std::optional<PcsHandle> PcsClient::anyOpen(PcsDevice device) {
+std::optional<PcsClient::OpenCount> PcsClient::nextOpen(PcsDevice device,
+                                                        std::optional<PcsHandle> after) {
     const std::lock_guard lock(handleMapLock_);
-    for (const auto& [handle, open] : openHandles_) {
-        if (open.device == device) return handle;
+    auto entry = after ? openHandles_.upper_bound(*after) : openHandles_.begin();
+    for (; entry != openHandles_.end(); ++entry) {
+        if (entry->second.device == device) return OpenCount{entry->first, entry->second.openCount};
     }
     return std::nullopt;
 }
 
-/// Answers the last failure of a close, if any.
+/// Closes each handle as often as it is open when its turn comes. Always ends, even when a handle
+/// cannot be closed and so stays. Answers the last failure of a close, if any.
 PcsStatus PcsClient::closeAll(PcsDevice device) {
     PcsStatus result = ERROR_SUCCESS;
-    while (const auto handle = anyOpen(device)) {
-        const PcsStatus status = close(closeOperation(device), *handle);
-        if (status != ERROR_SUCCESS) result = status;
+    std::optional<PcsHandle> last;
+    while (const auto open = nextOpen(device, last)) {
+        for (std::uint32_t i = 0; i < open->count; ++i) {
+            const PcsStatus status = close(closeOperation(device), open->handle);
+            if (status != ERROR_SUCCESS) result = status;
+        }
+        last = open->handle;
     }
     return result;
-}
-
-PcsStatus PcsClient::closeAllPrinters() {
-    return closeAll(PcsDevice::printer);
-}
-
-PcsStatus PcsClient::closeAllHids() {
-    return closeAll(PcsDevice::hid);
 }
 
 std::int32_t PcsClient::libraryUsers() const {

@@ -1,6 +1,7 @@
 #include "PublicLib/printer/RealPrinter.h"
 
 #include "PublicLib/errors/Exception.h"
+#include "PublicLib/logging/Guard.h"
 #include "PublicLib/logging/MethodTrace.h"
 #include "PublicLib/os/Localize.h"
 #include "PublicLib/printer/DeviceEnumerator.h"
@@ -16,6 +17,7 @@
 #include <exception>
 #include <mutex>
 #include <new>
+#include <optional>
 #include <vector>
 
 namespace jsw {
@@ -25,8 +27,9 @@ namespace {
 constexpr std::int32_t kGoOn = 1;
 constexpr std::size_t kCacheSize = 4096;
 
-/// The file name of the device client; empty when it cannot be told.
-std::string pcsClientName() {
+/// The file name of the device client; nothing when it cannot be told. An empty setting is taken as
+/// it is: a printer shared from elsewhere needs no client, and for others none can be loaded.
+std::optional<std::string> pcsClientName() {
     std::string name;
     if (Settings().read(setting::kPcsClient, name)) return name;
     logLine(component::kJsw, kLogError,
@@ -35,7 +38,7 @@ std::string pcsClientName() {
     const std::string localId = Localize::getInstance()->localId();
     if (localId.empty()) {
         logLine(component::kJsw, kLogError, "Localization returned an empty id.");
-        return {};
+        return std::nullopt;
     }
     return localId + "Comc.dll";
 }
@@ -106,17 +109,6 @@ std::shared_ptr<IPrinterCache> makeNullCache() {
     }
 }
 
-/// Nothing may escape into the client that calls back.
-template <class Record>
-std::int32_t recordDevice(const Record& record) {
-    try {
-        record();
-    } catch (const std::exception& error) {
-        logLine(component::kJsw, kLogError, "ERROR - ", error.what());
-    }
-    return kGoOn;
-}
-
 }  // namespace
 
 RealPrinter::RealPrinter(const std::string& friendlyName) : NullPrinter(friendlyName) {
@@ -131,20 +123,17 @@ RealPrinter::~RealPrinter() {
 }
 
 bool RealPrinter::init() {
-    MethodTrace trace(component::kJsw, "RealPrinter::init()");
-    try {
-        const std::string dllName = pcsClientName();
-        if (dllName.empty()) return false;
-        setPcsClientDllName(dllName);
-        const bool found = queryDeviceInfo();
-        trace.setResult(found);
-        return found;
-    } catch (const Exception& error) {
-        logLine(component::kJsw, kLogError, error.text());
-    } catch (const std::exception& error) {
-        logLine(component::kJsw, kLogError, "ERROR - ", error.what());
-    }
-    return false;
+    bool found = false;
+    runGuarded(component::kJsw, "RealPrinter::init", [&] {
+        MethodTrace trace(component::kJsw, "RealPrinter::init()");
+        const auto dllName = pcsClientName();
+        if (!dllName) return;
+        setPcsClientDllName(*dllName);
+        const bool usable = queryDeviceInfo();
+        trace.setResult(usable);
+        found = usable;
+    });
+    return found;
 }
 
 std::uint32_t RealPrinter::print(const std::string& /*fileName*/) {
@@ -154,12 +143,13 @@ std::uint32_t RealPrinter::print(const std::string& /*fileName*/) {
 
 bool RealPrinter::queryDeviceInfo() {
     MethodTrace trace(component::kJsw, "RealPrinter::queryDeviceInfo: ");
-    const DiscoveredDevices::Discovery discovery;
+    std::unique_ptr<PcsClient> client;
+    const DiscoveredDevices::Discovery discovery;  // ends, and with it what was found, first
     if (isSharedFromElsewhere(trace)) {
         trace.add("true");
         return true;
     }
-    const auto client = makeClient(true);
+    client = makeClient(true);
     if (!client || !findPrinter(*client, trace)) {
         trace.add("false");
         return false;
@@ -247,7 +237,7 @@ std::int32_t RealPrinter::processScannerList(PcsClient& client) {
 
 std::int32_t RealPrinter::enumPrtCallback(JswDeviceClientId clientId, JswDeviceHandle handle,
                                           const char* friendlyName, const char* port) {
-    return recordDevice([&] {
+    runGuarded(component::kJsw, "RealPrinter::enumPrtCallback", [&] {
         MethodTrace trace(component::kJsw, "RealPrinter::enumPrtCallback(clientId=", clientId,
                           ", handle=", handle, ", friendlyName = ", friendlyName, ", port = ", port,
                           "): ");
@@ -255,22 +245,25 @@ std::int32_t RealPrinter::enumPrtCallback(JswDeviceClientId clientId, JswDeviceH
         DiscoveredDevices::instance().addPrinter(friendlyName,
                                                  {handle, port != nullptr ? port : ""});
     });
+    return kGoOn;
 }
 
 std::int32_t RealPrinter::enumHidCallback(JswDeviceClientId clientId, JswDeviceHandle handle) {
-    return recordDevice([&] {
+    runGuarded(component::kJsw, "RealPrinter::enumHidCallback", [&] {
         MethodTrace trace(component::kJsw, "RealPrinter::enumHidCallback(clientId=", clientId,
                           ", handle=", handle, "): ");
         DiscoveredDevices::instance().addHid(handle);
     });
+    return kGoOn;
 }
 
 std::int32_t RealPrinter::enumScanCallback(JswDeviceClientId clientId, JswDeviceHandle handle) {
-    return recordDevice([&] {
+    runGuarded(component::kJsw, "RealPrinter::enumScanCallback", [&] {
         MethodTrace trace(component::kJsw, "RealPrinter::enumScanCallback(clientId=", clientId,
                           ", handle=", handle, "): ");
         DiscoveredDevices::instance().addScanner(handle);
     });
+    return kGoOn;
 }
 
 IPrinterCache& RealPrinter::getCache() {
@@ -309,7 +302,7 @@ std::shared_ptr<IPrinterCache> RealPrinter::readCache(MethodTrace& trace) const 
 }
 
 /// Fills the buffer and cuts it to what was read.
-PcsStatus RealPrinter::fetchCache(std::vector<std::uint8_t>& stream) const {
+JswDeviceStatus RealPrinter::fetchCache(std::vector<std::uint8_t>& stream) const {
     const auto client = makeClient(true);
     if (!client) return ERROR_NOT_ENOUGH_MEMORY;
     std::uint32_t length = 0;

@@ -32,7 +32,7 @@ class RealPrinter final : public NullPrinter {
     /// Sends a loopback packet. 6 without a printer handle, 2 without a client, 13 for a wrong
     /// answer, otherwise the client's status.
     std::uint32_t ping() override;
-    /// Asks the device until it has answered once; -1 on any failure.
+    /// Asks the device until it has answered once, for whichever thread; -1 on any failure.
     std::int32_t getPrintHeadType() override;
 
     /// The steps of init(), one by one.
@@ -56,12 +56,17 @@ class RealPrinter final : public NullPrinter {
     /// A client of this printer's library, with nothing loaded yet; null when memory is short.
     std::unique_ptr<PcsClient> makeClient(bool keepLoaded) const;
     std::shared_ptr<IPrinterCache> readCache(MethodTrace& trace) const;
-    std::uint32_t fetchCache(std::vector<std::uint8_t>& stream) const;
+    JswDeviceStatus fetchCache(std::vector<std::uint8_t>& stream) const;
     /// Opens the printer, sends a request, closes it again. Answers the status of the step that
     /// failed, which is logged; length gets the length of the response.
-    std::uint32_t exchange(std::span<const std::uint8_t> request, std::span<std::uint8_t> response,
-                           std::uint32_t& length, MethodTrace& trace) const;
+    JswDeviceStatus exchange(std::span<const std::uint8_t> request,
+                             std::span<std::uint8_t> response, std::uint32_t& length,
+                             MethodTrace& trace) const;
+    std::uint32_t loopBack() const;
+    std::int32_t findPrintHeadClass();
+    std::int32_t askPrintHeadClass(MethodTrace& trace) const;
 
+    CriticalSection printHeadLock_;  // printHeadClassKnown_ and, once that is set, the class
     bool printHeadClassKnown_ = false;
     CriticalSection cacheLock_;
     // Made from the concrete type, whose destructor runs; the interface has no virtual one.

@@ -1,5 +1,6 @@
 // The questions that RealPrinter puts to the device itself.
 
+#include "PublicLib/logging/Guard.h"
 #include "PublicLib/logging/MethodTrace.h"
 #include "PublicLib/printer/NpaPacket.h"
 #include "PublicLib/printer/PcsClient.h"
@@ -8,6 +9,7 @@
 #include <windows.h>
 
 #include <array>
+#include <mutex>
 
 namespace jsw {
 
@@ -27,9 +29,9 @@ bool isAsExpected(std::span<const std::uint8_t> response,
 
 }  // namespace
 
-std::uint32_t RealPrinter::exchange(std::span<const std::uint8_t> request,
-                                    std::span<std::uint8_t> response, std::uint32_t& length,
-                                    MethodTrace& trace) const {
+JswDeviceStatus RealPrinter::exchange(std::span<const std::uint8_t> request,
+                                      std::span<std::uint8_t> response, std::uint32_t& length,
+                                      MethodTrace& trace) const {
     const auto client = makeClient(false);
     if (!client) return ERROR_FILE_NOT_FOUND;
     const PcsHandle handle = fields().prtHandle;
@@ -49,6 +51,12 @@ std::uint32_t RealPrinter::exchange(std::span<const std::uint8_t> request,
 }
 
 std::uint32_t RealPrinter::ping() {
+    std::uint32_t status = ERROR_FILE_NOT_FOUND;
+    runGuarded(component::kJsw, "RealPrinter::ping", [&] { status = loopBack(); });
+    return status;
+}
+
+std::uint32_t RealPrinter::loopBack() const {
     MethodTrace trace(component::kJsw, "RealPrinter::ping():");
     if (fields().prtHandle == 0) {
         trace.add(kNoHandle);
@@ -59,7 +67,7 @@ std::uint32_t RealPrinter::ping() {
     const PcsStatus status = exchange(npa::kLoopbackRequest, response, length, trace);
     if (status != ERROR_SUCCESS) return status;
     if (length < response.size()) {
-        trace.add("NPA loopback cmd response's size ret (8 bytes sent )is less than expected =",
+        trace.add("NPA loopback cmd response's size ret (8 bytes sent )is less than expected =.",
                   length);
         return ERROR_INVALID_DATA;
     }
@@ -68,11 +76,29 @@ std::uint32_t RealPrinter::ping() {
 }
 
 std::int32_t RealPrinter::getPrintHeadType() {
+    std::int32_t printHeadClass = kUnknown;
+    runGuarded(component::kJsw, "RealPrinter::getPrintHeadType",
+               [&] { printHeadClass = findPrintHeadClass(); });
+    return printHeadClass;
+}
+
+/// A thread that comes while another asks the device waits for the answer.
+std::int32_t RealPrinter::findPrintHeadClass() {
     MethodTrace trace(component::kJsw, "RealPrinter::getPrintHeadType():");
+    const std::lock_guard lock(printHeadLock_);
     if (printHeadClassKnown_) {
         trace.add("Retriving the cached value of the print head class =", fields().printHeadClass);
         return fields().printHeadClass;
     }
+    const std::int32_t printHeadClass = askPrintHeadClass(trace);
+    if (printHeadClass == kUnknown) return kUnknown;
+    trace.add("NPA rsp - printHeadClass = ", printHeadClass);
+    setPrintHeadClass(printHeadClass);
+    printHeadClassKnown_ = true;
+    return printHeadClass;
+}
+
+std::int32_t RealPrinter::askPrintHeadClass(MethodTrace& trace) const {
     if (fields().prtHandle == 0) {
         trace.add(kNoHandle);
         return kUnknown;
@@ -87,11 +113,7 @@ std::int32_t RealPrinter::getPrintHeadType() {
         return kUnknown;
     }
     if (!isAsExpected(response, npa::kPrintHeadClassResponse, trace)) return kUnknown;
-    const std::int32_t printHeadClass = response[npa::kPrintHeadClassByte];
-    trace.add("NPA rsp - printHeadClass = ", printHeadClass);
-    setPrintHeadClass(printHeadClass);
-    printHeadClassKnown_ = true;
-    return printHeadClass;
+    return response[npa::kPrintHeadClassByte];
 }
 
 }  // namespace jsw

@@ -3,6 +3,8 @@
 #include "PublicLib/printer/IPrinterCache.h"
 #include "PublicLib/printer/PrinterCacheValues.h"
 
+#include <utility>
+
 namespace jsw {
 
 /// A printer cache that answers from values. Traces every question under the name of its class.

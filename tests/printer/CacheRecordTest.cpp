@@ -177,6 +177,8 @@ TEST(CacheRecordTest, TakesOnlyValuesThatLieInsideTheStream) {
     record.parse(Bytes{0, 0, 0x01, 0x10, 200, '0', 0, 22, 1, 'x'});
     EXPECT_EQ(record.values().cartridges[0].type, CartridgeType::black);
     EXPECT_EQ(record.values().deviceSerialNumber, "");
+    record.parse({});
+    EXPECT_EQ(record.values().cartridgeCount, 1U);  // counted anew
 }
 
 TEST(CacheRecordTest, SurvivesEverySeedOfTheFuzzer) {

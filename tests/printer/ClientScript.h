@@ -3,6 +3,7 @@
 #include "jsw/device.h"
 
 #include <array>
+#include <atomic>
 #include <cstdint>
 #include <cstdlib>
 #include <string>
@@ -21,7 +22,8 @@ struct ScriptedDevice {
 /// client finds it through the environment and only reads what can grow.
 struct ClientScript {
     JswDeviceStatus initializeStatus = 0;
-    std::uint32_t initializeError = 0;  // left in GetLastError() by a failing PcsInitialize
+    std::uint32_t closeMilliseconds = 0;  // that a close takes
+    std::uint32_t initializeError = 0;    // left in GetLastError() by a failing PcsInitialize
     JswDeviceStatus clientIdStatus = 0;
     JswDeviceStatus openStatus = 0;
     JswDeviceStatus callStatus = 0;  // of the other calls
@@ -34,8 +36,8 @@ struct ClientScript {
     std::vector<std::uint8_t> response;  // its first bytes that fit are written
     JswDeviceStatus exchangeStatus = 0;
 
-    int initialized = 0;  // PcsInitialize less PcsUninitialize
-    int opened = 0;       // opens less closes
+    int initialized = 0;          // PcsInitialize less PcsUninitialize
+    std::atomic<int> opened = 0;  // opens less closes
     int clientIdsGiven = 0;
     int cacheReads = 0;
     int exchanges = 0;

@@ -166,7 +166,7 @@ TEST_F(RealPrinterTest, PingsWithALoopback) {
         {{9, 9, 9, 9, 3, 4, 0x31, 0x32, 0, 0}, 0, "NPA response flagbyte = 9"},  // longer
         {{0xA5, 0, 5, 0x50, 3, 4, 0x31},
          13,
-         "NPA loopback cmd response's size ret (8 bytes sent )is less than expected =7"},
+         "NPA loopback cmd response's size ret (8 bytes sent )is less than expected =.7"},
         {{0xA5, 0, 5, 0x50, 1, 4, 0x31, 0x32},
          13,
          "NPA response - cmd byte does not match expected resp. byte=1"},

@@ -75,6 +75,7 @@ JswDeviceStatus open(JswDeviceStatus status) {
 }
 
 JswDeviceStatus close() {
+    Sleep(script().closeMilliseconds);
     --script().opened;
     return script().callStatus;
 }

@@ -44,6 +44,7 @@ TEST_F(SpoolerTest, ASharedPrinterIsKnownWithoutTheClient) {
         setPort("Shared Ink", port);
         RealPrinter printer("Shared Ink");
         const bool unc = std::string(port).starts_with("\\\\");
+        useClient(unc ? "" : kClient);
         EXPECT_EQ(printer.init(), unc) << port;  // the client knows no printers
         EXPECT_EQ(script_.clientIdsGiven > 0, !unc) << port;
         EXPECT_EQ(printer.getPort(), unc ? port : "");
