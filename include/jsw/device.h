@@ -47,7 +47,11 @@ typedef int32_t (*JswDeviceCallback)(JswDeviceClientId client, JswDeviceHandle d
     "<Name>Portname</Name><Type>String</Type><Access>Writeable</Access>"
 
 /* Function types of the entry points. */
-/** PcsInitialize: makes the library ready; PcsUninitialize: its opposite, before it is unloaded. */
+/**
+ * PcsInitialize: makes the library ready for one more user; when it fails it also leaves the error
+ * in GetLastError(), and the library is unloaded. PcsUninitialize: its opposite, before that user
+ * unloads the library. Several users in a process may overlap.
+ */
 typedef JswDeviceStatus JswDeviceLifetime(void);
 /** Gives the id that the user passes to all other calls. server: "" for this computer. */
 typedef JswDeviceStatus JswDeviceGetClientId(JswDeviceClientId* client, const char* server);

@@ -1,7 +1,8 @@
 /**
  * @file DeviceModule.cpp
  * The entry points of the sample device client: simulates the printers that a file describes. The
- * file is read at PcsInitialize; its name is the environment variable JSW_DEVICE_FILE.
+ * file is read when the first user initialises; its name is the environment variable
+ * JSW_DEVICE_FILE.
  */
 #include "jsw/device.h"
 #include "samples/common/Report.h"
@@ -26,7 +27,8 @@ using jsw::sample::DeviceKind;
 using jsw::sample::Devices;
 
 std::mutex stateMutex;
-std::shared_ptr<const Devices> currentDevices;  // null before PcsInitialize
+std::shared_ptr<const Devices> currentDevices;  // null without users
+unsigned users = 0;                             // PcsInitialize less PcsUninitialize
 std::multiset<JswDeviceHandle> openPrinters;
 JswDeviceClientId lastClientId = 0;
 
@@ -54,12 +56,15 @@ JswDeviceStatus withDevice(DeviceKind kind, JswDeviceHandle handle, const Work& 
     });
 }
 
-/** Calls back for the interfaces of a kind until the callback has enough. */
-template <class Callback>
-JswDeviceStatus enumerate(DeviceKind kind, const Callback& callback) noexcept {
+/** Calls back for the interfaces of a kind, with call(device), until the callback has enough. */
+template <class Callback, class Call>
+JswDeviceStatus enumerate(DeviceKind kind, Callback* callback, const Call& call) noexcept {
+    if (callback == nullptr) {
+        return ERROR_INVALID_PARAMETER;
+    }
     return with([&](const Devices& devices) -> JswDeviceStatus {
         for (const Device& device : devices.all()) {
-            if (device.kind == kind && callback(device) == 0) {
+            if (device.kind == kind && call(device) == 0) {
                 break;
             }
         }
@@ -132,13 +137,15 @@ JswDeviceStatus getText(DeviceKind kind, JswDeviceHandle handle, const char* pro
 
 JswDeviceStatus PcsInitialize() {
     try {
-        std::shared_ptr<const Devices> devices = loadDevices();
-        if (!devices) {
+        const std::lock_guard lock(stateMutex);
+        if (users == 0) {
+            currentDevices = loadDevices();
+        }
+        if (!currentDevices) {
             SetLastError(ERROR_FILE_NOT_FOUND);
             return ERROR_FILE_NOT_FOUND;
         }
-        const std::lock_guard lock(stateMutex);
-        currentDevices = std::move(devices);
+        ++users;
         return ERROR_SUCCESS;
     } catch (...) {
         SetLastError(ERROR_OUTOFMEMORY);
@@ -148,8 +155,10 @@ JswDeviceStatus PcsInitialize() {
 
 JswDeviceStatus PcsUninitialize() {
     const std::lock_guard lock(stateMutex);
-    currentDevices.reset();
-    openPrinters.clear();
+    if (users > 0 && --users == 0) {
+        currentDevices.reset();
+        openPrinters.clear();
+    }
     return ERROR_SUCCESS;
 }
 
@@ -165,20 +174,20 @@ JswDeviceStatus PcsGetClientId(JswDeviceClientId* client, const char* /*server*/
 JswDeviceStatus PcsEnumWindowsPrinters(JswDeviceClientId client, const char* /*transports*/,
                                        const char* /*reserved*/,
                                        JswDevicePrinterCallback callback) {
-    return enumerate(DeviceKind::printer, [&](const Device& device) {
+    return enumerate(DeviceKind::printer, callback, [&](const Device& device) {
         return callback(client, device.handle, device.printer->name.c_str(), device.port.c_str());
     });
 }
 
 JswDeviceStatus PcsEnumHids(JswDeviceClientId client, const char* /*transports*/,
                             const char* /*reserved*/, JswDeviceCallback callback) {
-    return enumerate(DeviceKind::hid,
+    return enumerate(DeviceKind::hid, callback,
                      [&](const Device& device) { return callback(client, device.handle); });
 }
 
 JswDeviceStatus PcsEnumScanners(JswDeviceClientId client, const char* /*transports*/,
                                 const char* /*reserved*/, JswDeviceCallback callback) {
-    return enumerate(DeviceKind::scanner,
+    return enumerate(DeviceKind::scanner, callback,
                      [&](const Device& device) { return callback(client, device.handle); });
 }
 

@@ -1,3 +1,4 @@
+#include "PublicLib/printer/PcsClient.h"
 #include "PublicLib/printer/Printer.h"
 #include "PublicLib/printer/RealPrinter.h"
 #include "samples/device/DeviceFile.h"
@@ -59,6 +60,23 @@ TEST_F(SampleDeviceTest, SimulatesWhatAPrinterLacks) {
     EXPECT_FALSE(printer.init());
     SetEnvironmentVariableA("JSW_DEVICE_FILE", "absent");
     EXPECT_FALSE(printer.init());
+}
+
+TEST_F(SampleDeviceTest, ServesSeveralUsersUntilTheLastIsGone) {
+    PcsClient first("comc.dll", "", false);
+    ASSERT_EQ(first.acquire(), 0U);
+    {
+        PcsClient second("comc.dll", "", false);
+        EXPECT_EQ(second.acquire(), 0U);
+    }
+    const auto printerSeen = [](JswDeviceClientId, JswDeviceHandle, const char*, const char*) {
+        return std::int32_t{1};
+    };
+    EXPECT_EQ(first.enumWindowsPrinters("ALL_TRANSPORT", "", printerSeen), 0U);
+    EXPECT_EQ(first.enumWindowsPrinters("ALL_TRANSPORT", "", nullptr),
+              static_cast<PcsStatus>(ERROR_INVALID_PARAMETER));
+    EXPECT_EQ(first.enumHids("ALL_TRANSPORT", "", nullptr),
+              static_cast<PcsStatus>(ERROR_INVALID_PARAMETER));
 }
 
 TEST(DeviceFileTest, NamesTheLineThatItCannotTake) {
