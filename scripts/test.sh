@@ -6,5 +6,6 @@ source scripts/wine-env.sh
 
 scripts/setup.sh
 scripts/build.sh release
+JSW_OWN_DISPLAY=yes  # nobody needs to see the windows of tests
 start_wine test
 ctest --preset release "$@"

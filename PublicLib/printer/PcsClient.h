@@ -58,6 +58,22 @@ class PcsClient {
     /// Made from a std::cref only, which takes no memory.
     using Call = std::function<PcsStatus(EntryPoint, JswDeviceClientId)>;
 
+    // What is called, with the client id first or without it.
+    template <class... Arguments>
+    static auto withClientId(Arguments... arguments) {
+        return [=](EntryPoint entryPoint, JswDeviceClientId clientId) {
+            using Function = PcsStatus(JswDeviceClientId, Arguments...);
+            return reinterpret_cast<Function*>(entryPoint)(clientId, arguments...);
+        };
+    }
+    template <class... Arguments>
+    static auto withoutClientId(Arguments... arguments) {
+        return [=](EntryPoint entryPoint, JswDeviceClientId) {
+            using Function = PcsStatus(Arguments...);
+            return reinterpret_cast<Function*>(entryPoint)(arguments...);
+        };
+    }
+
     // The call families.
     template <class... Arguments>
     PcsStatus perCall(const char* operation, Arguments... arguments) {
@@ -91,21 +107,6 @@ class PcsClient {
     PcsStatus installCall(const char* operation, Arguments... arguments) {
         const auto call = withoutClientId(arguments...);
         return callInstall(operation, std::cref(call));
-    }
-
-    template <class... Arguments>
-    static auto withClientId(Arguments... arguments) {
-        return [=](EntryPoint entryPoint, JswDeviceClientId clientId) {
-            using Function = PcsStatus(JswDeviceClientId, Arguments...);
-            return reinterpret_cast<Function*>(entryPoint)(clientId, arguments...);
-        };
-    }
-    template <class... Arguments>
-    static auto withoutClientId(Arguments... arguments) {
-        return [=](EntryPoint entryPoint, JswDeviceClientId) {
-            using Function = PcsStatus(Arguments...);
-            return reinterpret_cast<Function*>(entryPoint)(arguments...);
-        };
     }
 
     PcsStatus callOnce(const char* operation, const Call& call, GivesUp onClientIdFailure);
