@@ -5,8 +5,9 @@ namespace jsw {
 /// Gives this host program its settings when it has none yet: creates its store and copies the
 /// settings file beside the host's executable into the registry. Needs Localize and the log.
 ///
-/// True when there is a complete store. False with GetLastError() ERROR_INTERNAL_ERROR when the
-/// installation failed; what could be installed is then there all the same.
+/// True when there was a store already, or it has been installed completely. False with
+/// GetLastError() ERROR_INTERNAL_ERROR when the installation failed; what could be installed is
+/// then there all the same.
 bool installStoreIfMissing();
 
 }  // namespace jsw

@@ -38,7 +38,7 @@ LSTATUS writeTypedValue(const std::string& path, const std::string& name, IniVal
 
 bool installPair(MethodTrace& trace, const std::string& section, const std::string& key,
                  const std::string& value) {
-    if (key.empty() || value.empty()) {
+    if (key.empty() || value.empty()) {  // a list of keys has no empty one; a value may be empty
         trace.add("Empty KeyValue pair found in Section='", section, "' where key='", key,
                   "' and value='", value, "'");
         return false;
@@ -56,7 +56,7 @@ bool installPair(MethodTrace& trace, const std::string& section, const std::stri
 }
 
 bool installSection(MethodTrace& trace, const IniReader& reader, const std::string& section) {
-    if (section.empty()) {
+    if (section.empty()) {  // not so with the profile functions, whose list an empty name ends
         trace.add("Empty Section name. Skipping..");
         return false;
     }

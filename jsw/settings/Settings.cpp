@@ -2,7 +2,7 @@
 
 #include "PublicLib/errors/Exception.h"
 #include "PublicLib/os/Localize.h"
-#include "PublicLib/text/Text.h"
+#include "PublicLib/win/Paths.h"
 #include "PublicLib/win/SystemFolders.h"
 #include "jsw/settings/RegistryKey.h"
 
@@ -35,6 +35,12 @@ bool Settings::write(const setting::Number& number, std::uint32_t value) const {
     return setDwordValue(number.key, number.name, value);
 }
 
+bool Settings::isUpdateCheckOn() const {
+    std::uint32_t enabled = setting::kCheckForUpdates.defaultValue;
+    readOrWriteDefault(setting::kCheckForUpdates, enabled);
+    return enabled != 0;
+}
+
 bool Settings::isUpdated(const setting::Number& flag) const {
     std::uint32_t state = 0;
     return readOrWriteDefault(flag, state) &&
@@ -63,7 +69,7 @@ std::string Settings::dataUpdatesFolder() const {
     readOrWriteDefault(setting::kDataUpdatesDirectory, directory);
     std::string driver;
     read(setting::kDriverName, driver);
-    return concat(specialFolder(CSIDL_COMMON_APPDATA), "\\", directory, "\\", driver);
+    return joinPath(joinPath(specialFolder(CSIDL_COMMON_APPDATA), directory), driver);
 }
 
 bool Settings::removeStore() {

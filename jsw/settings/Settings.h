@@ -25,6 +25,9 @@ class Settings : public BasicSettings {
     bool write(const setting::Text& text, const std::string& value) const;
     bool write(const setting::Number& number, std::uint32_t value) const;
 
+    /// Whether updates are looked for and taken into use. On when nothing says otherwise, which is
+    /// then written.
+    bool isUpdateCheckOn() const;
     /// True only when the flag is "updated"; a missing flag is written as "none".
     bool isDataUpdated() const;
     bool isCompleteSoftwareUpdated() const;

@@ -52,9 +52,7 @@ AppUpdatesController::AppUpdatesController(Clock clock)
 void AppUpdatesController::checkForUpdates() {
     MethodTrace trace(component::kUpdater, "AppUpdatesController::checkForUpdates() ");
     const Settings settings;
-    std::uint32_t enabled = setting::kCheckForUpdates.defaultValue;
-    settings.readOrWriteDefault(setting::kCheckForUpdates, enabled);
-    if (enabled == 0) {
+    if (!settings.isUpdateCheckOn()) {
         trace.add("The check for updates has been TURNED OFF!");
         return;
     }
@@ -66,24 +64,22 @@ void AppUpdatesController::checkForUpdates() {
     // Before anything is started: a launch that fails is not tried again with every job.
     resetLastUpdatesCheckTime();
 
+    // An empty name, which is the default, counts as one that cannot be read: it would make the
+    // module folder itself the updater.
     std::string name;
     if (!settings.readOrWriteDefault(setting::kUpdaterExecutable, name) || name.empty()) {
         trace.add("FAILED to retrieve the BillBoard updater executable name!");
         return;
     }
     try {
-        const OsVersion& version = OsVersion::instance();
-        if (!version.isXpOrLater()) {
-            trace.add("OS is not XP or greater. NO Updates available.");
-            return;
-        }
-        launch(updaterPath(settings, name));
+        launch(updaterPath(settings, name), trace);
     } catch (const Exception& error) {
         logLine(component::kUpdater, kLogError, "ERROR: Updater FAILED to Launch: ", error.text());
     }
 }
 
-/// Throws Exception for a name that is not that of a program in the folder.
+/// Throws Exception for a name with path parts and for that of a folder. Whether there is such a
+/// program at all is left to the launch.
 std::string AppUpdatesController::updaterPath(const Settings& settings,
                                               const std::string& name) const {
     std::string folder;
@@ -99,11 +95,14 @@ std::string AppUpdatesController::updaterPath(const Settings& settings,
     return path;
 }
 
-void AppUpdatesController::launch(const std::string& updaterPath) {
-    if (OsVersion::instance().isVersion6OrLater()) {
+void AppUpdatesController::launch(const std::string& updaterPath, MethodTrace& trace) {
+    const OsVersion& version = OsVersion::instance();
+    if (version.isVersion6OrLater()) {
         checkForUpdatesVista(updaterPath);
-    } else {
+    } else if (version.isXpOrLater()) {
         checkForUpdatesXp(updaterPath);
+    } else {
+        trace.add("OS is not XP or greater. NO Updates available.");
     }
 }
 

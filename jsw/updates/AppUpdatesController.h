@@ -47,6 +47,8 @@ class AppUpdatesController {
     /// The primary token of the user at the console. False, with the Win32 error, when there is
     /// none; both outputs must be given.
     bool getSessionUserToken(KernelHandle* token, DWORD* error);
+    /// The environment of the token's user. False, and logged, when there is none: the updater is
+    /// started all the same, with the environment of this process.
     bool createEnvironment(UserEnvironment& environment, HANDLE token);
 
     // What follows an update, in PostUpdateChanges.cpp.
@@ -65,7 +67,7 @@ class AppUpdatesController {
     bool currentTime(Moment& moment) const;
     std::string lastCheckDate(const Settings& settings, const std::string& today) const;
     std::string updaterPath(const Settings& settings, const std::string& name) const;
-    void launch(const std::string& updaterPath);
+    void launch(const std::string& updaterPath, MethodTrace& trace);
     void switchSoftware(const Settings& settings, MethodTrace& trace);
     void switchData(const Settings& settings, MethodTrace& trace);
 

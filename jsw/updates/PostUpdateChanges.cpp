@@ -88,9 +88,7 @@ void AppUpdatesController::performPostUpdateChangesIfRequired() {
         return;
     }
     const Settings settings;
-    std::uint32_t enabled = setting::kCheckForUpdates.defaultValue;
-    settings.readOrWriteDefault(setting::kCheckForUpdates, enabled);
-    if (enabled == 0) {
+    if (!settings.isUpdateCheckOn()) {
         trace.add("The check for updates has been TURNED OFF. No updates could be performed");
         return;
     }
@@ -106,8 +104,10 @@ void AppUpdatesController::performPostUpdateChangesIfRequired() {
 void AppUpdatesController::switchSoftware(const Settings& settings, MethodTrace& trace) {
     // A software package brings its data along.
     settings.setFlag(setting::kDataUpdated, UpdateFlag::updated);
-    std::string folder;  // setInitialPaths() has seen to it that there is one
-    settings.read(setting::kDllPath, folder);
+    // No folder: setInitialPaths() could not write one, and the names alone would lead to the root
+    // of some drive. The flag stays for the next job.
+    std::string folder;
+    if (!settings.read(setting::kDllPath, folder) || folder.empty()) return;
     bool complete = true;
     for (const UpdatedFile& file : kUpdatedFiles) {
         complete = switchFile(settings, file, folder, trace) && complete;

@@ -24,25 +24,25 @@ bool queryUserToken(KernelHandle& token) {
     return query != nullptr && query(activeConsoleSession(), token.put()) != FALSE;
 }
 
-/// Starts the program as the token's user and lets go of it at once. False with GetLastError()
+/// Starts the program as the token's user and lets go of it at once. FALSE with GetLastError()
 /// set.
-bool startAsUser(HANDLE token, std::string commandLine, void* environment) {
+BOOL startAsUser(HANDLE token, std::string commandLine, void* environment) {
+    // Refused, not cut: what is left of a longer path may be the name of another program.
     if (commandLine.size() >= kCommandLineSize) {
         SetLastError(ERROR_FILENAME_EXCED_RANGE);
-        return false;
+        return FALSE;
     }
     constexpr DWORD kFlags =
         CREATE_NEW_CONSOLE | NORMAL_PRIORITY_CLASS | CREATE_UNICODE_ENVIRONMENT;
     STARTUPINFOA startup{};
     startup.cb = sizeof(startup);
     PROCESS_INFORMATION info{};
-    if (CreateProcessAsUserA(token, nullptr, commandLine.data(), nullptr, nullptr, FALSE, kFlags,
-                             environment, nullptr, &startup, &info) == FALSE) {
-        return false;
-    }
+    const BOOL started = CreateProcessAsUserA(token, nullptr, commandLine.data(), nullptr, nullptr,
+                                              FALSE, kFlags, environment, nullptr, &startup, &info);
+    if (started == FALSE) return FALSE;
     const KernelHandle process(info.hProcess);
     const KernelHandle thread(info.hThread);
-    return true;
+    return started;
 }
 
 }  // namespace
@@ -52,11 +52,8 @@ void AppUpdatesController::checkForUpdatesVista(const std::string& updaterPath) 
     constexpr INT_PTR kHighestError = 32;
     const auto result = reinterpret_cast<INT_PTR>(
         ShellExecuteA(nullptr, "RunAs", updaterPath.c_str(), "-UAC", nullptr, SW_SHOWNORMAL));
-    if (result > kHighestError) {
-        trace.add("Updater launched successfully.");
-    } else {
-        trace.add("WARNING: API ShellExecute(", updaterPath, ") failed, retCode=", result, ".");
-    }
+    // A failure is no news: there may be no updater, and the user may refuse the elevation.
+    if (result > kHighestError) trace.add("Updater launched successfully.");
 }
 
 void AppUpdatesController::checkForUpdatesXp(const std::string& updaterPath) {
@@ -75,8 +72,9 @@ void AppUpdatesController::checkForUpdatesXp(const std::string& updaterPath) {
     UserEnvironment environment;
     createEnvironment(environment, token.get());
     trace.add("Launching=", updaterPath, ".");
-    if (startAsUser(token.get(), updaterPath, environment.block())) {
-        trace.add("API CreateProcessAsUser success, retCode=", TRUE, ".");
+    const BOOL started = startAsUser(token.get(), updaterPath, environment.block());
+    if (started != FALSE) {
+        trace.add("API CreateProcessAsUser success, retCode=", started, ".");
     } else {
         trace.add("API CreateProcessAsUser failed, lastErr=", GetLastError(), ".");
     }
@@ -100,7 +98,7 @@ bool AppUpdatesController::createEnvironment(UserEnvironment& environment, HANDL
         const std::string failure = environment.create(token);
         if (!failure.empty()) trace.add(failure);
         return failure.empty();
-    } catch (const std::exception&) {
+    } catch (const std::exception&) {  // no memory
         trace.add("Exception lastErr=", GetLastError());
         return false;
     }

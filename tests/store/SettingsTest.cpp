@@ -143,6 +143,8 @@ TEST_F(SettingsTest, DataUpdatesFolderIsNamedAfterTheDriver) {
     EXPECT_EQ(stored(settings, "Settings\\Updater", "DataUpdatesDirectoryName"), "'Job Status'");
     settings.write(setting::kDataUpdatesDirectory, "Else");
     EXPECT_EQ(settings.dataUpdatesFolder(), std::string(common) + "\\Else\\Drv 5");
+    settings.write(setting::kDataUpdatesDirectory, "\\Else\\");
+    EXPECT_EQ(settings.dataUpdatesFolder(), std::string(common) + "\\Else\\Drv 5");
 }
 
 TEST_F(SettingsTest, RemovalTakesTheProductLineOnlyWithTheLastStore) {

@@ -11,6 +11,7 @@
 
 #include <filesystem>
 #include <gmock/gmock.h>
+#include <tuple>
 
 namespace jsw {
 
@@ -26,14 +27,17 @@ void addMachineEnvironment() {
     RegistryKey("System\\CurrentControlSet\\Control\\Session Manager\\Environment", true);
 }
 
-/// A host program whose update check is due: argument is the folder of the updater.
+constexpr char kNoFolder[] = "(none)";
+
+/// A host program whose update check is due: argument is its module folder, or kNoFolder for a
+/// store without one.
 const test::ChildRole checkingHost("check for updates", [](const std::string& folder) {
     const test::PrivateRegistry registry;
     addMachineEnvironment();
     Localize::createInstance(nullptr);
     const Settings settings;
     settings.write(setting::kUpdaterExecutable, "qlupdater.exe");
-    settings.write(setting::kDllPath, folder);
+    if (folder != kNoFolder) settings.write(setting::kDllPath, folder);
     settings.write(setting::kDateLastChecked, "1/1/2000");
     settings.setDwordValue(setting::kLoggerKey, "startLog", 1);
     settings.setDwordValue(setting::kLoggerKey, "Clocktime_In_Header", 0);
@@ -44,17 +48,38 @@ const test::ChildRole checkingHost("check for updates", [](const std::string& fo
     return date == "1/1/2000" ? 1 : 0;
 });
 
-/// The record of an updater that may still be running; empty when none was started.
-std::string finishedRecord(const std::string& file, DWORD patienceMilliseconds) {
+std::size_t countOf(const std::string& text, const std::string& part) {
+    std::size_t count = 0;
+    for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) {
+        ++count;
+    }
+    return count;
+}
+
+/// The record of so many updaters that may still be running; empty when none was started.
+std::string finishedRecord(const std::string& file, DWORD patienceMilliseconds,
+                           std::size_t updaters = 1) {
     const DWORD start = GetTickCount();
     std::string record;
     while (GetTickCount() - start < patienceMilliseconds) {
         record = test::readFile(file);
         std::erase(record, '\r');
-        if (record.ends_with("ended\n")) break;
+        if (countOf(record, "ended\n") == updaters) break;
         Sleep(50);
     }
     return record;
+}
+
+/// Windows gives out the lowest free handle, so a leak moves the next one up.
+std::uintptr_t nextHandle() {
+    const KernelHandle event(CreateEventA(nullptr, FALSE, FALSE, nullptr));
+    return reinterpret_cast<std::uintptr_t>(event.get());
+}
+
+/// What a launch takes for a while and gives back.
+auto borrowedThings() {
+    return std::make_tuple(nextHandle(), GetModuleHandleA("userenv.dll"),
+                           GetModuleHandleA("wtsapi32.dll"));
 }
 
 struct Outcome {
@@ -81,18 +106,27 @@ class LaunchTest : public test::HostTest {
     }
 
     /// Lets a copy of this program, named like a host, check for updates on a version of Windows.
+    /// The updater lies in a folder of its own.
     Outcome checkOn(const std::string& version, DWORD patienceMilliseconds) {
         const test::TempFolder folder;
+        const std::string programs = folder.file("Pro gram");
+        return checkOn(version, patienceMilliseconds, folder, programs, programs);
+    }
+
+    /// @param programs      folder of the updater
+    /// @param moduleFolder  what the host is told
+    Outcome checkOn(const std::string& version, DWORD patienceMilliseconds,
+                    const test::TempFolder& folder, const std::string& programs,
+                    const std::string& moduleFolder) {
         const std::string name = "ql" + version.substr(version.size() - 2) + "check.exe";
         const std::string host = folder.file(name);
-        const std::string programs = folder.file("Pro gram");
         std::filesystem::create_directories(programs);
         std::filesystem::copy_file(moduleFileName(nullptr), host);
         std::filesystem::copy_file(updater_, programs + "\\qlupdater.exe");
         const test::WindowsVersion chosen(name, version);
         const std::string log = std::string(folderPart(logPath())) + localIdOf(host) + "JSW.log";
         Outcome run;
-        test::ChildProcess child("check for updates", programs, host);
+        test::ChildProcess child("check for updates", moduleFolder, host);
         run.exitCode = child.wait(60000);
         run.record = finishedRecord(programs + "\\qlupdater.log", patienceMilliseconds);
         run.log = test::readFile(log);
@@ -112,6 +146,14 @@ TEST_F(LaunchTest, Version6StartsItElevatedThroughTheShell) {
         EXPECT_THAT(run.record, HasSubstr("elevation asked for: yes")) << version;
         EXPECT_THAT(run.record, HasSubstr("qlupdater.exe\" -UAC")) << version;
         EXPECT_THAT(run.record, HasSubstr("ended")) << version;
+    }
+}
+
+TEST_F(LaunchTest, WithoutAModuleFolderTheUpdaterLiesBesideTheHost) {
+    for (const char* moduleFolder : {"", kNoFolder}) {
+        const test::TempFolder folder;
+        const Outcome run = checkOn("win7", 20000, folder, folder.path(), moduleFolder);
+        EXPECT_THAT(run.record, HasSubstr("ended")) << moduleFolder;
     }
 }
 
@@ -157,11 +199,38 @@ TEST_F(LaunchTest, ConsoleUserLaunchReportsWhatFailed) {
     EXPECT_TRUE(token);
 
     UserEnvironment environment;
-    EXPECT_FALSE(controller.createEnvironment(environment, nullptr) &&
-                 environment.block() == nullptr);
+    const auto noToken = reinterpret_cast<HANDLE>(std::uintptr_t{0xDEAD0});
+    EXPECT_FALSE(controller.createEnvironment(environment, noToken));
+    EXPECT_EQ(environment.block(), nullptr);
+    EXPECT_TRUE(logContains("API CreateEnvironmentBlock failed, LastErr="));
     UserEnvironment ofUser;
     EXPECT_TRUE(controller.createEnvironment(ofUser, token.get()));
     EXPECT_NE(ofUser.block(), nullptr);
+}
+
+TEST_F(LaunchTest, LaunchesGiveBackAllTheyTake) {
+    constexpr std::size_t kLaunches = 5;  // of each kind
+    addMachineEnvironment();
+    const std::string updater = folder_.file("qlupdater.exe");
+    std::filesystem::copy_file(updater_, updater);
+    AppUpdatesController controller;
+    std::size_t updaters = 0;
+    const auto hasRun = [&] {
+        const auto record = finishedRecord(folder_.file("qlupdater.log"), 20000, ++updaters);
+        return countOf(record, "ended\n") == updaters;
+    };
+    const auto launchEachWay = [&] {
+        controller.checkForUpdatesXp(folder_.file("none.exe"));
+        controller.checkForUpdatesXp(updater);
+        EXPECT_TRUE(hasRun());
+        controller.checkForUpdatesVista(folder_.file("none.exe"));
+        controller.checkForUpdatesVista(updater);
+        EXPECT_TRUE(hasRun());
+    };
+    launchEachWay();  // what the shell makes once and keeps
+    const auto before = borrowedThings();
+    for (std::size_t i = 0; i < kLaunches; ++i) launchEachWay();
+    EXPECT_EQ(borrowedThings(), before);
 }
 
 }  // namespace jsw

@@ -1,3 +1,4 @@
+#include "PublicLib/logging/BasicLogger.h"
 #include "jsw/updates/AppUpdatesController.h"
 #include "tests/support/HostTest.h"
 
@@ -271,10 +272,19 @@ TEST_F(PostUpdateTest, InitialPathsAreWrittenOnceAndReportedOneSidedly) {
         settings_->deleteValue(setting.key, setting.name);
         if (value != nullptr) settings_->write(setting, value);
     };
+    startLog();
+    const auto says = [](const std::string& text) {
+        return hasLine("AppUpdatesController::setInitialPaths() " + text);
+    };
     for (const auto& row : rows) {
         set(setting::kDataPath, row.data);
         set(setting::kDllPath, row.dll);
+        BasicLogger::existing()->deleteLog();
         EXPECT_EQ(controller_.setInitialPaths(), row.result);
+        EXPECT_EQ(says("Setting initial data path=" + initial + "."), row.dataAfter == initial);
+        EXPECT_EQ(says("DataPath was already set."), row.dataAfter != initial);
+        EXPECT_EQ(says("Setting initial dll path=" + initial + "."), row.dllAfter == initial);
+        EXPECT_EQ(says("DllPath was already set."), row.dllAfter != initial);
         EXPECT_EQ(text(setting::kDataPath), row.dataAfter);
         EXPECT_EQ(text(setting::kDllPath), row.dllAfter);
         EXPECT_FALSE(controller_.setInitialPaths()) << "everything is there now";

@@ -48,6 +48,16 @@ Value readPrinterSetting(const setting::Text& text) {
     return std::nullopt;
 }
 
+/// The retailer's code in a file of the folder; empty when there is none.
+std::string codeInRetailerFile(const std::string& folder) {
+    constexpr DWORD kMaxCode = 260;  // characters with the end
+    if (folder.empty()) return {};   // the path would lead to the root of some drive
+    const std::string file = joinPath(folder, Localize::getInstance()->localId() + "rtlr.ini");
+    char code[kMaxCode] = "";
+    GetPrivateProfileStringA("Skin", "Partner1URL", "", code, kMaxCode, file.c_str());
+    return code;
+}
+
 constexpr Macro kMacros[] = {
     {"BaseUrl", Fallback::tagText,
      [](MacroResolver&) {
@@ -140,20 +150,15 @@ std::string_view MacroResolver::findValue(std::string_view tagText, std::string_
 
 std::string MacroResolver::getPartnerCode() {
     MethodTrace trace(component::kJsw, "MacroResolver::getPartnerCode()");
-    constexpr DWORD kMaxCode = 260;  // characters with the end
     const std::string folder = OsVersion::instance().versionedPrinterDriverFolder();
     trace.add("INI File path containing partner1URL=", folder);
-    const std::string file = joinPath(folder, Localize::getInstance()->localId() + "rtlr.ini");
-
     std::string result;
-    char code[kMaxCode] = "";
-    const DWORD length =
-        GetPrivateProfileStringA("Skin", "Partner1URL", "", code, kMaxCode, file.c_str());
-    if (length > 0) {
+    const std::string code = codeInRetailerFile(folder);
+    if (!code.empty()) {
         trace.add("Partner code read from ini file.");
         result = concat("&partner=", code);
     } else {
-        trace.add("No Partner code read from ini file. retCode=", length);
+        trace.add("No Partner code read from ini file. retCode=", 0);
         const Value retailer = readPrinterSetting(setting::kRetailerId);
         const bool isValid = retailer && !retailer->empty();
         trace.add(isValid ? "Partner code read from registry." : "No valid RetailerId in registry");
