@@ -3,6 +3,7 @@
 #include "PublicLib/ini/SettingsInstaller.h"
 #include "PublicLib/logging/BasicLogger.h"
 #include "PublicLib/os/Localize.h"
+#include "PublicLib/text/Text.h"
 #include "PublicLib/win/Paths.h"
 #include "PublicLib/win/SystemFolders.h"
 #include "jsw/FirstRun.h"
@@ -73,11 +74,15 @@ class IniTest : public test::HostTest {
 };
 
 TEST_F(IniTest, ReadsSectionsAndPairsInFileOrder) {
-    const std::string file = folder_.write("settings.loc",
-                                           "; comment\r\n[Zebra]\r\nb=string:2\r\na = dword:1\r\n"
-                                           "[Empty]\r\n[Ant\\Sub key]\r\nlast=string:no line end");
-    IniReader reader(file);
+    const std::string content =
+        "; comment\r\n[Zebra]\r\nb=string:2\r\na = dword:1\r\n"
+        "[Empty]\r\n[Ant\\Sub key]\r\nlast=string:no line end";
+    startLog();
+    IniReader reader(folder_.write("settings.loc", content));
     ASSERT_TRUE(reader.build());
+    EXPECT_TRUE(hasLine(concat("IniReader::build():Size of the file=", content.size())));
+    EXPECT_TRUE(hasLine(concat("IniReader::buildSectionsData(bufferSize=", content.size(),
+                               "):Could not retrieve key-value pairs for section=Empty")));
     EXPECT_THAT(reader.sections(), ElementsAre("Zebra", "Empty", "Ant\\Sub key"));
     IniPairs pairs;
     reader.getSectionData("Zebra", pairs);
@@ -144,12 +149,19 @@ TEST_F(IniTest, MalformedFilesAreHarmless) {
         {"huge line", hugeLine},
         {"huge section", "[" + std::string(1 << 20, 's') + "]\r\nkey=string:value"},
     };
+    startLog();
     for (const auto& [name, content] : files) {
+        BasicLogger::existing()->deleteLog();
         const std::string file = folder_.write("bad.loc", content);
         IniReader reader(file);
         const bool built = reader.build();
         EXPECT_EQ(SettingsInstaller(file).installSettings() && !built, false) << name;
         EXPECT_TRUE(content.size() >= 3 || !built) << name;
+        for (const std::string& method : {concat("SettingsInstaller(fileName=", file, "):"),
+                                          std::string("installSettings():")}) {
+            const std::string line = "Settings file could not be parsed properly.";
+            EXPECT_EQ(hasLine(concat("SettingsInstaller::", method, line)), !built) << name;
+        }
         for (const std::string& section : reader.sections()) {
             IniPairs pairs;
             reader.getSectionData(section, pairs);
