@@ -66,7 +66,7 @@ show_job_log() {
     echo "error: the log says nothing of it" >&2
     return 1
   fi
-  rm -f "$(log_file)"
+  keep_log
 }
 
 show_modules_in_use() {
@@ -117,8 +117,9 @@ story_updates() {
   show_job_log "$check_lines"
   show_updater_record
 
-  run_job "Job 5: the driver asks the user in the middle of the job" prompt --pages 3
+  run_job "Job 5: the driver asks the user in the middle of the job" SimulatedPrinter prompt --pages 3
   run_job "Job 6: the driver ends the job from inside its prompt, and prints once more" \
-    end-in-prompt --pages 2 --jobs 2
+    SimulatedPrinter end-in-prompt --pages 2 --jobs 2
+  keep_log
   show_screenshots
 }

@@ -39,6 +39,14 @@ forget_everything() {
   touch "$urls"
   rm -f "$(log_file)"
   run_wine reg delete 'HKLM\Software\QuillonInkjet' /f >/dev/null 2>&1 || true
+  # The version of Windows that an earlier run has chosen.
+  run_wine reg delete 'HKCU\Software\Wine\AppDefaults\qldemo.exe' /f >/dev/null 2>&1 || true
+}
+
+# Moves the log to the end of the results' own.
+keep_log() {
+  cat "$(log_file)" >>"$results/qldeJSW.log"
+  rm -f "$(log_file)"
 }
 
 log_file() {
@@ -102,7 +110,7 @@ show_web_addresses() {
 }
 
 show_log() {
-  cp "$(log_file)" "$results/qldeJSW.log"
+  keep_log
   heading "How the rules thread chose, from the log"
   tr -d '\r' <"$results/qldeJSW.log" |
     grep -E 'Controller::ProcessRules: (Rule result|ProjectId)|Should show the billboard' |
@@ -124,8 +132,8 @@ story_job() {
   run_job "Job 3: little ink again - the next billboard; Next leads back to the offer" \
     SimulatedPrinter second-job --job report.pdf --pages 3 --ink 90,9
   forget_history
-  run_job "Job 4: a printer behind a device client - the link carries the device's own values" \
-    "Quillon Sim 2000" device-job --job photo.jpg --pages 2 --ink 50,12 \
+  run_job "Job 4: behind a device client - the link's ink and part number are the device's own" \
+    "Quillon Sim 2000" device-job --job photo.jpg --pages 2 --ink 40,5 \
     --device "$(windows_path "$bin/data/device.txt")"
   show_web_addresses 2
   show_log
