@@ -27,11 +27,11 @@ std::uint32_t LoggerComponent::defaultMask() const {
 }
 
 namespace component {
-const LoggerComponent kAll("All", kAllLevels);
-const LoggerComponent kJsw("JSW", kAllLevels);
-const LoggerComponent kRulesEngine("RulesEng", kAllLevels);
-const LoggerComponent kCatalog("Catalog", kAllLevels);
-const LoggerComponent kUpdater("Updater", kAllLevels);
+LoggerComponent kAll("All", kAllLevels);
+LoggerComponent kJsw("JSW", kAllLevels);
+LoggerComponent kRulesEngine("RulesEng", kAllLevels);
+LoggerComponent kCatalog("Catalog", kAllLevels);
+LoggerComponent kUpdater("Updater", kAllLevels);
 }  // namespace component
 
 }  // namespace jsw

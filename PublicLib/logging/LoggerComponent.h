@@ -37,11 +37,11 @@ class LoggerComponent {
 
 /// All components. "All" is no subsystem: its mask is added to every other one's.
 namespace component {
-extern const LoggerComponent kAll;
-extern const LoggerComponent kJsw;
-extern const LoggerComponent kRulesEngine;
-extern const LoggerComponent kCatalog;
-extern const LoggerComponent kUpdater;
+extern LoggerComponent kAll;
+extern LoggerComponent kJsw;
+extern LoggerComponent kRulesEngine;
+extern LoggerComponent kCatalog;
+extern LoggerComponent kUpdater;
 }  // namespace component
 
 }  // namespace jsw
