@@ -13,10 +13,7 @@ cd "$(dirname "$0")/.."
 seconds=${1:-60}
 executions=${2:--1}
 
-command -v clang++ >/dev/null || {
-  echo "error: clang++ is not installed (packages clang and libclang-rt-dev)" >&2
-  exit 1
-}
+scripts/setup.sh --checks
 
 directive() { # FILE NAME
   sed -n "s|^// $2: *||p" "$1"
