@@ -48,8 +48,4 @@ std::string systemFolder() {
     return {buffer.data(), length};
 }
 
-bool pathExists(const std::string& path) {
-    return GetFileAttributesA(path.c_str()) != INVALID_FILE_ATTRIBUTES;
-}
-
 }  // namespace jsw

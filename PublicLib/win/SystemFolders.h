@@ -19,7 +19,4 @@ std::string specialFolder(int csidl);
 /// Windows' system folder; empty on failure.
 std::string systemFolder();
 
-/// True when the path names something that exists: a file or a folder.
-bool pathExists(const std::string& path);
-
 }  // namespace jsw

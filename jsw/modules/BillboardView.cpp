@@ -45,9 +45,7 @@ template <class Entry, class... Args>
 void BillboardView::forward(const Entry& entry, const Args&... args) const {
     using Function = typename Entry::FunctionType;
     MethodTrace trace(component::kJsw, entry.tag);
-    if (auto* function = findEntry<Function>(dll_.get(), entry.name, trace)) {
-        callEntry(component::kJsw, entry.name, function, args...);
-    }
+    lookUpAndCall<Function>(dll_.get(), component::kJsw, entry.name, trace, args...);
 }
 
 /// Forwards with a ">>> " line before and a "<<< " line after the call.
@@ -139,10 +137,8 @@ void BillboardView::jswUpdateInfo(std::uint32_t value1, std::uint32_t value2, st
                                   void* data) {
     MethodTrace silent;  // pages come often: nothing of this is ever logged
     if (!dll_) return;
-    constexpr char kName[] = "UpdateInfo";
-    if (auto* function = findEntry<JswViewUpdateInfo>(dll_.get(), kName, silent)) {
-        callEntry(component::kJsw, kName, function, value1, value2, value3, data);
-    }
+    lookUpAndCall<JswViewUpdateInfo>(dll_.get(), component::kJsw, "UpdateInfo", silent, value1,
+                                     value2, value3, data);
 }
 
 void BillboardView::displayBillboard(const std::string& billboard, bool enableBillboardNavigation,
@@ -176,19 +172,14 @@ void BillboardView::setDataPath(const std::string& dataPath) const {
         trace.add("ERROR - The GUI DLL is not loaded");
         return;
     }
-    constexpr char kName[] = "SetDataPath";
-    if (auto* function = findEntry<JswViewText>(dll_.get(), kName, trace)) {
-        callEntry(component::kJsw, kName, function, dataPath.c_str());
-    }
+    lookUpAndCall<JswViewText>(dll_.get(), component::kJsw, "SetDataPath", trace, dataPath.c_str());
 }
 
 void BillboardView::setShowPageInfo(bool showPageInfo) const {
     MethodTrace trace(component::kJsw, "BillboardView::setShowPageInfo: showPageInfo=(",
                       showPageInfo, ")");
-    constexpr char kName[] = "SetShowPageInfo";
-    if (auto* function = findEntry<JswViewShowPageInfo>(dll_.get(), kName, trace)) {
-        callEntry(component::kJsw, kName, function, JswBool{showPageInfo});
-    }
+    lookUpAndCall<JswViewShowPageInfo>(dll_.get(), component::kJsw, "SetShowPageInfo", trace,
+                                       JswBool{showPageInfo});
 }
 
 bool BillboardView::readFlag(const setting::Number& number) const {

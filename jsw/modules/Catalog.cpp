@@ -73,22 +73,15 @@ void Catalog::uninitialize() {
         trace.add("ERROR - Catalog is not loaded.");
         return;
     }
-    constexpr char kName[] = "UnInitialize";
-    if (auto* entry = findEntry<JswCatalogUnInitialize>(dll_.get(), kName, trace)) {
-        callEntry(component::kCatalog, kName, entry);
-    }
+    lookUpAndCall<JswCatalogUnInitialize>(dll_.get(), component::kCatalog, "UnInitialize", trace);
 }
 
 /// Puts one question to the module; the empty answer when that is not possible.
 template <class Function>
 auto Catalog::ask(const char* name, const std::string& id, MethodTrace& trace)
     -> decltype(std::declval<Function>()(nullptr)) {
-    if (initialize()) {
-        if (auto* entry = findEntry<Function>(dll_.get(), name, trace)) {
-            return callEntry(component::kCatalog, name, entry, id.c_str());
-        }
-    }
-    return {};
+    if (!initialize()) return {};
+    return lookUpAndCall<Function>(dll_.get(), component::kCatalog, name, trace, id.c_str());
 }
 
 std::string Catalog::askText(const char* tag, const char* name, const std::string& bbId) {

@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <memory>
 #include <string>
+#include <utility>
 
 /// What all bindings of modules have in common: where a module lies, how it is loaded, how an entry
 /// point is called and who frees what it returns.
@@ -46,6 +47,17 @@ auto callEntry(const LoggerComponent& component, const char* name, Function* ent
         reportModuleException(component, name);
     }
     return decltype(entry(args...))();
+}
+
+/// Looks an entry point up and calls it; the empty answer when it is missing.
+template <class Function, class... Args>
+auto lookUpAndCall(const ModuleDll* dll, const LoggerComponent& component, const char* name,
+                   MethodTrace& trace, const Args&... args)
+    -> decltype(std::declval<Function>()(args...)) {
+    if (auto* entry = findEntry<Function>(dll, name, trace)) {
+        return callEntry(component, name, entry, args...);
+    }
+    return decltype(std::declval<Function>()(args...))();
 }
 
 /// The allocation function handed to modules: size bytes that this library frees, or null.

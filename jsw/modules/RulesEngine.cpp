@@ -16,13 +16,11 @@ RulesEngine::~RulesEngine() {
 template <class Function, class... Args>
 auto RulesEngine::forward(const char* name, MethodTrace& trace, const Args&... args)
     -> decltype(std::declval<Function>()(args...)) {
-    using Answer = decltype(std::declval<Function>()(args...));
     if (!dll_) {
         trace.add("The rules engine DLL is not loaded.");
-        return Answer();
+        return decltype(std::declval<Function>()(args...))();
     }
-    auto* entry = findEntry<Function>(dll_.get(), name, trace);
-    return entry == nullptr ? Answer() : callEntry(component::kRulesEngine, name, entry, args...);
+    return lookUpAndCall<Function>(dll_.get(), component::kRulesEngine, name, trace, args...);
 }
 
 bool RulesEngine::initialize(const InkInfo& inkInfo, const std::string& friendlyName,
