@@ -7,6 +7,8 @@
 #include "PublicLib/win/Paths.h"
 #include "PublicLib/win/SystemFolders.h"
 
+#include <utility>
+
 namespace jsw {
 
 namespace {
@@ -35,6 +37,10 @@ void Localize::createInstance(HMODULE module) {
     singleton->instance([module] { return std::make_shared<const Localize>(module); });
 }
 
+void Localize::createInstanceFor(const std::string& executablePath) {
+    singleton->instance([&] { return std::make_shared<const Localize>(executablePath); });
+}
+
 std::shared_ptr<const Localize> Localize::getInstance() {
     auto current = singleton->existing();
     if (!current) {
@@ -48,7 +54,10 @@ void Localize::destroy() {
     singleton->destroy([] {});
 }
 
-Localize::Localize(HMODULE module) : modulePath_(moduleFileName(module)) {
+Localize::Localize(HMODULE module) : Localize(moduleFileName(module)) {
+}
+
+Localize::Localize(std::string executablePath) : modulePath_(std::move(executablePath)) {
     if (modulePath_.empty()) {
         throw Win32Exception("Localize::Localize(): GetModuleFileName failed", GetLastError(),
                              "Localize", 63);

@@ -21,11 +21,15 @@ class Localize {
     /// Creates the process's instance unless it exists. A null module means the executable of the
     /// process. Throws Exception when the file name or the id cannot be had.
     static void createInstance(HMODULE module);
+    /// The names of another program than the one that runs, for tools that look after its
+    /// settings. Nothing of it but its path is looked at.
+    static void createInstanceFor(const std::string& executablePath);
     /// Throws Exception before createInstance(). The answer stays valid while it is held.
     static std::shared_ptr<const Localize> getInstance();
     static void destroy();
 
     explicit Localize(HMODULE module);
+    explicit Localize(std::string executablePath);
 
     const std::string& localId() const { return localId_; }
     const std::string& modulePath() const { return modulePath_; }

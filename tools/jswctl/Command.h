@@ -1,0 +1,34 @@
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <functional>
+#include <stdexcept>
+#include <string>
+
+namespace jsw::ctl {
+
+/// What the program answers to the shell.
+enum ExitCode {
+    kWell = 0,
+    kFindings = 1,  ///< something was found, or failed, that stops a job or the command
+    kBadUse = 2,    ///< unknown command or option, a file that is not there or is no such file
+};
+
+/// What the command line asked for; answers an ExitCode.
+using Action = std::function<int()>;
+
+/// The user's mistake, told in one line on the error stream. Ends the program with kBadUse.
+class BadUse : public std::runtime_error {
+  public:
+    using std::runtime_error::runtime_error;
+};
+
+/// Each command adds itself, with its options and its part of --help, to the command line and sets
+/// the action when it is the one that was given. Any exception but BadUse that leaves an action is
+/// told in one line on the error stream and ends the program with kFindings.
+using AddCommand = void(CLI::App& program, Action& action);
+
+AddCommand addInstallCommand;
+AddCommand addRemoveCommand;
+
+}  // namespace jsw::ctl

@@ -1,0 +1,54 @@
+#include "PublicLib/os/Localize.h"
+#include "PublicLib/text/Text.h"
+#include "PublicLib/win/Paths.h"
+#include "jsw/FirstRun.h"
+#include "jsw/settings/Settings.h"
+#include "tools/jswctl/Command.h"
+#include "tools/jswctl/Host.h"
+
+#include <windows.h>
+
+#include <cstdio>
+#include <memory>
+
+namespace jsw::ctl {
+
+namespace {
+
+/// Looked for first: the library creates an empty store without a file, and an empty store keeps
+/// the file from being installed later.
+void requireSettingsFile(const std::string& file) {
+    if (GetFileAttributesA(file.c_str()) == INVALID_FILE_ATTRIBUTES) {
+        throw std::runtime_error("there is no settings file " + file + "; nothing was changed");
+    }
+}
+
+int install(const std::string& host) {
+    nameExistingHost(host);
+    const auto names = Localize::getInstance();
+    if (Settings().isValid()) {
+        std::printf("%s has its settings already; 'jswctl remove' takes them away.\n",
+                    storeName().c_str());
+        return kWell;
+    }
+    const std::string file = concat(folderPart(names->modulePath()), names->settingsFileName());
+    requireSettingsFile(file);
+    if (!installStoreIfMissing()) {
+        throw std::runtime_error("not all settings of " + file + " could be installed in " +
+                                 storeName() + "; 'jswctl check' says which");
+    }
+    std::printf("Installed %s in %s.\n", file.c_str(), storeName().c_str());
+    return kWell;
+}
+
+}  // namespace
+
+void addInstallCommand(CLI::App& program, Action& action) {
+    auto* command = program.add_subcommand(
+        "install", "Installs the settings file beside a host, as the host's first job would.");
+    const auto host = std::make_shared<std::string>();
+    addHostArgument(*command, *host);
+    command->callback([&action, host] { action = [host] { return install(*host); }; });
+}
+
+}  // namespace jsw::ctl

@@ -1,0 +1,63 @@
+/// @file Main.cpp
+/// jswctl: says what is wrong with an installation of the job status library, and installs and
+/// removes its settings. Every command is a file of its own that adds itself here.
+#include "PublicLib/errors/Exception.h"
+#include "tools/jswctl/Command.h"
+
+#include <cstdio>
+#include <exception>
+
+namespace jsw::ctl {
+
+namespace {
+
+constexpr AddCommand* kCommands[] = {
+    addInstallCommand,
+    addRemoveCommand,
+};
+
+constexpr char kTryHelp[] = "; try jswctl --help";
+
+int complain(const std::string& message, ExitCode code) {
+    std::fprintf(stderr, "jswctl: %s\n", message.c_str());
+    return code;
+}
+
+/// Answers the exit code of a command line that leaves nothing to do: help, version or a mistake.
+int endAfterParsing(const CLI::App& program, const CLI::ParseError& end) {
+    if (end.get_exit_code() == 0) return program.exit(end);
+    return complain(std::string(end.what()) + kTryHelp, kBadUse);
+}
+
+int runProgram(int argc, char** argv) {
+    CLI::App program("Checks and prepares an installation of the job status library.", "jswctl");
+    program.set_version_flag("--version", "jswctl " JSWCTL_VERSION);
+    program.require_subcommand(0, 1);  // what is missing is said below, in words of our own
+    program.footer("Exit code: 0 well, 1 something stops a job or could not be done, 2 bad use.");
+    Action action;
+    for (AddCommand* addTo : kCommands) addTo(program, action);
+    try {
+        program.parse(argc, argv);
+    } catch (const CLI::ParseError& end) {
+        return endAfterParsing(program, end);
+    }
+    if (!action) return complain(std::string("no command is given") + kTryHelp, kBadUse);
+    return action();
+}
+
+}  // namespace
+
+}  // namespace jsw::ctl
+
+int main(int argc, char** argv) {
+    using namespace jsw::ctl;
+    try {
+        return runProgram(argc, argv);
+    } catch (const BadUse& mistake) {
+        return complain(mistake.what(), kBadUse);
+    } catch (const jsw::Exception& failure) {
+        return complain(failure.text(), kFindings);
+    } catch (const std::exception& failure) {
+        return complain(failure.what(), kFindings);
+    }
+}
