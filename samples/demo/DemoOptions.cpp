@@ -1,9 +1,12 @@
 #include "samples/demo/DemoOptions.h"
 
+#include "samples/common/CommandLine.h"
+
 #include <algorithm>
 #include <charconv>
-#include <iterator>
 #include <limits>
+#include <tuple>
+#include <utility>
 
 namespace jsw::demo {
 
@@ -13,14 +16,6 @@ constexpr uint32_t kMostPages = 9999;
 constexpr uint32_t kMostCopies = 999;
 constexpr uint32_t kMostJobs = 10000;
 constexpr double kLongestSeconds = 24.0 * 60 * 60;
-
-/** One option: takes its values and answers whether they are good. */
-struct Option {
-    const char* name;
-    const char* values;  ///< their names, separated by blanks; empty for a switch
-    const char* help;
-    bool (*take)(DemoOptions& options, const std::string* values);
-};
 
 bool takeWhole(uint32_t& target, const std::string& text, uint32_t lowest, uint32_t highest) {
     const auto number = parseWhole(text, lowest, highest);
@@ -33,123 +28,120 @@ bool takeText(std::string& target, const std::string& text) {
     return !text.empty();
 }
 
-const Option kOptions[] = {
-    {"--printer", "NAME", "the printer's friendly name (SimulatedPrinter)",
-     [](DemoOptions& options, const std::string* value) {
-         return takeText(options.printer, *value);
-     }},
-    {"--job", "NAME", "the document's name (report.pdf)",
-     [](DemoOptions& options, const std::string* value) { return takeText(options.job, *value); }},
-    {"--pages", "N", "pages of the document, 1 to 9999 (3)",
-     [](DemoOptions& options, const std::string* value) {
-         return takeWhole(options.pages, *value, 1, kMostPages);
-     }},
-    {"--copies", "N", "copies of the document, 1 to 999 (1)",
-     [](DemoOptions& options, const std::string* value) {
-         return takeWhole(options.copies, *value, 1, kMostCopies);
-     }},
-    {"--seconds-per-page", "S", "how long a page takes, decimals allowed (1)",
-     [](DemoOptions& options, const std::string* value) {
-         const auto seconds = parseSeconds(*value);
-         options.secondsPerPage = seconds.value_or(options.secondsPerPage);
-         return seconds.has_value();
-     }},
-    {"--ink", "LIST", "ink in per cent, 1 to 10 values, ? when not known (90,10)",
-     [](DemoOptions& options, const std::string* value) {
-         const auto levels = parseInkLevels(*value);
-         options.ink = levels.value_or(options.ink);
-         return levels.has_value();
-     }},
-    {"--jobs", "N", "jobs one after another in this process, 1 to 10000 (1)",
-     [](DemoOptions& options, const std::string* value) {
-         return takeWhole(options.jobs, *value, 1, kMostJobs);
-     }},
-    {"--log", "", "switch the library's log on, for good",
-     [](DemoOptions& options, const std::string*) { return options.log = true; }},
-    {"--prompt", "TYPE", "ask the user something, of this type, in the middle of each job",
-     [](DemoOptions& options, const std::string* value) {
-         options.prompt = parseWhole(*value, 0, std::numeric_limits<int32_t>::max());
-         return options.prompt.has_value();
-     }},
-    {"--device", "FILE", "reach the printers that FILE describes through comc.dll",
-     [](DemoOptions& options, const std::string* value) {
-         return takeText(options.deviceFile, *value);
-     }},
-    {"--script", "FILE", "timed driver calls and user clicks; see scripts\\*.jobscript",
-     [](DemoOptions& options, const std::string* value) {
-         return takeText(options.scriptFile, *value);
-     }},
-    {"--screenshots", "FOLDER", "where somebody puts the screenshots that a script asks for",
-     [](DemoOptions& options, const std::string* value) {
-         return takeText(options.screenshotFolder, *value);
-     }},
-    {"--install", "", "let the library install its settings, then end",
-     [](DemoOptions& options, const std::string*) {
-         options.mode = Mode::kInstall;
-         return true;
-     }},
-    {"--record-url", "FILE URL", "add URL to FILE, then end: a stand-in for a browser",
-     [](DemoOptions& options, const std::string* values) {
-         options.mode = Mode::kRecordUrl;
-         options.url = values[1];
-         return takeText(options.urlFile, values[0]);
-     }},
-    {"--help", "", "show this text",
-     [](DemoOptions& options, const std::string*) {
-         options.mode = Mode::kHelp;
-         return true;
-     }},
-};
+/** Describes the options of the command line, each with what it does to the options. */
+class CommandLine {
+  public:
+    explicit CommandLine(DemoOptions& options) : options_(options) {
+        sample::prepareCommandLine(program_);
+        program_.get_formatter()->column_width(kHelpColumn);
+        program_.footer(
+            "Defaults stand in parentheses. Exit code: 0 done, 1 something failed, 2 bad "
+            "options.\n");
+        addJobOptions();
+        addScriptOptions();
+        addModes();
+    }
 
-size_t valueCount(const Option& option) {
-    const std::string_view values = option.values;
-    return values.empty() ? 0
-                          : static_cast<size_t>(std::count(values.begin(), values.end(), ' ')) + 1;
-}
+    CLI::App& program() { return program_; }
+
+  private:
+    /** An option with one value; take answers whether the value is good. */
+    template <class Take>
+    void add(const std::string& name, const char* value, const std::string& help, Take take) {
+        const auto check = [=](const std::string& text) {
+            if (!take(text)) {
+                throw CLI::ValidationError("'" + text + "' will not do for " + name + ": " + help);
+            }
+        };
+        program_.add_option_function<std::string>(name, check, help)->type_name(value);
+    }
+
+    void add(const std::string& name, const char* value, const char* help, std::string& target) {
+        add(name, value, help, [&](const std::string& text) { return takeText(target, text); });
+    }
+
+    void add(const std::string& name, const char* help, uint32_t& target, uint32_t highest) {
+        add(name, "N", help, [&target, highest](const std::string& text) {
+            return takeWhole(target, text, 1, highest);
+        });
+    }
+
+    void addJobOptions() {
+        add("--printer", "NAME", "the printer's friendly name (SimulatedPrinter)",
+            options_.printer);
+        add("--job", "NAME", "the document's name (report.pdf)", options_.job);
+        add("--pages", "pages of the document, 1 to 9999 (3)", options_.pages, kMostPages);
+        add("--copies", "copies of the document, 1 to 999 (1)", options_.copies, kMostCopies);
+        add("--seconds-per-page", "S", "how long a page takes, decimals allowed (1)",
+            [this](const std::string& text) {
+                const auto seconds = parseSeconds(text);
+                options_.secondsPerPage = seconds.value_or(options_.secondsPerPage);
+                return seconds.has_value();
+            });
+        add("--ink", "LIST", "ink in per cent, 1 to 10 values, ? when not known (90,10)",
+            [this](const std::string& text) {
+                const auto levels = parseInkLevels(text);
+                options_.ink = levels.value_or(options_.ink);
+                return levels.has_value();
+            });
+        add("--jobs", "jobs one after another in this process, 1 to 10000 (1)", options_.jobs,
+            kMostJobs);
+    }
+
+    void addScriptOptions() {
+        program_.add_flag("--log", options_.log, "switch the library's log on, for good");
+        add("--prompt", "TYPE", "ask the user something, of this type, in the middle of each job",
+            [this](const std::string& text) {
+                options_.prompt = parseWhole(text, 0, std::numeric_limits<int32_t>::max());
+                return options_.prompt.has_value();
+            });
+        add("--device", "FILE", "reach the printers that FILE describes through comc.dll",
+            options_.deviceFile);
+        add("--script", "FILE", "timed driver calls and user clicks; see scripts\\*.jobscript",
+            options_.scriptFile);
+        add("--screenshots", "FOLDER", "where somebody puts the screenshots that a script asks for",
+            options_.screenshotFolder);
+    }
+
+    void addModes() {
+        program_.add_flag_callback(
+            "--install", [this] { options_.mode = Mode::kInstall; },
+            "let the library install its settings, then end");
+        program_
+            .add_option_function<std::pair<std::string, std::string>>(
+                "--record-url",
+                [this](const std::pair<std::string, std::string>& values) {
+                    options_.mode = Mode::kRecordUrl;
+                    std::tie(options_.urlFile, options_.url) = values;
+                },
+                "add URL to FILE, then end: a stand-in for a browser")
+            ->type_name("FILE URL");
+    }
+
+    static constexpr size_t kHelpColumn = 28;
+
+    DemoOptions& options_;
+    CLI::App program_{
+        "qldemo plays a printer driver: it loads jsw.dll and prints a job, page by page.",
+        "qldemo"};
+};
 
 }  // namespace
 
 ParsedOptions parseOptions(const std::vector<std::string>& arguments) {
     ParsedOptions parsed;
-    for (size_t index = 0; index < arguments.size();) {
-        const std::string& name = arguments[index++];
-        const auto* option = std::find_if(std::begin(kOptions), std::end(kOptions),
-                                          [&](const Option& known) { return name == known.name; });
-        if (option == std::end(kOptions)) {
-            parsed.error = "unknown option " + name;
-            return parsed;
-        }
-        const size_t count = valueCount(*option);
-        if (arguments.size() - index < count) {
-            parsed.error = name + " needs " + option->values;
-            return parsed;
-        }
-        if (!option->take(parsed.options, arguments.data() + index)) {
-            parsed.error = "'" + arguments[index] + "' will not do for " + name + ": " +
-                           std::string(option->help);
-            return parsed;
-        }
-        index += count;
-        if (parsed.options.mode == Mode::kHelp) {
-            return parsed;  // whoever asks for help gets it, whatever else is wrong
-        }
+    CommandLine commandLine(parsed.options);
+    bool help = false;
+    parsed.error = sample::parseCommandLine(commandLine.program(), arguments, help);
+    if (help) {
+        parsed.options.mode = Mode::kHelp;
     }
     return parsed;
 }
 
 std::string helpText() {
-    constexpr size_t kHelpColumn = 28;
-    std::string text =
-        "qldemo plays a printer driver: it loads jsw.dll and prints a job, page by page.\n\n"
-        "Usage: qldemo [option...]\n\n";
-    for (const Option& option : kOptions) {
-        std::string line = std::string("  ") + option.name + " " + option.values;
-        line.resize(std::max(line.size() + 1, kHelpColumn), ' ');
-        text += line + option.help + "\n";
-    }
-    return text +
-           "\nDefaults stand in parentheses. Exit code: 0 done, 1 something failed, 2 bad "
-           "options.\n";
+    DemoOptions defaults;
+    return CommandLine(defaults).program().help();
 }
 
 std::optional<InkLevels> parseInkLevels(std::string_view text) {

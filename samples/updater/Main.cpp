@@ -54,7 +54,7 @@ int runProgram(const std::vector<std::string>& arguments) {
     }
     const UpdaterOptions& options = parsed.options;
     if (options.help) {
-        std::fputs(helpText(), stdout);
+        std::fputs(helpText().c_str(), stdout);
         return kDone;
     }
     const std::string folder = programFolder();

@@ -20,9 +20,9 @@ struct ParsedOptions {
 };
 
 /** @param arguments the command line without the program's name */
-[[nodiscard]] ParsedOptions parseOptions(const std::vector<std::string>& arguments);
+[[nodiscard]] ParsedOptions parseOptions(std::vector<std::string> arguments);
 
 /** The text of --help. */
-[[nodiscard]] const char* helpText();
+[[nodiscard]] std::string helpText();
 
 }  // namespace jsw::updater

@@ -32,6 +32,7 @@ int endAfterParsing(const CLI::App& program, const CLI::ParseError& end) {
 int runProgram(int argc, char** argv) {
     CLI::App program("Checks and prepares an installation of the job status library.", "jswctl");
     program.set_version_flag("--version", "jswctl " JSWCTL_VERSION);
+    program.allow_windows_style_options(false);  // "/x" is a file name
     program.require_subcommand(0, 1);  // what is missing is said below, in words of our own
     program.footer("Exit code: 0 well, 1 something stops a job or could not be done, 2 bad use.");
     Action action;
