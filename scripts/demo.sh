@@ -146,7 +146,7 @@ if (($# > 1)) || ! declare -F "story_$story" >/dev/null; then
   exit 2
 fi
 scripts/setup.sh
-scripts/build.sh release
+scripts/build.sh --progress release demonstration
 start_wine demo
 forget_everything
 record_web_addresses
