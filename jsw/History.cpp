@@ -74,14 +74,13 @@ void History::read() {
     const std::lock_guard lock(lock_);
     readMaxSize();
     ids_.clear();
-    std::vector<std::string> names;
-    settings_.getValueNames(setting::kHistoryIdsKey, names);
-    trace.add(names.empty() ? "No entries in history" : "Adding billboards");
-    for (const std::string& name : names) {
-        std::string bbId;
-        if (settings_.getStringValue(setting::kHistoryIdsKey, name, bbId)) {
-            trace.add("bbId=", bbId);
-            add(bbId);
+    std::vector<NamedText> entries;
+    settings_.getStringValues(setting::kHistoryIdsKey, entries);
+    trace.add(entries.empty() ? "No entries in history" : "Adding billboards");
+    for (const auto& [name, bbId] : entries) {
+        if (bbId) {
+            trace.add("bbId=", *bbId);
+            add(*bbId);
         } else {
             trace.add("Unable to read bbId for key=", name);
         }

@@ -46,10 +46,7 @@ std::string BasicSettings::getKeyPath(bool shared) const {
 }
 
 bool BasicSettings::keyExists(const std::string& path) {
-    return guarded([&] {
-        const RegistryKey key(path, kOpenOnly);
-        return true;
-    });
+    return RegistryKey::openExisting(path).has_value();
 }
 
 bool BasicSettings::rootExists() const {
@@ -69,11 +66,16 @@ bool BasicSettings::get(const std::string& subKey, const std::string& name, Valu
 template <class Value>
 bool BasicSettings::getOrDefault(const std::string& subKey, const std::string& name,
                                  const Value& defaultValue, Value& value, bool shared) const {
-    if (!rootExists()) return false;
     return guarded([&] {
-        RegistryKey key(getKeyPath(shared) + subKey, kCreate);
-        if (key.getValue(name, value)) return true;
-        key.setValue(name, defaultValue);
+        const std::string path = getKeyPath(shared) + subKey;
+        // A key that is there has a root above it: only a missing one asks for it.
+        auto key = RegistryKey::openExisting(path);
+        if (!key) {
+            if (!rootExists()) return false;
+            key.emplace(path, kCreate);
+        }
+        if (key->getValue(name, value)) return true;
+        key->setValue(name, defaultValue);
         value = defaultValue;
         return true;
     });
@@ -152,6 +154,22 @@ bool BasicSettings::getValueNames(const std::string& subKey, std::vector<std::st
                                   bool shared) const {
     return guarded([&] {
         RegistryKey(getKeyPath(shared) + subKey, kOpenOnly).getValueNames(names, kMaxNames);
+        return true;
+    });
+}
+
+bool BasicSettings::getStringValues(const std::string& subKey, std::vector<NamedText>& texts,
+                                    bool shared) const {
+    return guarded([&] {
+        const RegistryKey key(getKeyPath(shared) + subKey, kOpenOnly);
+        std::vector<std::string> names;
+        key.getValueNames(names, kMaxNames);
+        for (std::string& name : names) {
+            std::string text;
+            const bool isText = guarded([&] { return key.getValue(name, text); });
+            texts.push_back(
+                {std::move(name), isText ? std::optional(std::move(text)) : std::nullopt});
+        }
         return true;
     });
 }

@@ -3,10 +3,17 @@
 #include "jsw/settings/SettingNames.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace jsw {
+
+/// A value of a key that was listed.
+struct NamedText {
+    std::string name;
+    std::optional<std::string> text;  ///< nothing: the value is no text or cannot be read
+};
 
 /// Values below one root key of HKEY_LOCAL_MACHINE, in a store shared by all host programs or in
 /// the one of this host.
@@ -52,6 +59,10 @@ class BasicSettings {
     /// Appends the names of the key's values, kMaxNames at most; false when there is no such key.
     bool getValueNames(const std::string& subKey, std::vector<std::string>& names,
                        bool shared = false) const;
+    /// Appends the key's values, kMaxNames at most, with their texts; false when there is no such
+    /// key.
+    bool getStringValues(const std::string& subKey, std::vector<NamedText>& texts,
+                         bool shared = false) const;
 
     /// Where the keys of a store lie, below HKEY_LOCAL_MACHINE; ends with "\".
     std::string getKeyPath(bool shared) const;

@@ -1,11 +1,14 @@
 #include "jsw/settings/RegistryKey.h"
 
 #include "PublicLib/errors/Exception.h"
+#include "PublicLib/locks/Security.h"
 #include "PublicLib/os/OsVersion.h"
 #include "PublicLib/text/Text.h"
 
 #include <algorithm>
 #include <array>
+#include <cstring>
+#include <span>
 
 namespace jsw {
 
@@ -16,36 +19,66 @@ namespace {
                          line);
 }
 
-struct ValueInfo {
-    bool exists;
-    LSTATUS status;
-    DWORD type;
-    DWORD size;
+constexpr REGSAM kAllRights = KEY_ALL_ACCESS;
 
-    bool is(DWORD wanted) const { return status == ERROR_SUCCESS && type == wanted; }
-    bool hasOtherTypeThan(DWORD wanted) const { return status == ERROR_SUCCESS && type != wanted; }
+/// A value as it lies in the registry. One query is enough for a value of ordinary length; a longer
+/// one is read by a second, and only when it is wanted.
+class StoredValue {
+  public:
+    StoredValue(HKEY key, const std::string& name) : key_(key), name_(name) {
+        status_ = query(short_);
+        isLong_ = status_ == ERROR_MORE_DATA;
+        if (isLong_) status_ = ERROR_SUCCESS;
+    }
+
+    bool exists() const { return status_ != ERROR_FILE_NOT_FOUND; }
+    bool is(DWORD wanted) const { return status_ == ERROR_SUCCESS && type_ == wanted; }
+    bool hasOtherTypeThan(DWORD wanted) const {
+        return status_ == ERROR_SUCCESS && type_ != wanted;
+    }
+    DWORD type() const { return type_; }
     /// The error to report: a mismatch has none of its own.
-    LSTATUS error() const { return status == ERROR_SUCCESS ? ERROR_INVALID_DATATYPE : status; }
-};
+    LSTATUS error() const { return status_ == ERROR_SUCCESS ? ERROR_INVALID_DATATYPE : status_; }
 
-ValueInfo query(HKEY key, const std::string& name) {
-    ValueInfo info{};
-    info.status = RegQueryValueExA(key, name.c_str(), nullptr, &info.type, nullptr, &info.size);
-    info.exists = info.status != ERROR_FILE_NOT_FOUND;
-    return info;
-}
+    /// The bytes of a value that exists; valid as long as this object.
+    LSTATUS read(std::span<const BYTE>& bytes) {
+        std::span<BYTE> buffer = short_;
+        LSTATUS status = ERROR_SUCCESS;
+        if (isLong_) {
+            long_.resize(size_);
+            buffer = long_;
+            status = query(buffer);
+        }
+        bytes = buffer.first(std::min<std::size_t>(size_, buffer.size()));
+        return status;
+    }
+
+  private:
+    LSTATUS query(std::span<BYTE> buffer) {
+        size_ = static_cast<DWORD>(buffer.size());
+        return RegQueryValueExA(key_, name_.c_str(), nullptr, &type_, buffer.data(), &size_);
+    }
+
+    HKEY key_;
+    const std::string& name_;
+    std::array<BYTE, 512> short_{};
+    std::vector<BYTE> long_;
+    DWORD type_ = REG_NONE;
+    DWORD size_ = 0;
+    LSTATUS status_ = ERROR_SUCCESS;
+    bool isLong_ = false;
+};
 
 std::string mismatchSuffix(bool mismatch) {
     return mismatch ? " : incorrect value type" : "";
 }
 
-KeyHandle createKey(HKEY hive, const std::string& path, REGSAM access, Security& security,
-                    std::uint32_t line) {
+KeyHandle createKey(HKEY hive, const std::string& path, Security& security, std::uint32_t line) {
     std::string noClass;
     KeyHandle key;
     DWORD disposition = 0;
     const LSTATUS status =
-        RegCreateKeyExA(hive, path.c_str(), 0, noClass.data(), REG_OPTION_NON_VOLATILE, access,
+        RegCreateKeyExA(hive, path.c_str(), 0, noClass.data(), REG_OPTION_NON_VOLATILE, kAllRights,
                         security.attributes(), key.put(), &disposition);
     if (status != ERROR_SUCCESS) raise("RegistryKey::regCreateKeyEx()", status, line);
     return key;
@@ -54,25 +87,33 @@ KeyHandle createKey(HKEY hive, const std::string& path, REGSAM access, Security&
 }  // namespace
 
 RegistryKey::RegistryKey(const std::string& path, bool createIfMissing, HKEY hive) {
-    LSTATUS status = ERROR_SUCCESS;
-    if (open(hive, path, status)) return;
+    const LSTATUS status = open(hive, path);
+    if (status == ERROR_SUCCESS) return;
     if (!createIfMissing) raise("RegistryKey::regOpenKeyEx()", status, 61);
     create(hive, path);
 }
 
-bool RegistryKey::open(HKEY hive, const std::string& path, LSTATUS& status) {
-    status = RegOpenKeyExA(hive, path.c_str(), 0, access_, key_.put());
-    return status == ERROR_SUCCESS;
+std::optional<RegistryKey> RegistryKey::openExisting(const std::string& path, HKEY hive) {
+    RegistryKey key;
+    const LSTATUS status = key.open(hive, path);
+    if (status == ERROR_SUCCESS) return key;
+    SetLastError(static_cast<DWORD>(status));
+    return std::nullopt;
+}
+
+LSTATUS RegistryKey::open(HKEY hive, const std::string& path) {
+    return RegOpenKeyExA(hive, path.c_str(), 0, kAllRights, key_.put());
 }
 
 void RegistryKey::create(HKEY hive, const std::string& path) {
+    Security security;
     if (OsVersion::instance().isNtFamily()) {
-        key_ = createKey(hive, path, access_, security_, 73);
+        key_ = createKey(hive, path, security, 73);
         return;
     }
-    createByComponents(hive, path, security_);
-    LSTATUS status = ERROR_SUCCESS;
-    if (!open(hive, path, status)) raise("RegistryKey::regOpenKeyEx()", status, 79);
+    createByComponents(hive, path, security);
+    const LSTATUS status = open(hive, path);
+    if (status != ERROR_SUCCESS) raise("RegistryKey::regOpenKeyEx()", status, 79);
 }
 
 void RegistryKey::createByComponents(HKEY hive, const std::string& path, Security& security) {
@@ -81,66 +122,56 @@ void RegistryKey::createByComponents(HKEY hive, const std::string& path, Securit
         const std::size_t start = path.find_first_not_of('\\', end);
         if (start == std::string::npos) break;
         end = std::min(path.find('\\', start), path.size());
-        createKey(hive, path.substr(0, end), KEY_ALL_ACCESS, security, 88);
+        createKey(hive, path.substr(0, end), security, 88);
     }
 }
 
 bool RegistryKey::getValue(const std::string& name, std::uint32_t& value) const {
-    const ValueInfo info = query(key_.get(), name);
-    if (!info.exists) return false;
-    DWORD data = 0;
-    DWORD size = sizeof(data);
-    LSTATUS status = info.error();
-    if (info.is(REG_DWORD)) {
-        status = RegQueryValueExA(key_.get(), name.c_str(), nullptr, nullptr,
-                                  reinterpret_cast<BYTE*>(&data), &size);
-        if (status == ERROR_SUCCESS && size != sizeof(data)) status = ERROR_INVALID_DATA;
+    StoredValue stored(key_.get(), name);
+    if (!stored.exists()) return false;
+    std::span<const BYTE> bytes;
+    LSTATUS status = stored.error();
+    if (stored.is(REG_DWORD)) {
+        status = stored.read(bytes);
+        if (status == ERROR_SUCCESS && bytes.size() != sizeof(value)) status = ERROR_INVALID_DATA;
     }
     if (status != ERROR_SUCCESS) {
         raise(concat("RegistryKey::getValue(ulong)", name,
-                     mismatchSuffix(info.hasOtherTypeThan(REG_DWORD))),
+                     mismatchSuffix(stored.hasOtherTypeThan(REG_DWORD))),
               status, 103);
     }
-    value = data;
+    std::memcpy(&value, bytes.data(), sizeof(value));
     return true;
 }
 
 bool RegistryKey::getValue(const std::string& name, std::string& value) const {
-    const ValueInfo info = query(key_.get(), name);
-    if (!info.exists) return false;
-    if (!info.is(REG_SZ) && !info.is(REG_EXPAND_SZ)) {
-        raise(concat("RegistryKey::getValue(string) ", name, mismatchSuffix(info.type != REG_SZ)),
-              info.error(), 121);
+    StoredValue stored(key_.get(), name);
+    if (!stored.exists()) return false;
+    if (!stored.is(REG_SZ) && !stored.is(REG_EXPAND_SZ)) {
+        raise(
+            concat("RegistryKey::getValue(string) ", name, mismatchSuffix(stored.type() != REG_SZ)),
+            stored.error(), 121);
     }
-    std::string text(info.size, '\0');
-    DWORD size = info.size;
-    const LSTATUS status = RegQueryValueExA(key_.get(), name.c_str(), nullptr, nullptr,
-                                            reinterpret_cast<BYTE*>(text.data()), &size);
-    if (status != ERROR_SUCCESS) {
-        raise(concat("RegistryKey::getValue() ", name), status, 129);
-    }
+    std::span<const BYTE> bytes;
+    const LSTATUS status = stored.read(bytes);
+    if (status != ERROR_SUCCESS) raise(concat("RegistryKey::getValue() ", name), status, 129);
     // A stored text need not have a terminator, and may have more than one.
-    text.resize(std::min<std::size_t>(size, text.size()));
-    value = text.substr(0, text.find('\0'));
+    value.assign(bytes.begin(), std::find(bytes.begin(), bytes.end(), BYTE{0}));
     return true;
 }
 
 bool RegistryKey::getValue(const std::string& name, std::vector<std::uint8_t>& value) const {
-    const ValueInfo info = query(key_.get(), name);
-    if (!info.exists) return false;
-    std::vector<std::uint8_t> data(info.size);
-    DWORD size = info.size;
-    LSTATUS status = info.error();
-    if (info.is(REG_BINARY)) {
-        status = RegQueryValueExA(key_.get(), name.c_str(), nullptr, nullptr, data.data(), &size);
-    }
+    StoredValue stored(key_.get(), name);
+    if (!stored.exists()) return false;
+    std::span<const BYTE> bytes;
+    LSTATUS status = stored.error();
+    if (stored.is(REG_BINARY)) status = stored.read(bytes);
     if (status != ERROR_SUCCESS) {
         raise(concat("RegistryKey::getValue(binary)", name,
-                     mismatchSuffix(info.hasOtherTypeThan(REG_BINARY))),
+                     mismatchSuffix(stored.hasOtherTypeThan(REG_BINARY))),
               status, 150);
     }
-    data.resize(std::min<std::size_t>(size, data.size()));
-    value = std::move(data);
+    value.assign(bytes.begin(), bytes.end());
     return true;
 }
 

@@ -1,15 +1,17 @@
 #pragma once
 
-#include "PublicLib/locks/Security.h"
 #include "PublicLib/win/Handles.h"
 
 #include <windows.h>
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace jsw {
+
+class Security;
 
 /// An open registry key with all rights. Keys are created open to everyone. Every failure but a
 /// missing value raises Win32Exception; outputs are then left as they were.
@@ -17,6 +19,10 @@ class RegistryKey {
   public:
     /// Opens the path, or creates it and what is missing above it.
     RegistryKey(const std::string& path, bool createIfMissing, HKEY hive = HKEY_LOCAL_MACHINE);
+
+    /// The key, or nothing when it cannot be opened; then GetLastError() says why.
+    static std::optional<RegistryKey> openExisting(const std::string& path,
+                                                   HKEY hive = HKEY_LOCAL_MACHINE);
 
     /// Each answers false when the value does not exist and raises when it has another type. A
     /// text may also be a REG_EXPAND_SZ; it is not expanded.
@@ -41,14 +47,13 @@ class RegistryKey {
     static void createByComponents(HKEY hive, const std::string& path, Security& security);
 
   private:
-    bool open(HKEY hive, const std::string& path, LSTATUS& status);
+    RegistryKey() = default;
+    LSTATUS open(HKEY hive, const std::string& path);
     void create(HKEY hive, const std::string& path);
     void set(const std::string& name, DWORD type, const void* data, std::size_t size,
              const char* failure);
 
     KeyHandle key_;
-    Security security_;
-    REGSAM access_ = KEY_ALL_ACCESS;
 };
 
 }  // namespace jsw

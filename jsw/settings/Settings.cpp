@@ -15,8 +15,11 @@
 namespace jsw {
 
 Settings::Settings()
-    : BasicSettings(Localize::getInstance()->getJswRoot(), Localize::getInstance()->localId()),
-      valid_(keyExists(getKeyPath(false))) {
+    : BasicSettings(Localize::getInstance()->getJswRoot(), Localize::getInstance()->localId()) {
+}
+
+bool Settings::isValid() const {
+    return keyExists(getKeyPath(false));
 }
 
 bool Settings::readOrWriteDefault(const setting::Text& text, std::string& value) const {
@@ -72,12 +75,11 @@ std::string Settings::dataUpdatesFolder() const {
     return joinPath(joinPath(specialFolder(CSIDL_COMMON_APPDATA), directory), driver);
 }
 
-bool Settings::removeStore() {
+bool Settings::removeStore() const {
     std::uint32_t deleteAll = setting::kDeleteStoreOnUninstall.defaultValue;
     read(setting::kDeleteStoreOnUninstall, deleteAll);
     try {
         RegistryKey::recurseDeleteKey(getKeyPath(false), HKEY_LOCAL_MACHINE);
-        valid_ = false;
         std::vector<std::string> others;
         RegistryKey(root() + "Local\\", false).getChildrenNames(others, kMaxNames);
         if (others.empty() && deleteAll != 0) {

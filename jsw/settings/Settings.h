@@ -16,8 +16,9 @@ class Settings : public BasicSettings {
   public:
     Settings();
 
-    /// Whether the local store could be opened at construction.
-    bool isValid() const { return valid_; }
+    /// Whether there is a local store. Found out at each question, so that making an object costs
+    /// no access to the registry.
+    bool isValid() const;
 
     /// A value of the local store that is written with its default when it is missing.
     bool readOrWriteDefault(const setting::Text& text, std::string& value) const;
@@ -39,12 +40,10 @@ class Settings : public BasicSettings {
 
     /// Removes the local store and, when it was the last one and "DeleteStoreOnUninstall" says so,
     /// everything of the product line.
-    bool removeStore();
+    bool removeStore() const;
 
   private:
     bool isUpdated(const setting::Number& flag) const;
-
-    bool valid_;
 };
 
 }  // namespace jsw

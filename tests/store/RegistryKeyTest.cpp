@@ -1,4 +1,5 @@
 #include "PublicLib/errors/Exception.h"
+#include "PublicLib/locks/Security.h"
 #include "jsw/settings/RegistryKey.h"
 #include "tests/support/HostTest.h"
 
