@@ -1,5 +1,6 @@
 #include "PublicLib/ini/IniReader.h"
 
+#include "PublicLib/ini/ProfileBuffer.h"
 #include "PublicLib/logging/MethodTrace.h"
 #include "PublicLib/win/Handles.h"
 
@@ -7,36 +8,11 @@
 
 #include <exception>
 #include <limits>
-#include <memory>
-#include <new>
 #include <optional>
 
 namespace jsw {
 
 namespace {
-
-/// A buffer for the profile functions, or nothing when there is no memory for it.
-class ProfileBuffer {
-  public:
-    explicit ProfileBuffer(std::uint32_t size) : bytes_(new (std::nothrow) char[size]) {
-        if (bytes_) size_ = size;
-    }
-
-    explicit operator bool() const { return bytes_ != nullptr; }
-
-    /// Clears the buffer, lets fetch(buffer, size) fill it and answers what came.
-    template <class Fetch>
-    std::string_view filledBy(const Fetch& fetch) {
-        if (size_ == 0) return {};
-        bytes_[0] = '\0';  // clear enough: only what fetch reports is looked at
-        const DWORD length = fetch(bytes_.get(), size_);
-        return {bytes_.get(), length < size_ ? length : size_};
-    }
-
-  private:
-    std::unique_ptr<char[]> bytes_;
-    DWORD size_ = 0;
-};
 
 /// Runs one step; what it throws, for want of memory, counts as its failure.
 template <class Step>
@@ -108,7 +84,7 @@ bool IniReader::readSections(std::uint32_t bufferSize) {
     MethodTrace trace(component::kJsw, "IniReader::buildSections(bufferSize=", bufferSize, "):");
     ProfileBuffer buffer(bufferSize);
     if (!buffer || fileName_.empty()) return false;
-    const std::string_view names = buffer.filledBy([this](char* bytes, DWORD size) {
+    const std::string_view names = buffer.filledBy([this](char* bytes, std::uint32_t size) {
         return GetPrivateProfileSectionNamesA(bytes, size, fileName_.c_str());
     });
     if (names.empty()) return false;
@@ -131,7 +107,7 @@ bool IniReader::readSectionsData(std::uint32_t bufferSize) {
     }
     const auto fetch = [&](const std::string& section, const char* key) {
         SetLastError(ERROR_SUCCESS);
-        return buffer.filledBy([&](char* bytes, DWORD size) {
+        return buffer.filledBy([&](char* bytes, std::uint32_t size) {
             return GetPrivateProfileStringA(section.c_str(), key, "", bytes, size,
                                             fileName_.c_str());
         });

@@ -1,5 +1,9 @@
 #include "PublicLib/ini/IniText.h"
 
+#include <algorithm>
+#include <cstdlib>
+#include <limits>
+
 namespace jsw {
 
 namespace {
@@ -16,6 +20,13 @@ IniTypedValue splitTypedValue(std::string_view value) {
     const std::size_t colon = value.find(':');
     if (colon == std::string_view::npos || colon == 0) return {};
     return {true, typeNamed(value.substr(0, colon)), std::string(value.substr(colon + 1))};
+}
+
+std::uint32_t leadingNumber(const std::string& text) {
+    using Limits = std::numeric_limits<std::int32_t>;
+    // strtol() alone would depend on how many bits a long has.
+    const long long number = std::strtoll(text.c_str(), nullptr, 10);
+    return static_cast<std::uint32_t>(std::clamp<long long>(number, Limits::min(), Limits::max()));
 }
 
 std::vector<std::string> splitNameList(std::string_view list) {

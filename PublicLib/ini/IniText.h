@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,6 +19,10 @@ struct IniTypedValue {
 
 /// Takes a typed value apart; the type is compared exactly, letter case included.
 IniTypedValue splitTypedValue(std::string_view value);
+
+/// The number at the front of a text, 0 when there is none; one that does not fit 32 bits with a
+/// sign becomes the largest or smallest that does.
+std::uint32_t leadingNumber(const std::string& text);
 
 /// The names of a list in which each ends with a null character; an empty one ends the list, and
 /// so does the end of the buffer.

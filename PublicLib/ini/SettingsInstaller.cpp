@@ -5,7 +5,6 @@
 
 #include <windows.h>
 
-#include <cstdlib>
 #include <exception>
 #include <new>
 
@@ -31,8 +30,7 @@ LSTATUS writeTypedValue(const std::string& path, const std::string& name, IniVal
     if (type == IniValueType::string) {
         return writeValue(path, name, REG_SZ, text.c_str(), text.size() + 1);
     }
-    // The leading digits count; a number too large becomes the largest signed one.
-    const DWORD number = static_cast<DWORD>(std::strtol(text.c_str(), nullptr, 10));
+    const DWORD number = leadingNumber(text);
     return writeValue(path, name, REG_DWORD, &number, sizeof(number));
 }
 

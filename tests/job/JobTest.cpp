@@ -1,7 +1,9 @@
 #include "tests/job/JobTest.h"
 
+#include "PublicLib/os/Localize.h"
 #include "PublicLib/text/Text.h"
 #include "PublicLib/win/EntryPoint.h"
+#include "jsw/settings/RegistryKey.h"
 
 #include <algorithm>
 #include <stdexcept>
@@ -40,6 +42,13 @@ void JobTest::SetUp() {
     if (api_.init == nullptr) api_ = loadExports();
     const std::string address = std::to_string(reinterpret_cast<std::uintptr_t>(&script_));
     SetEnvironmentVariableA(kScriptVariable, address.c_str());
+    writeSettings();
+    inkInfo_.InkPercent[0] = 42;
+    addBillboard("DEFAULT", {.file = "default.bb"});
+}
+
+void JobTest::writeSettings() const {
+    RegistryKey(Localize::getInstance()->getRegistryPath(StoreKind::local), true);
     switchLogOn();
     const Settings settings;
     settings.write(setting::kDataPath, folder_.path());
@@ -48,8 +57,6 @@ void JobTest::SetUp() {
     settings.write(setting::kCatalogModule, "scripted_catalog.dll");
     settings.write(setting::kRulesEngineModule, "scripted_rules.dll");
     settings.write(setting::kCheckForUpdates, 0);
-    inkInfo_.InkPercent[0] = 42;
-    addBillboard("DEFAULT", {.file = "default.bb"});
 }
 
 void JobTest::TearDown() {

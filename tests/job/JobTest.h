@@ -40,6 +40,8 @@ class JobTest : public HostTest {
     void SetUp() override;
     void TearDown() override;
 
+    /// Creates the local store where there is none and writes what every test's job needs.
+    void writeSettings() const;
     std::uint8_t startJob(const TestJob& job = {});
     void endJob() { api_.terminate(); }
     /// A whole job in which the rules come to their end.

@@ -1,16 +1,12 @@
 #include "jsw/settings/macros/TagScanner.h"
 #include "tests/macros/NaiveReplacement.h"
-#include "tests/support/GuardedBuffer.h"
-#include "tests/support/TempFolder.h"
+#include "tests/support/FuzzSeeds.h"
 
 #include <gtest/gtest.h>
 
 #include <chrono>
 #include <cstdint>
-#include <filesystem>
 #include <random>
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
 namespace jsw {
 
@@ -165,18 +161,8 @@ TEST(TagScanner, TakesTimeInProportionToTheLength) {
     }
 }
 
-/// The fuzzer's seeds, each also cut at every length, where a byte too many faults.
 TEST(TagScanner, ReadsNothingBeyondTheFuzzersSeeds) {
-    int seeds = 0;
-    for (const auto& file : std::filesystem::directory_iterator(JSW_FUZZ_CORPUS "/tags")) {
-        const std::string content = test::readFile(file.path().string());
-        for (std::size_t length = 0; length <= content.size(); ++length) {
-            const test::GuardedBuffer input(std::span(content.data(), length));
-            LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(input.data()), length);
-        }
-        ++seeds;
-    }
-    EXPECT_GT(seeds, 20);
+    EXPECT_GT(test::replaySeeds(JSW_FUZZ_CORPUS "/tags"), 20);
 }
 
 }  // namespace jsw

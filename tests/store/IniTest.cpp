@@ -9,6 +9,7 @@
 #include "jsw/FirstRun.h"
 #include "jsw/settings/RegistryKey.h"
 #include "jsw/settings/Settings.h"
+#include "tests/support/FuzzSeeds.h"
 #include "tests/support/HostTest.h"
 
 #include <filesystem>
@@ -51,6 +52,26 @@ TEST(IniTextTest, NameListsEndAtTheEmptyNameOrTheEndOfTheBuffer) {
     EXPECT_THAT(splitNameList("one\0cut o"sv), ElementsAre("one", "cut o"));
     EXPECT_THAT(splitNameList("\0one\0"sv), IsEmpty());
     EXPECT_THAT(splitNameList(""sv), IsEmpty());
+}
+
+TEST(IniTextTest, NumbersAreTheLeadingOnesWithinThirtyTwoBits) {
+    constexpr struct {
+        const char* text;
+        std::uint32_t number;
+    } rows[] = {{"10", 10},
+                {"-1x", 0xFFFFFFFF},
+                {" 7 8", 7},
+                {"abc", 0},
+                {"2147483647", 0x7FFFFFFF},
+                {"2147483648", 0x7FFFFFFF},
+                {"-2147483649", 0x80000000},
+                {"99999999999999999999", 0x7FFFFFFF},
+                {"", 0}};
+    for (const auto& row : rows) EXPECT_EQ(leadingNumber(row.text), row.number) << row.text;
+}
+
+TEST(IniTextTest, ReadsNothingBeyondTheFuzzersSeeds) {
+    EXPECT_GT(test::replaySeeds(JSW_FUZZ_CORPUS "/settings"), 5);
 }
 
 class IniTest : public test::HostTest {

@@ -1,0 +1,51 @@
+// sources: PublicLib/ini/IniText.cpp
+// corpus: settings
+//
+// The first two bytes are the size of the buffer, the next two what the profile functions say that
+// they have put into it; the rest is what they have put there. Whatever they do, names and values
+// lie within the buffer and in the ranges that the installation counts on.
+#include "PublicLib/ini/IniText.h"
+#include "PublicLib/ini/ProfileBuffer.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+
+namespace {
+
+void expect(bool holds) {
+    if (!holds) std::abort();
+}
+
+std::uint32_t takeSize(const std::uint8_t*& data, std::size_t& size) {
+    if (size < 2) return 0;
+    const std::uint32_t value = data[0] + 256U * data[1];
+    data += 2;
+    size -= 2;
+    return value;
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const std::uint32_t bufferSize = takeSize(data, size) % 4096;
+    const std::uint32_t reported = takeSize(data, size);
+    jsw::ProfileBuffer buffer(bufferSize);
+    const std::string_view filled = buffer.filledBy([&](char* bytes, std::uint32_t room) {
+        std::memset(bytes, 'x', room);  // what the functions leave behind is not ours to choose
+        std::memcpy(bytes, data, std::min<std::size_t>(room, size));
+        return reported;
+    });
+    expect(filled.size() <= bufferSize);
+
+    std::size_t total = 0;
+    for (const std::string& name : jsw::splitNameList(filled)) {
+        expect(!name.empty() && name.find('\0') == std::string::npos);
+        total += name.size() + 1;
+        const jsw::IniTypedValue value = jsw::splitTypedValue(name);
+        expect(value.hasType ? value.text.size() < name.size() : value.text.empty());
+        if (value.type == jsw::IniValueType::dword) jsw::leadingNumber(value.text);
+    }
+    expect(total <= filled.size() + 1);
+    return 0;
+}
