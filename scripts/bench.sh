@@ -1,11 +1,20 @@
 #!/usr/bin/env bash
-# Measures what the library costs a driver, in Wine. Arguments go to the benchmark program.
+# Measures in Wine what the library costs a driver, each thing beside what the system itself takes
+# for it, and says which targets hold:
+#
+#   scripts/bench.sh [TOPIC...] [--times N]
+#
+# Topics: trace macros record settings line job processes; none: all. --times multiplies the rounds,
+# which helps on a busy machine. The figures are left in build/bench/results.json, a picture of them
+# in build/bench/performance.svg.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/wine-env.sh
+readonly results=build/bench
 
 scripts/setup.sh
-scripts/build.sh release
+scripts/build.sh --progress release qlbench
 start_wine bench
-cd build/release/bin
-wine qlbench.exe --benchmark-samples 20 "$@"
+mkdir -p "$results"
+(cd build/release/bin && wine qlbench.exe --json ../../bench/results.json "$@")
+python3 scripts/bench_picture.py "$results/results.json" >"$results/performance.svg"

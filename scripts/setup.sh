@@ -5,7 +5,8 @@ set -euo pipefail
 
 packages=(
   g++-mingw-w64-x86-64-posix cmake ninja-build  # the build
-  googletest catch2                             # tests and benchmarks
+  googletest                                    # tests
+  libspdlog-dev python3                         # benchmarks: what to compare with, and their picture
   libcli11-dev nlohmann-json3-dev               # command lines and JSON of tools and samples
   wine wine64                                   # running Windows programs
   xvfb xauth imagemagick fonts-dejavu-core      # windows and their screenshots

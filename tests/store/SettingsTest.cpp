@@ -2,15 +2,20 @@
 #include "jsw/settings/RegistryKey.h"
 #include "jsw/settings/Settings.h"
 #include "tests/support/HostTest.h"
+#include "tests/support/ImportGate.h"
 
 #include <windows.h>
 
 #include <shlobj.h>
 
+#include <functional>
 #include <gmock/gmock.h>
+#include <map>
 
 namespace jsw {
 
+using ::testing::ElementsAre;
+using ::testing::Pair;
 using ::testing::UnorderedElementsAre;
 
 namespace {
@@ -132,6 +137,53 @@ TEST_F(SettingsTest, SharedAndRootlessStoresLieWhereTheyShould) {
     EXPECT_FALSE(plain.deleteValue("Sub", "a"));
     EXPECT_TRUE(plain.deleteKey("Sub"));
     EXPECT_FALSE(plain.getValueNames("Sub", names));
+}
+
+TEST_F(SettingsTest, ListsTextsAndPassesOverWhatIsNone) {
+    const Settings settings;
+    std::vector<NamedText> texts;
+    EXPECT_FALSE(settings.getStringValues(setting::kGuiKey, texts));
+    settings.setStringValue(setting::kGuiKey, "a", "1");
+    settings.setDwordValue(setting::kGuiKey, "b", 2);
+    settings.setStringValue(setting::kGuiKey, "c", "");
+    EXPECT_TRUE(settings.getStringValues(setting::kGuiKey, texts));
+    std::map<std::string, std::string> found;
+    for (const auto& [name, text] : texts) found[name] = text.value_or("(none)");
+    EXPECT_THAT(found, ElementsAre(Pair("a", "1"), Pair("b", "(none)"), Pair("c", "")));
+}
+
+/// Each access to the registry is a call into the system, made while a job waits.
+TEST_F(SettingsTest, OpensOneKeyForWhatIsAskedFor) {
+    const Settings settings;
+    settings.write(setting::kDataPath, "D:\\data");
+    settings.write(setting::kDriverName, std::string(2000, 'x'));
+    settings.write(setting::kCheckForUpdates, 1);
+    std::string text;
+    std::uint32_t number = 0;
+    std::vector<NamedText> texts;
+    const struct {
+        const char* what;
+        std::function<void()> ask;
+        std::uint32_t opens, queries;
+    } rows[] = {
+        {"making an object", [] { Settings(); }, 0, 0},
+        {"text", [&] { settings.read(setting::kDataPath, text); }, 1, 1},
+        {"long text", [&] { settings.read(setting::kDriverName, text); }, 1, 2},
+        {"number", [&] { settings.read(setting::kCheckForUpdates, number); }, 1, 1},
+        {"default", [&] { settings.readOrWriteDefault(setting::kCheckForUpdates, number); }, 1, 1},
+        {"a key's texts", [&] { settings.getStringValues(setting::kSettingsKey, texts); }, 1, 3},
+        {"writing", [&] { settings.write(setting::kCheckForUpdates, 1); }, 1, 0},
+        {"whether there is a store", [&] { settings.isValid(); }, 1, 0},
+    };
+    test::ImportGate gate{test::ImportTable(GetModuleHandleA(nullptr))};
+    for (const auto& row : rows) {
+        gate.reset();
+        row.ask();
+        EXPECT_EQ(gate.calls("RegOpenKeyExA"), row.opens) << row.what;
+        EXPECT_EQ(gate.calls("RegQueryValueExA"), row.queries) << row.what;
+        EXPECT_EQ(gate.calls("RegCreateKeyExA"), 0U) << row.what;
+        EXPECT_EQ(gate.calls("AllocateAndInitializeSid"), 0U) << row.what;
+    }
 }
 
 TEST_F(SettingsTest, DataUpdatesFolderIsNamedAfterTheDriver) {

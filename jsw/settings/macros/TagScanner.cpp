@@ -21,41 +21,67 @@ constexpr char foldCase(char character) {
     return kFolded[static_cast<std::size_t>(character - ' ')];
 }
 
-/// Position of a delimiter at or after "from"; npos when there is none.
-std::size_t findDelimiter(std::string_view text, std::string_view delimiter, std::size_t from,
-                          bool ignoreCase) {
-    if (from > text.size()) return std::string_view::npos;
-    const auto start = text.begin() + static_cast<std::ptrdiff_t>(from);
-    const auto found = std::search(
-        start, text.end(), delimiter.begin(), delimiter.end(), [ignoreCase](char left, char right) {
-            return left == right || (ignoreCase && foldCase(left) == foldCase(right));
-        });
-    return found == text.end() ? std::string_view::npos
-                               : static_cast<std::size_t>(found - text.begin());
+bool hasLetter(std::string_view text) {
+    return std::any_of(text.begin(), text.end(), [](char character) {
+        return foldCase(character) >= 'A' && foldCase(character) <= 'Z';
+    });
 }
+
+/// Finds delimiters in a text.
+class DelimiterSearch {
+  public:
+    explicit DelimiterSearch(const TagSyntax& syntax)
+        : fold_(syntax.ignoreCase && (hasLetter(syntax.open) || hasLetter(syntax.close))) {}
+
+    /// Position of a delimiter at or after "from"; npos when there is none.
+    std::size_t find(std::string_view text, std::string_view delimiter, std::size_t from) const {
+        if (!fold_) return text.find(delimiter, from);
+        if (from > text.size()) return std::string_view::npos;
+        const auto start = text.begin() + static_cast<std::ptrdiff_t>(from);
+        const auto found =
+            std::search(start, text.end(), delimiter.begin(), delimiter.end(),
+                        [](char left, char right) { return foldCase(left) == foldCase(right); });
+        return found == text.end() ? std::string_view::npos
+                                   : static_cast<std::size_t>(found - text.begin());
+    }
+
+    /// Whether a delimiter may begin in the text, be it with an end in what follows the text.
+    bool mayBegin(std::string_view delimiter, std::string_view text) const {
+        return find(text, delimiter.substr(0, 1), 0) != std::string_view::npos;
+    }
+
+  private:
+    bool fold_;  // delimiters without letters are the same in either case
+};
 
 /// The text that is still to be scanned. It is used up at the front, and values are put back there:
 /// into the room that the used text left, so that nothing behind it moves.
 class PendingText {
   public:
-    explicit PendingText(std::string_view text) : buffer_(text) {}
+    explicit PendingText(std::string_view text) : rest_(text) {}
 
-    std::string_view view() const { return std::string_view(buffer_).substr(used_); }
-    std::size_t size() const { return buffer_.size() - used_; }
+    std::string_view view() const { return rest_; }
+    std::size_t size() const { return rest_.size(); }
 
-    void drop(std::size_t length) { used_ += length; }
+    void drop(std::size_t length) { rest_.remove_prefix(length); }
 
     /// The value may be a part of what was dropped last.
     void prepend(std::string_view value) {
-        if (used_ < value.size()) {
+        if (room() < value.size()) {
             growAndPrepend(value);
             return;
         }
-        used_ -= value.size();
-        std::char_traits<char>::move(buffer_.data() + used_, value.data(), value.size());
+        char* const start = buffer_.data() + room() - value.size();
+        std::char_traits<char>::move(start, value.data(), value.size());
+        rest_ = {start, value.size() + size()};
     }
 
   private:
+    /// None while the rest is still a part of the text that was given.
+    std::size_t room() const {
+        return buffer_.empty() ? 0 : static_cast<std::size_t>(rest_.data() - buffer_.data());
+    }
+
     /// Leaves as much room as there is text, so that the text is seldom copied again.
     void growAndPrepend(std::string_view value) {
         const std::size_t room = value.size() + size();
@@ -63,13 +89,13 @@ class PendingText {
         larger.reserve(2 * room);
         larger.append(room, '\0');
         larger.append(value);
-        larger.append(view());
+        larger.append(rest_);
         buffer_ = std::move(larger);
-        used_ = room;
+        rest_ = std::string_view(buffer_).substr(room);
     }
 
+    std::string_view rest_;
     std::string buffer_;
-    std::size_t used_ = 0;
 };
 
 /// One text on its way from "pending" to "done". The search for the next tag always begins at the
@@ -79,6 +105,7 @@ class Expansion {
     Expansion(std::string_view text, const TagSyntax& syntax, const TagLimits& limits,
               ISymbolicResolverHandler& handler)
         : syntax_(syntax),
+          search_(syntax),
           handler_(handler),
           pending_(text),
           originalLeft_(text.size()),
@@ -111,8 +138,7 @@ class Expansion {
 
     /// Finishes what lies before the next tag; answers the length of the tag, 0 when there is none.
     std::size_t moveToNextTag() {
-        const std::size_t open =
-            findDelimiter(pending_.view(), syntax_.open, 0, syntax_.ignoreCase);
+        const std::size_t open = search_.find(pending_.view(), syntax_.open, 0);
         if (open == std::string_view::npos) return 0;
         finish(open);
         const std::size_t close = findClose();
@@ -126,8 +152,7 @@ class Expansion {
         if (closeFromEnd_ && *closeFromEnd_ + earliest <= pending_.size()) {
             return pending_.size() - *closeFromEnd_;
         }
-        const std::size_t close =
-            findDelimiter(pending_.view(), syntax_.close, earliest, syntax_.ignoreCase);
+        const std::size_t close = search_.find(pending_.view(), syntax_.close, earliest);
         if (close != std::string_view::npos) closeFromEnd_ = pending_.size() - close;
         return close;
     }
@@ -145,6 +170,10 @@ class Expansion {
         }
         if (!isAllowed(length, value.size())) return false;
         drop(length);
+        if (!search_.mayBegin(syntax_.open, value)) {
+            done_.append(value);
+            return true;
+        }
         pending_.prepend(value);
         closeFromEnd_.reset();  // the value may have brought a nearer one
         return true;
@@ -162,6 +191,7 @@ class Expansion {
     }
 
     const TagSyntax& syntax_;
+    DelimiterSearch search_;
     ISymbolicResolverHandler& handler_;
     std::string done_;
     PendingText pending_;

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "PublicLib/logging/BasicLogger.h"
+#include "PublicLib/os/Localize.h"
+#include "jsw/settings/RegistryKey.h"
+#include "jsw/settings/Settings.h"
+
+#include <cstdint>
+
+namespace jsw::bench {
+
+/// The host's names, a store and the log, for some measures; all gone afterwards. The store is that
+/// of host "qlbe" in the registry of the machine: run in a Wine prefix of its own.
+class Host {
+  public:
+    /// @param startLog  1: the log is on, with all levels
+    explicit Host(std::uint32_t startLog) {
+        Localize::createInstance(nullptr);
+        RegistryKey(Localize::getInstance()->getRegistryPath(StoreKind::local), true);
+        Settings().setDwordValue(setting::kLoggerKey, "startLog", startLog);
+        BasicLogger::createInstance(15);
+    }
+    ~Host() {
+        if (auto* logger = BasicLogger::existing()) logger->deleteLog();
+        BasicLogger::destroyInstance();
+        Settings().removeStore();
+        Localize::destroy();
+    }
+    Host(const Host&) = delete;
+    Host& operator=(const Host&) = delete;
+};
+
+}  // namespace jsw::bench

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "bench/Report.h"
+
+#include <cstdint>
+#include <string>
+
+/// What is measured, by topic. Each adds its rows to the report.
+namespace jsw::bench {
+
+/// How many rounds each measure gets, as a factor.
+using Thoroughness = std::uint32_t;
+
+void measureDisabledTrace(Report& report, Thoroughness times);
+void measureLogLine(Report& report, Thoroughness times);
+void measureLogProcesses(Report& report, Thoroughness times);
+void measureSettings(Report& report, Thoroughness times);
+void measureCacheRecord(Report& report, Thoroughness times);
+void measureMacros(Report& report, Thoroughness times);
+void measureJob(Report& report, Thoroughness times);
+
+/// Writes lines to the process's log when measureLogProcesses() has started this process for it.
+/// @param name  of the run, from the command line
+void writeLogAsChild(const std::string& name);
+
+}  // namespace jsw::bench
