@@ -2,7 +2,8 @@
 
 add_library(jsw_options INTERFACE)
 target_compile_features(jsw_options INTERFACE cxx_std_20)
-target_include_directories(jsw_options INTERFACE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/include)
+target_include_directories(jsw_options INTERFACE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/include
+                                                 ${PROJECT_BINARY_DIR}/include)
 # The library serves Windows from 5.1 on at run time; the headers are asked for the Vista set
 # because everything newer than the oldest system is looked up by name.
 target_compile_definitions(jsw_options INTERFACE WIN32_LEAN_AND_MEAN NOMINMAX _WIN32_WINNT=0x0600)
@@ -29,6 +30,25 @@ else()
   target_link_options(jsw_options INTERFACE -static -fstack-protector-strong)
 endif()
 
+# jsw_debug_symbols(): everything from here down gets debug symbols, in release builds too; their
+# paths count from the root of the sources.
+macro(jsw_debug_symbols)
+  if(MSVC)
+    add_compile_options($<$<COMPILE_LANGUAGE:CXX>:/Zi>)
+  else()
+    add_compile_options($<$<COMPILE_LANGUAGE:CXX>:-g>
+                        $<$<COMPILE_LANGUAGE:CXX>:-fdebug-prefix-map=${PROJECT_SOURCE_DIR}=.>)
+  endif()
+endmacro()
+
+# jsw_without_symbols(): what is linked from here down, to be installed, carries no symbols in a
+# release build.
+macro(jsw_without_symbols)
+  if(NOT MSVC)
+    add_link_options($<$<CONFIG:Release>:-s>)
+  endif()
+endmacro()
+
 # jsw_library(name SOURCES file... LINK target...): one static library, a room of the house.
 function(jsw_library name)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
@@ -43,4 +63,20 @@ function(jsw_module name)
   set_target_properties(${name} PROPERTIES PREFIX "" LIBRARY_OUTPUT_DIRECTORY
                                                      ${CMAKE_RUNTIME_OUTPUT_DIRECTORY})
   target_link_libraries(${name} PRIVATE jsw_options ${ARG_LINK})
+endfunction()
+
+# jsw_split_symbols(target): in a release build the target's debug symbols go into a file beside it,
+# <file>.debug, where gdb finds them; MSVC writes its own .pdb.
+function(jsw_split_symbols target)
+  if(MSVC)
+    target_link_options(${target} PRIVATE $<$<CONFIG:Release>:/DEBUG>)
+    return()
+  endif()
+  add_custom_command(
+    TARGET ${target}
+    POST_BUILD
+    COMMAND "$<$<CONFIG:Release>:${CMAKE_OBJCOPY};--only-keep-debug;$<TARGET_FILE:${target}>;$<TARGET_FILE:${target}>.debug>"
+    COMMAND "$<$<CONFIG:Release>:${CMAKE_STRIP};--strip-unneeded;$<TARGET_FILE:${target}>>"
+    COMMAND "$<$<CONFIG:Release>:${CMAKE_OBJCOPY};--add-gnu-debuglink=$<TARGET_FILE:${target}>.debug;$<TARGET_FILE:${target}>>"
+    COMMAND_EXPAND_LISTS VERBATIM)
 endfunction()

@@ -1,7 +1,9 @@
 /**
  * @file catalog.h
- * Interface of the catalog module ("bcat.dll"), which knows the billboards: the ids in each
+ * Interface of the catalog module ("<id>bcat.dll"), which knows the billboards: the ids in each
  * category and each billboard's file, type, actions, navigation, window behaviour and cartridges.
+ * It lies in the folder "DllPath" of the host's settings; the value "Catalog" may name another
+ * file.
  *
  * Initialize is called once, on first use, before anything else; it must not wait for a thread that
  * asks a question. Questions may come from several threads at once. The module is freed when the
@@ -47,5 +49,8 @@ typedef JswBool JswCatalogFlag(const char* billboardId);
     X(GetBillboardEnableNavigation, JswCatalogFlag) \
     X(GetBillboardRestoreWindow, JswCatalogFlag)    \
     X(GetBillboardCarts, JswCatalogText)
+
+/** Makes the linker report entry points that are not defined; see module.h. */
+#define JSW_CATALOG_REQUIRE_ENTRY_POINTS JSW_MODULE_REQUIRE(Catalog, JSW_CATALOG_ENTRY_POINTS)
 
 #endif /* JSW_CATALOG_H */

@@ -99,4 +99,7 @@ typedef JswDeviceStatus JswDeviceExchange(JswDeviceClientId client, JswDeviceHan
     X(PcsExchangeBidiPrinter, JswDeviceExchange)     \
     X(PcsClosePrinter, JswDeviceUse)
 
+/** Makes the linker report entry points that are not defined; see module.h. */
+#define JSW_DEVICE_REQUIRE_ENTRY_POINTS JSW_MODULE_REQUIRE(Device, JSW_DEVICE_ENTRY_POINTS)
+
 #endif /* JSW_DEVICE_H */

@@ -26,6 +26,7 @@
 #define JSW_JSW_H
 
 #include "jsw/types.h"
+#include "jsw/version.h"
 
 #ifdef __cplusplus
 extern "C" {

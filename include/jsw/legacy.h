@@ -1,7 +1,8 @@
 /**
  * @file legacy.h
- * Interface of the older job window module ("jswo.dll"), which asks the user something while a job
- * prints. It lies in the printer driver's own folder.
+ * Interface of the older job window module ("<id>jswo.dll"), which asks the user something while a
+ * job prints. It lies in the printer driver's own folder, for 64-bit Windows
+ * %SystemRoot%\System32\spool\drivers\x64\3; no setting names another file.
  *
  * Order of calls for one prompt, all but JSWPostDlgMsg on the thread that asks:
  *
@@ -31,5 +32,8 @@ typedef void JswLegacyPostDlgMsg(void* message);
     X(JSWTerminate, JswLegacyTerminate)         \
     X(JSWDisplayPrompt, JswLegacyDisplayPrompt) \
     X(JSWPostDlgMsg, JswLegacyPostDlgMsg)
+
+/** Makes the linker report entry points that are not defined; see module.h. */
+#define JSW_LEGACY_REQUIRE_ENTRY_POINTS JSW_MODULE_REQUIRE(Legacy, JSW_LEGACY_ENTRY_POINTS)
 
 #endif /* JSW_LEGACY_H */

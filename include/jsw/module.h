@@ -11,7 +11,18 @@
  *
  *     JSW_VIEW_ENTRY_POINTS(JSW_MODULE_DECLARE)
  *
- * makes the compiler check a module's definitions against the interface and export them.
+ * makes the compiler check a module's definitions against the interface and export them. A
+ * definition with a misspelt name is another function to the compiler, and the entry point is
+ * simply not there; a module that means to have them all therefore adds, once and after the
+ * declarations,
+ *
+ *     JSW_VIEW_REQUIRE_ENTRY_POINTS
+ *
+ * and the linker names every one that is not defined.
+ *
+ * Where a module lies: "<id>" in the file names given by the headers stands for the host's id, the
+ * first four letters of its program's file name in lower case. The host printdlg.exe loads
+ * "prinjswv.dll", unless its settings name another file.
  *
  * No C++ exception may leave an entry point.
  */
@@ -36,5 +47,15 @@ typedef void* (*JswAllocate)(int32_t size);
 #else
 #define JSW_MODULE_DECLARE(name, type) __declspec(dllexport) type name;
 #endif
+
+/* How the JSW_..._REQUIRE_ENTRY_POINTS macros work: a table that refers to each function. */
+#define JSW_MODULE_MEMBER(name, type) type* name;
+#define JSW_MODULE_ADDRESS(name, type) name,
+#define JSW_MODULE_REQUIRE(kind, LIST)                                 \
+    struct Jsw##kind##EntryPoints {                                    \
+        LIST(JSW_MODULE_MEMBER)                                        \
+    };                                                                 \
+    extern const struct Jsw##kind##EntryPoints jsw##kind##EntryPoints; \
+    const struct Jsw##kind##EntryPoints jsw##kind##EntryPoints = {LIST(JSW_MODULE_ADDRESS)};
 
 #endif /* JSW_MODULE_H */

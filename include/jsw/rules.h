@@ -1,6 +1,8 @@
 /**
  * @file rules.h
- * Interface of the rules engine module ("reng.dll"), which decides which billboard a job shows.
+ * Interface of the rules engine module ("<id>reng.dll"), which decides which billboard a job shows.
+ * It lies in the folder "DllPath" of the host's settings; the value "RulesEngine" may name another
+ * file.
  *
  * Order of calls for one job, all on one worker thread:
  *
@@ -41,5 +43,8 @@ typedef void JswRulesUnInitialize(void);
     X(IsMoreRules, JswRulesQuestion)              \
     X(IsHistoryChecked, JswRulesQuestion)         \
     X(UnInitialize, JswRulesUnInitialize)
+
+/** Makes the linker report entry points that are not defined; see module.h. */
+#define JSW_RULES_REQUIRE_ENTRY_POINTS JSW_MODULE_REQUIRE(Rules, JSW_RULES_ENTRY_POINTS)
 
 #endif /* JSW_RULES_H */

@@ -1,6 +1,7 @@
 /**
  * @file view.h
- * Interface of the view module ("jswv.dll"), which draws the job window and its billboard.
+ * Interface of the view module ("<id>jswv.dll"), which draws the job window and its billboard. It
+ * lies in the folder "DllPath" of the host's settings; the value "View" may name another file.
  *
  * Order of calls for one job:
  *
@@ -112,5 +113,8 @@ typedef void JswViewSetUpdateSoftwareCallback(JswViewUpdateSoftwareCallback call
     X(SetSaveValueCallback, JswViewSetSaveValueCallback)           \
     X(SetUpdateSoftwareCallback, JswViewSetUpdateSoftwareCallback) \
     X(SetSavedValue, JswViewSavedValue)
+
+/** Makes the linker report entry points that are not defined; see module.h. */
+#define JSW_VIEW_REQUIRE_ENTRY_POINTS JSW_MODULE_REQUIRE(View, JSW_VIEW_ENTRY_POINTS)
 
 #endif /* JSW_VIEW_H */

@@ -11,6 +11,7 @@
 #include <string>
 
 JSW_VIEW_ENTRY_POINTS(JSW_MODULE_DECLARE)
+JSW_VIEW_REQUIRE_ENTRY_POINTS
 
 namespace {
 

@@ -1,6 +1,7 @@
 // What jsw.dll shows to the outside, read from its own file.
 
 #include "PublicLib/win/Handles.h"
+#include "jsw/version.h"
 
 #include <windows.h>
 
@@ -53,9 +54,20 @@ TEST_F(LibraryTest, NeedsLibrariesOfTheSystemOnly) {
     }
 }
 
-TEST_F(LibraryTest, CarriesAVersion) {
-    DWORD ignored = 0;
-    EXPECT_GT(GetFileVersionInfoSizeA("jsw.dll", &ignored), 0U);
+TEST_F(LibraryTest, CarriesTheVersionOfItsHeader) {
+    std::vector<char> info(GetFileVersionInfoSizeA("jsw.dll", nullptr));
+    ASSERT_NE(GetFileVersionInfoA("jsw.dll", 0, static_cast<DWORD>(info.size()), info.data()),
+              FALSE);
+    void* value = nullptr;
+    UINT size = 0;
+    ASSERT_NE(VerQueryValueA(info.data(), "\\", &value, &size), FALSE);
+    const auto* numbers = static_cast<const VS_FIXEDFILEINFO*>(value);
+    EXPECT_EQ(numbers->dwFileVersionMS,
+              static_cast<DWORD>(MAKELONG(JSW_VERSION_MINOR, JSW_VERSION_MAJOR)));
+    EXPECT_EQ(numbers->dwFileVersionLS, static_cast<DWORD>(MAKELONG(0, JSW_VERSION_PATCH)));
+    ASSERT_NE(VerQueryValueA(info.data(), "\\StringFileInfo\\040904E4\\FileVersion", &value, &size),
+              FALSE);
+    EXPECT_STREQ(static_cast<const char*>(value), JSW_VERSION_STRING);
 }
 
 }  // namespace jsw

@@ -1,0 +1,62 @@
+# What the kit consists of and where it lies, for `cmake --install` and for the package.
+#
+#   bin/          jsw.dll with its symbols beside it, sample modules, tools, the demonstration
+#   include/jsw/  the public headers
+#   lib/          import library, lib/cmake/jsw the CMake package
+#   samples/      the sources of the samples; the kit's root is the project that builds them
+#   docs/         the documents
+include(CMakePackageConfigHelpers)
+
+set(kit_package lib/cmake/jsw)
+
+install(
+  TARGETS jsw jsw_headers
+  EXPORT jswTargets
+  RUNTIME DESTINATION bin
+  ARCHIVE DESTINATION lib)
+if(MSVC)
+  set(jsw_symbols $<TARGET_PDB_FILE:jsw>)
+else()
+  set(jsw_symbols $<TARGET_FILE:jsw>.debug)
+endif()
+install(FILES ${jsw_symbols} DESTINATION bin OPTIONAL)  # a debug build keeps them in the library
+# For linkers that want an import library of their own.
+install(FILES jsw/jsw.def DESTINATION lib)
+install(
+  DIRECTORY include/jsw ${PROJECT_BINARY_DIR}/include/jsw
+  DESTINATION include
+  FILES_MATCHING
+  PATTERN *.h)
+
+# The tool, the sample modules and programs, ready to run, and what they read.
+install(
+  TARGETS jswctl jswv bcat reng jswo comc qldemo qlupdater
+  RUNTIME DESTINATION bin
+  LIBRARY DESTINATION bin)
+install(FILES samples/demo/qldejsw.loc DESTINATION bin)
+install(DIRECTORY samples/demo/scripts DESTINATION bin)
+install(DIRECTORY samples/content/ DESTINATION bin/data)
+
+install(DIRECTORY samples DESTINATION .)
+install(FILES cmake/HeaderPackages.cmake cmake/JswTargets.cmake cmake/mingw-w64.cmake DESTINATION cmake)
+install(FILES cmake/kit/CMakeLists.txt README.md CHANGELOG.md DESTINATION .)
+install(DIRECTORY docs DESTINATION .)
+
+install(
+  EXPORT jswTargets
+  NAMESPACE jsw::
+  DESTINATION ${kit_package})
+configure_package_config_file(cmake/kit/jswConfig.cmake.in ${PROJECT_BINARY_DIR}/jswConfig.cmake
+                              INSTALL_DESTINATION ${kit_package})
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/jswConfigVersion.cmake
+                                 COMPATIBILITY SameMajorVersion)
+install(FILES ${PROJECT_BINARY_DIR}/jswConfig.cmake ${PROJECT_BINARY_DIR}/jswConfigVersion.cmake
+        DESTINATION ${kit_package})
+
+set(CPACK_GENERATOR ZIP)
+set(CPACK_PACKAGE_NAME jsw)
+set(CPACK_PACKAGE_VENDOR Quillon)
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "The job status window of a printer driver: development kit")
+set(CPACK_PACKAGE_FILE_NAME jsw-${PROJECT_VERSION}-win64)
+set(CPACK_PACKAGE_DIRECTORY ${PROJECT_BINARY_DIR}/package)
+include(CPack)

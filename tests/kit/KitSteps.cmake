@@ -1,0 +1,36 @@
+# Steps that the tests of the installed kit share. Each ends the test with what was said when the
+# outcome is not the expected one.
+#
+#   BUILD  build folder    WORK  folder of the tests    EMULATOR  runs Windows programs
+
+set(kit ${WORK}/kit)
+set(consumer ${WORK}/consumer)
+set(product ${WORK}/product) # the folder in which the newcomer's program is tried
+
+# run(exitCode word...): keeps what the command says in `said`.
+function(run expected)
+  execute_process(
+    COMMAND ${ARGN}
+    WORKING_DIRECTORY ${work_folder}
+    RESULT_VARIABLE code
+    OUTPUT_VARIABLE said
+    ERROR_VARIABLE said)
+  string(REPLACE "\r" "" said "${said}")
+  set(said
+      "${said}"
+      PARENT_SCOPE)
+  if((expected STREQUAL "nonzero" AND code EQUAL 0) OR (NOT expected STREQUAL "nonzero" AND NOT code EQUAL expected))
+    list(JOIN ARGN " " command)
+    message(FATAL_ERROR "${command}\nended with ${code}, expected ${expected}:\n${said}")
+  endif()
+endfunction()
+
+# expect(text...): each stands in what the last command said.
+function(expect)
+  foreach(text ${ARGN})
+    string(FIND "${said}" "${text}" place)
+    if(place EQUAL -1)
+      message(FATAL_ERROR "expected: ${text}\nsaid:\n${said}")
+    endif()
+  endforeach()
+endfunction()
