@@ -7,6 +7,8 @@
 #include "jsw/settings/Settings.h"
 #include "tests/support/ChildProcess.h"
 #include "tests/support/HostTest.h"
+#include "tests/support/ImportTable.h"
+#include "tests/support/SecurityText.h"
 
 #include <windows.h>
 
@@ -176,6 +178,52 @@ TEST_F(LoggingTest, AFileThatCannotBeOpenedDropsTheLineOnly) {
     const std::string content = test::readFile(logPath());
     EXPECT_EQ(content.find("two"), std::string::npos);
     EXPECT_NE(content.find("three"), std::string::npos);
+}
+
+TEST_F(LoggingTest, WhatTheStoreDoesNotSayIsAtItsDefault) {
+    setSwitch("startLog", 1);
+    setSwitch("JSW", 0);  // all levels are on all the same
+    restartLog();
+    logLine(component::kJsw, kLogRules, "x");
+    EXPECT_THAT(
+        test::readFile(logPath()),
+        MatchesRegex("\\d+/\\d+/\\d+-\\d+:\\d+:\\d+\\.\\d+ JSW                       x\r\n"));
+    setSwitch("All", 0);
+    setSwitch("Clocktime_In_Header", 0);
+    for (const auto* component :
+         {&component::kRulesEngine, &component::kCatalog, &component::kUpdater}) {
+        restartLog();
+        EXPECT_TRUE(isLogEnabled(*component, kLogRules)) << component->name();
+        EXPECT_FALSE(isLogEnabled(component::kJsw, kLogRules));
+    }
+}
+
+TEST_F(LoggingTest, TheLogAndItsLockAreOpenToEveryoneAndSharedWhileWritten) {
+    const test::ImportTable imports(GetModuleHandleA(nullptr));
+    std::vector<std::string> asked;
+    const auto mutex = test::replaceImport<decltype(CreateMutexA)>(
+        imports, "CreateMutexA",
+        [&](auto original, SECURITY_ATTRIBUTES* security, BOOL owner, const char* name) {
+            asked.push_back(concat("mutex ", test::accessOf(security), " ", owner, " ", name));
+            return original(security, owner, name);
+        });
+    const auto file = test::replaceImport<decltype(CreateFileA)>(
+        imports, "CreateFileA",
+        [&](auto original, const char* path, DWORD access, DWORD share,
+            SECURITY_ATTRIBUTES* security, DWORD disposition, DWORD flags, HANDLE model) {
+            asked.push_back(concat("file ", access == (GENERIC_READ | GENERIC_WRITE), " ",
+                                   share == (FILE_SHARE_READ | FILE_SHARE_WRITE), " ",
+                                   test::accessOf(security).substr(0, 7), " ", disposition, " ",
+                                   flags));
+            return original(path, access, share, security, disposition, flags, model);
+        });
+    Logger logger(folder_.file("open.log"), Logger::kNameWidth);
+    logger.log(component::kJsw, kLogError, "x");
+    EXPECT_THAT(
+        asked,
+        ElementsAre("mutex open 0 QNLOG_open.log",
+                    concat("file true true 1 entry ", OPEN_EXISTING, " ", FILE_ATTRIBUTE_NORMAL),
+                    concat("file true true 1 entry ", OPEN_ALWAYS, " ", FILE_ATTRIBUTE_NORMAL)));
 }
 
 constexpr int kWriters = 8;

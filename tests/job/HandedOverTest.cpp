@@ -1,46 +1,192 @@
-// What the library hands to the system, recorded in the place of the system's own functions.
+// What the library hands to the system, recorded in the place of the system's own functions, and in
+// what state the job is when it does.
 
+#include "PublicLib/text/Text.h"
 #include "PublicLib/win/Handles.h"
 #include "tests/job/JobTest.h"
 #include "tests/support/ImportTable.h"
+#include "tests/support/SecurityText.h"
 
 #include <windows.h>
 
+#include <process.h>
 #include <shellapi.h>
+
+#include <io.h>
 
 namespace jsw {
 
+using ::testing::AllOf;
+using ::testing::Contains;
+using ::testing::Each;
 using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::Not;
+using ::testing::StartsWith;
+
+namespace {
+
+std::string orNull(const char* text) {
+    return text != nullptr ? text : "null";
+}
+
+}  // namespace
 
 class HandedOverTest : public test::JobTest {
   protected:
+    void SetUp() override {
+        JobTest::SetUp();
+        addBillboard("TIP", {.file = "tip.bb", .type = "promotion"});
+        script_.ruleResults = {"TIP"};
+    }
+
     const ModuleHandle library_{LoadLibraryA("jsw.dll")};
     const test::ImportTable imports_{library_.get()};
 };
 
 TEST_F(HandedOverTest, TheShellIsAskedWithoutDialogsAndExpandsVariables) {
-    script_.billboards["DEFAULT"].actions = {"%windir%\\notepad.exe"};
-    std::vector<SHELLEXECUTEINFOA> asked;
-    std::vector<std::string> texts;
+    const std::string longest = "http:" + std::string(994, 'x');
+    script_.billboards["DEFAULT"].actions = {"%windir%\\notepad.exe", longest + "yy"};
+    std::vector<std::string> asked;
     const auto shell = test::replaceImport<decltype(ShellExecuteExA)>(
         imports_, "ShellExecuteExA", [&](SHELLEXECUTEINFOA* info) -> BOOL {
-            asked.push_back(*info);
-            texts.push_back(std::string(info->lpVerb) + "|" + info->lpFile + "|" +
-                            (info->lpDirectory != nullptr ? info->lpDirectory : "null"));
+            asked.push_back(concat(info->lpVerb, "|", info->lpFile, "|", orNull(info->lpParameters),
+                                   "|", orNull(info->lpDirectory), "|",
+                                   info->cbSize == sizeof(*info), "|", info->fMask, "|",
+                                   info->nShow, "|", info->hwnd == nullptr));
             return TRUE;
         });
+    script_.ruleResults.clear();
+    startJob();
+    waitForRules();
+    script_.clickBillboard("LAUNCH_APP", 0);
+    script_.clickBillboard("LAUNCH_URL", 0);
+    script_.clickBillboard("LAUNCH_URL", 1);
+    const std::string rest = concat("|true|", 0x8600, "|", SW_SHOWNORMAL, "|true");
+    const std::string home = "|null|%HOMEDRIVE%%HOMEPATH%" + rest;
+    EXPECT_THAT(asked, ElementsAre("open|%windir%\\notepad.exe|null|null" + rest,
+                                   "open|%windir%\\notepad.exe" + home, "open|" + longest + home));
+}
+
+TEST_F(HandedOverTest, AFailureOfTheShellIsAnErrorAndGoesNoFurther) {
+    script_.billboards["DEFAULT"].actions = {"tool.exe"};
+    script_.ruleResults.clear();
+    const auto shell = test::replaceImport<decltype(ShellExecuteExA)>(
+        imports_, "ShellExecuteExA", [](SHELLEXECUTEINFOA*) -> BOOL {
+            SetLastError(1155);
+            return FALSE;
+        });
+    Settings().setDwordValue(setting::kLoggerKey, "startLog", 0);
     startJob();
     script_.clickBillboard("LAUNCH_APP", 0);
     script_.clickBillboard("LAUNCH_URL", 0);
-    EXPECT_THAT(texts, ElementsAre("open|%windir%\\notepad.exe|null",
-                                   "open|%windir%\\notepad.exe|%HOMEDRIVE%%HOMEPATH%"));
-    for (const auto& info : asked) {
-        EXPECT_EQ(info.cbSize, sizeof(info));
-        EXPECT_EQ(info.fMask, 0x8600U);
-        EXPECT_EQ(info.nShow, SW_SHOWNORMAL);
-        EXPECT_EQ(info.lpParameters, nullptr);
-        EXPECT_EQ(info.hwnd, nullptr);
-    }
+    EXPECT_THAT(logLines(), ElementsAre("Unable to launch application, error=1155",
+                                        "Unable to launch url, error=1155"));
+}
+
+TEST_F(HandedOverTest, TheUpdaterIsAskedForWhenTheJobIsGone) {
+    const Settings settings;
+    settings.write(setting::kUpdaterExecutable, "updater.exe");
+    INT_PTR answer = 0;
+    std::string asked;
+    std::vector<std::string> view;
+    std::vector<std::string> history;
+    bool modulesAreFree = false;
+    const auto shell = test::replaceImport<decltype(ShellExecuteA)>(
+        imports_, "ShellExecuteA",
+        [&](HWND owner, const char* verb, const char* file, const char* parameters,
+            const char* directory, INT show) -> HINSTANCE {
+            asked = concat(owner == nullptr, "|", verb, "|", file, "|", parameters, "|",
+                           orNull(directory), "|", show);
+            script_.clickBillboard("CURRENT", 0);  // too late
+            view = viewCalls("DisplayBillboard");
+            for (const auto& call : viewCalls("Uninitialize")) view.push_back(call);
+            history = historyIds();
+            modulesAreFree = GetModuleHandleA("scripted_catalog.dll") == nullptr &&
+                             GetModuleHandleA("scripted_rules.dll") == nullptr;
+            return reinterpret_cast<HINSTANCE>(answer);
+        });
+    const auto jobAnswered = [&](INT_PTR value) {
+        answer = value;
+        settings.write(setting::kCheckForUpdates, 1);
+        settings.write(setting::kDateLastChecked, "1/1/2000");
+        script_.view.clear();
+        DeleteFileA(logPath().c_str());
+        runJob();
+        return logContains("Updater launched successfully.");
+    };
+    EXPECT_TRUE(jobAnswered(33));
+    EXPECT_EQ(asked, concat("true|RunAs|.\\updater.exe|-UAC|null|", SW_SHOWNORMAL));
+    EXPECT_THAT(view, ElementsAre("DisplayBillboard(default.bb,false,false)",
+                                  "DisplayBillboard(tip.bb,false,false)", "Uninitialize()"));
+    EXPECT_THAT(history, ElementsAre("TIP"));
+    EXPECT_TRUE(modulesAreFree);
+    EXPECT_FALSE(jobAnswered(32));
+}
+
+TEST_F(HandedOverTest, TheRulesEndBeforeTheWindowGoes) {
+    script_.ruleResults = {"", "", "TIP"};
+    script_.onEvaluateRule = [] { Sleep(50); };
+    std::vector<std::string> rules;
+    script_.onViewCall = [&](const std::string& call) {
+        if (call == "HideGui()") rules = script_.rules.calls();
+    };
+    startJob();
+    endJob();
+    EXPECT_THAT(rules, Contains("UnInitialize()"));
+}
+
+TEST_F(HandedOverTest, KeysAreOpenToEveryoneAndSoIsWhatLiesBelow) {
+    std::vector<std::string> created;
+    const auto create = test::replaceImport<decltype(RegCreateKeyExA)>(
+        imports_, "RegCreateKeyExA",
+        [&](auto original, HKEY hive, const char* path, DWORD reserved, char* keyClass,
+            DWORD options, REGSAM rights, SECURITY_ATTRIBUTES* security, HKEY* key,
+            DWORD* disposition) -> LSTATUS {
+            created.push_back(concat(hive == HKEY_LOCAL_MACHINE, "|", options, "|", rights, "|",
+                                     test::accessOf(security)));
+            return original(hive, path, reserved, keyClass, options, rights, security, key,
+                            disposition);
+        });
+    startJob();
+    script_.saveValue("WindowX", "17");
+    endJob();
+    EXPECT_THAT(
+        created,
+        AllOf(Not(IsEmpty()),
+              Each(concat("true|0|", KEY_ALL_ACCESS, "|1 entry, type 0, inherited ",
+                          CONTAINER_INHERIT_ACE | OBJECT_INHERIT_ACE, ", rights ", GENERIC_ALL))));
+}
+
+TEST_F(HandedOverTest, ThreadsFilesAndModulesAreAskedForAsEver) {
+    std::vector<std::string> asked;
+    const auto thread = test::replaceImport<decltype(_beginthreadex)>(
+        imports_, "_beginthreadex",
+        [&](auto original, void* security, unsigned stackSize, auto* start, void* argument,
+            unsigned flags, unsigned* id) {
+            asked.push_back(concat("thread ", security == nullptr, " ", stackSize, " ", flags));
+            return original(security, stackSize, start, argument, flags, id);
+        });
+    const auto access = test::replaceImport<decltype(_access)>(
+        imports_, "_access", [&](auto original, const char* path, int mode) {
+            asked.push_back(concat("access ", path, " ", mode));
+            return original(path, mode);
+        });
+    const auto load = test::replaceImport<decltype(LoadLibraryA)>(
+        imports_, "LoadLibraryA", [&](auto original, const char* path) {
+            if (std::string(path).find("scripted") != std::string::npos) {
+                asked.push_back(concat("load ", path));
+            }
+            return original(path);
+        });
+    runJob();
+    std::erase(asked, "load .\\scripted_view.dll");  // stays loaded from the first job on
+    const std::string folder = folder_.path();
+    EXPECT_THAT(
+        asked, ElementsAre("load .\\scripted_catalog.dll",
+                           "access " + folder + "\\Scripts\\default.bb 4", "thread true 4096 0",
+                           "load .\\scripted_rules.dll", "access " + folder + "\\Scripts\\tip.bb 4",
+                           "access " + folder + "\\Scripts\\tip.bb 4"));
 }
 
 }  // namespace jsw

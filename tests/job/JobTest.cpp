@@ -18,8 +18,9 @@ void resolve(HMODULE library, const char* name, Function*& function) {
     if (function == nullptr) throw std::runtime_error(name);
 }
 
-Exports loadExports() {
-    HMODULE library = LoadLibraryA("jsw.dll");
+}  // namespace
+
+Exports findExports(HMODULE library) {
     if (library == nullptr) throw std::runtime_error("jsw.dll cannot be loaded");
     Exports exports{};
     resolve(library, "JSWInit", exports.init);
@@ -33,13 +34,11 @@ Exports loadExports() {
     return exports;
 }
 
-}  // namespace
-
 Exports JobTest::api_{};
 
 void JobTest::SetUp() {
     HostTest::SetUp();
-    if (api_.init == nullptr) api_ = loadExports();
+    if (api_.init == nullptr) api_ = findExports(LoadLibraryA("jsw.dll"));
     const std::string address = std::to_string(reinterpret_cast<std::uintptr_t>(&script_));
     SetEnvironmentVariableA(kScriptVariable, address.c_str());
     writeSettings();

@@ -25,6 +25,10 @@ struct Exports {
     decltype(&JSWGetWindowHwnd) getWindowHwnd;
 };
 
+/// The functions of a library that is loaded.
+/// @throws std::runtime_error with the name of one that is missing
+Exports findExports(HMODULE library);
+
 /// What a test's job looks like; the names and counts matter to no test but those that name them.
 struct TestJob {
     const char* friendlyName = "SimulatedPrinter";

@@ -17,6 +17,7 @@ JswAllocate allocate = nullptr;
 
 char* newText(const std::string& text) {
     auto* copy = static_cast<char*>(allocate(static_cast<int32_t>(text.size() + 1)));
+    if (copy == nullptr) return nullptr;
     std::memcpy(copy, text.c_str(), text.size() + 1);
     return copy;
 }
@@ -25,6 +26,7 @@ char** newList(const std::vector<std::string>& texts) {
     if (texts.empty() && !script().emptyLists) return nullptr;
     auto** list =
         static_cast<char**>(allocate(static_cast<int32_t>((texts.size() + 1) * sizeof(char*))));
+    if (list == nullptr) return nullptr;
     for (std::size_t i = 0; i < texts.size(); ++i) list[i] = newText(texts[i]);
     list[texts.size()] = nullptr;
     return list;

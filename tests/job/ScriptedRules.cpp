@@ -41,6 +41,7 @@ char* EvaluateRule() {
     ++nextRule;
     if (result.empty()) return nullptr;
     auto* copy = static_cast<char*>(allocate(static_cast<int32_t>(result.size() + 1)));
+    if (copy == nullptr) return nullptr;
     std::memcpy(copy, result.c_str(), result.size() + 1);
     return copy;
 }

@@ -2,7 +2,9 @@
 
 #include <windows.h>
 
+#include <concepts>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace jsw::test {
@@ -39,6 +41,9 @@ class ThunkOverride {
     ThunkOverride(const ThunkOverride&) = delete;
     ThunkOverride& operator=(const ThunkOverride&) = delete;
 
+    /// What was there.
+    void* before() const { return before_; }
+
   private:
     void** thunk_;
     void* before_;
@@ -58,8 +63,15 @@ class ReplacedImport<Result(Arguments...), Replacement> {
     }
 
   private:
+    using Original = Result(WINAPI*)(Arguments...);
+
     static Result WINAPI call(Arguments... arguments) {
-        return current_->replacement_(arguments...);
+        if constexpr (std::invocable<Replacement, Original, Arguments...>) {
+            const auto original = reinterpret_cast<Original>(current_->override_.before());
+            return current_->replacement_(original, arguments...);
+        } else {
+            return current_->replacement_(arguments...);
+        }
     }
 
     static inline ReplacedImport* current_ = nullptr;  // one at a time for each place in a test
@@ -71,6 +83,7 @@ class ReplacedImport<Result(Arguments...), Replacement> {
 /// of scope. Any thread of the library may call it; none may be inside it when it goes.
 ///     const auto shell = replaceImport<decltype(ShellExecuteExA)>(
 ///         imports, "ShellExecuteExA", [&](SHELLEXECUTEINFOA* info) { … return TRUE; });
+/// One that wants to call the real function takes it as its first argument.
 template <class Function, class Replacement>
 auto replaceImport(const ImportTable& table, const std::string& name, Replacement replacement) {
     return ReplacedImport<Function, Replacement>(table, name, std::move(replacement));
