@@ -24,12 +24,21 @@ constexpr Named<Action> kActions[] = {
 };
 
 constexpr Named<Target> kTargets[] = {
-    {"previous", Target::kPrevious},  {"current", Target::kCurrent},
-    {"next", Target::kNext},          {"ink", Target::kInk},
-    {"cancel", Target::kCancel},      {"updates", Target::kUpdates},
-    {"special", Target::kSpecial},    {"minimise", Target::kMinimise},
-    {"restore", Target::kRestore},    {"close", Target::kClose},
-    {"close-job", Target::kCloseJob}, {"button", Target::kPageButton},
+    {"previous", Target::kPrevious},
+    {"current", Target::kCurrent},
+    {"next", Target::kNext},
+    {"ink", Target::kInk},
+    {"cancel", Target::kCancel},
+    {"updates", Target::kUpdates},
+    {"special", Target::kSpecial},
+    {"minimise", Target::kMinimise},
+    {"restore", Target::kRestore},
+    {"close", Target::kClose},
+    {"close-job", Target::kCloseJob},
+    {"yes", Target::kYes},
+    {"no", Target::kNo},
+    {"window", Target::kActivate},
+    {"button", Target::kPageButton},
 };
 
 /** The ids that Windows gives the buttons of its dialogs. */

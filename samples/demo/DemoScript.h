@@ -26,6 +26,9 @@ enum class Target {
     kRestore,
     kClose,
     kCloseJob,
+    kYes,  ///< the answers to what the window asks
+    kNo,
+    kActivate,    ///< the window itself, which comes to the front with that
     kPageButton,  ///< a button of the billboard page; its number goes with it
 };
 
@@ -61,7 +64,8 @@ struct ParsedScript {
  *     at SECONDS post NUMBER      the driver hands a message to the prompt that is up
  *     at SECONDS end              the driver ends the job
  *     at SECONDS click WHAT       the user presses previous, current, next, ink, cancel, updates,
- *                                 special, minimise, restore, close, close-job or button N
+ *                                 special, minimise, restore, close, close-job, yes, no,
+ *                                 window or button N
  *     at SECONDS answer WHAT      the user answers a prompt: ok, cancel, abort, retry, ignore,
  *                                 yes, no or the number of a button
  *     at SECONDS look             prints what the job window shows

@@ -40,7 +40,7 @@ HWND ourWindow(const char* className) {
     return search.found;
 }
 
-enum class Way { kButton, kCheckBox, kSystemMenu };
+enum class Way { kButton, kCheckBox, kSystemMenu, kWindow };
 
 struct Control {
     Target target;
@@ -61,6 +61,9 @@ constexpr Control kControls[] = {
     {Target::kRestore, Way::kSystemMenu, SC_RESTORE},
     {Target::kClose, Way::kSystemMenu, SC_CLOSE},
     {Target::kCloseJob, Way::kSystemMenu, JSW_VIEW_CLOSE_JOB},
+    {Target::kYes, Way::kButton, JSW_VIEW_YES},
+    {Target::kNo, Way::kButton, JSW_VIEW_NO},
+    {Target::kActivate, Way::kWindow, 0},
 };
 
 std::string pressControl(HWND window, int id, bool checkBox) {
@@ -108,6 +111,10 @@ std::string press(Target target, uint32_t pageButton) {
                 PostMessageA(window, WM_SYSCOMMAND, static_cast<WPARAM>(control.id), 0);
             return posted == FALSE ? "the window takes no messages" : "";
         }
+        if (control.way == Way::kWindow) {
+            return SetForegroundWindow(window) == FALSE ? "the window does not come to the front"
+                                                        : "";
+        }
         const int offset = target == Target::kPageButton ? static_cast<int>(pageButton) - 1 : 0;
         return pressControl(window, control.id + offset, control.way == Way::kCheckBox);
     }
@@ -126,7 +133,8 @@ std::vector<std::string> readJobWindow() {
         const char* what;
     } kTexts[] = {{JSW_VIEW_BILLBOARD, "billboard"}, {JSW_VIEW_PROGRESS_TEXT, "progress"},
                   {JSW_VIEW_TIME_TEXT, "time"},      {JSW_VIEW_INK, "ink"},
-                  {JSW_VIEW_SIMULATED, "note"},      {JSW_VIEW_CANCEL, "button"}};
+                  {JSW_VIEW_SIMULATED, "note"},      {JSW_VIEW_CANCEL, "button"},
+                  {JSW_VIEW_QUESTION, "question"}};
     std::vector<std::string> lines;
     const HWND window = ourWindow(JSW_SAMPLE_VIEW_CLASS);
     if (window == nullptr || IsWindowVisible(window) == FALSE) {

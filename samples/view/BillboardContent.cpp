@@ -105,18 +105,29 @@ class PageBuilder {
         }
         const bool startsItem = line.starts_with("- ");
         if (!inParagraph_ || startsItem) {
-            if (page_.paragraphs.size() == kMaxParagraphs) return "there are too many paragraphs";
-            page_.paragraphs.emplace_back(line);
+            if (texts_.size() == kMaxParagraphs) return "there are too many paragraphs";
+            texts_.emplace_back(line);
             inParagraph_ = true;
         } else {
-            page_.paragraphs.back().append(" ").append(line);
+            texts_.back().append(" ").append(line);
         }
-        return page_.paragraphs.back().size() > kMaxParagraphLength ? "a paragraph is too long"
-                                                                    : "";
+        return texts_.back().size() > kMaxParagraphLength ? "a paragraph is too long" : "";
+    }
+
+    /** Finds the links in the paragraphs; the last step. */
+    std::string finish() {
+        if (page_.title.empty()) return "the file has no title";
+        for (const std::string_view text : texts_) {
+            Paragraph paragraph;
+            paragraph.isItem = text.starts_with("- ");
+            std::string problem = takePieces(text.substr(paragraph.isItem ? 2 : 0), paragraph);
+            if (!problem.empty()) return problem;
+            page_.paragraphs.push_back(std::move(paragraph));
+        }
+        return "";
     }
 
     [[nodiscard]] Page take() { return std::move(page_); }
-    [[nodiscard]] bool hasTitle() const { return !page_.title.empty(); }
 
   private:
     std::string takeTitle(std::string_view value) {
@@ -131,8 +142,8 @@ class PageBuilder {
         page_.pictureFile = isFile ? std::string(value) : std::string();
     }
 
-    std::string takeButton(std::string_view value) {
-        if (page_.buttons.size() == kMaxButtons) return "there are too many buttons";
+    /** Label, action and number, separated by "|"; nothing when it is not of that form. */
+    static std::optional<ContentButton> readAction(std::string_view value) {
         ContentButton button;
         button.label = cutUpTo(value, '|');
         button.action = cutUpTo(value, '|');
@@ -140,16 +151,55 @@ class PageBuilder {
         const auto [end, error] =
             std::from_chars(number.data(), number.data() + number.size(), button.actionId);
         const bool isNumber = error == std::errc() && end == number.data() + number.size();
-        if (button.label.empty() || button.label.size() > kMaxLabelLength ||
-            !isActionName(button.action) || !isNumber || button.actionId < 0 ||
-            button.actionId > kMaxActionId) {
-            return "a button is not of the form \"Label | ACTION | number\"";
-        }
-        page_.buttons.push_back(std::move(button));
+        const bool isGood = !button.label.empty() && button.label.size() <= kMaxLabelLength &&
+                            isActionName(button.action) && isNumber && button.actionId >= 0 &&
+                            button.actionId <= kMaxActionId;
+        return isGood ? std::optional(std::move(button)) : std::nullopt;
+    }
+
+    std::string takeButton(std::string_view value) {
+        if (page_.buttons.size() == kMaxButtons) return "there are too many buttons";
+        auto button = readAction(value);
+        if (!button) return "a button is not of the form \"Label | ACTION | number\"";
+        page_.buttons.push_back(std::move(*button));
         return "";
     }
 
+    /** Brackets without a "|" in them are plain text. */
+    std::string takePieces(std::string_view text, Paragraph& paragraph) {
+        while (!text.empty()) {
+            const auto open = text.find('[');
+            const auto close = open == text.npos ? text.npos : text.find(']', open);
+            const std::string_view inside =
+                close == text.npos ? "" : text.substr(open + 1, close - open - 1);
+            if (inside.find('|') == inside.npos) {
+                const std::string_view plain =
+                    text.substr(0, close == text.npos ? text.npos : close + 1);
+                addText(paragraph, plain);
+                text.remove_prefix(plain.size());
+                continue;
+            }
+            if (page_.links.size() == kMaxLinks) return "there are too many links";
+            auto link = readAction(inside);
+            if (!link) return "a link is not of the form \"[Label | ACTION | number]\"";
+            addText(paragraph, text.substr(0, open));
+            paragraph.pieces.push_back({link->label, page_.links.size()});
+            page_.links.push_back(std::move(*link));
+            text.remove_prefix(close + 1);
+        }
+        return "";
+    }
+
+    static void addText(Paragraph& paragraph, std::string_view text) {
+        if (text.empty()) return;
+        if (paragraph.pieces.empty() || paragraph.pieces.back().link) {
+            paragraph.pieces.push_back({"", std::nullopt});
+        }
+        paragraph.pieces.back().text += text;
+    }
+
     Page page_;
+    std::vector<std::string> texts_; /**< of the paragraphs, as they stand in the file */
     bool inParagraph_ = false;
 };
 
@@ -182,16 +232,19 @@ ParsedPage parseBillboard(std::string_view text) {
         std::string problem = inHeader ? builder.takeHeaderLine(line) : builder.takeTextLine(line);
         if (!problem.empty()) return {{}, std::move(problem)};
     }
-    if (!builder.hasTitle()) return {{}, "the file has no title"};
+    std::string problem = builder.finish();
+    if (!problem.empty()) return {{}, std::move(problem)};
     return {builder.take(), ""};
 }
 
-Page unshowablePage(const std::string& problem) {
-    Page page;
-    page.title = "This page cannot be shown";
-    page.picture = Picture::printer;
-    page.paragraphs = {"Printing is not affected.", "Reason: " + problem + "."};
-    return page;
+Paragraph plainParagraph(std::string text) {
+    return {false, {{std::move(text), std::nullopt}}};
+}
+
+std::string textOf(const Paragraph& paragraph) {
+    std::string text;
+    for (const Piece& piece : paragraph.pieces) text += piece.text;
+    return text;
 }
 
 bool isPictureHeaderAcceptable(std::string_view header) {

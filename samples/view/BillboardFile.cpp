@@ -1,8 +1,12 @@
 #include "samples/view/BillboardFile.h"
 
+#include "samples/ui/Text.h"
+#include "samples/view/WindowContent.h"
+
 #include <fstream>
 #include <ios>
 #include <optional>
+#include <utility>
 
 namespace sampleview {
 namespace {
@@ -18,12 +22,16 @@ std::optional<std::string> readStart(const std::string& path, std::size_t limit)
     return bytes;
 }
 
-Page emptyPage() {
-    Page page;
-    page.title = "Your document is being printed";
-    page.picture = Picture::printer;
-    page.paragraphs = {"There is no page to show for this print job."};
-    return page;
+/** "welcome.jbb" in German is "welcome.de.jbb". */
+std::string nameInLanguage(const std::string& fileName, const char* code) {
+    const auto dot = fileName.rfind('.');
+    if (dot == std::string::npos) return fileName;
+    return fileName.substr(0, dot + 1) + code + fileName.substr(dot);
+}
+
+/** Files of either encoding are well-formed for as long as they are plain English. */
+std::string asUtf8(std::string text) {
+    return sampleui::isUtf8(text) ? std::move(text) : sampleui::utf8FromAnsi(text);
 }
 
 }  // namespace
@@ -32,12 +40,18 @@ std::string scriptPath(const std::string& dataPath, const std::string& fileName)
     return dataPath + "\\Scripts\\" + fileName;
 }
 
-Page loadBillboard(const std::string& dataPath, const std::string& fileName) {
-    if (fileName.empty()) return emptyPage();
-    const auto text = readStart(scriptPath(dataPath, fileName), kMaxFileSize + 1);
-    if (!text) return unshowablePage("the file cannot be read");
-    const ParsedPage parsed = parseBillboard(*text);
-    return parsed.problem.empty() ? parsed.page : unshowablePage(parsed.problem);
+Page loadBillboard(const std::string& dataPath, const std::string& fileName,
+                   const Language& language) {
+    const Strings& strings = language.strings();
+    if (fileName.empty()) return emptyPage(strings);
+    auto text = readStart(scriptPath(dataPath, nameInLanguage(fileName, language.code())),
+                          kMaxFileSize + 1);
+    if (!text) text = readStart(scriptPath(dataPath, fileName), kMaxFileSize + 1);
+    if (!text) return unshowablePage("the file cannot be read", strings);
+    // Before it becomes UTF-8, which may be longer.
+    if (text->size() > kMaxFileSize) return unshowablePage("the file is too large", strings);
+    const ParsedPage parsed = parseBillboard(asUtf8(std::move(*text)));
+    return parsed.problem.empty() ? parsed.page : unshowablePage(parsed.problem, strings);
 }
 
 bool isPictureFileAcceptable(const std::string& path) {

@@ -14,6 +14,7 @@
 
 /** Class name of the window; one window exists per running job. */
 #define JSW_SAMPLE_VIEW_CLASS "JswSampleView"
+#define JSW_SAMPLE_VIEW_CLASS_W L"JswSampleView"
 
 enum JswSampleViewControl {
     /* Texts and pictures */
@@ -22,7 +23,7 @@ enum JswSampleViewControl {
     JSW_VIEW_SIMULATED = 1003, /**< visible for simulated data only */
     JSW_VIEW_PROGRESS_TEXT = 1004,
     JSW_VIEW_TIME_TEXT = 1005,
-    JSW_VIEW_PROGRESS_BAR = 1006, /**< range 0 to 1000 */
+    JSW_VIEW_PROGRESS_BAR = 1006,
     JSW_VIEW_INK = 1007,
     JSW_VIEW_BILLBOARD = 1008,
 
@@ -37,8 +38,14 @@ enum JswSampleViewControl {
     JSW_VIEW_UPDATE_AUTOMATICALLY = 1031, /**< a check box */
     JSW_VIEW_SPECIAL_MESSAGES = 1032,     /**< a check box */
 
-    /* Buttons of the page shown: the first, second, ... has this id, this id + 1, ... */
+    /* The question in the last row, in the place of the choices; hidden when there is none */
+    JSW_VIEW_QUESTION = 1034, /**< a text */
+    JSW_VIEW_YES = 1035,
+    JSW_VIEW_NO = 1036, /**< the default */
+
+    /* Buttons and links of the page shown: the first, second, ... has this id, this id + 1, ... */
     JSW_VIEW_CONTENT_BUTTON = 1040,
+    JSW_VIEW_CONTENT_LINK = 1050,
 
     /* Entry of the system menu */
     JSW_VIEW_CLOSE_JOB = 0x1010

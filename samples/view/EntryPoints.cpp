@@ -3,6 +3,7 @@
  * return; the window's thread shows it.
  */
 #include "jsw/view.h"
+#include "samples/ui/Text.h"
 #include "samples/view/ViewState.h"
 #include "samples/view/WindowThread.h"
 
@@ -20,8 +21,13 @@ using namespace sampleview;
 /** The job between Initialize and Uninitialize; null outside. */
 std::atomic<std::shared_ptr<ViewState>> currentJob;
 
-std::string textOf(const char* text) {
+/** As it came, in the ANSI code page. */
+std::string ansiOf(const char* text) {
     return text ? text : "";
+}
+
+std::string textOf(const char* text) {
+    return sampleui::utf8FromAnsi(ansiOf(text));
 }
 
 /** Does something with the current job, if there is one. Nothing thrown gets out. */
@@ -47,8 +53,7 @@ void setCallback(Callback HostCallbacks::*member, Callback callback) noexcept {
 void endJob(const std::shared_ptr<ViewState>& job) {
     if (!job) return;
     job->close();
-    // From inside a callback the window closes once the callback has returned.
-    if (!job->isWindowThread()) job->waitUntilClosed();
+    job->waitUntilClosed();
 }
 
 }  // namespace
@@ -70,7 +75,7 @@ void Uninitialize(void) {
 }
 
 void SetDataPath(const char* text) {
-    changeJob([text](JobData& data) { data.dataPath = textOf(text); });
+    changeJob([text](JobData& data) { data.dataPath = ansiOf(text); });
 }
 
 void SetJobName(const char* text) {
@@ -103,6 +108,7 @@ void SetTotalCopies(int32_t value) {
 
 void SetInkInfo(const InkInfo* inkInfo) {
     changeJob([inkInfo](JobData& data) {
+        data.inkTold = true;
         data.inkPercents = JobData::noInkLevels();
         for (std::size_t i = 0; inkInfo && i < data.inkPercents.size(); ++i) {
             data.inkPercents[i] = inkInfo->InkPercent[i];
@@ -113,7 +119,7 @@ void SetInkInfo(const InkInfo* inkInfo) {
 void DisplayBillboard(const char* billboard, JswBool enableBillboardNavigation,
                       JswBool restoreWindow) {
     changeJob([=](JobData& data) {
-        data.billboard = textOf(billboard);
+        data.billboard = ansiOf(billboard);
         data.navigation = enableBillboardNavigation != 0;
         data.restoreWanted = data.restoreWanted || restoreWindow != 0;
         ++data.billboardSerial;
@@ -160,9 +166,9 @@ void SetUpdateSoftware(uint32_t flag) {
 
 void SetSavedValue(const char* valueName, const char* value) {
     changeJob([=](JobData& data) {
-        const std::string name = textOf(valueName);
-        if (name == "WindowX") data.savedX = parseCoordinate(textOf(value));
-        if (name == "WindowY") data.savedY = parseCoordinate(textOf(value));
+        const std::string name = ansiOf(valueName);
+        data.savedPlace.take(name, ansiOf(value));
+        if (name == "ClosingExplained") data.closingExplained = ansiOf(value) == "1";
     });
 }
 

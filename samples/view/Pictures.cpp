@@ -3,51 +3,65 @@
 #include "samples/view/BillboardFile.h"
 
 #include <algorithm>
+#include <cmath>
+#include <iterator>
 
 namespace sampleview {
 namespace {
 
-constexpr COLORREF kWhite = RGB(255, 255, 255);
-constexpr COLORREF kShade = RGB(226, 232, 240);
+using sampleui::RoundBox;
+
+constexpr Colour kWhite{255, 255, 255};
+constexpr Colour kShade{222, 229, 238};
 
 /** Translates the coordinates of a drawing of 100 by 100 units to the area it goes to. */
 class Drawing {
   public:
-    Drawing(const Canvas& canvas, const RECT& area)
-        : canvas_(canvas), size_(std::min(area.right - area.left, area.bottom - area.top)) {
+    Drawing(const Canvas& canvas, const Box& area)
+        : canvas_(canvas), size_(std::min(area.width(), area.height())) {
         left_ = (area.left + area.right - size_) / 2;
         top_ = (area.top + area.bottom - size_) / 2;
     }
 
-    void box(int left, int top, int right, int bottom, int radius, COLORREF colour) const {
-        canvas_.fillRound(area(left, top, right, bottom), static_cast<int>(scaled(radius)), colour);
+    void box(int left, int top, int right, int bottom, int radius, Colour colour) const {
+        canvas_.fillRound(area(left, top, right, bottom), scaled(radius), colour);
     }
-    void ellipse(int left, int top, int right, int bottom, COLORREF colour) const {
-        canvas_.fillEllipse(area(left, top, right, bottom), colour);
+    void ellipse(int left, int top, int right, int bottom, Colour colour) const {
+        const double middleX = (left + right) / 2.0;
+        const double middleY = (top + bottom) / 2.0;
+        const double halfX = (right - left) / 2.0;
+        const double halfY = (bottom - top) / 2.0;
+        fill(left, top, right, bottom, colour, [=](double x, double y) {
+            const double dx = (x - middleX) / halfX;
+            const double dy = (y - middleY) / halfY;
+            return dx * dx + dy * dy <= 1;
+        });
     }
-    void triangle(POINT first, POINT second, POINT third, COLORREF colour) const {
-        const POINT points[] = {at(first), at(second), at(third)};
-        canvas_.fillPolygon(points, 3, colour);
+    /** Fills the points of the units' square for which inside(x, y) holds. */
+    template <typename Inside>
+    void fill(int left, int top, int right, int bottom, Colour colour, Inside&& inside) const {
+        canvas_.fillInside(
+            area(left, top, right, bottom),
+            [&](double x, double y) {
+                return inside((x - left_) * 100 / size_, (y - top_) * 100 / size_);
+            },
+            colour);
     }
 
   private:
-    [[nodiscard]] LONG scaled(LONG units) const { return units * size_ / 100; }
-    [[nodiscard]] POINT at(POINT point) const {
-        return {left_ + scaled(point.x), top_ + scaled(point.y)};
-    }
-    [[nodiscard]] RECT area(int left, int top, int right, int bottom) const {
-        const POINT first = at({left, top});
-        const POINT last = at({right, bottom});
-        return {first.x, first.y, last.x, last.y};
+    [[nodiscard]] int scaled(int units) const { return units * size_ / 100; }
+    [[nodiscard]] Box area(int left, int top, int right, int bottom) const {
+        return {left_ + scaled(left), top_ + scaled(top), left_ + scaled(right),
+                top_ + scaled(bottom)};
     }
 
     const Canvas& canvas_;
-    LONG size_;
-    LONG left_;
-    LONG top_;
+    int size_;
+    int left_;
+    int top_;
 };
 
-void drawPrinter(const Drawing& drawing, COLORREF accent) {
+void drawPrinter(const Drawing& drawing, Colour accent) {
     drawing.box(26, 8, 74, 42, 2, kWhite);
     drawing.box(8, 34, 92, 72, 7, kShade);
     drawing.box(8, 34, 92, 52, 7, kWhite);
@@ -59,24 +73,47 @@ void drawPrinter(const Drawing& drawing, COLORREF accent) {
     }
 }
 
-void drawDrop(const Drawing& drawing, COLORREF accent) {
-    drawing.ellipse(24, 38, 76, 92, kWhite);
-    drawing.triangle({50, 4}, {27, 54}, {73, 54}, kWhite);
-    drawing.ellipse(34, 62, 48, 82, accent);
-    drawing.ellipse(38, 60, 52, 80, kWhite);
+/** A circle below; above it, sides that touch the circle and meet in the tip. */
+bool isInDrop(double x, double y) {
+    constexpr double kMiddle = 64;
+    constexpr double kRadius = 27;
+    constexpr double kTip = 6;
+    const double dx = std::abs(x - 50);
+    const double dy = y - kMiddle;
+    if (dx * dx + dy * dy <= kRadius * kRadius) return true;
+    const double sine = kRadius / (kMiddle - kTip);
+    const double touch = kMiddle - kRadius * sine;
+    // Slightly hollow, as a drop about to fall is.
+    const double along = (y - kTip) / (touch - kTip);
+    return y >= kTip && y <= touch &&
+           dx <= kRadius * std::sqrt(1 - sine * sine) * std::pow(along, 1.25);
 }
 
-void drawBulb(const Drawing& drawing, COLORREF accent) {
+void drawDrop(const Drawing& drawing, Colour accent) {
+    drawing.fill(20, 4, 80, 96, kWhite, isInDrop);
+    drawing.fill(30, 52, 62, 88, mixed(accent, kWhite, 90), [](double x, double y) {
+        const auto inCircle = [&](double middleX, double middleY, double radius) {
+            const double dx = x - middleX;
+            const double dy = y - middleY;
+            return dx * dx + dy * dy <= radius * radius;
+        };
+        return inCircle(50, 64, 19) && !inCircle(54, 61, 19);
+    });
+}
+
+void drawBulb(const Drawing& drawing, Colour accent) {
     drawing.ellipse(22, 6, 78, 62, kWhite);
     drawing.box(36, 52, 64, 72, 4, kWhite);
     drawing.box(48, 30, 52, 68, 1, accent);
-    drawing.triangle({40, 30}, {60, 30}, {50, 44}, accent);
+    drawing.fill(40, 28, 60, 46, accent, [](double x, double y) {
+        return y >= 30 && y <= 44 && std::abs(x - 50) <= (44 - y) * 10 / 14;
+    });
     drawing.box(36, 76, 64, 81, 2, kWhite);
     drawing.box(36, 84, 64, 89, 2, kWhite);
     drawing.box(43, 92, 57, 97, 2, kWhite);
 }
 
-void drawCartridges(const Drawing& drawing, COLORREF accent) {
+void drawCartridges(const Drawing& drawing, Colour accent) {
     for (const int left : {10, 54}) {
         drawing.box(left + 8, 12, left + 28, 24, 3, kShade);
         drawing.box(left, 20, left + 36, 86, 5, kWhite);
@@ -87,21 +124,34 @@ void drawCartridges(const Drawing& drawing, COLORREF accent) {
 
 }  // namespace
 
-ThemeColours themeColours(Theme theme) {
-    switch (theme) {
-        case Theme::green:
-            return {RGB(86, 176, 128), RGB(24, 110, 84)};
-        case Theme::amber:
-            return {RGB(242, 170, 76), RGB(190, 98, 24)};
-        case Theme::violet:
-            return {RGB(148, 122, 208), RGB(82, 58, 150)};
-        case Theme::blue:
+ThemeColours themeColours(Theme theme, const Palette& palette) {
+    struct Entry {
+        Theme theme;
+        Colour light;
+        Colour dark;
+    };
+    constexpr Entry kEntries[] = {
+        {Theme::blue, {72, 148, 214}, {20, 86, 156}},
+        {Theme::green, {78, 172, 128}, {18, 104, 78}},
+        {Theme::amber, {240, 168, 76}, {176, 84, 16}},
+        {Theme::violet, {146, 122, 208}, {80, 56, 150}},
+    };
+    const auto* const entry = std::find_if(std::begin(kEntries), std::end(kEntries),
+                                           [&](const Entry& each) { return each.theme == theme; });
+    switch (palette.appearance) {
+        case sampleui::Appearance::dark:
+            // Less glaring, and the title light enough for a dark ground.
+            return {mixed(entry->light, palette.card, 70), mixed(entry->dark, palette.card, 60),
+                    mixed(entry->light, kWhite, 90)};
+        case sampleui::Appearance::highContrast:
+            return {palette.text, palette.text, palette.text};
+        case sampleui::Appearance::light:
             break;
     }
-    return {RGB(76, 154, 214), RGB(24, 84, 150)};
+    return {entry->light, entry->dark, entry->dark};
 }
 
-void paintPicture(const Canvas& canvas, const RECT& area, Picture picture, COLORREF accent) {
+void paintPicture(const Canvas& canvas, const Box& area, Picture picture, Colour accent) {
     const Drawing drawing(canvas, area);
     switch (picture) {
         case Picture::printer:
@@ -124,23 +174,23 @@ GdiObject<HBITMAP> loadPicture(const std::string& path) {
         nullptr, path.c_str(), IMAGE_BITMAP, 0, 0, LR_LOADFROMFILE | LR_CREATEDIBSECTION)));
 }
 
-void paintBitmap(const Canvas& canvas, const RECT& area, HBITMAP bitmap) {
+void paintBitmap(const Canvas& canvas, const Box& area, HBITMAP bitmap) {
     BITMAP info{};
-    if (!GetObjectA(bitmap, sizeof(info), &info) || info.bmWidth < 1 || info.bmHeight < 1) return;
-    const LONG width = area.right - area.left;
-    const LONG height = area.bottom - area.top;
-    const bool wide = info.bmWidth * height > info.bmHeight * width;
-    const LONG shownWidth = wide ? width : info.bmWidth * height / info.bmHeight;
-    const LONG shownHeight = wide ? info.bmHeight * width / info.bmWidth : height;
+    if (!GetObjectW(bitmap, sizeof(info), &info) || info.bmWidth < 1 || info.bmHeight < 1) return;
+    const bool wide = info.bmWidth * area.height() > info.bmHeight * area.width();
+    const int width =
+        wide ? area.width() : static_cast<int>(info.bmWidth * area.height() / info.bmHeight);
+    const int height =
+        wide ? static_cast<int>(info.bmHeight * area.width() / info.bmWidth) : area.height();
 
-    const MemoryDc source(canvas.dc());
+    const sampleui::MemoryDc source(canvas.dc());
     if (!source.get()) return;
-    const Selection selection(source.get(), bitmap);
-    SetStretchBltMode(canvas.dc(), COLORONCOLOR);
-    StretchBlt(canvas.dc(), area.left + (width - shownWidth) / 2,
-               area.top + (height - shownHeight) / 2, static_cast<int>(shownWidth),
-               static_cast<int>(shownHeight), source.get(), 0, 0, info.bmWidth, info.bmHeight,
-               SRCCOPY);
+    const sampleui::Selection selection(source.get(), bitmap);
+    SetStretchBltMode(canvas.dc(), HALFTONE);
+    SetBrushOrgEx(canvas.dc(), 0, 0, nullptr);
+    StretchBlt(canvas.dc(), area.left + (area.width() - width) / 2,
+               area.top + (area.height() - height) / 2, std::max(width, 1), std::max(height, 1),
+               source.get(), 0, 0, info.bmWidth, info.bmHeight, SRCCOPY);
 }
 
 }  // namespace sampleview

@@ -4,28 +4,35 @@
  */
 #pragma once
 
+#include "samples/ui/Canvas.h"
 #include "samples/view/BillboardContent.h"
-#include "samples/view/Canvas.h"
 
 #include <string>
 
 namespace sampleview {
 
-/** The two colours of a theme: of the side panel's top and bottom, and of the title. */
+using sampleui::Box;
+using sampleui::Canvas;
+using sampleui::Colour;
+using sampleui::GdiObject;
+using sampleui::Palette;
+
+/** The colours of a theme: of the side panel's top and bottom, and of the title. */
 struct ThemeColours {
-    COLORREF light;
-    COLORREF dark;
+    Colour light;
+    Colour dark;
+    Colour title;
 };
 
-[[nodiscard]] ThemeColours themeColours(Theme theme);
+[[nodiscard]] ThemeColours themeColours(Theme theme, const Palette& palette);
 
 /** Draws the built-in picture in white into the middle of the area; nothing for none and file. */
-void paintPicture(const Canvas& canvas, const RECT& area, Picture picture, COLORREF accent);
+void paintPicture(const Canvas& canvas, const Box& area, Picture picture, Colour accent);
 
 /** Loads a .bmp file; null when it cannot be read or is too large. */
 [[nodiscard]] GdiObject<HBITMAP> loadPicture(const std::string& path);
 
 /** Draws the bitmap as large as the area allows, keeping its proportions. */
-void paintBitmap(const Canvas& canvas, const RECT& area, HBITMAP bitmap);
+void paintBitmap(const Canvas& canvas, const Box& area, HBITMAP bitmap);
 
 }  // namespace sampleview

@@ -1,16 +1,18 @@
 #include "samples/view/ViewState.h"
 
+#include "samples/view/ModuleThread.h"
+
 #include <chrono>
 
 namespace sampleview {
 namespace {
 
-/** How long the end of a job waits for the window's thread. */
-constexpr std::chrono::seconds kThreadWait{10};
+/** How long the end of a job waits for the window: long enough for one that is not busy. */
+constexpr std::chrono::milliseconds kWindowWait{500};
 
 /**
- * How long it waits when the thread is inside a function of the host, which may itself be waiting
- * for the end of the job.
+ * How long it waits for a function of the host, whose code may be unloaded afterwards, but which
+ * may itself be waiting for the end of the job.
  */
 constexpr std::chrono::seconds kCallbackWait{1};
 
@@ -45,9 +47,10 @@ void ViewState::close() {
 
 void ViewState::waitUntilClosed() {
     std::unique_lock lock(mutex_);
-    const auto isIdle = [this] { return !threadRunning_ && callbacksRunning_ == 0; };
-    idle_.wait_for(lock, kThreadWait, [&] { return isIdle() || callbacksRunning_ > 0; });
-    idle_.wait_for(lock, kCallbackWait, isIdle);
+    // Called from inside a callback, this is one of those that are running.
+    const int ours = queueRunning_ && queueThread_ == GetCurrentThreadId() ? 1 : 0;
+    idle_.wait_for(lock, kCallbackWait, [&] { return callbacksRunning_ <= ours; });
+    idle_.wait_for(lock, kWindowWait, [&] { return !threadRunning_; });
 }
 
 bool ViewState::show() {
@@ -63,7 +66,6 @@ bool ViewState::attachWindow(HWND window) {
     const std::lock_guard lock(mutex_);
     if (closed_) return false;
     window_ = window;
-    threadId_ = GetCurrentThreadId();
     return true;
 }
 
@@ -76,13 +78,7 @@ void ViewState::detachWindow() {
 void ViewState::threadEnded() {
     const std::lock_guard lock(mutex_);
     threadRunning_ = false;
-    threadId_ = 0;
     idle_.notify_all();
-}
-
-bool ViewState::isWindowThread() const {
-    const std::lock_guard lock(mutex_);
-    return threadId_ == GetCurrentThreadId();
 }
 
 JobData ViewState::takeData() {
@@ -93,21 +89,59 @@ JobData ViewState::takeData() {
     return copy;
 }
 
-void ViewState::moved(Place place) {
+void ViewState::moved(const SavedPlace& place) {
     const std::lock_guard lock(mutex_);
     place_ = place;
 }
 
+std::optional<SavedPlace> ViewState::placeToSave() {
+    const std::lock_guard lock(mutex_);
+    if (place_ == savedPlace_) return std::nullopt;
+    savedPlace_ = place_;
+    return place_;
+}
+
 void ViewState::savePlace() {
-    Place place;
+    const auto place = placeToSave();
+    if (!place) return;
+    for (const auto& [name, value] : place->values()) {
+        callHost(&HostCallbacks::saveValue, name, value.c_str());
+    }
+}
+
+void ViewState::savePlaceLater() {
+    enqueue([this] { savePlace(); });
+}
+
+void ViewState::enqueue(std::function<void()> call) {
     {
         const std::lock_guard lock(mutex_);
-        if (!place_ || place_ == savedPlace_) return;
-        savedPlace_ = place_;
-        place = *place_;
+        if (closed_) return;
+        calls_.push_back(std::move(call));
+        if (std::exchange(queueRunning_, true)) return;
     }
-    callHost(&HostCallbacks::saveValue, "WindowX", std::to_string(place.x).c_str());
-    callHost(&HostCallbacks::saveValue, "WindowY", std::to_string(place.y).c_str());
+    // The calls refer to this object, which the thread keeps.
+    const auto self = shared_from_this();
+    if (!startModuleThread([self] { self->emptyQueue(); })) emptyQueue();
+}
+
+void ViewState::emptyQueue() {
+    while (true) {
+        std::function<void()> call;
+        {
+            const std::lock_guard lock(mutex_);
+            queueThread_ = GetCurrentThreadId();
+            queueRunning_ = !calls_.empty();
+            if (!queueRunning_) return;
+            call = std::move(calls_.front());
+            calls_.pop_front();
+        }
+        try {
+            call();
+        } catch (...) {
+            // An exception of the host's, or out of memory; the next call may fare better.
+        }
+    }
 }
 
 void ViewState::requestRefresh() {

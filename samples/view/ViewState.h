@@ -4,18 +4,21 @@
  *
  * One lock guards all of it. It is never held while the host is called back or while a message is
  * sent: posting one, which never waits, is all that happens under it.
+ *
+ * What the window has to tell the host goes through a queue that a thread of its own empties: a
+ * host that takes its time does not keep the window from being drawn, moved and closed.
  */
 #pragma once
 
 #include "jsw/view.h"
-#include "samples/view/StatusText.h"
-#include "samples/view/WindowPlace.h"
+#include "samples/view/JobData.h"
 
 #include <windows.h>
 
-#include <array>
 #include <condition_variable>
-#include <cstdint>
+#include <deque>
+#include <functional>
+#include <memory>
 #include <mutex>
 #include <optional>
 #include <string>
@@ -27,36 +30,6 @@ namespace sampleview {
 inline constexpr UINT kMessageRefresh = WM_APP + 1;
 inline constexpr UINT kMessageClose = WM_APP + 2;
 
-/** Everything the window shows. */
-struct JobData {
-    std::string dataPath;
-    std::string jobName;
-    std::string printerName;
-    Progress progress;
-    std::array<std::int32_t, JSW_INK_SLOTS> inkPercents = noInkLevels();
-    std::array<bool, 2> reserveMode{}; /**< of cartridge 1 and 2 */
-
-    std::string billboard;             /**< file name; empty: none */
-    std::uint32_t billboardSerial = 0; /**< counts the requests to display one */
-    bool navigation = false;
-
-    bool visible = false;
-    bool startMinimized = false;
-    bool restoreWanted = false; /**< a billboard asked for the window since it was shown */
-    bool showSpecialMessages = true;
-    bool updateSoftware = false;
-    bool cancelling = false;
-
-    std::optional<int> savedX; /**< from an earlier job */
-    std::optional<int> savedY;
-
-    static constexpr std::array<std::int32_t, JSW_INK_SLOTS> noInkLevels() {
-        std::array<std::int32_t, JSW_INK_SLOTS> levels{};
-        for (auto& level : levels) level = -1;
-        return levels;
-    }
-};
-
 /** The host's functions; null ones are not called. */
 struct HostCallbacks {
     JswViewEventCallback event = nullptr;
@@ -67,7 +40,7 @@ struct HostCallbacks {
 };
 
 /** The state of one job, from Initialize to Uninitialize. All methods may be called anywhere. */
-class ViewState {
+class ViewState : public std::enable_shared_from_this<ViewState> {
   public:
     /** Calls change(JobData&) under the lock, then has the window look at the result. */
     template <typename Change>
@@ -92,13 +65,22 @@ class ViewState {
         }
     }
 
-    /** Hides the window and keeps its place for later jobs. */
+    /** The same, soon and in this order, without waiting for it; arguments are copied. */
+    template <typename Callback, typename... Arguments>
+    void callHostLater(Callback HostCallbacks::*member, Arguments... arguments) {
+        enqueue([this, member, arguments...] { callHost(member, passable(arguments)...); });
+    }
+
+    /** Hides the window; the host keeps its place for later jobs. */
     void hide();
 
     /** Ends the job: the window is told to close, and the host is not called back any more. */
     void close();
 
-    /** Waits for the window to be gone; for a limited time if its thread is stuck in the host. */
+    /**
+     * Lets what is under way end, for a moment: the host may be waiting for this very call, and
+     * need not wait for a window. Does not wait for a callback that has led here.
+     */
     void waitUntilClosed();
 
     // For the thread of the window.
@@ -109,17 +91,25 @@ class ViewState {
     [[nodiscard]] bool attachWindow(HWND window);
     void detachWindow();
     void threadEnded();
-    [[nodiscard]] bool isWindowThread() const;
 
     /** A copy of the data for the window; its restoreWanted is thereby dealt with. */
     [[nodiscard]] JobData takeData();
 
-    /** Notes where the window is. */
-    void moved(Place place);
+    /** Notes where the window is and how large. */
+    void moved(const SavedPlace& place);
     /** Has the host keep the window's place unless it has it already. */
     void savePlace();
+    /** The same through the queue. */
+    void savePlaceLater();
 
   private:
+    static const char* passable(const std::string& text) { return text.c_str(); }
+    static std::int32_t passable(std::int32_t number) { return number; }
+
+    void enqueue(std::function<void()> call);
+    void emptyQueue();
+    [[nodiscard]] std::optional<SavedPlace> placeToSave();
+
     /** Counts a running callback, so that closing the job can wait for its end. */
     class CallbackScope {
       public:
@@ -147,10 +137,12 @@ class ViewState {
     std::condition_variable idle_; /**< the thread has ended or a callback has begun or ended */
     JobData data_;
     HostCallbacks callbacks_;
-    std::optional<Place> place_;
-    std::optional<Place> savedPlace_;
+    std::deque<std::function<void()>> calls_; /**< for the host */
+    DWORD queueThread_ = 0;                   /**< that empties the queue */
+    bool queueRunning_ = false;
+    SavedPlace place_;
+    SavedPlace savedPlace_;
     HWND window_ = nullptr;
-    DWORD threadId_ = 0;
     int callbacksRunning_ = 0;
     bool threadRunning_ = false;
     bool refreshPosted_ = false;

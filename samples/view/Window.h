@@ -4,12 +4,17 @@
  */
 #pragma once
 
+#include "samples/ui/Look.h"
 #include "samples/view/BillboardPainter.h"
-#include "samples/view/Canvas.h"
-#include "samples/view/InkPainter.h"
+#include "samples/view/Tooltips.h"
 #include "samples/view/ViewState.h"
+#include "samples/view/WindowContent.h"
+#include "samples/view/WindowLayout.h"
+#include "samples/view/WindowSpeech.h"
 
 #include <windows.h>
+
+#include <commctrl.h>
 
 #include <cstdint>
 #include <memory>
@@ -18,14 +23,12 @@
 namespace sampleview {
 
 /**
- * One job's window. Lives on a thread of its own; every method belongs to that thread.
- *
- * Calling the host is always the last thing that a handler does: the host may close the job from
- * inside its function, and the window may then be gone.
+ * One job's window. Lives on a thread of its own; every method belongs to that thread. It never
+ * waits for the host: what it reports goes through the state's queue.
  */
 class Window {
   public:
-    Window(std::shared_ptr<ViewState> state, HINSTANCE instance);
+    explicit Window(std::shared_ptr<ViewState> state);
 
     /** Shows the window and handles its messages until the job is closed. */
     void run();
@@ -33,45 +36,67 @@ class Window {
   private:
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT handle(UINT message, WPARAM wParam, LPARAM lParam);
+    LRESULT handlePainting(UINT message, WPARAM wParam, LPARAM lParam);
 
+    // Window.cpp: coming and going
     bool create();
-    [[nodiscard]] Place initialPlace(int width, int height) const;
+    void createContent();
+    [[nodiscard]] RECT initialFrame(SIZE size) const;
+    [[nodiscard]] SIZE savedSize() const;
+    void changeScale(int dotsPerInch, const RECT& frame);
+    void changeLook();
+    void notePlace();
 
-    // Showing the state
+    // WindowRefresh.cpp: showing the state
     void refresh();
-    void refreshTexts();
-    void refreshProgress();
-    void refreshInk();
     void refreshBillboard();
+    void refreshLayout();
+    void invalidateChanges(const WindowLayout& before, const WindowContent& contentBefore);
     void refreshControls();
     void refreshVisibility();
-    void notePlace();
-    void paintHeader();
-    void drawItem(const DRAWITEMSTRUCT& item);
-    LRESULT controlBrush(HWND control, HDC dc);
+    void paintGround(HDC dc) const;
+    void drawItem(const DRAWITEMSTRUCT& item) const;
+    void drawOwn(const Canvas& canvas, const Box& box, int id) const;
+    [[nodiscard]] LRESULT controlBrush(HWND control, HDC dc) const;
+    [[nodiscard]] Colour groundOf(int id) const;
+    [[nodiscard]] Look look() const;
 
-    // What the user does
+    // WindowActions.cpp: what the user does
+    bool pressedKey(const MSG& message);
     void pressed(int id);
-    void navigate(const char* action);
-    void pressPageButton(std::size_t index);
+    void pressPageButton(const std::vector<ContentButton>& buttons, int index);
+    void ask(Question question);
+    void answerYes();
+    void cancelPressed();
     void cancelJob();
+    void closePressed();
     void toggleUpdateSoftware();
     void toggleSpecialMessages();
     void hideAndReport(std::int32_t event);
+    void focusFirst();
     LRESULT systemCommand(WPARAM wParam, LPARAM lParam);
 
     std::shared_ptr<ViewState> state_;
     HINSTANCE instance_;
-    int unit_; /**< dots per inch of the screen */
-    Fonts fonts_;
-    GdiObject<HBRUSH> headerBrush_;
-    GdiObject<HBRUSH> bodyBrush_;
-    GdiObject<HBRUSH> simulatedBrush_;
+    const Language& language_;
+    const Strings& strings_;
+    Palette palette_;
+    Scale scale_;
+    std::unique_ptr<Fonts> fonts_;
+    GdiObject<HBRUSH> groundBrush_;
+    GdiObject<HBRUSH> cardBrush_;
+    GdiObject<HBRUSH> footerBrush_;
     HWND window_ = nullptr;
-    JobData data_; /**< as last taken from the state */
-    InkDisplay ink_;
+    HWND lastFocus_ = nullptr; /**< while another window is active */
+    JobData data_;             /**< as last taken from the state */
+    Question question_ = Question::none;
+    WindowContent content_;
+    WindowLayout layout_;
     Billboard billboard_;
     std::optional<std::uint32_t> billboardSerial_; /**< of the page shown */
+    Tooltips tooltips_;
+    WindowSpeech speech_;
+    int runningStep_ = 0;
     bool shown_ = false;
 };
 

@@ -1,6 +1,5 @@
 #include "samples/view/WindowClass.h"
 
-#include "samples/view/Canvas.h"
 #include "samples/view/ControlIds.h"
 
 #include <commctrl.h>
@@ -18,23 +17,21 @@ int users = 0;
 WindowClass::WindowClass(HINSTANCE instance, WNDPROC procedure) : instance_(instance) {
     const std::lock_guard lock(usersMutex);
     if (users++ > 0) return;
-    const INITCOMMONCONTROLSEX controls{sizeof(controls), ICC_PROGRESS_CLASS};
+    const INITCOMMONCONTROLSEX controls{sizeof(controls), ICC_STANDARD_CLASSES | ICC_BAR_CLASSES};
     InitCommonControlsEx(&controls);
-    WNDCLASSEXA description{};
+    WNDCLASSEXW description{};
     description.cbSize = sizeof(description);
     description.lpfnWndProc = procedure;
     description.hInstance = instance;
-    description.hCursor = LoadCursorA(nullptr, reinterpret_cast<LPCSTR>(IDC_ARROW));
-    description.hIcon = LoadIconA(nullptr, reinterpret_cast<LPCSTR>(IDI_APPLICATION));
-    // The system deletes the brush with the class.
-    description.hbrBackground = CreateSolidBrush(colours::kBody);
-    description.lpszClassName = JSW_SAMPLE_VIEW_CLASS;
-    RegisterClassExA(&description);
+    description.hCursor = LoadCursorA(nullptr, IDC_ARROW);
+    description.hIcon = LoadIconA(nullptr, IDI_APPLICATION);
+    description.lpszClassName = JSW_SAMPLE_VIEW_CLASS_W;
+    RegisterClassExW(&description);
 }
 
 WindowClass::~WindowClass() {
     const std::lock_guard lock(usersMutex);
-    if (--users == 0) UnregisterClassA(JSW_SAMPLE_VIEW_CLASS, instance_);
+    if (--users == 0) UnregisterClassW(JSW_SAMPLE_VIEW_CLASS_W, instance_);
 }
 
 }  // namespace sampleview

@@ -1,13 +1,22 @@
 /**
  * @file WindowPlace.h
- * Where the window goes: the place kept from an earlier job, as far as it can still be seen.
+ * Where the window goes and how large it is: as it was at an earlier job, as far as it can still be
+ * seen. No Windows in it.
  */
 #pragma once
 
+#include "samples/ui/Geometry.h"
+
 #include <optional>
+#include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace sampleview {
+
+using sampleui::Box;
+using sampleui::Size;
 
 /** A position in pixels of the screen; may be negative on a second monitor. */
 struct Place {
@@ -16,20 +25,27 @@ struct Place {
     bool operator==(const Place&) const = default;
 };
 
-/** An area of the screen in pixels. */
-struct Area {
-    Place corner;
-    int width = 0;
-    int height = 0;
+/** What is kept of a window from job to job. */
+struct SavedPlace {
+    std::optional<int> x;
+    std::optional<int> y;
+    std::optional<int> width; /**< of the content, in pixels at 96 dots per inch */
+    std::optional<int> height;
+    bool operator==(const SavedPlace&) const = default;
+
+    /** Takes one of the values that values() has named; others are not for this. */
+    void take(std::string_view name, std::string_view value);
+    /** The names and values to keep. */
+    [[nodiscard]] std::vector<std::pair<const char*, std::string>> values() const;
 };
 
-/** A stored coordinate, or nothing when the text is not a sensible one. */
+/** A stored number, or nothing when the text is not a sensible one. */
 [[nodiscard]] std::optional<int> parseCoordinate(std::string_view text);
 
 /** The place nearest to the wanted one where the window lies within the desktop. */
-[[nodiscard]] Place clampToDesktop(Place wanted, int width, int height, const Area& desktop);
+[[nodiscard]] Place clampToDesktop(Place wanted, Size window, const Box& desktop);
 
 /** The place that centres the window on the desktop. */
-[[nodiscard]] Place centred(int width, int height, const Area& desktop);
+[[nodiscard]] Place centred(Size window, const Box& desktop);
 
 }  // namespace sampleview

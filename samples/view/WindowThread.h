@@ -13,9 +13,7 @@ namespace sampleview {
 /**
  * Starts a thread that shows the job's window until the job is closed. ViewState::show has asked
  * for it; ViewState::threadEnded is called in any case, also when no thread can be started.
- *
- * The thread keeps the state alive, and the module loaded.
  */
-void startWindowThread(std::shared_ptr<ViewState> state);
+void startWindowThread(const std::shared_ptr<ViewState>& state);
 
 }  // namespace sampleview

@@ -1,7 +1,7 @@
 #include "samples/view/BillboardContent.h"
 #include "samples/view/BillboardFile.h"
-#include "samples/view/StatusText.h"
-#include "samples/view/WindowPlace.h"
+#include "samples/view/Strings.h"
+#include "tests/support/TempFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -43,9 +43,12 @@ TEST(BillboardContent, ReadsAWholePage) {
     EXPECT_EQ(page.buttons[0].action, "Launch_Url");
     EXPECT_EQ(page.buttons[0].actionId, 7);
     EXPECT_EQ(page.buttons[1].action, "INK_STATUS");
-    EXPECT_EQ(page.paragraphs,
-              (std::vector<std::string>{"First line second line.", "- an item that goes on",
-                                        "- another = one", "# no comment here"}));
+    std::vector<std::string> texts;
+    for (const Paragraph& paragraph : page.paragraphs) {
+        texts.push_back((paragraph.isItem ? "* " : "") + textOf(paragraph));
+    }
+    EXPECT_EQ(texts, (std::vector<std::string>{"First line second line.", "* an item that goes on",
+                                               "* another = one", "# no comment here"}));
 }
 
 TEST(BillboardContent, RefusesWhatIsMalformed) {
@@ -113,6 +116,30 @@ TEST(BillboardContent, RefusesBadButtons) {
               "there are too many buttons");
 }
 
+TEST(BillboardContent, LinksStandInTheText) {
+    const auto parsed = parseBillboard(
+        "title = T\n\nSee [our shop | LAUNCH_URL | 3] or [0] the [ shelf.\n- "
+        "[Levels|INK_STATUS|0]\n");
+    ASSERT_EQ(parsed.problem, "");
+    const Page& page = parsed.page;
+    ASSERT_EQ(page.links.size(), 2U);
+    EXPECT_EQ(page.links[0].action, "LAUNCH_URL");
+    EXPECT_EQ(page.links[0].actionId, 3);
+    ASSERT_EQ(page.paragraphs.size(), 2U);
+    EXPECT_EQ(page.paragraphs[0].pieces,
+              (std::vector<Piece>{{"See ", {}}, {"our shop", 0U}, {" or [0] the [ shelf.", {}}}));
+    EXPECT_EQ(page.paragraphs[1], (Paragraph{true, {{"Levels", 1U}}}));
+
+    for (const char* bad : {"[a | b]", "[ | NEXT | 0]", "[a | NEXT | 100]", "[a | N;T | 0]"}) {
+        EXPECT_EQ(parseBillboard(std::string("title = T\n\n") + bad).problem,
+                  "a link is not of the form \"[Label | ACTION | number]\"")
+            << bad;
+    }
+    std::string many = "title = T\n\n";
+    for (std::size_t i = 0; i <= kMaxLinks; ++i) many += "[a | NEXT | 0] ";
+    EXPECT_EQ(parseBillboard(many).problem, "there are too many links");
+}
+
 TEST(BillboardContent, PicturesStayInTheirFolder) {
     struct Row {
         const char* value;
@@ -166,117 +193,34 @@ TEST(BillboardContent, PictureHeadersAreBounded) {
     EXPECT_FALSE(isPictureHeaderAcceptable(""));
 }
 
+/** The page of a folder with these files. */
+Page loadFrom(const jsw::test::TempFolder& folder, const char* name, std::uint16_t language) {
+    return loadBillboard(folder.path(), name, Language::choose(language));
+}
+
 TEST(BillboardFile, AlwaysYieldsAPage) {
-    EXPECT_EQ(loadBillboard("", "").title, "Your document is being printed");
+    const Language& english = Language::choose(0x409);
+    EXPECT_EQ(loadBillboard("", "", english).title, "Your document is being printed");
     const std::string unshowable = "This page cannot be shown";
-    EXPECT_EQ(loadBillboard("no such folder", "page.jbb").title, unshowable);
-    EXPECT_EQ(loadBillboard(std::string(400, 'x'), "page.jbb").title, unshowable);
-    EXPECT_EQ(loadBillboard("..", "..").title, unshowable);
+    EXPECT_EQ(loadBillboard("no such folder", "page.jbb", english).title, unshowable);
+    EXPECT_EQ(loadBillboard(std::string(400, 'x'), "page.jbb", english).title, unshowable);
+    EXPECT_EQ(loadBillboard("..", "..", english).title, unshowable);
+
+    const jsw::test::TempFolder folder;
+    folder.write("Scripts\\long.jbb", "title = T\n\n" + std::string(100000, 'x'));
+    const Page refused = loadFrom(folder, "long.jbb", 0x407);
+    EXPECT_EQ(refused.title, "Diese Seite kann nicht gezeigt werden");
+    EXPECT_EQ(textOf(refused.paragraphs.back()), "Grund: the file is too large.");
 }
 
-TEST(StatusText, ProgressNamesPagesAndCopies) {
-    struct Row {
-        Progress progress;
-        const char* text;
-        std::optional<int> permille;
-    };
-    constexpr std::int64_t kHuge = std::numeric_limits<std::int32_t>::max();
-    const Row rows[] = {
-        {{2, 3, 1, 1, true, {}}, "Page 2 of 3 - copy 1 of 1", 666},
-        {{3, 3, 2, 2, true, {}}, "Page 3 of 3 - copy 2 of 2", 1000},
-        {{1, 3, 2, 2, true, {}}, "Page 1 of 3 - copy 2 of 2", 666},
-        {{0, 3, 1, 1, true, {}}, "Starting - 3 pages", 0},
-        {{0, 1, 1, 1, true, {}}, "Starting - 1 page", 0},
-        {{2, 3, 1, 0, true, {}}, "Page 2 of 3", 666},
-        {{2, 3, 0, 2, true, {}}, "Page 2 of 3", 333},
-        {{5, 3, 4, 2, true, {}}, "Page 5 - copy 4", 1000},
-        {{kHuge, kHuge, kHuge, kHuge, true, {}},
-         "Page 2147483647 of 2147483647 - copy 2147483647 of 2147483647",
-         1000},
-        {{4294967295, 3, 4294967295, 2, true, {}}, "Page 4294967295 - copy 4294967295", 1000},
-        {{2, -1, 1, 1, true, {}}, "Printing", std::nullopt},
-        {{2, 0, 1, 1, true, {}}, "Printing", std::nullopt},
-        {{2, 3, 1, 1, false, {}}, "Printing", std::nullopt},
-    };
-    for (const Row& row : rows) {
-        EXPECT_EQ(progressText(row.progress), row.text);
-        EXPECT_EQ(progressPermille(row.progress), row.permille) << row.text;
-    }
-}
-
-TEST(StatusText, TimeIsReadable) {
-    struct Row {
-        std::optional<std::uint32_t> seconds;
-        const char* text;
-    };
-    const Row rows[] = {
-        {std::nullopt, "Time remaining not known"},
-        {0U, "Finishing"},
-        {59U, "About 59 s remaining"},
-        {60U, "About 1 min 0 s remaining"},
-        {3599U, "About 59 min 59 s remaining"},
-        {3600U, "About 1 h 0 min remaining"},
-        {360000U, "About 100 h 0 min remaining"},
-        {0xFFFFFFFFU, "Time remaining not known"},
-    };
-    for (const Row& row : rows) {
-        Progress progress;
-        progress.secondsRemaining = row.seconds;
-        EXPECT_EQ(timeText(progress), row.text);
-    }
-}
-
-TEST(StatusText, InkIsKnownOrSaidNotToBe) {
-    struct Row {
-        std::array<std::int32_t, 10> percents;
-        const char* summary;
-    };
-    constexpr std::int32_t kLeast = std::numeric_limits<std::int32_t>::min();
-    const Row rows[] = {
-        {{90, 10, -1, -1, -1, -1, -1, -1, -1, -1}, "Cartridge 1: 90 %, Cartridge 2: 10 %"},
-        {{0, 100, -1, -1, -1, -1, -1, -1, -1, -1}, "Cartridge 1: 0 %, Cartridge 2: 100 %"},
-        {{50, 101, -1, -1, -1, -1, -1, -1, -1, 200}, "Cartridge 1: 50 %, Cartridge 2: not known"},
-        {{-1, 7, -1, 8, -1, -1, -1, -1, -1, -1},
-         "Cartridge 1: not known, Cartridge 2: 7 %, Cartridge 3: not known, Cartridge 4: 8 %"},
-        {{-1, -1, -1, kLeast, 101, -1, -1, -1, -1, -1}, "Ink levels are not known"},
-    };
-    for (const Row& row : rows) EXPECT_EQ(inkSummary(shownInkSlots(row.percents)), row.summary);
-    EXPECT_EQ(inkSummary(shownInkSlots({})), "Ink levels are not known");
-}
-
-TEST(StatusText, SimulatedPrinterIsRecognisedInAnyCase) {
-    EXPECT_TRUE(isSimulatedPrinter("SimulatedPrinter"));
-    EXPECT_TRUE(isSimulatedPrinter("SIMULATEDprinter"));
-    for (const char* name : {"", "SimulatedPrinter ", "SimulatedPrinte", "My SimulatedPrinter"}) {
-        EXPECT_FALSE(isSimulatedPrinter(name)) << name;
-    }
-}
-
-TEST(WindowPlace, StaysOnTheDesktop) {
-    const Area desktop{{-1000, 0}, 2000, 700};
-    struct Row {
-        Place wanted;
-        Place expected;
-    };
-    const Row rows[] = {
-        {{-900, 50}, {-900, 50}},
-        {{-5000, -5000}, {-1000, 0}},
-        {{5000, 5000}, {400, 200}},
-        {{-1'000'000, 1'000'000}, {-1000, 200}},
-    };
-    for (const Row& row : rows)
-        EXPECT_EQ(clampToDesktop(row.wanted, 600, 500, desktop), row.expected);
-    EXPECT_EQ(clampToDesktop({10, 10}, 3000, 900, desktop), (Place{-1000, 0}));
-    EXPECT_EQ(centred(600, 500, desktop), (Place{-300, 100}));
-    EXPECT_EQ(centred(3000, 900, desktop), (Place{-1000, 0}));
-}
-
-TEST(WindowPlace, CoordinatesOfAnotherShapeAreIgnored) {
-    EXPECT_EQ(parseCoordinate("-12"), -12);
-    EXPECT_EQ(parseCoordinate("1000000"), 1'000'000);
-    for (const char* text : {"", "-", "1 ", " 1", "0x10", "1.5", "1000001", "99999999999"}) {
-        EXPECT_EQ(parseCoordinate(text), std::nullopt) << text;
-    }
+TEST(BillboardFile, PrefersTheUsersLanguageAndReadsBothEncodings) {
+    const jsw::test::TempFolder folder;
+    folder.write("Scripts\\page.jbb", "title = Welcome\n");
+    folder.write("Scripts\\page.de.jbb", "title = Gr\xFC\xDF Gott\n");  // code page 1252
+    folder.write("Scripts\\utf8.jbb", "title = Gr\xC3\xBC\xC3\x9F Gott\n");
+    EXPECT_EQ(loadFrom(folder, "page.jbb", 0x409).title, "Welcome");
+    EXPECT_EQ(loadFrom(folder, "page.jbb", 0xC07).title, "Gr\xC3\xBC\xC3\x9F Gott");
+    EXPECT_EQ(loadFrom(folder, "utf8.jbb", 0x407).title, "Gr\xC3\xBC\xC3\x9F Gott");
 }
 
 }  // namespace
