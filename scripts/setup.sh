@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Installs what building, testing and showing the library needs and what is not there yet.
-# With --checks also what the format and tidy checks and the fuzzers need.
+# With --tests also what the tests look at pages with, with --checks what the format and tidy checks
+# and the fuzzers need.
 set -euo pipefail
 
 packages=(
@@ -11,7 +12,9 @@ packages=(
   wine wine64                                   # running Windows programs
   xvfb xauth imagemagick fonts-dejavu-core      # windows and their screenshots
 )
-if [[ "${1:-}" == --checks ]]; then
+if [[ "${1:-}" == --tests ]]; then
+  packages+=(chromium)
+elif [[ "${1:-}" == --checks ]]; then
   packages+=(clang clang-format clang-tidy libclang-rt-14-dev)  # for check.sh and fuzz.sh
 fi
 

@@ -4,7 +4,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/wine-env.sh
 
-scripts/setup.sh
+scripts/setup.sh --tests
 scripts/build.sh release
 JSW_OWN_DISPLAY=yes  # nobody needs to see the windows of tests
 start_wine test

@@ -29,6 +29,7 @@ class BadUse : public std::runtime_error {
 using AddCommand = void(CLI::App& program, Action& action);
 
 AddCommand addInstallCommand;
+AddCommand addLogCommand;
 AddCommand addRemoveCommand;
 
 }  // namespace jsw::ctl

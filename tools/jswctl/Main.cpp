@@ -13,6 +13,7 @@ namespace {
 
 constexpr AddCommand* kCommands[] = {
     addInstallCommand,
+    addLogCommand,
     addRemoveCommand,
 };
 

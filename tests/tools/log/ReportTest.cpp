@@ -1,0 +1,151 @@
+#include "tests/tools/log/LogText.h"
+#include "tools/jswctl/log/HtmlReport.h"
+#include "tools/jswctl/log/JsonReport.h"
+#include "tools/jswctl/log/ReadLog.h"
+#include "tools/jswctl/log/Statistics.h"
+#include "tools/jswctl/log/TextReport.h"
+#include "tools/jswctl/log/TimeAxis.h"
+#include "tools/jswctl/log/Timeline.h"
+#include "tools/jswctl/log/Words.h"
+
+#include <gtest/gtest.h>
+
+#include <gmock/gmock.h>
+#include <nlohmann/json.hpp>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace jsw::ctl::log {
+
+namespace {
+
+using test::LogText;
+using testing::HasSubstr;
+using testing::Not;
+
+/// All reports of one log.
+struct Reports : JobListener {
+    explicit Reports(const std::string& text) {
+        std::istringstream input(text);
+        const Totals totals = readLog(input, *this);
+        text_ += summaryAsText(totals, statistics_);
+        page_ = html_.page("C:\\<logs>\\a&b.log", totals, statistics_);
+        json_ += jsonReport_.end(totals, statistics_);
+    }
+    void onCall(const Call& call, const Job& job) override { statistics_.add(call, job); }
+    void onJob(const Job& job) override {
+        statistics_.add(job);
+        html_.add(job);
+        text_ += jobAsText(job);
+        json_ += jsonReport_.job(job);
+    }
+
+    Statistics statistics_;
+    HtmlReport html_;
+    JsonReport jsonReport_{[](std::string_view text) { return std::string(text); }};
+    std::string text_, page_, json_;
+};
+
+std::string twoJobs() {
+    LogText log;
+    log.thread(0x2A).beginJob("first").line(0, "ERROR - bbId is empty string.");
+    log.line(0, "+Catalog::initialize: ").at(36'000'250).line(0, "-Catalog::initialize:  rc=1");
+    log.endJob().beginJob("second").line(1, "History::save: Save not needed.").endJob();
+    return log.text();
+}
+
+std::size_t count(const std::string& text, const std::string& part) {
+    std::size_t found = 0;
+    for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) {
+        ++found;
+    }
+    return found;
+}
+
+}  // namespace
+
+TEST(TimeAxis, KeepsTheOrderOfTimesAndFoldsWhatIsIdle) {
+    const TimeAxis axis({1000, 11'000},
+                        {{1000, 1100}, {1050, 1080}, {6000, 6200}, {10'900, 20'000}}, 1000);
+    ASSERT_EQ(axis.folds().size(), 2U);
+    EXPECT_EQ(axis.folds()[0].duration, 4900);
+    EXPECT_EQ(axis.folds()[1].duration, 4700);
+    double before = -1;
+    for (Milliseconds time = 1000; time <= 11'000; time += 10) {
+        EXPECT_GE(axis.x(time), before) << time;
+        before = axis.x(time);
+    }
+    EXPECT_DOUBLE_EQ(axis.x(1000), 0);
+    EXPECT_NEAR(axis.x(11'000), 1000, 0.001);
+    EXPECT_DOUBLE_EQ(axis.x(0), 0);
+    // A busy stretch keeps its share: 400 of 400 milliseconds on what the folds leave.
+    EXPECT_NEAR(axis.x(6200) - axis.x(6000), (1000 - 2 * axis.folds()[0].width) / 2, 0.001);
+    for (const TimeAxis::Tick& tick : axis.ticks()) {
+        for (const TimeAxis::Fold& fold : axis.folds()) {
+            EXPECT_TRUE(tick.x < fold.x || tick.x >= fold.x + fold.width) << tick.label;
+        }
+    }
+}
+
+TEST(TimeAxis, TakesAJobWithoutDuration) {
+    const TimeAxis axis({5, 5}, {}, 100);
+    EXPECT_DOUBLE_EQ(axis.x(5), 0);
+    EXPECT_FALSE(axis.ticks().empty());
+}
+
+TEST(Reports, TellTroubleWithCauseAndRemedy) {
+    const Reports reports(twoJobs());
+    for (const char* part : {"Job 1: \"first\" on \"Office printer\"",
+                             "hinders  line 4: ERROR - bbId is empty string.",
+                             "remedy: Look at the catalog's default page", "2 jobs in",
+                             "0.250       1     0.250  Catalog::initialize"}) {
+        EXPECT_THAT(reports.text_, HasSubstr(part));
+    }
+    EXPECT_THAT(Reports(LogText().beginJob("a").endJob().text()).text_, HasSubstr("No trouble"));
+}
+
+TEST(Reports, PictureHasALaneForEachThreadAndAMarkForEachTrouble) {
+    const std::string page = Reports(twoJobs()).page_;
+    EXPECT_EQ(count(page, "<svg "), 2U);
+    EXPECT_EQ(count(page, "class=\"lane\""), 2U);
+    EXPECT_EQ(count(page, "class=\"mark hinders\" d="), 1U);
+    EXPECT_THAT(page, HasSubstr("driver thread"));
+    EXPECT_THAT(page, HasSubstr("tid 002a"));
+    EXPECT_THAT(page, HasSubstr("<title>Catalog::initialize, 0.250 s, line 5, result 1</title>"));
+    EXPECT_THAT(page, Not(HasSubstr("<script")));
+    EXPECT_THAT(page, Not(HasSubstr("http")));
+}
+
+/// Names come from users and may be anything.
+TEST(Reports, LetNoTextOfTheLogBecomeMarkup) {
+    const std::string hostile = "</title><script>alert('x')</script>\" onload=\"\x01&lt;";
+    LogText log;
+    log.beginJob(hostile).line(0, "+A::b<script>: ").at(37'000'000).line(0, "ERROR - " + hostile);
+    log.line(0, "-A::b<script>: ").endJob();
+    const Reports reports(log.text());
+    EXPECT_THAT(reports.page_, Not(HasSubstr("<script")));
+    EXPECT_THAT(reports.page_, Not(HasSubstr("\" onload")));
+    EXPECT_THAT(reports.page_, Not(HasSubstr("\x01")));
+    EXPECT_THAT(reports.text_, Not(HasSubstr("\x01")));
+    EXPECT_THAT(reports.page_, HasSubstr("&amp;lt;"));
+    const auto json = nlohmann::json::parse(reports.json_);
+    EXPECT_EQ(json["jobs"][0]["name"], hostile);
+    EXPECT_EQ(json["trouble"][0]["severity"], "stops");
+}
+
+TEST(Reports, JsonIsWholeWithoutAnyJob) {
+    const auto json = nlohmann::json::parse(Reports("").json_);
+    EXPECT_TRUE(json["jobs"].empty());
+    EXPECT_EQ(json["log"]["lines"], 0);
+}
+
+TEST(Reports, SayThatAPageHasOnlyTheLastJobs) {
+    LogText log;
+    for (std::size_t i = 0; i < HtmlReport::kMaxJobs + 5; ++i) log.beginJob("a").endJob();
+    const std::string page = Reports(log.text()).page_;
+    EXPECT_EQ(count(page, "<section class=\"job\""), HtmlReport::kMaxJobs);
+    EXPECT_THAT(page, HasSubstr("Only the last 100 are on this page"));
+}
+
+}  // namespace jsw::ctl::log

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "tools/jswctl/log/Job.h"
+#include "tools/jswctl/log/ReadLog.h"
+#include "tools/jswctl/log/Statistics.h"
+
+#include <cstdint>
+#include <deque>
+#include <string>
+#include <string_view>
+
+namespace jsw::ctl::log {
+
+/// Makes one page of a log that needs no other file and no scripts. Texts of the log are in it byte
+/// for byte, in the log's code page; what the page itself says is ASCII.
+class HtmlReport {
+  public:
+    /// So many jobs, the last ones, are on the page.
+    static constexpr std::size_t kMaxJobs = 100;
+
+    void add(const Job& job);
+
+    /// The whole page.
+    /// @param file  the log's path; the heading has its name without the folder
+    std::string page(std::string_view file, const Totals& totals,
+                     const Statistics& statistics) const;
+
+  private:
+    std::deque<std::string> jobs_;  // as sections
+    std::uint64_t leftOut_ = 0;
+};
+
+}  // namespace jsw::ctl::log

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "tools/jswctl/log/Job.h"
+#include "tools/jswctl/log/ReadLog.h"
+#include "tools/jswctl/log/Statistics.h"
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace jsw::ctl::log {
+
+/// Makes one JSON object of a log, piece by piece, so that it may be of any size:
+/// {"jobs": [...], "log": {...}, "moduleCalls": [...], "slowest": [...], "trouble": [...]}.
+class JsonReport {
+  public:
+    using ToUtf8 = std::function<std::string(std::string_view)>;
+
+    /// @param toUtf8  takes texts of the log's code page
+    explicit JsonReport(ToUtf8 toUtf8);
+
+    /// A job, with what stands before it.
+    std::string job(const Job& job);
+    /// All that comes behind the last job.
+    std::string end(const Totals& totals, const Statistics& statistics);
+
+  private:
+    std::string beforeJob();
+
+    ToUtf8 toUtf8_;
+    bool begun_ = false;
+};
+
+}  // namespace jsw::ctl::log

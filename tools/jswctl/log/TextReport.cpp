@@ -1,0 +1,141 @@
+#include "tools/jswctl/log/TextReport.h"
+
+#include "PublicLib/text/Text.h"
+#include "tools/jswctl/log/Words.h"
+
+#include <cstdio>
+
+namespace jsw::ctl::log {
+
+namespace {
+
+/// Seconds since the job's first line, in a column of its own.
+std::string sinceStart(const Job& job, const Place& place) {
+    if (!job.first.time || !place.time) return "         ";
+    char text[32];
+    std::snprintf(text, sizeof(text), "%9.3f",
+                  static_cast<double>(*place.time - *job.first.time) / 1000.0);
+    return text;
+}
+
+std::string padded(std::string_view text, std::size_t width) {
+    std::string result(text);
+    if (result.size() < width) result.append(width - result.size(), ' ');
+    return result;
+}
+
+std::string times(std::uint64_t count) {
+    return count == 1 ? "" : concat(", ", count, " times");
+}
+
+std::string callRow(Milliseconds total, std::uint64_t count, Milliseconds longest,
+                    std::string_view name, std::string_view rest) {
+    char numbers[96];
+    std::snprintf(numbers, sizeof(numbers), "  %9.3f %7llu %9.3f  ",
+                  static_cast<double>(total) / 1000.0, static_cast<unsigned long long>(count),
+                  static_cast<double>(longest) / 1000.0);
+    return concat(numbers, padded(name, 40), " ", rest, "\n");
+}
+
+std::string moduleCallsAsText(const Statistics& statistics) {
+    const auto calls = statistics.moduleCalls();
+    if (calls.empty()) return {};
+    std::string text =
+        "\nTime in modules\n      total   calls   longest  call (seconds, without calls inside)\n";
+    std::size_t quick = 0;
+    for (const CallTotals& call : calls) {
+        if (call.total == 0) {
+            ++quick;
+            continue;
+        }
+        text += callRow(call.total, call.count, call.longest, printable(call.name),
+                        concat(moduleOf(call.name), ", longest at line ", call.longestLine));
+    }
+    if (quick != 0) {
+        text +=
+            concat("  ", countInWords(quick, "call", "calls"), " took less than a millisecond\n");
+    }
+    return text;
+}
+
+std::string slowestAsText(const Statistics& statistics) {
+    if (statistics.slowest().empty()) return {};
+    std::string text = "\nSlowest calls\n";
+    for (const SlowCall& slow : statistics.slowest()) {
+        char own[32];
+        std::snprintf(own, sizeof(own), "  %9.3f s  ", static_cast<double>(slow.call.own) / 1000.0);
+        text += concat(own, padded(printable(slow.call.name), 45), " line ", slow.call.start.line,
+                       slow.job == 0 ? "" : concat(", job ", slow.job),
+                       slow.call.returned ? "" : ", did not return in this log", "\n");
+    }
+    return text;
+}
+
+std::string troublesAsText(const Statistics& statistics) {
+    const auto troubles = statistics.troubles();
+    if (troubles.empty()) return "\nNo trouble\n";
+    std::string text = "\nTrouble\n";
+    for (const TroubleTotals& trouble : troubles) {
+        const Finding& finding = trouble.finding;
+        text += concat("  ", padded(severityInWords(finding.known->severity), 8), " line ",
+                       finding.first.line, times(finding.count), ": ", printable(finding.line),
+                       "\n           seen:   ", finding.known->symptom,
+                       "\n           cause:  ", finding.known->cause,
+                       "\n           remedy: ", finding.known->remedy, "\n");
+    }
+    return text;
+}
+
+}  // namespace
+
+std::string jobAsText(const Job& job) {
+    std::string text = job.begun ? concat("Job ", job.number, ": ") : std::string();
+    text += concat(printable(jobInWords(job)), "\n  ", placeInWords(job), "\n");
+    if (!job.choice.empty()) text += concat("  Billboard: ", printable(job.choice), "\n");
+    if (!job.history.empty()) {
+        text += "  Shown before:";
+        for (const std::string& id : job.history) text += concat(" \"", printable(id), "\"");
+        text += "\n";
+    }
+    for (const Event& event : job.story) {
+        text += concat(sinceStart(job, event.place), "  ", printable(event.sentence), "\n");
+    }
+    if (job.untold != 0) text += concat("           and ", job.untold, " more\n");
+    if (job.progressReports != 0) {
+        text += concat("  The driver reported progress ",
+                       countInWords(job.progressReports, "time", "times"), "\n");
+    }
+    for (const Finding& finding : job.findings) {
+        text +=
+            concat("  ", padded(severityInWords(finding.known->severity), 8), " line ",
+                   finding.first.line, times(finding.count), ": ", printable(finding.line), "\n");
+    }
+    const std::string end = endInWords(job);
+    if (!end.empty()) text += concat("  End: ", printable(end), "\n");
+    return text + "\n";
+}
+
+std::string summaryAsText(const Totals& totals, const Statistics& statistics) {
+    std::string text = "The log\n";
+    for (const std::string& sentence : fileInWords(totals, statistics.linesOutside())) {
+        text += concat("  ", sentence, "\n");
+    }
+    for (const ForeignLine& line : totals.examples) {
+        text += concat("  line ", line.number, " is foreign: ", printable(line.text), "\n");
+    }
+    return text + moduleCallsAsText(statistics) + slowestAsText(statistics) +
+           troublesAsText(statistics);
+}
+
+std::string knownTextsAsMarkdown() {
+    std::string text =
+        "| What is seen | Line in the log | | Cause | What to do |\n|---|---|---|---|---|\n";
+    for (const KnownText& known : knownTexts()) {
+        text +=
+            concat("| ", known.symptom, " | `", known.text, "` | ", severityInWords(known.severity),
+                   " | ", known.cause, " | ", known.remedy, " |\n");
+    }
+    return text;
+}
+
+}  // namespace jsw::ctl::log
