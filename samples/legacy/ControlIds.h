@@ -10,11 +10,10 @@
 #ifndef JSW_SAMPLE_LEGACY_CONTROL_IDS_H
 #define JSW_SAMPLE_LEGACY_CONTROL_IDS_H
 
-/** Title of the dialog; one exists per prompt. */
+/** Title of the dialog in English; one exists per prompt. */
 #define JSW_LEGACY_TITLE "Printing: your help is needed"
 
-/* Resources and controls. Macros, because the resource compiler reads them too. */
-#define JSW_LEGACY_PROMPT 100   /**< the dialog itself */
+/* Controls */
 #define JSW_LEGACY_CONTINUE 1   /**< IDOK, the default button: Enter presses it */
 #define JSW_LEGACY_CANCEL 2     /**< IDCANCEL: Escape and the close box press it, too */
 #define JSW_LEGACY_PRINTER 1001 /**< which printer asks */
@@ -25,7 +24,6 @@
  * What JSWPostDlgMsg takes: these numbers in the place of the pointer. A pointer of somebody else's
  * making is therefore never followed; a number that is not here, null included, does nothing.
  */
-#ifndef RC_INVOKED
 enum JswLegacyMessage {
     JSW_LEGACY_PRESS_CONTINUE = 1, /**< as if the user had pressed the button */
     JSW_LEGACY_PRESS_CANCEL = 2,
@@ -37,6 +35,5 @@ enum JswLegacyMessage {
     JSW_LEGACY_PRINTER_BUSY = 7,
     JSW_LEGACY_PRINTER_READY = 8
 };
-#endif
 
 #endif /* JSW_SAMPLE_LEGACY_CONTROL_IDS_H */

@@ -4,7 +4,6 @@
 #include "jsw/legacy.h"
 #include "samples/legacy/ControlIds.h"
 #include "samples/legacy/Prompt.h"
-#include "samples/legacy/PromptText.h"
 
 #include <algorithm>
 #include <string>
@@ -42,7 +41,7 @@ void JSWDisplayPrompt(int32_t promptType, int32_t totalPages) {
         return;
     }
     try {
-        jsw::legacy::runPrompt(printer(), jsw::legacy::promptText(promptType, totalPages));
+        jsw::legacy::runPrompt(printer(), promptType, totalPages);
     } catch (...) {
         // Out of memory: the user is not asked.
     }

@@ -4,13 +4,31 @@
  */
 #pragma once
 
-#include "samples/view/Placed.h"
+#include "samples/ui/Placed.h"
 #include "samples/view/WindowContent.h"
 
 #include <optional>
 #include <vector>
 
 namespace sampleview {
+
+using sampleui::Box;
+using sampleui::buttonHeight;
+using sampleui::buttonWidth;
+using sampleui::Font;
+using sampleui::kBarHeight;
+using sampleui::kButtonGap;
+using sampleui::kButtonPadding;
+using sampleui::kMargin;
+using sampleui::placeButton;
+using sampleui::PlacedButton;
+using sampleui::PlacedText;
+using sampleui::placeText;
+using sampleui::Scale;
+using sampleui::Side;
+using sampleui::Size;
+using sampleui::TextMeasure;
+using sampleui::Tone;
 
 /** One cartridge. */
 struct InkCell {

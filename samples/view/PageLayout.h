@@ -6,7 +6,6 @@
 
 #include "samples/view/BillboardContent.h"
 #include "samples/view/InkLayout.h"
-#include "samples/view/Placed.h"
 
 #include <string>
 #include <vector>

@@ -7,7 +7,6 @@
 
 #include "samples/view/InkLayout.h"
 #include "samples/view/PageLayout.h"
-#include "samples/view/Placed.h"
 #include "samples/view/WindowContent.h"
 
 #include <vector>

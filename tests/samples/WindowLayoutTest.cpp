@@ -1,6 +1,7 @@
 #include "samples/ui/TextFit.h"
 #include "samples/view/ControlIds.h"
 #include "samples/view/WindowLayout.h"
+#include "tests/samples/EvenMeasure.h"
 
 #include <gtest/gtest.h>
 
@@ -15,27 +16,7 @@ namespace {
 
 using namespace sampleview;
 
-/** A font whose letters differ in width, as real ones do, at the scale of a screen. */
-class EvenMeasure : public TextMeasure {
-  public:
-    explicit EvenMeasure(Scale scale) : scale_(scale) {}
-    [[nodiscard]] int width(std::string_view text, Font font) const override {
-        int units = 0;
-        for (const char byte : text) {
-            const auto value = static_cast<unsigned char>(byte);
-            if ((value & 0xC0U) == 0x80U) continue;  // one width per character
-            units += byte == ' ' || byte == 'i' || byte == 'l' ? 3 : byte == 'W' ? 11 : 7;
-        }
-        return scale_(units * size(font) / 12);
-    }
-    [[nodiscard]] int lineHeight(Font font) const override { return scale_(size(font) * 4 / 3); }
-
-  private:
-    static int size(Font font) {
-        return font == Font::title ? 19 : font == Font::heading ? 17 : font == Font::bold ? 13 : 12;
-    }
-    Scale scale_;
-};
+using jsw::test::EvenMeasure;
 
 /** Everything in the window that must not lie on anything else. */
 std::vector<std::pair<std::string, Box>> partsOf(const WindowLayout& layout) {

@@ -1,23 +1,21 @@
-#include "samples/view/Placed.h"
+#include "samples/ui/Placed.h"
 
 #include <algorithm>
 
-namespace sampleview {
+namespace sampleui {
 
 PlacedText placeText(const Box& box, std::string_view text, Font font, Tone tone, Side side,
                      const TextMeasure& measure) {
-    PlacedText placed{box, sampleui::cutToWidth(text, font, box.width(), measure), "", font, tone,
-                      side};
+    PlacedText placed{box, cutToWidth(text, font, box.width(), measure), "", font, tone, side};
     if (placed.text != text) placed.full = text;
     return placed;
 }
 
 PlacedButton placeButton(int id, const Box& box, int room, std::string_view label,
                          const TextMeasure& measure) {
-    const std::string plain = sampleui::withoutAccessKey(label);
+    const std::string plain = withoutAccessKey(label);
     if (measure.width(plain, Font::normal) <= room) return {id, box, std::string(label), ""};
-    return {id, box, sampleui::asLabel(sampleui::cutToWidth(plain, Font::normal, room, measure)),
-            plain};
+    return {id, box, asLabel(cutToWidth(plain, Font::normal, room, measure)), plain};
 }
 
 int buttonHeight(const TextMeasure& measure, const Scale& scale) {
@@ -26,8 +24,8 @@ int buttonHeight(const TextMeasure& measure, const Scale& scale) {
 
 int buttonWidth(std::string_view label, const TextMeasure& measure, const Scale& scale) {
     constexpr int kLeast = 92;
-    const int text = measure.width(sampleui::withoutAccessKey(label), Font::normal);
+    const int text = measure.width(withoutAccessKey(label), Font::normal);
     return std::max(text + 2 * scale(kButtonPadding), scale(kLeast));
 }
 
-}  // namespace sampleview
+}  // namespace sampleui

@@ -10,13 +10,7 @@
 #include <string>
 #include <string_view>
 
-namespace sampleview {
-
-using sampleui::Box;
-using sampleui::Font;
-using sampleui::Scale;
-using sampleui::Size;
-using sampleui::TextMeasure;
+namespace sampleui {
 
 /** What a text's colour says. */
 enum class Tone { usual, faint, warning, accent, badge };
@@ -64,4 +58,4 @@ inline constexpr int kBarHeight = 8;
 [[nodiscard]] int buttonWidth(std::string_view label, const TextMeasure& measure,
                               const Scale& scale);
 
-}  // namespace sampleview
+}  // namespace sampleui
