@@ -6,6 +6,7 @@
 #include "PublicLib/os/ProductLines.h"
 #include "PublicLib/win/Paths.h"
 #include "PublicLib/win/SystemFolders.h"
+#include "jsw/product_lines.h"
 
 #include <utility>
 
@@ -75,7 +76,7 @@ std::string Localize::settingsFileName() const {
 bool Localize::getProductLineRoot(std::string& path) const {
     const ProductLine* line = findProductLine(localId_);
     path = "Software\\";
-    path += line != nullptr ? line->key : "Quillon Tools";
+    path += line != nullptr ? line->key : JSW_NO_PRODUCT_LINE;
     path = fitted(std::move(path));
     return line != nullptr;
 }

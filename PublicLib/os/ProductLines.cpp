@@ -1,6 +1,7 @@
 #include "PublicLib/os/ProductLines.h"
 
 #include "PublicLib/text/Text.h"
+#include "jsw/product_lines.h"
 
 #include <algorithm>
 #include <array>
@@ -9,24 +10,9 @@ namespace jsw {
 
 namespace {
 
-constexpr std::array<ProductLine, 16> kProductLines{{
-    {"ql", "QuillonInkjet", 0, "Quillon"},
-    {"qp", "QuillonPhoto", 0, "Quillon"},
-    {"qm", "QuillonMultifunction", 0, "Quillon"},
-    {"qz", "QuillonLaser", 1, "Quillon"},
-    {"qs", "QuillonScanner", 1, "Quillon"},
-    {"bn", "BrennickInkjet", 0, "Brennick"},
-    {"bz", "BrennickLaser", 1, "Brennick"},
-    {"cv", "CorvanelInkjet", 0, "Corvanel"},
-    {"cz", "CorvanelLaser", 1, "Corvanel"},
-    {"dh", "DunhollowInkjet", 0, "Dunhollow"},
-    {"ds", "DunhollowScanner", 1, "Dunhollow"},
-    {"fm", "FenmereInkjet", 0, "Fenmere"},
-    {"fz", "FenmereLaser", 1, "Fenmere"},
-    {"tw", "TarnwoldInkjet", 0, "Tarnwold"},
-    {"oi", "OemInkjet", 0, ""},
-    {"ol", "OemLaser", 1, ""},
-}};
+#define JSW_ROW(prefix, key, nonInkjet, manufacturer) {prefix, key, nonInkjet, manufacturer},
+constexpr std::array<ProductLine, 16> kProductLines{{JSW_PRODUCT_LINES(JSW_ROW)}};
+#undef JSW_ROW
 
 constexpr std::size_t kPrefixLength = 2;
 

@@ -1,10 +1,12 @@
 #include "samples/common/HostStore.h"
 
+#include "jsw/product_lines.h"
 #include "samples/common/XmlNode.h"
 
 #include <windows.h>
 
 #include <algorithm>
+#include <iterator>
 #include <memory>
 #include <optional>
 #include <type_traits>
@@ -14,11 +16,25 @@ namespace jsw::sample {
 
 namespace {
 
-/** The product lines these samples serve, with the one every unknown program falls back to. */
-constexpr const char* kStoreRoots[] = {"Software\\QuillonInkjet\\JSW\\Local\\",
-                                       "Software\\Quillon Tools\\JSW\\Local\\"};
-
 constexpr size_t kLocalIdLength = 4;
+constexpr size_t kPrefixLength = 2;
+
+/** Where the library keeps the settings of the program with this id, whether they exist or not. */
+std::string storePath(const std::string& localId) {
+    constexpr struct {
+        const char* prefix;
+        const char* key;
+    } kLines[] = {
+#define JSW_ROW(prefix, key, nonInkjet, manufacturer) {prefix, key},
+        JSW_PRODUCT_LINES(JSW_ROW)
+#undef JSW_ROW
+    };
+    const std::string prefix = localId.substr(0, kPrefixLength);
+    const auto* line = std::find_if(std::begin(kLines), std::end(kLines),
+                                    [&](const auto& row) { return prefix == row.prefix; });
+    const char* key = line == std::end(kLines) ? JSW_NO_PRODUCT_LINE : line->key;
+    return std::string("Software\\") + key + "\\JSW\\Local\\" + localId + "\\";
+}
 
 struct KeyCloser {
     void operator()(HKEY key) const { RegCloseKey(key); }
@@ -65,12 +81,6 @@ std::string moduleFileName(HMODULE module) {
     }
 }
 
-/** The local id of the program this module runs in. */
-std::string hostId() {
-    const std::string program = moduleFileName(nullptr);
-    return program.substr(program.find_last_of('\\') + 1, kLocalIdLength);
-}
-
 /** The folder, with its trailing backslash, of the module that an address lies in. */
 std::string moduleFolder(const void* address) {
     HMODULE module = nullptr;
@@ -96,16 +106,17 @@ std::string fullPath(const std::string& path) {
 
 }  // namespace
 
+std::string hostId() {
+    const std::string program = moduleFileName(nullptr);
+    return toLower(program.substr(program.find_last_of('\\') + 1, kLocalIdLength));
+}
+
 HostStore::HostStore() : HostStore(hostId()) {
 }
 
-HostStore::HostStore(const std::string& localId) {
-    for (const char* root : kStoreRoots) {
-        const std::string candidate = root + toLower(localId) + "\\";
-        if (openKey(candidate)) {
-            path_ = candidate;
-            return;
-        }
+HostStore::HostStore(const std::string& localId) : path_(storePath(toLower(localId))) {
+    if (!openKey(path_)) {
+        path_.clear();
     }
 }
 

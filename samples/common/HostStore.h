@@ -5,6 +5,9 @@
 
 namespace jsw::sample {
 
+/** The id of the program this module runs in: the first four letters of its name, in lower case. */
+[[nodiscard]] std::string hostId();
+
 /**
  * The settings of the host program that the job status library keeps in the registry. Sub-keys are
  * relative to the host's own store and end in a backslash ("Settings\\Catalog\\"). Nothing fails:

@@ -1,7 +1,7 @@
 #include "samples/common/XmlFile.h"
 
 #include "samples/common/Com.h"
-#include "samples/common/Report.h"
+#include "samples/common/ProblemFile.h"
 
 // After Com.h: the parser's header relies on the COM headers.
 #include <msxml2.h>
@@ -119,7 +119,7 @@ std::optional<XmlNode> loadXmlFile(const std::string& path) {
     const ComPtr<IXMLDOMDocument> document =
         com.ready() ? createDocument() : ComPtr<IXMLDOMDocument>();
     if (!document) {
-        report("the XML parser, version 3, is not installed");
+        reportProblem(path, "the XML parser, version 3, is not installed");
         return std::nullopt;
     }
     const ComString widePath(widen(path).c_str());
@@ -129,15 +129,16 @@ std::optional<XmlNode> loadXmlFile(const std::string& path) {
     source.bstrVal = widePath.get();
     VARIANT_BOOL loaded = VARIANT_FALSE;
     if (document->load(source, &loaded) != S_OK || loaded != VARIANT_TRUE) {
-        report(path + ": " + parseErrorText(*document.get()));
+        reportProblem(path, parseErrorText(*document.get()));
         return std::nullopt;
     }
     ComPtr<IXMLDOMElement> root;
     XmlNode node;
     if (document->get_documentElement(root.out()) != S_OK || !copyElement(*root.get(), 1, node)) {
-        report(path + ": no root element, or elements nested too deeply");
+        reportProblem(path, "no root element, or elements nested too deeply");
         return std::nullopt;
     }
+    forgetProblem(path);
     return node;
 }
 

@@ -1,6 +1,7 @@
 #include "samples/demo/DemoOptions.h"
 
 #include "samples/common/CommandLine.h"
+#include "samples/demo/DemoScript.h"
 
 #include <algorithm>
 #include <charconv>
@@ -36,7 +37,8 @@ class CommandLine {
         program_.get_formatter()->column_width(kHelpColumn);
         program_.footer(
             "Defaults stand in parentheses. Exit code: 0 done, 1 something failed, 2 bad "
-            "options.\n");
+            "options.\n\n" +
+            scriptHelp());
         addJobOptions();
         addScriptOptions();
         addModes();
@@ -70,7 +72,15 @@ class CommandLine {
         add("--printer", "NAME", "the printer's friendly name (SimulatedPrinter)",
             options_.printer);
         add("--job", "NAME", "the document's name (report.pdf)", options_.job);
-        add("--pages", "pages of the document, 1 to 9999 (3)", options_.pages, kMostPages);
+        add("--pages", "N",
+            "pages of the document, 1 to 9999 (3); ? prints 3 and does not say so beforehand",
+            [this](const std::string& text) {
+                options_.pagesKnown = text != "?";
+                if (!options_.pagesKnown) {
+                    options_.pages = DemoOptions().pages;
+                }
+                return !options_.pagesKnown || takeWhole(options_.pages, text, 1, kMostPages);
+            });
         add("--copies", "copies of the document, 1 to 999 (1)", options_.copies, kMostCopies);
         add("--seconds-per-page", "S", "how long a page takes, decimals allowed (1)",
             [this](const std::string& text) {
@@ -97,7 +107,8 @@ class CommandLine {
             });
         add("--device", "FILE", "reach the printers that FILE describes through comc.dll",
             options_.deviceFile);
-        add("--script", "FILE", "timed driver calls and user clicks; see scripts\\*.jobscript",
+        add("--script", "FILE",
+            "timed driver calls and user clicks, see below and scripts\\*.jobscript",
             options_.scriptFile);
         add("--screenshots", "FOLDER", "where somebody puts the screenshots that a script asks for",
             options_.screenshotFolder);

@@ -27,6 +27,7 @@ struct DemoOptions {
     std::string printer = "SimulatedPrinter";
     std::string job = "report.pdf";
     uint32_t pages = 3;
+    bool pagesKnown = true;  ///< the driver knows their number when the job starts
     uint32_t copies = 1;
     uint32_t jobs = 1;
     double secondsPerPage = 1.0;

@@ -61,6 +61,15 @@ std::string nameOf(const Named<Value> (&table)[count], Value value) {
     return found == std::end(table) ? std::string() : found->name;
 }
 
+template <class Value, size_t count>
+std::string namesOf(const Named<Value> (&table)[count]) {
+    std::string names;
+    for (const Named<Value>& entry : table) {
+        names += (names.empty() ? "" : ", ") + std::string(entry.name);
+    }
+    return names;
+}
+
 /** The words of one line, taken one after another. */
 class Words {
   public:
@@ -231,6 +240,24 @@ std::string describe(const Step& step) {
             break;
     }
     return action;
+}
+
+std::string scriptHelp() {
+    return "Scripts have one step per line; # starts a comment:\n"
+           "  job N                       the following lines are for the Nth job only\n"
+           "  at SECONDS page N [COPY]    the driver reports page N\n"
+           "  at SECONDS prompt TYPE      the driver asks the user; returns when that is answered\n"
+           "  at SECONDS post NUMBER      the driver hands a message to the prompt that is up\n"
+           "  at SECONDS end              the driver ends the job\n"
+           "  at SECONDS click WHAT       the user presses " +
+           namesOf(kTargets) +
+           " N\n"
+           "  at SECONDS answer WHAT      the user answers a prompt: " +
+           namesOf(kAnswers) +
+           " or the number of a button\n"
+           "  at SECONDS look             prints what the job window shows\n"
+           "  at SECONDS screenshot NAME  asks for a screenshot and waits for it\n"
+           "Times count from the start of the job and must not go back.\n";
 }
 
 ParsedScript parseScript(std::string_view text) {

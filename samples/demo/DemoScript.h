@@ -55,24 +55,10 @@ struct ParsedScript {
     std::string error;  ///< empty when all is well; "line 3: ..."
 };
 
-/**
- * Reads a script. One step per line; "#" starts a comment:
- *
- *     job N                       the following lines are for the Nth job only
- *     at SECONDS page N [COPY]    the driver reports page N
- *     at SECONDS prompt TYPE      the driver asks the user; returns when that is answered
- *     at SECONDS post NUMBER      the driver hands a message to the prompt that is up
- *     at SECONDS end              the driver ends the job
- *     at SECONDS click WHAT       the user presses previous, current, next, ink, cancel, updates,
- *                                 special, minimise, restore, close, close-job, yes, no,
- *                                 window or button N
- *     at SECONDS answer WHAT      the user answers a prompt: ok, cancel, abort, retry, ignore,
- *                                 yes, no or the number of a button
- *     at SECONDS look             prints what the job window shows
- *     at SECONDS screenshot NAME  asks for a screenshot and waits for it
- *
- * Times count from the start of the job and must not go back.
- */
+/** What can stand in a script, for the help text. */
+[[nodiscard]] std::string scriptHelp();
+
+/** Reads a script; scriptHelp() says what can stand in it. */
 [[nodiscard]] ParsedScript parseScript(std::string_view text);
 
 }  // namespace jsw::demo

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <cstdlib>
 #include <stdexcept>
 
 namespace jsw::demo {
@@ -30,6 +31,11 @@ bool storeExists() {
     }
     RegCloseKey(key);
     return true;
+}
+
+std::string logFilePath() {
+    const char* folder = std::getenv("ALLUSERSPROFILE");
+    return std::string(folder != nullptr ? folder : "") + "\\qldeJSW.log";
 }
 
 void switchLogOn() {

@@ -7,6 +7,9 @@ namespace jsw::demo {
 /** The settings that the library keeps in the registry for qldemo.exe. */
 [[nodiscard]] bool storeExists();
 
+/** Where the library writes its log. */
+[[nodiscard]] std::string logFilePath();
+
 /**
  * Switches the library's log on, all levels of all parts. It stays on for later runs.
  *

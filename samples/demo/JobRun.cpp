@@ -1,8 +1,10 @@
 #include "samples/demo/JobRun.h"
 
 #include "samples/demo/Console.h"
+#include "samples/demo/DemoStore.h"
 #include "samples/demo/StatusNames.h"
 #include "samples/demo/UserHands.h"
+#include "samples/legacy/ControlIds.h"
 
 #include <algorithm>
 #include <chrono>
@@ -20,11 +22,22 @@ constexpr UINT kPromptTick = 20;             // milliseconds
 constexpr double kCancelSeconds = 1.0;       ///< what a printer takes to stop
 constexpr double kScreenshotPatience = 5.0;  ///< seconds
 constexpr double kUserPatience = 15.0;       ///< seconds, for steps that are due but not done
+constexpr double kAnswerPatience = 1.0;      ///< seconds a prompt stays up when nobody will answer
+constexpr uint32_t kPagesNotKnown = static_cast<uint32_t>(-1);
 
 InkInfo inkInfoFor(const InkLevels& levels) {
     InkInfo info = {};
     std::copy(levels.begin(), levels.end(), std::begin(info.InkPercent));
     return info;
+}
+
+/** What the driver says of the number of pages. */
+uint32_t pagesToTell(const DemoOptions& options) {
+    return options.pagesKnown ? options.pages : kPagesNotKnown;
+}
+
+std::string pagesText(const DemoOptions& options) {
+    return options.pagesKnown ? std::to_string(options.pages) : "?";
 }
 
 /** Whole seconds until the last page of the last copy is done. */
@@ -63,14 +76,18 @@ bool JobRun::run() {
 bool JobRun::start() {
     const InkInfo inkInfo = inkInfoFor(options_.ink);
     console().line("driver", "JSWInit: " + options_.job + " on " + options_.printer + ", " +
-                                 std::to_string(options_.pages) + " page(s), " +
+                                 pagesText(options_) + " page(s), " +
                                  std::to_string(options_.copies) + " copy(s)");
-    const uint8_t started =
-        library_.init(options_.printer.c_str(), options_.job.c_str(), 0, 1, options_.pages, 1,
-                      options_.copies, &inkInfo, 0, secondsLeft(options_, 1, 1), &JobRun::onStatus);
-    console().line("driver", started != 0 ? "JSWInit answered 1, the job has started"
-                                          : "JSWInit answered 0, the job runs unwatched");
-    return started != 0;
+    const uint8_t started = library_.init(options_.printer.c_str(), options_.job.c_str(), 0, 1,
+                                          pagesToTell(options_), 1, options_.copies, &inkInfo, 0,
+                                          secondsLeft(options_, 1, 1), &JobRun::onStatus);
+    if (started != 0) {
+        console().line("driver", "JSWInit answered 1, the job has started");
+        return true;
+    }
+    console().line("driver", "JSWInit answered 0, the job runs unwatched; the log " +
+                                 logFilePath() + " and jswctl check say why");
+    return false;
 }
 
 void JobRun::onStatus(uint32_t status) {
@@ -121,10 +138,10 @@ void JobRun::doDriverStep(const Step& step) {
 
 void JobRun::doPage(const Step& step) {
     const uint32_t left = secondsLeft(options_, step.number, step.copy);
-    console().line("driver",
-                   "page " + std::to_string(step.number) + " of " + std::to_string(options_.pages) +
-                       ", copy " + std::to_string(step.copy) + " of " +
-                       std::to_string(options_.copies) + ", " + std::to_string(left) + " s left");
+    console().line("driver", "page " + std::to_string(step.number) + " of " + pagesText(options_) +
+                                 ", copy " + std::to_string(step.copy) + " of " +
+                                 std::to_string(options_.copies) + ", " + std::to_string(left) +
+                                 " s left");
     library_.updateInfo(step.number, step.copy, left, 0, 0, nullptr);
 }
 
@@ -132,8 +149,10 @@ void JobRun::doPrompt(uint32_t type) {
     console().line("driver", "JSWDisplayPrompt: type " + std::to_string(type));
     inPrompt_ = true;
     const double asked = console().elapsed();
+    promptSince_ = asked;
+    promptGivenUp_ = false;
     const UINT_PTR timer = SetTimer(nullptr, 0, kPromptTick, &JobRun::onPromptTimer);
-    library_.displayPrompt(type, options_.pages);
+    library_.displayPrompt(type, pagesToTell(options_));
     KillTimer(nullptr, timer);
     inPrompt_ = false;
     delay_ += console().elapsed() - asked;
@@ -141,9 +160,28 @@ void JobRun::doPrompt(uint32_t type) {
 }
 
 void CALLBACK JobRun::onPromptTimer(HWND, UINT, UINT_PTR, DWORD) {
-    if (current_ != nullptr) {
-        current_->runDueDriverSteps();
+    if (current_ == nullptr) {
+        return;
     }
+    current_->runDueDriverSteps();
+    if (current_->nobodyAnswers()) {
+        console().line("driver", "nobody answers the prompt: JSWPostDlgMsg closes it");
+        current_->good_ = false;
+        current_->promptGivenUp_ = true;
+        current_->library_.postDlgMsg(reinterpret_cast<void*>(uintptr_t{JSW_LEGACY_CLOSE}));
+    }
+}
+
+/** With a script there is no user but the one in it. */
+bool JobRun::nobodyAnswers() const {
+    const auto answers = [](const Step& step) { return step.action == Action::kAnswer; };
+    const auto ends = [](const Step& step) { return step.action == Action::kEnd && !step.implied; };
+    return !options_.scriptFile.empty() && !ended_ && !promptGivenUp_ &&
+           console().elapsed() > std::max(promptSince_, lastUserStep_.load()) + kAnswerPatience &&
+           std::none_of(userSteps_.begin() + static_cast<ptrdiff_t>(nextUserStep_.load()),
+                        userSteps_.end(), answers) &&
+           std::none_of(driverSteps_.begin() + static_cast<ptrdiff_t>(nextDriverStep_),
+                        driverSteps_.end(), ends);
 }
 
 void JobRun::doEnd() {
@@ -189,6 +227,7 @@ void JobRun::runUserSteps() {
         } else if (!doUserStep(step)) {
             good_ = false;
         }
+        lastUserStep_ = console().elapsed();
     }
 }
 
@@ -204,10 +243,12 @@ bool JobRun::doUserStep(const Step& step) {
         }
         return !lines.empty();
     }
-    const std::string problem =
+    const Press pressed =
         step.action == Action::kClick ? press(step.target, step.number) : answerDialog(step.number);
-    console().line("user", describe(step) + (problem.empty() ? "" : ": " + problem));
-    return problem.empty();
+    console().line("user", describe(step) +
+                               (pressed.label.empty() ? "" : " \"" + pressed.label + "\"") +
+                               (pressed.problem.empty() ? "" : ": " + pressed.problem));
+    return pressed.problem.empty();
 }
 
 bool JobRun::takeScreenshot(const std::string& name) {

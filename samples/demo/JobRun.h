@@ -42,6 +42,7 @@ class JobRun {
     void doDriverStep(const Step& step);
     void doPage(const Step& step);
     void doPrompt(uint32_t type);
+    [[nodiscard]] bool nobodyAnswers() const;
     void doEnd();
     void dropStepsAfterCancel();
     void waitForUser(double until) const;
@@ -60,10 +61,13 @@ class JobRun {
     size_t nextDriverStep_ = 0;
     bool inPrompt_ = false;
     double delay_ = 0;  ///< seconds that prompts have held the driver up
+    double promptSince_ = 0;
+    bool promptGivenUp_ = false;
     bool cancelSeen_ = false;
     std::atomic<size_t> nextUserStep_ = 0;
-    std::atomic<bool> ended_ = false;  ///< the library has been told the end of the job
-    std::atomic<bool> over_ = false;   ///< nothing of the job is left, no prompt either
+    std::atomic<double> lastUserStep_ = 0;  ///< when one was done last
+    std::atomic<bool> ended_ = false;       ///< the library has been told the end of the job
+    std::atomic<bool> over_ = false;        ///< nothing of the job is left, no prompt either
     std::atomic<bool> good_ = true;
 };
 

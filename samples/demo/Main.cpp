@@ -114,6 +114,15 @@ void installInOwnProcess() {
     }
 }
 
+/** Said at once, not when the first screenshot is waited for. */
+void requireFolder(const std::string& folder) {
+    const DWORD attributes = GetFileAttributesA(folder.c_str());
+    if (!folder.empty() &&
+        (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0)) {
+        throw std::runtime_error("there is no folder " + folder + " for screenshots");
+    }
+}
+
 void prepareStore(const DemoOptions& options) {
     const std::string& deviceFile = options.deviceFile;
     if (!deviceFile.empty() && GetFileAttributesA(deviceFile.c_str()) == INVALID_FILE_ATTRIBUTES) {
@@ -142,6 +151,7 @@ bool asksTheUser(const DemoOptions& options, const std::vector<Step>& script) {
 
 int runJobs(const DemoOptions& options) {
     const std::vector<Step> script = loadScript(options.scriptFile);
+    requireFolder(options.screenshotFolder);
     prepareStore(options);
     if (asksTheUser(options, script)) {
         installPromptModule(programFolder() + "jswo.dll");

@@ -66,23 +66,6 @@ constexpr Control kControls[] = {
     {Target::kActivate, Way::kWindow, 0},
 };
 
-std::string pressControl(HWND window, int id, bool checkBox) {
-    const HWND control = GetDlgItem(window, id);
-    if (control == nullptr) {
-        return "the window has no such button";
-    }
-    if (IsWindowVisible(control) == FALSE || IsWindowEnabled(control) == FALSE) {
-        return "the button cannot be pressed now";
-    }
-    // A check box changes its mark only by a real click.
-    const BOOL posted =
-        checkBox ? PostMessageA(control, BM_CLICK, 0, 0)
-                 : PostMessageA(window, WM_COMMAND,
-                                MAKEWPARAM(static_cast<WORD>(id), static_cast<WORD>(BN_CLICKED)),
-                                reinterpret_cast<LPARAM>(control));
-    return posted == FALSE ? "the window takes no messages" : "";
-}
-
 std::string textOf(HWND control) {
     char text[1024] = {};
     DWORD_PTR length = 0;
@@ -95,35 +78,64 @@ std::string textOf(HWND control) {
     return text;
 }
 
+/** The text on a button, without the mark of the letter that presses it. */
+std::string labelOf(HWND control) {
+    std::string label = textOf(control);
+    std::erase(label, '&');
+    return label;
+}
+
+Press posted(const std::string& label, BOOL taken) {
+    return {label, taken == FALSE ? "the window takes no messages" : ""};
+}
+
+Press pressControl(HWND window, int id, bool checkBox) {
+    const HWND control = GetDlgItem(window, id);
+    if (control == nullptr) {
+        return {{}, "the window has no such button"};
+    }
+    const std::string label = labelOf(control);
+    if (IsWindowVisible(control) == FALSE || IsWindowEnabled(control) == FALSE) {
+        return {label, "the button cannot be pressed now"};
+    }
+    // A check box changes its mark only by a real click.
+    return posted(label, checkBox ? PostMessageA(control, BM_CLICK, 0, 0)
+                                  : PostMessageA(window, WM_COMMAND,
+                                                 MAKEWPARAM(static_cast<WORD>(id),
+                                                            static_cast<WORD>(BN_CLICKED)),
+                                                 reinterpret_cast<LPARAM>(control)));
+}
+
 }  // namespace
 
-std::string press(Target target, uint32_t pageButton) {
+Press press(Target target, uint32_t pageButton) {
     const HWND window = ourWindow(JSW_SAMPLE_VIEW_CLASS);
     if (window == nullptr || IsWindowVisible(window) == FALSE) {
-        return "there is no job window";
+        return {{}, "there is no job window"};
     }
     for (const Control& control : kControls) {
         if (control.target != target) {
             continue;
         }
         if (control.way == Way::kSystemMenu) {
-            const BOOL posted =
-                PostMessageA(window, WM_SYSCOMMAND, static_cast<WPARAM>(control.id), 0);
-            return posted == FALSE ? "the window takes no messages" : "";
+            return posted({},
+                          PostMessageA(window, WM_SYSCOMMAND, static_cast<WPARAM>(control.id), 0));
         }
         if (control.way == Way::kWindow) {
-            return SetForegroundWindow(window) == FALSE ? "the window does not come to the front"
-                                                        : "";
+            if (SetForegroundWindow(window) == FALSE) {
+                return {{}, "the window does not come to the front"};
+            }
+            return {};
         }
         const int offset = target == Target::kPageButton ? static_cast<int>(pageButton) - 1 : 0;
         return pressControl(window, control.id + offset, control.way == Way::kCheckBox);
     }
-    return "nothing to press";
+    return {{}, "nothing to press"};
 }
 
-std::string answerDialog(uint32_t buttonId) {
+Press answerDialog(uint32_t buttonId) {
     const HWND dialog = ourWindow(kDialogClass);
-    return dialog == nullptr ? "there is no dialog"
+    return dialog == nullptr ? Press{{}, "there is no dialog"}
                              : pressControl(dialog, static_cast<int>(buttonId), false);
 }
 

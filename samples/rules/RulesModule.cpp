@@ -4,7 +4,7 @@
  */
 #include "jsw/rules.h"
 #include "samples/common/HostStore.h"
-#include "samples/common/Report.h"
+#include "samples/common/ProblemFile.h"
 #include "samples/common/ReturnedText.h"
 #include "samples/common/XmlFile.h"
 #include "samples/rules/RuleReader.h"
@@ -69,7 +69,7 @@ std::vector<Rule> loadRules(bool& loaded) {
         loaded = true;
         return rules;
     } catch (const jsw::sample::RuleError& error) {
-        jsw::sample::report(path + ": " + error.what());
+        jsw::sample::reportProblem(path, error.what());
         return {};
     }
 }

@@ -210,7 +210,7 @@ TEST(BillboardFile, AlwaysYieldsAPage) {
     folder.write("Scripts\\long.jbb", "title = T\n\n" + std::string(100000, 'x'));
     const Page refused = loadFrom(folder, "long.jbb", 0x407);
     EXPECT_EQ(refused.title, "Diese Seite kann nicht gezeigt werden");
-    EXPECT_EQ(textOf(refused.paragraphs.back()), "Grund: the file is too large.");
+    EXPECT_EQ(textOf(refused.paragraphs.back()), "Grund: long.jbb: the file is too large.");
 }
 
 TEST(BillboardFile, PrefersTheUsersLanguageAndReadsBothEncodings) {

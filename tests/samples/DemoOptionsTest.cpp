@@ -97,6 +97,14 @@ TEST(DemoOptionsTest, BadArgumentsAreNamed) {
     }
 }
 
+TEST(DemoOptionsTest, TheNumberOfPagesMayBeUnknown) {
+    EXPECT_TRUE(parseOptions({"--pages", "7"}).options.pagesKnown);
+    const ParsedOptions unknown = parseOptions({"--pages", "7", "--pages", "?"});
+    EXPECT_EQ(unknown.error, "");
+    EXPECT_FALSE(unknown.options.pagesKnown);
+    EXPECT_EQ(unknown.options.pages, 3U);
+}
+
 TEST(DemoOptionsTest, InkListsHoldOneToTenPerCents) {
     ASSERT_TRUE(parseInkLevels("1,2,3,4,5,6,7,8,9,10"));
     EXPECT_EQ(parseInkLevels("1,2,3,4,5,6,7,8,9,10")->back(), 10);
@@ -107,9 +115,10 @@ TEST(DemoOptionsTest, InkListsHoldOneToTenPerCents) {
     }
 }
 
-TEST(DemoOptionsTest, HelpNamesEveryOption) {
+TEST(DemoOptionsTest, HelpNamesEveryOptionAndStep) {
     const std::string help = helpText();
-    for (const char* name : {"--printer NAME", "--ink LIST", "--record-url FILE URL", "--log "}) {
+    for (const char* name : {"--printer NAME", "--ink LIST", "--record-url FILE URL", "--log ",
+                             "at SECONDS click WHAT", "previous, current, next", "ok, cancel"}) {
         EXPECT_NE(help.find(name), std::string::npos) << name;
     }
 }

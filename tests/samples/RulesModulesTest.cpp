@@ -2,6 +2,7 @@
 // XML files in a data folder that the registry names.
 #include "jsw/catalog.h"
 #include "jsw/rules.h"
+#include "samples/common/HostStore.h"
 
 #include <windows.h>
 
@@ -9,6 +10,7 @@
 
 #include <atomic>
 #include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <memory>
@@ -98,7 +100,7 @@ class RulesModulesTest : public testing::Test {
     }
 
     static std::string store(const std::string& subKey) {
-        return "Software\\Quillon Tools\\JSW\\Local\\" + localId() + "\\" + subKey;
+        return "Software\\QuillonInkjet\\JSW\\Local\\" + localId() + "\\" + subKey;
     }
     static void setText(const std::string& subKey, const char* name, const std::string& text) {
         RegSetKeyValueA(HKEY_LOCAL_MACHINE, store(subKey).c_str(), name, REG_SZ, text.c_str(),
@@ -189,6 +191,30 @@ TEST_F(RulesModulesTest, ABrokenOrMissingCatalogGivesEmptyAnswers) {
     EXPECT_EQ(entryPoint<JswCatalogFlag>(catalog, "GetBillboardRestoreWindow")("A"), 0);
 }
 
+/** What a module has left for people in the field to read; empty when there is nothing. */
+std::string problemOf(const std::string& dataFile) {
+    std::ifstream file(std::string(std::getenv("ALLUSERSPROFILE")) + "\\" + localId() + dataFile +
+                       "-problem.txt");
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+TEST_F(RulesModulesTest, TheStoreOfAHostIsFoundByTheLibrarysRule) {
+    const struct {
+        const char* id;
+        const char* key;
+    } rows[] = {{"qlab", "QuillonInkjet"},
+                {"bzab", "BrennickLaser"},
+                {"prin", "Quillon Tools"},
+                {"q", "Quillon Tools"}};
+    for (const auto& row : rows) {
+        const std::string store = std::string("Software\\") + row.key + "\\JSW\\Local\\" + row.id;
+        EXPECT_FALSE(jsw::sample::HostStore(row.id).exists()) << row.id;
+        RegSetKeyValueA(HKEY_LOCAL_MACHINE, (store + "\\Settings").c_str(), "DllPath", REG_SZ,
+                        row.key, static_cast<DWORD>(std::strlen(row.key) + 1));
+        EXPECT_EQ(jsw::sample::HostStore(row.id).text("Settings\\", "DllPath", ""), row.key);
+    }
+}
+
 /** The entry points of the rules engine. */
 struct Engine {
     explicit Engine(const Module& module)
@@ -259,9 +285,12 @@ TEST_F(RulesModulesTest, EngineDoesNotStartOnAFileItCannotRead) {
         EXPECT_EQ(engine.initialize(countedAllocate, nullptr, "", "", 1, 1), 0) << text;
         EXPECT_EQ(engine.more(), 0) << text;
     }
+    EXPECT_NE(problemOf("rules.xml").find("unknown condition <inc>"), std::string::npos)
+        << problemOf("rules.xml");
     write("rules.xml", "<rules/>");
     EXPECT_EQ(engine.initialize(countedAllocate, nullptr, "", "", 1, 1), 1);
     EXPECT_EQ(engine.more(), 0);
+    EXPECT_EQ(problemOf("rules.xml"), "");
 }
 
 }  // namespace
