@@ -109,14 +109,23 @@ show_web_addresses() {
   fi
 }
 
+# What the log says of each job: how the rules thread chose and what the user did. The log's first
+# columns, time and component, and all that belongs to a job's end are left out.
 show_log() {
   keep_log
-  heading "How the rules thread chose, from the log"
-  tr -d '\r' <"$results/qldeJSW.log" |
-    grep -E 'Controller::ProcessRules: (Rule result|ProjectId)|Should show the billboard' |
-    cut -c1-160
-  heading "The end of the log ($(wc -l <"$results/qldeJSW.log") lines in $results/qldeJSW.log)"
-  tail -n 20 "$results/qldeJSW.log" | tr -d '\r' | cut -c1-160
+  heading "What the log says of each job"
+  tr -d '\r' <"$results/qldeJSW.log" | awk '
+    / Params:friendlyName=/ {
+      document = $0
+      sub(/.* jobname=/, "", document)
+      sub(/ jobType=.*/, "", document)
+      printf "Job %d: %s\n", ++job, document
+    }
+    /Controller::ProcessRules: (Rule result|ProjectId)|Should show the billboard/ ||
+    /Controller::changeBillboard: Billboard id|BillboardView::billboardCallback: action/ {
+      print "  " substr($0, match($0, /(Controller|BillboardView)::/), 110)
+    }'
+  echo "All of it: $results/qldeJSW.log, $(wc -l <"$results/qldeJSW.log") lines; jswctl log FILE tells it in words."
 }
 
 show_screenshots() {

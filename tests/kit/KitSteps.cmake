@@ -25,6 +25,19 @@ function(run expected)
   endif()
 endfunction()
 
+# Copies the n-th C example of a document into a file.
+function(take_example document number file)
+  file(READ ${document} text)
+  foreach(ignored RANGE 1 ${number})
+    string(FIND "${text}" "```c\n" start)
+    math(EXPR start "${start} + 5")
+    string(SUBSTRING "${text}" ${start} -1 text)
+  endforeach()
+  string(FIND "${text}" "```" end)
+  string(SUBSTRING "${text}" 0 ${end} code)
+  file(WRITE ${file} "${code}")
+endfunction()
+
 # expect(text...): each stands in what the last command said.
 function(expect)
   foreach(text ${ARGN})

@@ -30,8 +30,11 @@ if(NOT CROSS)
 endif()
 run(0 ${CMAKE_COMMAND} -S ${kit} -B ${WORK}/samples ${toolchain})
 
+take_example(${kit}/docs/driver-guide.md 1 ${WORK}/examples/host.c)
+take_example(${kit}/docs/module-guide.md 1 ${WORK}/examples/catalog.c)
+take_example(${kit}/docs/module-guide.md 2 ${WORK}/examples/view.c)
 run(0 ${CMAKE_COMMAND} -S ${CMAKE_CURRENT_LIST_DIR}/consumer -B ${consumer} ${toolchain}
-    -DCMAKE_PREFIX_PATH=${kit})
+    -DCMAKE_PREFIX_PATH=${kit} -DEXAMPLES=${WORK}/examples)
 run(0 ${CMAKE_COMMAND} --build ${consumer})
 
 # A module that lacks entry points it requires does not link, and the linker says which.
