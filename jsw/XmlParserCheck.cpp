@@ -30,45 +30,47 @@ const VS_FIXEDFILEINFO* fixedFileInfo(const std::vector<BYTE>& versionInfo) {
     return static_cast<const VS_FIXEDFILEINFO*>(record);
 }
 
-bool isRecentEnough(const VS_FIXEDFILEINFO& info, MethodTrace& trace) {
-    if (info.dwFileVersionMS >= kMinXmlParserVersion) return true;
-    trace.add("MSXML3 version=", info.dwFileVersionMS);
-    trace.add("The min required version=", kMinXmlParserVersion);
-    return false;
-}
-
 }  // namespace
 
-bool isSupportedParserLibrary(const std::string& path, MethodTrace& trace) {
+std::optional<std::uint32_t> parserLibraryVersion(const std::string& path, MethodTrace& trace) {
     DWORD ignored = 0;
     const DWORD size = GetFileVersionInfoSizeA(path.c_str(), &ignored);
     if (size == 0) {
         trace.add("Unable to determine the size needed for the version info");
-        return false;
+        return std::nullopt;
     }
     std::vector<BYTE> versionInfo;
     try {
         versionInfo.resize(size);
     } catch (const std::bad_alloc&) {
         trace.add("Unable to allocate the memory needed for the version info");
-        return false;
+        return std::nullopt;
     }
     if (GetFileVersionInfoA(path.c_str(), 0, size, versionInfo.data()) == FALSE) {
         trace.add("Unable to get the version info.");
-        return false;
+        return std::nullopt;
     }
     const VS_FIXEDFILEINFO* info = fixedFileInfo(versionInfo);
     if (info == nullptr) {
         trace.add("Unable to get the fixed file info from the version info.");
-        return false;
+        return std::nullopt;
     }
-    return isRecentEnough(*info, trace);
+    return info->dwFileVersionMS;
+}
+
+bool isSupportedParserLibrary(const std::string& path, MethodTrace& trace) {
+    const auto version = parserLibraryVersion(path, trace);
+    if (!version) return false;
+    if (*version >= kMinXmlParserVersion) return true;
+    trace.add("MSXML3 version=", *version);
+    trace.add("The min required version=", kMinXmlParserVersion);
+    return false;
 }
 
 bool Controller::isMsXmlValid() {
     MethodTrace trace(component::kJsw, "Controller::isMsXmlValid: ");
     KeyHandle key;
-    if (RegOpenKeyA(HKEY_CLASSES_ROOT, "MSXML2.DomDocument.3.0", key.put()) != ERROR_SUCCESS) {
+    if (RegOpenKeyA(HKEY_CLASSES_ROOT, kXmlParserClass, key.put()) != ERROR_SUCCESS) {
         trace.add("MSXML 3.0 registry key not found, MSXML 3.0 not installed.");
         return answer(trace, false);
     }
@@ -84,7 +86,7 @@ bool Controller::IsSupportedMsXmlVersion() {
         trace.add("Unable to get the system directory");
         return answer(trace, false);
     }
-    if (PathAppendA(path.data(), "msxml3.dll") == FALSE) {
+    if (PathAppendA(path.data(), kXmlParserFile) == FALSE) {
         trace.add("Unable to append msxml3.dll to the system directory");
         return answer(trace, false);
     }

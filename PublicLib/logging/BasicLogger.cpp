@@ -28,15 +28,15 @@ struct Keeper {
 };
 Keeper keeper;
 
-std::string logPath() {
+}  // namespace
+
+std::string BasicLogger::filePath() {
     std::array<char, MAX_PATH> folder{};
     const DWORD length = ExpandEnvironmentStringsA("%ALLUSERSPROFILE%\\", folder.data(),
                                                    static_cast<DWORD>(folder.size()));
     std::string path = length == 0 || length > folder.size() ? "" : folder.data();
     return path + Localize::getInstance()->localId() + "JSW.log";
 }
-
-}  // namespace
 
 void BasicLogger::createInstance(std::uint32_t mask) {
     const std::lock_guard lock(instanceLock);
@@ -66,7 +66,7 @@ BasicLogger* BasicLogger::existing() {
     return active;
 }
 
-BasicLogger::BasicLogger(std::uint32_t mask) : Logger(logPath(), kNameWidth), mask_(mask) {
+BasicLogger::BasicLogger(std::uint32_t mask) : Logger(filePath(), kNameWidth), mask_(mask) {
 }
 
 void BasicLogger::restart(std::uint32_t mask) {

@@ -13,6 +13,8 @@ namespace jsw {
 /// registry.
 class BasicLogger : public Logger {
   public:
+    /// The file's full name. Localize must exist.
+    static std::string filePath();
     /// Makes the log available. Localize must exist.
     /// @param mask  kept only: what is written is decided by the switches alone
     static void createInstance(std::uint32_t mask);

@@ -52,7 +52,7 @@ void Logger::deleteLog() {
 
 void Logger::readSwitch(const std::string& name, std::uint32_t& value, std::uint32_t defaultValue) {
     constexpr std::uint32_t kAllBits = 0xFFFFFFFF;
-    if (name != "startLog") {
+    if (name != setting::kStartLog.name) {
         value = defaultValue;
     } else {
         value = file_ && file_->isReadable() ? kAllBits : 0;
@@ -84,15 +84,20 @@ std::uint32_t Logger::cachedSwitch(const std::string& name, std::uint32_t defaul
     return cachedSwitch(switches_.entry(name), name.c_str(), defaultValue);
 }
 
+bool Logger::isOn(const setting::Number& number) {
+    return cachedSwitch(number.name, number.defaultValue) != 0;
+}
+
 bool Logger::isStarted() {
-    return cachedSwitch(startLog_, "startLog", 0) != 0;
+    constexpr const setting::Number& kSwitch = setting::kStartLog;
+    return cachedSwitch(startLog_, kSwitch.name, kSwitch.defaultValue) != 0;
 }
 
 bool Logger::isEnabled(const LoggerComponent& component, std::uint32_t level) {
     if (loggingKilled) return false;
     if ((level & kLogError) != 0) return true;
     if (!isStarted()) return false;
-    const std::uint32_t all = cachedSwitch("All", component::kAll.defaultMask());
+    const std::uint32_t all = cachedSwitch(setting::kLogAll.name, component::kAll.defaultMask());
     const std::uint32_t own = cachedSwitch(component.name(), component.defaultMask());
     return (level & (all | own)) != 0;
 }
@@ -101,9 +106,9 @@ std::string Logger::formatLine(const LoggerComponent& component, std::uint32_t l
                                const char* text) {
     const std::string name = component.name();
     LogHeader header;
-    if (cachedSwitch("Clocktime_In_Header", 1) != 0) header.time = localTime();
-    if (cachedSwitch("Proc_Id_In_Header", 0) != 0) header.processId = GetCurrentProcessId();
-    if (cachedSwitch("Thread_Id_In_Header", 0) != 0) header.threadId = GetCurrentThreadId();
+    if (isOn(setting::kLogClockTime)) header.time = localTime();
+    if (isOn(setting::kLogProcessId)) header.processId = GetCurrentProcessId();
+    if (isOn(setting::kLogThreadId)) header.threadId = GetCurrentThreadId();
     header.component = name;
     header.componentWidth = nameWidth_;
     header.depth = depth();

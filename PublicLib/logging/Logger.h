@@ -4,6 +4,7 @@
 #include "PublicLib/logging/LogFile.h"
 #include "PublicLib/logging/LoggerComponent.h"
 #include "PublicLib/logging/SwitchCache.h"
+#include "jsw/settings/SettingNames.h"
 
 #include <cstdint>
 #include <map>
@@ -55,6 +56,7 @@ class Logger {
   private:
     std::uint32_t cachedSwitch(const std::string& name, std::uint32_t defaultValue);
     std::uint32_t cachedSwitch(CachedSwitch& entry, const char* name, std::uint32_t defaultValue);
+    bool isOn(const setting::Number& number);
     bool isStarted();
     std::string formatLine(const LoggerComponent& component, std::uint32_t level, const char* text);
     unsigned depth();

@@ -1,12 +1,10 @@
 #include "PublicLib/logging/LoggerComponent.h"
 
+#include "jsw/settings/SettingNames.h"
+
 #include <utility>
 
 namespace jsw {
-
-namespace {
-constexpr std::uint32_t kAllLevels = 0xFFFFFFFF;
-}
 
 LoggerComponent::LoggerComponent(std::string name, std::uint32_t defaultMask)
     : name_(std::move(name)), defaultMask_(defaultMask) {
@@ -27,11 +25,11 @@ std::uint32_t LoggerComponent::defaultMask() const {
 }
 
 namespace component {
-LoggerComponent kAll("All", kAllLevels);
-LoggerComponent kJsw("JSW", kAllLevels);
-LoggerComponent kRulesEngine("RulesEng", kAllLevels);
-LoggerComponent kCatalog("Catalog", kAllLevels);
-LoggerComponent kUpdater("Updater", kAllLevels);
+LoggerComponent kAll(setting::kLogAll.name, setting::kLogAll.defaultValue);
+LoggerComponent kJsw(setting::kLogJsw.name, setting::kLogJsw.defaultValue);
+LoggerComponent kRulesEngine(setting::kLogRulesEngine.name, setting::kLogRulesEngine.defaultValue);
+LoggerComponent kCatalog(setting::kLogCatalog.name, setting::kLogCatalog.defaultValue);
+LoggerComponent kUpdater(setting::kLogUpdater.name, setting::kLogUpdater.defaultValue);
 }  // namespace component
 
 }  // namespace jsw

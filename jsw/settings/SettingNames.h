@@ -29,7 +29,7 @@ inline constexpr char kCatalogKey[] = "Settings\\Catalog\\";
 inline constexpr char kUpdatedFilesKey[] = "Settings\\FileNamesOfUpdatedFiles";
 inline constexpr char kGuiKey[] = "Settings\\Gui\\";  // one text per value the view wants kept
 inline constexpr char kUpdaterKey[] = "Settings\\Updater";
-inline constexpr char kLoggerKey[] = "Logger";  // one number per log switch
+inline constexpr char kLoggerKey[] = "Logger";
 
 // Folders and identification. What is missing has a fallback of its own where it is read.
 inline constexpr Text kDataPath{kSettingsKey, "DataPath", ""};
@@ -67,6 +67,18 @@ inline constexpr Number kDataUpdated{kUpdaterKey, "DataUpdated", 0};
 inline constexpr Number kCompleteSoftwareUpdated{kUpdaterKey, "CompleteSoftwareUpdated", 0};
 inline constexpr Text kDataUpdatesDirectory{kUpdaterKey, "DataUpdatesDirectoryName", "Job Status"};
 
+// The log's switches: masks of levels for the components, and what each line begins with. They are
+// read without writing defaults.
+inline constexpr Number kStartLog{kLoggerKey, "startLog", 0};
+inline constexpr Number kLogAll{kLoggerKey, "All", 0xFFFFFFFF};
+inline constexpr Number kLogJsw{kLoggerKey, "JSW", 0xFFFFFFFF};
+inline constexpr Number kLogRulesEngine{kLoggerKey, "RulesEng", 0xFFFFFFFF};
+inline constexpr Number kLogCatalog{kLoggerKey, "Catalog", 0xFFFFFFFF};
+inline constexpr Number kLogUpdater{kLoggerKey, "Updater", 0xFFFFFFFF};
+inline constexpr Number kLogClockTime{kLoggerKey, "Clocktime_In_Header", 1};
+inline constexpr Number kLogProcessId{kLoggerKey, "Proc_Id_In_Header", 0};
+inline constexpr Number kLogThreadId{kLoggerKey, "Thread_Id_In_Header", 0};
+
 // The job window's options, in the printer's store. They are read without writing defaults.
 inline constexpr Number kShowProcessWindow{"GUI\\JSW\\", "Show Process Window", 1};
 inline constexpr Number kJobProgressMinimized{"GUI\\JSW\\", "Job Progress Minimized", 0};
@@ -78,5 +90,52 @@ inline constexpr Number kCompleteToPrint{"GUI\\PSW\\", "CompleteToPrint", 0};
 // Directly in the printer's store.
 inline constexpr Text kRetailerId{"", "RetailerID", ""};
 inline constexpr Text kSerialNumber{"", "SerialNumber", ""};
+
+// All of them, for tools that go through a store: first those of the host's local store, then those
+// of a printer's.
+inline constexpr const Text* kHostTexts[] = {
+    &kDataPath,
+    &kDllPath,
+    &kDefaultBillboard,
+    &kDriverName,
+    &kBaseUrl,
+    &kManufacturerName,
+    &kPrinterCode,
+    &kPcsClient,
+    &kCatalogModule,
+    &kRulesEngineModule,
+    &kViewModule,
+    &kCatalogFilename,
+    &kUpdaterExecutable,
+    &kDateLastChecked,
+    &kInitialPath,
+    &kDataUpdatesDirectory,
+    &kBillBoardVersionFile,
+    &kDefaultBillboardFile,
+};
+inline constexpr const Number* kHostNumbers[] = {
+    &kDeleteStoreOnUninstall,
+    &kDefaultBillboardNavigate,
+    &kDefaultBillboardRestore,
+    &kHistoryMaxSize,
+    &kCheckForUpdates,
+    &kUpdatesCheckFrequency,
+    &kDataUpdated,
+    &kCompleteSoftwareUpdated,
+    &kStartLog,
+    &kLogAll,
+    &kLogJsw,
+    &kLogRulesEngine,
+    &kLogCatalog,
+    &kLogUpdater,
+    &kLogClockTime,
+    &kLogProcessId,
+    &kLogThreadId,
+};
+inline constexpr const Number* kPrinterNumbers[] = {
+    &kShowProcessWindow,    &kJobProgressMinimized, &kShowSpecialMessages,
+    &kCart1ReserveTankFlag, &kCart2ReserveTankFlag, &kCompleteToPrint,
+};
+inline constexpr const Text* kPrinterTexts[] = {&kRetailerId, &kSerialNumber};
 
 }  // namespace jsw::setting

@@ -1,18 +1,13 @@
 #pragma once
 
+#include "tools/jswctl/ExitCode.h"
+
 #include <CLI/CLI.hpp>
 #include <functional>
 #include <stdexcept>
 #include <string>
 
 namespace jsw::ctl {
-
-/// What the program answers to the shell.
-enum ExitCode {
-    kWell = 0,
-    kFindings = 1,  ///< something was found, or failed, that stops a job or the command
-    kBadUse = 2,    ///< unknown command or option, a file that is not there or is no such file
-};
 
 /// What the command line asked for; answers an ExitCode.
 using Action = std::function<int()>;
@@ -28,8 +23,11 @@ class BadUse : public std::runtime_error {
 /// told in one line on the error stream and ends the program with kFindings.
 using AddCommand = void(CLI::App& program, Action& action);
 
+AddCommand addCheckCommand;
 AddCommand addInstallCommand;
 AddCommand addLogCommand;
+AddCommand addModuleCommand;
 AddCommand addRemoveCommand;
+AddCommand addTryCommand;
 
 }  // namespace jsw::ctl

@@ -13,7 +13,13 @@ namespace jsw::ctl {
 
 namespace {
 
-std::string fullPath(const std::string& path) {
+bool isFolder(DWORD attributes) {
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+}  // namespace
+
+std::string inFull(const std::string& path) {
     std::string full(MAX_PATH, '\0');
     for (;;) {
         const auto size = static_cast<DWORD>(full.size());
@@ -23,18 +29,12 @@ std::string fullPath(const std::string& path) {
     }
 }
 
-bool isFolder(DWORD attributes) {
-    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-}
-
-}  // namespace
-
 void addHostArgument(CLI::App& command, std::string& host) {
     command.add_option("HOST.exe", host, "the program that loads jsw.dll")->required();
 }
 
 void nameHost(const std::string& host) {
-    const std::string path = fullPath(host);
+    const std::string path = inFull(host);
     if (fileNamePart(path).empty()) throw BadUse("'" + host + "' is no file name");
     if (isFolder(GetFileAttributesA(path.c_str()))) {
         throw BadUse("'" + host + "' is a folder, not a program");

@@ -20,6 +20,9 @@ void nameExistingHost(const std::string& host);
 /// Where the host's store lies, as people write it: "HKLM\Software\...", without a final backslash.
 std::string storeName();
 
+/// A path in full, from the current folder.
+std::string inFull(const std::string& path);
+
 /// What Windows says of an error: "error 5, Access is denied".
 std::string errorText(unsigned long code);
 

@@ -12,9 +12,8 @@ namespace jsw::ctl {
 namespace {
 
 constexpr AddCommand* kCommands[] = {
-    addInstallCommand,
-    addLogCommand,
-    addRemoveCommand,
+    addCheckCommand,  addModuleCommand, addInstallCommand,
+    addRemoveCommand, addLogCommand,    addTryCommand,
 };
 
 constexpr char kTryHelp[] = "; try jswctl --help";

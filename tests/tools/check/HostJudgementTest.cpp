@@ -1,0 +1,223 @@
+#include "tests/tools/check/ReportMatchers.h"
+#include "tools/jswctl/check/Judgement.h"
+
+#include <gtest/gtest.h>
+
+namespace jsw::ctl {
+namespace {
+
+constexpr char kStore[] = "Software\\QuillonInkjet\\JSW\\Local\\qlab";
+
+StoredValue text(const std::string& value) {
+    return {Source::stored, value};
+}
+StoredValue number(std::uint32_t value) {
+    return {Source::stored, {}, value};
+}
+
+/// A host without fault, after its first run.
+HostFacts goodHost() {
+    HostFacts facts;
+    facts.hostPath = "C:\\h\\qlabhost.exe";
+    facts.localId = "qlab";
+    facts.productLine = "QuillonInkjet";
+    facts.productRoot = "Software\\QuillonInkjet";
+    facts.storePath = kStore;
+    facts.currentFolder = "C:\\c";
+    facts.driverFolder = "C:\\spool\\3";
+    facts.initialPath = "C:\\Program Files\\JSW";
+    facts.firstRun.storeOpens = true;
+    facts.firstRun.settingsFile = "C:\\h\\qlabjsw.loc";
+    facts.firstRun.fileExists = facts.firstRun.fileParsed = true;
+    facts.firstRun.sections = {std::string(kStore) + "\\Settings"};
+    facts.firstRun.entries = {{facts.firstRun.sections[0], "DllPath", "string:C:\\m", true},
+                              {facts.firstRun.sections[0], "DataPath", "string:C:\\d", true}};
+    facts.image.put("Settings", "DllPath", text("C:\\m"));
+    facts.image.put("Settings", "DataPath", text("C:\\d\\"));
+    facts.parserRegistered = true;
+    facts.parserVersion = 0x8006E;
+    facts.log.path = "C:\\all\\qlabJSW.log";
+    facts.now = 1'000'000'000;
+    facts.localNow = {};
+    facts.dataFolder = {"C:\\d", true, true};
+    facts.pages = {{"DEFAULT", true, "a.jbb", {"C:\\d\\Scripts\\a.jbb", true, false}},
+                   {"INK_STATUS", true, "b.jbb", {"C:\\d\\Scripts\\b.jbb", true, false}}};
+    return facts;
+}
+
+Report judged(const HostFacts& facts) {
+    Report report;
+    judgeHost(facts, report);
+    return report;
+}
+
+TEST(HostJudgementTest, AGoodHostHasNoFindings) {
+    const Report report = judged(goodHost());
+    EXPECT_EQ(report.count(Severity::error) + report.count(Severity::warning), 0U)
+        << asText(report);
+    EXPECT_TRUE(has(report, Severity::note, "product line QuillonInkjet"));
+    EXPECT_TRUE(has(report, Severity::note, "first run: has been"));
+}
+
+struct BadHostRow {
+    const char* name;
+    void (*spoil)(HostFacts& facts);
+    Severity severity;
+    const char* finding;
+};
+
+TEST(HostJudgementTest, EachMistakeIsNamedWithItsRemedy) {
+    const BadHostRow rows[] = {
+        {"unknown prefix", [](HostFacts& facts) { facts.productLine.clear(); }, Severity::warning,
+         "begins with no known product line's letters"},
+        {"store closed",
+         [](HostFacts& facts) {
+             facts.firstRun.storeOpens = false;
+             facts.firstRun.storeError = 5;
+         },
+         Severity::error, "cannot be opened with all rights, error 5"},
+        {"no file at all",
+         [](HostFacts& facts) {
+             facts.firstRun = {};
+             facts.firstRun.storeError = 2;
+             facts.firstRun.settingsFile = "C:\\h\\qlabjsw.loc";
+         },
+         Severity::error, "there is no settings file C:\\h\\qlabjsw.loc"},
+        {"empty file",
+         [](HostFacts& facts) {
+             facts.firstRun.fileParsed = false;
+             facts.firstRun.sections.clear();
+             facts.firstRun.entries.clear();
+         },
+         Severity::error, "has no sections to install"},
+        {"another root",
+         [](HostFacts& facts) { facts.firstRun.sections = {"Software\\Else\\JSW\\Local\\qlab"}; },
+         Severity::error, "no section of C:\\h\\qlabjsw.loc lies below this host's store"},
+        {"one foreign section",
+         [](HostFacts& facts) { facts.firstRun.sections.emplace_back("Software\\Else"); },
+         Severity::warning, "the section [Software\\Else] is not this host's"},
+        {"like-named neighbour",
+         [](HostFacts& facts) { facts.firstRun.sections = {std::string(kStore) + "x\\Settings"}; },
+         Severity::error, "no section of"},
+        {"missed",
+         [](HostFacts& facts) {
+             for (FileEntry& entry : facts.firstRun.entries) entry.isInRegistry = false;
+         },
+         Severity::error, "first run: was missed"},
+        {"file changed later",
+         [](HostFacts& facts) { facts.firstRun.entries[0].isInRegistry = false; },
+         Severity::warning, "1 of 2 values of C:\\h\\qlabjsw.loc are not in the store"},
+        {"no type", [](HostFacts& facts) { facts.firstRun.entries[0].value = "C:\\m"; },
+         Severity::warning, "Write string: or dword: before the value"},
+        {"wrong type",
+         [](HostFacts& facts) {
+             facts.image.put("Settings\\Controller\\", "VIEW", {Source::wrongType});
+         },
+         Severity::error, "Settings\\Controller View is stored with another type than text"},
+        {"relative", [](HostFacts& facts) { facts.image.put("Settings", "DllPath", text(".\\m")); },
+         Severity::warning, "DllPath '.\\m' is relative: it counts from the current folder"},
+        {"drive only",
+         [](HostFacts& facts) { facts.image.put("Settings", "DataPath", text("\\d")); },
+         Severity::warning, "DataPath '\\d' is relative"},
+        {"misspelt value",
+         [](HostFacts& facts) {
+             facts.unknownValues = {{"Settings", "DataPaht"}};
+         },
+         Severity::warning, "Was DataPath meant?"},
+        {"no parser", [](HostFacts& facts) { facts.parserRegistered = false; }, Severity::error,
+         "MSXML 3.0 is not registered"},
+        {"no parser file", [](HostFacts& facts) { facts.parserVersion = 0; }, Severity::error,
+         "msxml3.dll is not in the system folder"},
+        {"old parser", [](HostFacts& facts) { facts.parserVersion = 0x8001D; }, Severity::error,
+         "is of version 8.29, and at least 8.30 is needed"},
+        {"no data folder",
+         [](HostFacts& facts) {
+             facts.dataFolder = {"C:\\d", false, false};
+         },
+         Severity::error, "there is no folder C:\\d"},
+        {"no default page", [](HostFacts& facts) { facts.pages[0].fileName.clear(); },
+         Severity::error, "billboard DEFAULT: the catalog names no file"},
+        {"page gone", [](HostFacts& facts) { facts.pages[1].file.exists = false; },
+         Severity::warning, "there is no file C:\\d\\Scripts\\b.jbb: the ink status action"},
+        {"kept page gone",
+         [](HostFacts& facts) {
+             facts.cachedDefault = {"", false, "old.jbb", {"C:\\d\\old.jbb"}};
+         },
+         Severity::error, "the page kept from an earlier job is gone"},
+        {"kept page is another",
+         [](HostFacts& facts) {
+             facts.cachedDefault = {"", false, "old.jbb", {"C:\\d\\old.jbb", true, false}};
+         },
+         Severity::warning, "jobs begin with old.jbb"},
+        {"log", [](HostFacts& facts) { facts.logError = 5; }, Severity::warning,
+         "C:\\all\\qlabJSW.log cannot be written, error 5"},
+        {"updater with a path",
+         [](HostFacts& facts) {
+             facts.image.put("Settings\\Updater", "BillBoardUpdaterExecutableName",
+                             text("..\\u.exe"));
+         },
+         Severity::error, "is no plain file name"},
+        {"no updater",
+         [](HostFacts& facts) {
+             facts.image.put("Settings\\Updater", "BillBoardUpdaterExecutableName", text("u.exe"));
+             facts.updater.path = "C:\\m\\u.exe";
+         },
+         Severity::error, "there is no updater C:\\m\\u.exe"},
+    };
+    for (const BadHostRow& row : rows) {
+        HostFacts facts = goodHost();
+        row.spoil(facts);
+        const Report report = judged(facts);
+        EXPECT_TRUE(has(report, row.severity, row.finding)) << row.name << ":\n" << asText(report);
+    }
+}
+
+TEST(HostJudgementTest, UpdatesAreToldAsTheyStand) {
+    const auto told = [](void (*change)(StoreImage & image), const char* what) {
+        HostFacts facts = goodHost();
+        change(facts.image);
+        EXPECT_TRUE(has(judged(facts), Severity::note, what)) << asText(judged(facts));
+    };
+    told([](StoreImage&) {}, "never checked; the first check is due 30 days after");
+    told(
+        [](StoreImage& image) {
+            image.put("Settings\\Updater", "DateLastCheckedForUpdates", text("9/1/2001"));
+        },
+        "not due yet");
+    told(
+        [](StoreImage& image) {
+            image.put("Settings\\Updater", "DateLastCheckedForUpdates", text("7/4/1999"));
+        },
+        "due when the next job ends");
+    told([](StoreImage& image) { image.put("Settings\\Updater", "CheckForUpdates", number(0)); },
+         "switched off");
+    told(
+        [](StoreImage& image) {
+            image.put("Settings\\Updater", "CompleteSoftwareUpdated", number(1));
+        },
+        "modules that the updater has left");
+}
+
+TEST(HostPathsTest, MissingSettingsLeadWhereAJobWouldLook) {
+    HostFacts facts = goodHost();
+    facts.image.put("Settings\\Controller", "View", text("myview.dll"));
+    facts.image.put("Settings\\Controller", "Catalog", text(""));
+    facts.image.put("Settings\\Updater", "BillBoardUpdaterExecutableName", text("u.exe"));
+    HostPaths paths = hostPaths(facts);
+    EXPECT_EQ(paths.dataPath, "C:\\d");
+    EXPECT_EQ(paths.view, "C:\\m\\myview.dll");
+    EXPECT_EQ(paths.catalog, "C:\\m\\qlabbcat.dll");
+    EXPECT_EQ(paths.rules, "C:\\m\\qlabreng.dll");
+    EXPECT_EQ(paths.legacy, "C:\\spool\\3\\qlabjswo.dll");
+    EXPECT_EQ(paths.device, "qlabComc.dll");
+    EXPECT_EQ(paths.updater, "C:\\m\\u.exe");
+
+    facts.image = {};
+    paths = hostPaths(facts);
+    EXPECT_EQ(paths.dataPath, facts.initialPath);
+    EXPECT_EQ(paths.view, "C:\\Program Files\\JSW\\qlabjswv.dll");
+    EXPECT_EQ(paths.updater, "");
+}
+
+}  // namespace
+}  // namespace jsw::ctl

@@ -1,0 +1,160 @@
+#include "tests/tools/check/ReportMatchers.h"
+#include "tools/jswctl/NearestName.h"
+#include "tools/jswctl/module/ModuleJudgement.h"
+#include "tools/jswctl/module/TrialLines.h"
+
+#include <gtest/gtest.h>
+
+namespace jsw::ctl {
+namespace {
+
+/// A module without fault.
+ModuleFacts goodModule(const char* kind) {
+    ModuleFacts facts;
+    facts.kind = findModuleKind(kind);
+    facts.fullPath = "C:\\m\\module.dll";
+    facts.exists = true;
+    facts.file.machine = kMachineX64;
+    facts.file.isDll = true;
+    facts.file.exports.assign(facts.kind->entryPoints.begin(), facts.kind->entryPoints.end());
+    facts.trial.started = facts.trial.finished = true;
+    facts.trial.calls = {{"LoadLibrary", true, 1, ""}};
+    return facts;
+}
+
+Report judged(const ModuleFacts& facts) {
+    Report report;
+    judgeModule(facts, report);
+    return report;
+}
+
+TEST(ModuleJudgementTest, AGoodModuleOfEachKindHasNoFindings) {
+    for (const ModuleKind& kind : moduleKinds()) {
+        const ModuleFacts facts = goodModule(std::string(kind.name).c_str());
+        EXPECT_TRUE(isLoadable(facts));
+        const Report report = judged(facts);
+        EXPECT_EQ(report.count(Severity::error) + report.count(Severity::warning), 0U) << kind.name;
+        EXPECT_EQ(report.findings().size(), 1U) << asText(report);
+    }
+}
+
+struct BadModuleRow {
+    const char* name;
+    void (*spoil)(ModuleFacts& facts);
+    const char* finding;  ///< part of the error
+    bool loadable;
+};
+
+TEST(ModuleJudgementTest, EachFaultIsNamed) {
+    const BadModuleRow rows[] = {
+        {"absent", [](ModuleFacts& facts) { facts.exists = false; },
+         "there is no file C:\\m\\module.dll; JSWInit answers 0", false},
+        {"folder", [](ModuleFacts& facts) { facts.isFolder = true; }, "is a folder", false},
+        {"unreadable", [](ModuleFacts& facts) { facts.unreadable = "error 5"; },
+         "cannot be read: error 5", false},
+        {"no library", [](ModuleFacts& facts) { facts.file.problem = "it is no library"; },
+         "cannot be loaded: it is no library", false},
+        {"32 bits", [](ModuleFacts& facts) { facts.file.machine = kMachineX86; },
+         "is a 32-bit library, not a 64-bit one", false},
+        {"program", [](ModuleFacts& facts) { facts.file.isDll = false; },
+         "is a program, not a library", false},
+        {"dependency",
+         [](ModuleFacts& facts) {
+             facts.missing = {{"far.dll", "near.dll"}};
+         },
+         "near.dll needs far.dll, which is not found", false},
+        {"misspelt",
+         [](ModuleFacts& facts) {
+             std::replace(facts.file.exports.begin(), facts.file.exports.end(),
+                          std::string("SetJobName"), std::string("SetJobname"));
+         },
+         "SetJobName is missing; the module has SetJobname. Export it as SetJobName", true},
+        {"decorated",
+         [](ModuleFacts& facts) {
+             std::replace(facts.file.exports.begin(), facts.file.exports.end(),
+                          std::string("SetJobName"), std::string("_Z10SetJobNamePKc"));
+         },
+         "the module has _Z10SetJobNamePKc", true},
+        {"indispensable", [](ModuleFacts& facts) { facts.file.exports = {"SetJobName"}; },
+         "the entry point ShowGui is missing. The module has no effect", true},
+        {"crash",
+         [](ModuleFacts& facts) {
+             facts.trial.finished = false;
+             facts.trial.exitCode = 0xC0000005;
+             facts.trial.calls.push_back({"Initialize", false, 0, ""});
+         },
+         "it crashes in Initialize (0xC0000005)", true},
+        {"exit",
+         [](ModuleFacts& facts) {
+             facts.trial.finished = false;
+             facts.trial.calls.push_back({"Initialize", false, 0, ""});
+         },
+         "it ends the process in Initialize", true},
+        {"hang", [](ModuleFacts& facts) { facts.trial.timedOut = true; },
+         "it does not come back from LoadLibrary", true},
+        {"refused", [](ModuleFacts& facts) { facts.trial.problem = "it cannot be loaded: 1114"; },
+         "it cannot be loaded: 1114", true},
+    };
+    for (const BadModuleRow& row : rows) {
+        ModuleFacts facts = goodModule("view");
+        row.spoil(facts);
+        const Report report = judged(facts);
+        EXPECT_TRUE(has(report, Severity::error, row.finding)) << row.name << ":\n"
+                                                               << asText(report);
+        EXPECT_EQ(isLoadable(facts), row.loadable) << row.name;
+    }
+}
+
+TEST(ModuleJudgementTest, WhatIsNoFaultOnlyGetsANote) {
+    ModuleFacts facts = goodModule("view");
+    std::erase(facts.file.exports, "SetPortType");
+    facts.file.exports.emplace_back("MyOwnHelper");
+    const Report report = judged(facts);
+    EXPECT_EQ(report.count(Severity::error) + report.count(Severity::warning), 0U)
+        << asText(report);
+    EXPECT_TRUE(has(report, Severity::note, "which is allowed: SetPortType"));
+    EXPECT_TRUE(has(report, Severity::note, "does not know: MyOwnHelper"));
+
+    ModuleFacts prompts = goodModule("legacy");
+    prompts.exists = false;
+    EXPECT_EQ(judged(prompts).count(Severity::error), 0U);
+    EXPECT_TRUE(has(judged(prompts), Severity::warning, "JSWDisplayPrompt asks nobody"));
+}
+
+TEST(ModuleJudgementTest, SlowCallsAreNamedWithTheirTime) {
+    ModuleFacts facts = goodModule("catalog");
+    facts.trial.calls.push_back({"Initialize", true, 1250.6, ""});
+    EXPECT_TRUE(has(judged(facts), Severity::warning, "Initialize took 1250 ms"));
+}
+
+TEST(NearestNameTest, OnlyWhatWasProbablyMeantIsNamed) {
+    EXPECT_EQ(editDistance("SetJobName", "SetJobname"), 1U);
+    EXPECT_EQ(editDistance("", "abc"), 3U);
+    EXPECT_EQ(nearestName("ShowGui", {"ShowGUI", "HideGui"}), "ShowGUI");
+    EXPECT_EQ(nearestName("ShowGui", {"Unrelated"}), "");
+    EXPECT_EQ(nearestName("ShowGui", {}), "");
+    EXPECT_EQ(nearestName("UnInitialize", {"Uninitialize", "Initialize"}), "Uninitialize");
+    EXPECT_EQ(nearestName("All", {"Jsw"}), "");
+}
+
+TEST(TrialLinesTest, WhatWasToldBeforeTheEndSurvivesIt) {
+    ModuleTrial trial;
+    for (const std::string& line :
+         {trialline::begin("A"), trialline::end(2.5, "\xE4 \"quoted\"\n"), trialline::begin("B"),
+          std::string("no line of ours"), std::string("{\"end\":\"soon\"}"), std::string("[1]")}) {
+        takeTrialLine(line, trial);
+    }
+    ASSERT_EQ(trial.calls.size(), 2U);
+    EXPECT_TRUE(trial.calls[0].ended);
+    EXPECT_DOUBLE_EQ(trial.calls[0].milliseconds, 2.5);
+    EXPECT_EQ(trial.calls[0].answer, "\xE4 \"quoted\"\n");
+    EXPECT_FALSE(trial.calls[1].ended);
+    EXPECT_FALSE(trial.finished);
+    takeTrialLine(trialline::problem("p"), trial);
+    takeTrialLine(trialline::finished(), trial);
+    EXPECT_EQ(trial.problem, "p");
+    EXPECT_TRUE(trial.finished);
+}
+
+}  // namespace
+}  // namespace jsw::ctl

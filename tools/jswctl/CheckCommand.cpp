@@ -1,0 +1,37 @@
+#include "tools/jswctl/Command.h"
+#include "tools/jswctl/Host.h"
+#include "tools/jswctl/Report.h"
+#include "tools/jswctl/check/GatherHost.h"
+#include "tools/jswctl/check/Judgement.h"
+
+#include <memory>
+
+namespace jsw::ctl {
+
+namespace {
+
+struct CheckOptions {
+    std::string host;
+    bool json = false;
+};
+
+int check(const CheckOptions& options) {
+    nameExistingHost(options.host);
+    const HostFacts facts = gatherHost();
+    Report report;
+    judgeHost(facts, report);
+    return show(report, facts.hostPath, options.json);
+}
+
+}  // namespace
+
+void addCheckCommand(CLI::App& program, Action& action) {
+    auto* command = program.add_subcommand(
+        "check", "Says what a job of a host would meet, from the current folder, without one.");
+    const auto options = std::make_shared<CheckOptions>();
+    addHostArgument(*command, options->host);
+    command->add_flag("--json", options->json, "tell it as one JSON object");
+    command->callback([&action, options] { action = [options] { return check(*options); }; });
+}
+
+}  // namespace jsw::ctl

@@ -1,0 +1,63 @@
+#include "PublicLib/win/Paths.h"
+#include "tools/jswctl/Command.h"
+#include "tools/jswctl/Host.h"
+#include "tools/jswctl/Report.h"
+#include "tools/jswctl/module/GatherModule.h"
+#include "tools/jswctl/module/ModuleJudgement.h"
+#include "tools/jswctl/module/Trial.h"
+
+#include <windows.h>
+
+#include <memory>
+
+namespace jsw::ctl {
+
+namespace {
+
+struct ModuleOptions {
+    std::string kind;
+    std::string file;
+    bool json = false;
+};
+
+/// For a module on the command line the file is the user's to name rightly.
+void requireFile(const std::string& file) {
+    const DWORD attributes = GetFileAttributesA(file.c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES) throw BadUse("there is no file '" + file + "'");
+    if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
+        throw BadUse("'" + file + "' is a folder, not a module");
+    }
+}
+
+int checkModule(const ModuleOptions& options) {
+    const ModuleKind* kind = findModuleKind(options.kind);
+    if (kind == nullptr) {
+        throw BadUse("'" + options.kind + "' is no kind of module; there are " + moduleKindNames());
+    }
+    requireFile(options.file);
+    const std::string path = inFull(options.file);
+    TrialPlan plan;
+    plan.scope = TrialScope::calls;
+    plan.billboardIds = {"DEFAULT", "INK_STATUS"};
+    plan.hostFolder = std::string(folderPart(path));
+    ModuleFacts facts = gatherModule(*kind, path, plan.hostFolder);
+    if (isLoadable(facts)) facts.trial = tryModule(*kind, path, plan);
+    Report report;
+    judgeModule(facts, report);
+    tellCalls(facts, report);
+    return show(report, path, options.json);
+}
+
+}  // namespace
+
+void addModuleCommand(CLI::App& program, Action& action) {
+    auto* command = program.add_subcommand(
+        "module", "Says what is wrong with one module and calls what is safe to call, each timed.");
+    const auto options = std::make_shared<ModuleOptions>();
+    command->add_option("KIND", options->kind, moduleKindNames())->required();
+    command->add_option("FILE.dll", options->file, "the module, a 64-bit library")->required();
+    command->add_flag("--json", options->json, "tell it as one JSON object");
+    command->callback([&action, options] { action = [options] { return checkModule(*options); }; });
+}
+
+}  // namespace jsw::ctl

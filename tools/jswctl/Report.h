@@ -1,0 +1,63 @@
+#pragma once
+
+#include "tools/jswctl/SettingRow.h"
+
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace jsw::ctl {
+
+enum class Severity {
+    note,     ///< a fact that is as it should be, or nobody's mistake
+    warning,  ///< probably not meant so; the job goes on without something
+    error,    ///< stops a job, its billboards or its updates
+};
+
+/// One line of a report: what was found and what to do about it.
+struct Finding {
+    Severity severity;
+    std::string topic;   ///< what it is about, such as "view module"
+    std::string text;    ///< without a final stop
+    std::string remedy;  ///< empty when there is nothing to do
+};
+
+/// The lines of a report, in the order in which they are told.
+class Report {
+  public:
+    void note(std::string topic, std::string text) {
+        add(Severity::note, std::move(topic), std::move(text), {});
+    }
+    void warn(std::string topic, std::string text, std::string remedy) {
+        add(Severity::warning, std::move(topic), std::move(text), std::move(remedy));
+    }
+    void error(std::string topic, std::string text, std::string remedy) {
+        add(Severity::error, std::move(topic), std::move(text), std::move(remedy));
+    }
+    void add(Severity severity, std::string topic, std::string text, std::string remedy) {
+        findings_.push_back({severity, std::move(topic), std::move(text), std::move(remedy)});
+    }
+
+    void setting(SettingRow row) { settings_.push_back(std::move(row)); }
+
+    const std::vector<SettingRow>& settings() const { return settings_; }
+    const std::vector<Finding>& findings() const { return findings_; }
+    /// How many lines have this severity.
+    std::size_t count(Severity severity) const;
+
+  private:
+    std::vector<Finding> findings_;
+    std::vector<SettingRow> settings_;
+};
+
+/// One line per setting, one line per finding, then one that counts errors and warnings.
+std::string asText(const Report& report);
+
+/// {"subject", "errors", "warnings", "findings": [{"severity", "topic", "text", "remedy"}],
+/// "settings": [{"key", "name", "type", "value", "source"}]}; bytes that are no UTF-8 are replaced.
+std::string asJson(const std::string& subject, const Report& report);
+
+/// Writes the report to standard output and answers the exit code: kFindings when it has errors.
+int show(const Report& report, const std::string& subject, bool json);
+
+}  // namespace jsw::ctl

@@ -1,0 +1,112 @@
+#include "tools/jswctl/check/GatherFirstRun.h"
+
+#include "PublicLib/ini/IniReader.h"
+#include "PublicLib/os/Localize.h"
+#include "PublicLib/text/Text.h"
+#include "PublicLib/win/Handles.h"
+#include "PublicLib/win/Paths.h"
+#include "jsw/settings/OfnSettings.h"
+#include "jsw/settings/Settings.h"
+
+#include <windows.h>
+
+namespace jsw::ctl {
+
+namespace {
+
+bool isInRegistry(const std::string& key, const std::string& name) {
+    KeyHandle handle;
+    return RegOpenKeyExA(HKEY_LOCAL_MACHINE, key.c_str(), 0, KEY_READ, handle.put()) ==
+               ERROR_SUCCESS &&
+           RegQueryValueExA(handle.get(), name.c_str(), nullptr, nullptr, nullptr, nullptr) ==
+               ERROR_SUCCESS;
+}
+
+void readSettingsFile(FirstRunFacts& run) {
+    run.fileExists = GetFileAttributesA(run.settingsFile.c_str()) != INVALID_FILE_ATTRIBUTES;
+    IniReader reader(run.settingsFile);
+    run.fileParsed = run.fileExists && reader.build() && !reader.sections().empty();
+    if (!run.fileParsed) return;
+    run.sections = reader.sections();
+    for (const std::string& section : run.sections) {
+        IniPairs pairs;
+        reader.getSectionData(section, pairs);
+        for (const auto& [name, value] : pairs) {
+            run.entries.push_back({section, name, value, isInRegistry(section, name)});
+        }
+    }
+}
+
+Source sourceOfFailure() {
+    switch (GetLastError()) {
+        case ERROR_FILE_NOT_FOUND:
+            return Source::missing;
+        case ERROR_INVALID_DATATYPE:
+            return Source::wrongType;
+        default:
+            return Source::unreadable;
+    }
+}
+
+/// Settings as they are stored. They are read without their defaults, which would be written.
+template <class Texts, class Numbers>
+void readStore(const BasicSettings& settings, const Texts& texts, const Numbers& numbers,
+               StoreImage& image) {
+    for (const setting::Text* text : texts) {
+        StoredValue value;
+        value.source = settings.read(*text, value.text) ? Source::stored : sourceOfFailure();
+        image.put(text->key, text->name, value);
+    }
+    for (const setting::Number* number : numbers) {
+        StoredValue value;
+        value.source = settings.read(*number, value.number) ? Source::stored : sourceOfFailure();
+        image.put(number->key, number->name, value);
+    }
+}
+
+bool isTextSetting(const std::string& key, const std::string& name) {
+    for (const setting::Text* text : setting::kHostTexts) {
+        if (equalsIgnoringCase(name, text->name) &&
+            equalsIgnoringCase(joinPath(key, ""), joinPath(text->key, ""))) {
+            return true;
+        }
+    }
+    return false;
+}
+
+/// What the file would put into the store, for the settings that the library knows.
+void readFromFile(const HostFacts& facts, StoreImage& image) {
+    const std::string store = facts.storePath + "\\";
+    for (const FileEntry& entry : facts.firstRun.entries) {
+        if (!equalsIgnoringCase(entry.section.substr(0, store.size()), store)) continue;
+        const std::string key = entry.section.substr(store.size());
+        const IniTypedValue typed = splitTypedValue(entry.value);
+        if (typed.type == IniValueType::unknown) continue;
+        const bool isText = typed.type == IniValueType::string;
+        StoredValue value;
+        value.source =
+            isText == isTextSetting(key, entry.name) ? Source::stored : Source::wrongType;
+        value.text = typed.text;
+        value.number = isText ? 0 : leadingNumber(typed.text);
+        image.put(key, entry.name, value);
+    }
+}
+
+}  // namespace
+
+void gatherFirstRun(HostFacts& facts) {
+    const auto names = Localize::getInstance();
+    FirstRunFacts& run = facts.firstRun;
+    run.storeOpens = Settings().isValid();
+    run.storeError = run.storeOpens ? 0 : GetLastError();
+    run.settingsFile = concat(folderPart(names->modulePath()), names->settingsFileName());
+    readSettingsFile(run);
+    if (run.storeOpens) {
+        readStore(Settings(), setting::kHostTexts, setting::kHostNumbers, facts.image);
+    } else {
+        readFromFile(facts, facts.image);
+    }
+    readStore(OfnSettings(""), setting::kPrinterTexts, setting::kPrinterNumbers, facts.image);
+}
+
+}  // namespace jsw::ctl

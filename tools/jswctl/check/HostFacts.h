@@ -1,0 +1,99 @@
+#pragma once
+
+#include "tools/jswctl/check/StoreImage.h"
+#include "tools/jswctl/module/ModuleFacts.h"
+
+#include <cstdint>
+#include <ctime>
+#include <string>
+#include <vector>
+
+namespace jsw::ctl {
+
+/// One value of the settings file.
+struct FileEntry {
+    std::string section;
+    std::string name;
+    std::string value;  ///< with its type, as it stands in the file
+    bool isInRegistry = false;
+};
+
+/// The store and the file that the first run installs in it.
+struct FirstRunFacts {
+    bool storeOpens = false;
+    std::uint32_t storeError = 0;  ///< when it does not open: ERROR_FILE_NOT_FOUND, or what else
+    std::string settingsFile;
+    bool fileExists = false;
+    bool fileParsed = false;
+    std::vector<std::string> sections;
+    std::vector<FileEntry> entries;
+};
+
+/// A file or folder that something depends on.
+struct Presence {
+    std::string path;
+    bool exists = false;
+    bool isFolder = false;
+};
+
+/// A billboard's page, as the catalog names it.
+struct PageFacts {
+    std::string id;
+    bool wasAsked = false;  ///< false: there was no catalog to ask
+    std::string fileName;   ///< the catalog's answer; empty: none
+    Presence file;
+};
+
+/// A stored value whose name the library does not know.
+struct UnknownValue {
+    std::string key;
+    std::string name;
+};
+
+/// What a job of one host would meet.
+struct HostFacts {
+    std::string hostPath;
+    std::string localId;
+    std::string productLine;  ///< its registry key; empty for a host of no known line
+    std::string productRoot;  ///< below HKEY_LOCAL_MACHINE
+    std::string storePath;    ///< below HKEY_LOCAL_MACHINE, without a final backslash
+    std::string currentFolder;
+    std::string driverFolder;
+    std::string initialPath;  ///< what a job puts for a missing data or module folder
+
+    FirstRunFacts firstRun;
+    StoreImage image;
+    std::vector<UnknownValue> unknownValues;
+
+    bool parserRegistered = false;
+    std::uint32_t parserVersion = 0;  ///< major and minor half of its file; 0: no such file
+
+    Presence log;
+    std::uint32_t logError = 0;  ///< why a line could not be written; 0: it could
+
+    std::time_t now = 0;
+    std::tm localNow{};
+    Presence updater;
+    std::uint32_t historySize = 0;
+
+    Presence dataFolder;
+    std::vector<ModuleFacts> modules;
+    PageFacts cachedDefault;  ///< the page kept from the last look-up; an empty name: none is kept
+    std::vector<PageFacts> pages;  ///< the default billboard's and the ink status one's
+};
+
+/// Where a job would look, by the settings alone.
+struct HostPaths {
+    std::string dataPath;  ///< without a final backslash
+    std::string dllPath;
+    std::string view;
+    std::string catalog;
+    std::string rules;
+    std::string legacy;
+    std::string device;
+    std::string updater;  ///< empty: none is named
+};
+
+HostPaths hostPaths(const HostFacts& facts);
+
+}  // namespace jsw::ctl

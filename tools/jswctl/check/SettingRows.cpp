@@ -1,0 +1,76 @@
+#include "tools/jswctl/check/SettingRows.h"
+
+#include "PublicLib/text/Text.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace jsw::ctl {
+
+namespace {
+
+constexpr char kPrinterStore[] = "IjPrtSettings";
+
+std::string withoutBackslash(std::string_view key) {
+    while (!key.empty() && key.back() == '\\') key.remove_suffix(1);
+    return std::string(key);
+}
+
+SettingRow rowOf(const setting::Text& text, const StoreImage& image) {
+    EffectiveText effective = image.text(text);
+    return {withoutBackslash(text.key), text.name, "text", std::move(effective.value),
+            effective.source};
+}
+
+SettingRow rowOf(const setting::Number& number, const StoreImage& image) {
+    const EffectiveNumber effective = image.number(number);
+    return {withoutBackslash(number.key), number.name, "number", concat(effective.value),
+            effective.source};
+}
+
+/// Values that the library leaves to others: the updater, the sample modules.
+struct ForeignValue {
+    const char* key;
+    const char* name;
+};
+constexpr ForeignValue kForeignValues[] = {
+    {"Settings\\RulesEngine", "RulesFilename"},
+    {"Settings\\RulesEngine", "SpecialShown"},
+    {"Settings\\RulesEngine", "InkShown"},
+};
+
+/// A row of the store that stands for all printers, beside the host's own.
+SettingRow ofPrinters(SettingRow row) {
+    row.key = row.key.empty() ? kPrinterStore : concat(kPrinterStore, "\\", row.key);
+    return row;
+}
+
+}  // namespace
+
+std::vector<SettingRow> settingRows(const StoreImage& image) {
+    std::vector<SettingRow> rows;
+    for (const setting::Text* text : setting::kHostTexts) rows.push_back(rowOf(*text, image));
+    for (const setting::Number* number : setting::kHostNumbers) {
+        rows.push_back(rowOf(*number, image));
+    }
+    for (const setting::Number* number : setting::kPrinterNumbers) {
+        rows.push_back(ofPrinters(rowOf(*number, image)));
+    }
+    for (const setting::Text* text : setting::kPrinterTexts) {
+        rows.push_back(ofPrinters(rowOf(*text, image)));
+    }
+    std::stable_sort(rows.begin(), rows.end(), [](const SettingRow& left, const SettingRow& right) {
+        return left.key < right.key;
+    });
+    return rows;
+}
+
+std::vector<std::string> settingNames(const std::string& key) {
+    std::vector<std::string> names;
+    for (const SettingRow& row : settingRows({})) {
+        if (equalsIgnoringCase(row.key, withoutBackslash(key))) names.push_back(row.name);
+    }
+    return names;
+}
+
+}  // namespace jsw::ctl

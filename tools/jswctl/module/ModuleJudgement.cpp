@@ -1,0 +1,163 @@
+#include "tools/jswctl/module/ModuleJudgement.h"
+
+#include "PublicLib/text/Text.h"
+#include "tools/jswctl/NearestName.h"
+
+#include <algorithm>
+#include <cstdio>
+
+namespace jsw::ctl {
+
+namespace {
+
+constexpr double kSlowMilliseconds = 500;
+
+std::string topicOf(const ModuleFacts& facts) {
+    return concat(facts.kind->name, " module");
+}
+
+std::string hexadecimal(std::uint32_t code) {
+    char text[16];
+    std::snprintf(text, sizeof text, "0x%08X", code);
+    return text;
+}
+
+template <class Names>
+bool holds(const Names& names, std::string_view name) {
+    return std::any_of(names.begin(), names.end(),
+                       [&](std::string_view known) { return known == name; });
+}
+
+std::string listed(const std::vector<std::string>& names) {
+    std::string text;
+    for (const std::string& name : names) text += concat(text.empty() ? "" : ", ", name);
+    return text;
+}
+
+/// Without the module a job goes on or stops, depending on its kind.
+void cannotBeUsed(const ModuleFacts& facts, Report& report, const std::string& what,
+                  const std::string& remedy) {
+    const Severity severity = facts.kind->stopsJob ? Severity::error : Severity::warning;
+    report.add(severity, topicOf(facts), concat(what, "; ", facts.kind->without), remedy);
+}
+
+/// "a 32-bit library" or what else it is, for a file that is no 64-bit library.
+std::string wrongKindOfFile(const PeFile& file) {
+    if (!file.isDll) return "a program, not a library";
+    if (file.machine == kMachineX86) return "a 32-bit library, not a 64-bit one";
+    if (file.machine != kMachineX64) {
+        return concat("a library for another processor (", hexadecimal(file.machine), ")");
+    }
+    return {};
+}
+
+void judgeFile(const ModuleFacts& facts, Report& report) {
+    const std::string& path = facts.fullPath;
+    if (!facts.exists) {
+        cannotBeUsed(facts, report, concat("there is no file ", path),
+                     "Put the module there or correct its name and folder in the settings");
+    } else if (facts.isFolder) {
+        cannotBeUsed(facts, report, concat(path, " is a folder"), "Name the module's file");
+    } else if (!facts.unreadable.empty()) {
+        cannotBeUsed(facts, report, concat(path, " cannot be read: ", facts.unreadable),
+                     "Give the users who print the right to read it");
+    } else if (!facts.file.problem.empty()) {
+        cannotBeUsed(facts, report, concat(path, " cannot be loaded: ", facts.file.problem),
+                     "Build or copy it anew");
+    } else if (const std::string wrong = wrongKindOfFile(facts.file); !wrong.empty()) {
+        cannotBeUsed(facts, report, concat(path, " is ", wrong),
+                     "Build it as a dynamic library for x86-64");
+    }
+    for (const MissingLibrary& library : facts.missing) {
+        cannotBeUsed(facts, report,
+                     concat(path, " cannot be loaded: ", library.neededBy, " needs ", library.name,
+                            ", which is not found"),
+                     concat("Put ", library.name, " into the host's folder or link it statically"));
+    }
+}
+
+void judgeEntryPoints(const ModuleFacts& facts, Report& report) {
+    std::vector<std::string> unknown;
+    for (const std::string& name : facts.file.exports) {
+        if (!holds(facts.kind->entryPoints, name)) unknown.push_back(name);
+    }
+    std::vector<std::string> absent;
+    for (const char* name : facts.kind->entryPoints) {
+        if (holds(facts.file.exports, name)) continue;
+        const std::string nearest = nearestName(name, unknown);
+        if (!nearest.empty()) {
+            std::erase(unknown, nearest);
+            report.error(topicOf(facts),
+                         concat("the entry point ", name, " is missing; the module has ", nearest),
+                         concat("Export it as ", name, ", undecorated"));
+        } else if (holds(facts.kind->indispensable, name)) {
+            report.error(topicOf(facts), concat("the entry point ", name, " is missing"),
+                         "The module has no effect without it; export it, undecorated");
+        } else {
+            absent.emplace_back(name);
+        }
+    }
+    if (!absent.empty()) {
+        report.note(topicOf(facts),
+                    concat("entry points it does not have, which is allowed: ", listed(absent)));
+    }
+    if (!unknown.empty()) {
+        report.note(topicOf(facts),
+                    concat("exports that the library does not know: ", listed(unknown)));
+    }
+}
+
+void judgeTrial(const ModuleFacts& facts, Report& report) {
+    const ModuleTrial& trial = facts.trial;
+    if (!trial.started && trial.problem.empty()) return;
+    const std::string last = trial.calls.empty() ? "its start" : trial.calls.back().name;
+    if (trial.timedOut) {
+        cannotBeUsed(facts, report, concat("it does not come back from ", last),
+                     "The job would wait for ever; look for a lock or a wait in the module");
+    } else if (!trial.problem.empty()) {
+        cannotBeUsed(facts, report, trial.problem, "Load it in a debugger to see why");
+    } else if (trial.exitCode != 0) {
+        cannotBeUsed(facts, report,
+                     concat("it crashes in ", last, " (", hexadecimal(trial.exitCode), ")"),
+                     "The host would crash with it; run the module in a debugger");
+    } else if (!trial.finished) {
+        cannotBeUsed(facts, report, concat("it ends the process in ", last),
+                     "The host would end with it; a module must not call exit()");
+    }
+    for (const ModuleCall& call : trial.calls) {
+        if (!call.ended || call.milliseconds < kSlowMilliseconds) continue;
+        report.warn(
+            topicOf(facts),
+            concat(call.name, " took ", static_cast<std::uint32_t>(call.milliseconds), " ms"),
+            "The driver waits for it; do such work on a thread of the module");
+    }
+}
+
+}  // namespace
+
+bool isLoadable(const ModuleFacts& facts) {
+    return facts.exists && !facts.isFolder && facts.unreadable.empty() &&
+           facts.file.problem.empty() && wrongKindOfFile(facts.file).empty() &&
+           facts.missing.empty();
+}
+
+void judgeModule(const ModuleFacts& facts, Report& report) {
+    report.note(topicOf(facts), concat("file ", facts.fullPath));
+    judgeFile(facts, report);
+    const bool hasEntryPoints = facts.exists && !facts.isFolder && facts.unreadable.empty() &&
+                                facts.file.problem.empty() && facts.file.isDll;
+    if (hasEntryPoints) judgeEntryPoints(facts, report);
+    judgeTrial(facts, report);
+}
+
+void tellCalls(const ModuleFacts& facts, Report& report) {
+    for (const ModuleCall& call : facts.trial.calls) {
+        if (!call.ended) continue;
+        char time[32];
+        std::snprintf(time, sizeof time, "%.1f ms", call.milliseconds);
+        report.note(topicOf(facts), concat(call.name, ": ", time,
+                                           call.answer.empty() ? "" : ", answer ", call.answer));
+    }
+}
+
+}  // namespace jsw::ctl

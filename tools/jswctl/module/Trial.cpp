@@ -1,0 +1,174 @@
+#include "tools/jswctl/module/Trial.h"
+
+#include "PublicLib/text/Text.h"
+#include "PublicLib/win/Handles.h"
+#include "PublicLib/win/Paths.h"
+#include "PublicLib/win/SystemFolders.h"
+#include "tools/jswctl/Host.h"
+#include "tools/jswctl/module/TrialLines.h"
+
+#include <windows.h>
+
+#include <array>
+
+namespace jsw::ctl {
+
+namespace {
+
+constexpr DWORD kPatience = 20000;  // milliseconds until a module is taken to hang
+constexpr DWORD kPollInterval = 10;
+
+/// A copy of this program under the host's name, in a folder of its own, while the object lives.
+class NamedCopy {
+  public:
+    explicit NamedCopy(const std::string& name) : path_(moduleFileName(nullptr)) {
+        if (name.empty()) return;
+        std::array<char, MAX_PATH> temporary{};
+        GetTempPathA(MAX_PATH, temporary.data());
+        const std::string folder = joinPath(
+            temporary.data(), concat("jswctl-", GetCurrentProcessId(), "-", GetTickCount()));
+        const std::string copy = joinPath(folder, name);
+        if (CreateDirectoryA(folder.c_str(), nullptr) == FALSE) return;
+        folder_ = folder;
+        if (CopyFileA(path_.c_str(), copy.c_str(), TRUE) != FALSE) path_ = copy;
+    }
+    ~NamedCopy() {
+        if (folder_.empty()) return;
+        // The file is free a moment after its process has ended.
+        for (int attempt = 0; attempt < 100; ++attempt) {
+            if (DeleteFileA(path_.c_str()) != FALSE || GetLastError() == ERROR_FILE_NOT_FOUND)
+                break;
+            Sleep(kPollInterval);
+        }
+        RemoveDirectoryA(folder_.c_str());
+    }
+    NamedCopy(const NamedCopy&) = delete;
+    NamedCopy& operator=(const NamedCopy&) = delete;
+
+    const std::string& path() const { return path_; }
+
+  private:
+    std::string path_;
+    std::string folder_;
+};
+
+/// The reading end of a pipe whose writing end a child inherits.
+struct Pipe {
+    KernelHandle reader;
+    KernelHandle writer;
+
+    Pipe() {
+        SECURITY_ATTRIBUTES inherited{sizeof(SECURITY_ATTRIBUTES), nullptr, TRUE};
+        CreatePipe(reader.put(), writer.put(), &inherited, 0);
+        SetHandleInformation(reader.get(), HANDLE_FLAG_INHERIT, 0);
+    }
+};
+
+/// Takes what has arrived, line by line; a line that is not complete waits for the rest.
+class LineReader {
+  public:
+    LineReader(HANDLE pipe, ModuleTrial& trial) : pipe_(pipe), trial_(trial) {}
+
+    void takeAll() {
+        DWORD available = 0;
+        while (PeekNamedPipe(pipe_, nullptr, 0, nullptr, &available, nullptr) != FALSE &&
+               available > 0) {
+            std::string chunk(available, '\0');
+            DWORD read = 0;
+            if (ReadFile(pipe_, chunk.data(), available, &read, nullptr) == FALSE) return;
+            rest_.append(chunk, 0, read);
+            takeLines();
+        }
+    }
+
+  private:
+    void takeLines() {
+        for (std::size_t end; (end = rest_.find('\n')) != std::string::npos;) {
+            takeTrialLine(std::string_view(rest_).substr(0, end), trial_);
+            rest_.erase(0, end + 1);
+        }
+    }
+
+    HANDLE pipe_;
+    ModuleTrial& trial_;
+    std::string rest_;
+};
+
+/// A module may write where it likes, but not among the lines of this program.
+KernelHandle openNull() {
+    SECURITY_ATTRIBUTES inherited{sizeof(SECURITY_ATTRIBUTES), nullptr, TRUE};
+    return KernelHandle(CreateFileA("NUL", GENERIC_READ | GENERIC_WRITE,
+                                    FILE_SHARE_READ | FILE_SHARE_WRITE, &inherited, OPEN_EXISTING,
+                                    0, nullptr));
+}
+
+std::string withoutBackslash(std::string folder) {
+    while (folder.size() > 1 && folder.back() == '\\') folder.pop_back();
+    return folder;
+}
+
+std::string commandLine(const std::string& program, const ModuleKind& kind, const std::string& path,
+                        const TrialPlan& plan, HANDLE pipe) {
+    std::string command =
+        concat("\"", program, "\" try ", kind.name, " \"", path, "\" --scope ",
+               static_cast<int>(plan.scope), " --pipe ", reinterpret_cast<std::uintptr_t>(pipe),
+               " --folder \"", withoutBackslash(plan.hostFolder), "\"");
+    // An id with a quotation mark could not be told apart from the rest.
+    for (const std::string& id : plan.billboardIds) {
+        if (id.find('"') == std::string::npos) command += concat(" --id \"", id, "\"");
+    }
+    return command;
+}
+
+KernelHandle start(const std::string& program, std::string command) {
+    const KernelHandle null = openNull();
+    STARTUPINFOA startup{};
+    startup.cb = sizeof startup;
+    startup.dwFlags = STARTF_USESTDHANDLES;
+    startup.hStdInput = startup.hStdOutput = startup.hStdError = null.get();
+    PROCESS_INFORMATION info{};
+    if (CreateProcessA(program.c_str(), command.data(), nullptr, nullptr, TRUE, CREATE_NO_WINDOW,
+                       nullptr, nullptr, &startup, &info) == FALSE) {
+        return {};
+    }
+    const KernelHandle thread(info.hThread);
+    return KernelHandle(info.hProcess);
+}
+
+/// Reads along until the process ends or patience does.
+void watch(HANDLE process, LineReader& lines, ModuleTrial& trial) {
+    const DWORD begin = GetTickCount();
+    while (WaitForSingleObject(process, kPollInterval) == WAIT_TIMEOUT) {
+        lines.takeAll();
+        if (GetTickCount() - begin < kPatience) continue;
+        trial.timedOut = true;
+        TerminateProcess(process, ERROR_TIMEOUT);
+        WaitForSingleObject(process, INFINITE);
+        break;
+    }
+    lines.takeAll();
+    DWORD code = 0;
+    GetExitCodeProcess(process, &code);
+    trial.exitCode = code;
+}
+
+}  // namespace
+
+ModuleTrial tryModule(const ModuleKind& kind, const std::string& path, const TrialPlan& plan) {
+    ModuleTrial trial;
+    const NamedCopy copy(plan.hostName);
+    Pipe pipe;
+    const KernelHandle process =
+        start(copy.path(), commandLine(copy.path(), kind, path, plan, pipe.writer.get()));
+    pipe.writer.reset();
+    if (!process) {
+        trial.problem = concat("it could not be tried: ", errorText(GetLastError()));
+        return trial;
+    }
+    trial.started = true;
+    LineReader lines(pipe.reader.get(), trial);
+    watch(process.get(), lines, trial);
+    return trial;
+}
+
+}  // namespace jsw::ctl
