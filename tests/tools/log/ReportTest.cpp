@@ -117,6 +117,25 @@ TEST(Reports, PictureHasALaneForEachThreadAndAMarkForEachTrouble) {
     EXPECT_THAT(page, Not(HasSubstr("http")));
 }
 
+/// A view that calls back on a new thread each time must not fill the picture with lanes.
+TEST(Reports, PictureHasOneLaneForThreadsThatTakeTurns) {
+    LogText log;
+    log.thread(1).beginJob("a");
+    for (unsigned click = 0; click < 5; ++click) {
+        log.thread(10 + click)
+            .at(36'001'000 + click * 100)
+            .line(0, "+BillboardView::jswCallback: ");
+        log.at(36'001'050 + click * 100).line(0, "-BillboardView::jswCallback: ");
+    }
+    log.thread(20).at(36'001'440).line(0, "+BillboardView::saveValueCallback: ");
+    log.at(36'001'460).line(0, "-BillboardView::saveValueCallback: ");
+    const std::string page = Reports(log.thread(1).at(36'002'000).endJob().text()).page_;
+    EXPECT_EQ(count(page, "class=\"lane\""), 3U);  // the last one came while another was busy
+    EXPECT_THAT(page, HasSubstr("view threads"));
+    EXPECT_THAT(page, HasSubstr("5 in turn"));
+    EXPECT_EQ(count(page, "<title>BillboardView::jswCallback"), 5U);
+}
+
 /// Names come from users and may be anything.
 TEST(Reports, LetNoTextOfTheLogBecomeMarkup) {
     const std::string hostile = "</title><script>alert('x')</script>\" onload=\"\x01&lt;";
@@ -132,6 +151,16 @@ TEST(Reports, LetNoTextOfTheLogBecomeMarkup) {
     const auto json = nlohmann::json::parse(reports.json_);
     EXPECT_EQ(json["jobs"][0]["name"], hostile);
     EXPECT_EQ(json["trouble"][0]["severity"], "stops");
+}
+
+TEST(Reports, SayNothingOfTimesWhenTheLinesHaveNone) {
+    const Reports reports(
+        LogText().withoutTimes().beginJob("a").line(0, "+Catalog::initialize: ").endJob().text());
+    EXPECT_THAT(reports.text_, HasSubstr("the lines have no times"));
+    for (const std::string& report : {reports.text_, reports.page_}) {
+        EXPECT_THAT(report, Not(HasSubstr("Time in modules")));
+        EXPECT_THAT(report, Not(HasSubstr("<svg")));
+    }
 }
 
 TEST(Reports, JsonIsWholeWithoutAnyJob) {

@@ -43,27 +43,40 @@ install_host() {
   done
 }
 
-# run_job NAME, with the steps of the user and the driver on standard input.
+# run_job NAME, with the steps of the user and the driver on standard input. False when the window
+# was not there in time for the first click.
 run_job() {
   cat >"$work/$1.jobscript"
   timeout 100 wine "$host/$program" --printer SimulatedPrinter --job "$1" --pages 2 --ink 90,10 \
-    --script "$(windows_path "$work/$1.jobscript")" >"$work/$1.txt" 2>&1 </dev/null ||
-    fail "the job $1 failed: $(cat "$work/$1.txt")"
+    --script "$(windows_path "$work/$1.jobscript")" >"$work/$1.txt" 2>&1 </dev/null && return
+  grep -q 'there is no job window' "$work/$1.txt" || fail "the job $1 failed: $(cat "$work/$1.txt")"
+  return 1
 }
 
+# run_jobs SECONDS: how long the user waits before the first click.
 run_jobs() {
-  run_job report.pdf <<'END'
+  run_job report.pdf <<END || return 1
 at 0.1 page 1
-at 1.2 click ink
-at 1.6 click current
-at 1.8 page 2
+at $1.0 click ink
+at $1.4 click current
+at $1.6 page 2
 END
   # The second job misses its rules and the page behind the button.
   rm "$host/data/rules.xml" "$host/data/Scripts/inkstatus.jbb"
-  run_job letter.doc <<'END'
+  run_job letter.doc <<END
 at 0.1 page 1
-at 1.2 click ink
+at $1.0 click ink
 END
+}
+
+# On a busy machine the window takes its time.
+run_jobs_in_time() {
+  local seconds
+  for seconds in 1 4 15; do
+    install_host
+    run_jobs "$seconds" && return
+  done
+  fail "there is no job window: $(cat "$work"/*.txt)"
 }
 
 # expect_answer CODE ARGUMENT...: what jswctl log answers; its output goes to $work/answer.txt.
@@ -99,8 +112,10 @@ check_words() {
     'ERROR - Unable to initialize the rules engine. NOT processing rules!!!' \
     ", pathBillboardFile='.\\data\\Scripts\\inkstatus.jbb'" 'RulesEngine::initialize' 'Slowest calls'
   grep -q 'no lines of a log' "$work/answer.txt" && fail "lines of the library's own are not understood"
-  # Without the ids the same is told of each job.
   mv "$work/answer.txt" "$work/with-ids.txt"
+  expect_answer 1 "$(windows_path "$work/jobs.log")" --json
+  expect_text '{"jobs": [' '"name":"report.pdf"' '"moduleCalls": [{' '"trouble": [{'
+  # Without the ids the same is told of each job.
   sed 's/ pid=[0-9a-f]* tid=[0-9a-f]* / /' "$work/jobs.log" >"$work/no-ids.log"
   expect_answer 1 "$(windows_path "$work/no-ids.log")"
   diff <(jobs_of "$work/with-ids.txt") <(jobs_of "$work/answer.txt") ||
@@ -158,7 +173,7 @@ check_page() {
   browse --dump-dom >"$work/dom.html"
   expect_elements 2 '<section class="job"'
   expect_elements 2 '<svg class="timeline"'
-  expect_elements 6 'class="thread"'  # driver, rules and view in each
+  expect_elements 6 'class="thread"'  # driver, rules, view
   expect_elements 1 '</html>'
   grep -q 'class="mark stops" d=' "$work/dom.html" || fail "no trouble is marked in a picture"
   local scheme
@@ -171,8 +186,7 @@ check_page() {
   expect_colour "$work/dark.png" '#14181F' '#5B9BE0' '#FF7B72'
 }
 
-install_host
-run_jobs
+run_jobs_in_time
 check_words
 check_bad_use
 check_page

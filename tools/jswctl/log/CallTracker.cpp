@@ -13,16 +13,12 @@ constexpr std::size_t kMaxFrames = 256;
 constexpr std::size_t kMaxTag = 512;
 constexpr std::size_t kMaxResult = 512;
 
-constexpr std::string_view kDriver = "driver";
-constexpr std::string_view kRules = "rules";
-constexpr std::string_view kView = "view";
-
 /// What the thread is for on which a method runs that no other called.
 std::string_view threadOf(std::string_view tag) {
     const std::string_view method = methodName(tag);
-    if (method == "Controller::ProcessRules") return kRules;
-    if (method.ends_with("Callback")) return kView;
-    return kDriver;
+    if (method == "Controller::ProcessRules") return kRulesThread;
+    if (method.ends_with("Callback")) return kViewThread;
+    return kDriverThread;
 }
 
 Milliseconds between(const Place& from, const Place& to) {
@@ -97,12 +93,12 @@ std::size_t CallTracker::addThread(std::string name, std::optional<std::uint32_t
 /// fits none.
 std::size_t CallTracker::guessThread(const LogLine& line, TextKind kind) {
     if (kind == TextKind::entry && line.depth == 0) return guessForEntry(line);
-    if (threads_.empty()) return addThread(std::string(kDriver), std::nullopt);
+    if (threads_.empty()) return addThread(std::string(kDriverThread), std::nullopt);
     std::size_t best = 0;
     std::pair<int, std::uint64_t> bestFit{0, 0};
     for (std::size_t i = 0; i < threads_.size(); ++i) {
         int fit = fitness(threads_[i].stack, line, kind);
-        if (fit != 0 && isRulesOnly(line, kind) && infos_[i].name == kRules) fit = 2;
+        if (fit != 0 && isRulesOnly(line, kind) && infos_[i].name == kRulesThread) fit = 2;
         const std::pair<int, std::uint64_t> thisFit{fit, threads_[i].lastLine};
         if (fit == 0 || thisFit <= bestFit) continue;
         best = i;

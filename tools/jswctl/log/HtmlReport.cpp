@@ -179,6 +179,12 @@ std::string slowestAsHtml(const Statistics& statistics) {
     return page + "</table>\n";
 }
 
+std::string timesAsHtml(const Statistics& statistics) {
+    constexpr char kHow[] = "\n<p class=\"soft\">Without the calls inside a call.</p>\n";
+    return concat(element("h2", "", "Slowest calls"), kHow, slowestAsHtml(statistics),
+                  element("h2", "", "Time in modules"), kHow, moduleCallsAsHtml(statistics));
+}
+
 std::string fileAsHtml(const Totals& totals, const Statistics& statistics) {
     std::string page = "<ul class=\"facts\">\n";
     for (const std::string& sentence : fileInWords(totals, statistics.linesOutside())) {
@@ -217,10 +223,8 @@ std::string HtmlReport::page(std::string_view file, const Totals& totals,
     }
     page += legendAsHtml();
     for (const std::string& job : jobs_) page += job;
-    constexpr char kHow[] = "\n<p class=\"soft\">Without the calls inside a call.</p>\n";
-    return concat(page, element("h2", "", "Slowest calls"), kHow, slowestAsHtml(statistics),
-                  element("h2", "", "Time in modules"), kHow, moduleCallsAsHtml(statistics),
-                  "</body>\n</html>\n");
+    if (totals.withTime != 0) page += timesAsHtml(statistics);
+    return page + "</body>\n</html>\n";
 }
 
 }  // namespace jsw::ctl::log

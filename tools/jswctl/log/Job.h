@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 /// What a log tells of a job. Plain data; made by JobBuilder, told by the reports.
@@ -30,9 +31,14 @@ struct Call {
     bool returned = true;  ///< false: the log has no end of it
 };
 
+/// What threads are for. A view may call back on a new thread each time.
+inline constexpr std::string_view kDriverThread = "driver";
+inline constexpr std::string_view kRulesThread = "rules";
+inline constexpr std::string_view kViewThread = "view";
+
 /// A thread of the host's process that wrote lines.
 struct ThreadInfo {
-    std::string name;                 ///< what it does: "driver", "rules", "view"
+    std::string name;                 ///< one of the above
     std::optional<std::uint32_t> id;  ///< absent: told apart by what the lines say
 };
 

@@ -107,7 +107,7 @@ void JobBuilder::note(const LogLine& line, const Place& place, std::size_t threa
     noteParameters(text);
     if (text == "+Controller::jswUpdateInfo: ") ++job_.progressReports;
     noteEnd(line, place);
-    if (auto sentence = tell(text)) tellEvent(place, std::move(*sentence));
+    if (auto sentence = tell(text)) tellEvent(place, *sentence);
     const TextKind kind = kindOf(text);
     if (kind == TextKind::message && !holdsUserText(text)) find(line, place, thread);
 }
@@ -137,7 +137,7 @@ void JobBuilder::noteEnd(const LogLine& line, const Place& place) {
     }
 }
 
-void JobBuilder::tellEvent(const Place& place, std::string sentence) {
+void JobBuilder::tellEvent(const Place& place, const std::string& sentence) {
     if (job_.story.size() < kMaxEvents) {
         job_.story.push_back({place, shortened(sentence)});
     } else {

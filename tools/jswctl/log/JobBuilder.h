@@ -45,7 +45,7 @@ class JobBuilder {
     void note(const LogLine& line, const Place& place, std::size_t thread);
     void noteParameters(std::string_view text);
     void noteEnd(const LogLine& line, const Place& place);
-    void tellEvent(const Place& place, std::string sentence);
+    void tellEvent(const Place& place, const std::string& sentence);
     void find(const LogLine& line, const Place& place, std::size_t thread);
     void takeCalls(std::vector<Call>& ended);
     void leaveShortCallsOut();

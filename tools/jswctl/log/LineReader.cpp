@@ -6,7 +6,7 @@ namespace jsw::ctl::log {
 
 namespace {
 
-constexpr std::size_t kBufferSize = 256 * 1024;
+constexpr std::size_t kBufferSize = std::size_t{256} * 1024;
 
 }  // namespace
 

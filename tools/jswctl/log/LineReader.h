@@ -12,9 +12,9 @@ namespace jsw::ctl::log {
 class LineReader {
   public:
     /// What of a line is beyond this is skipped.
-    static constexpr std::size_t kMaxLength = 32 * 1024;
+    static constexpr std::size_t kMaxLength = std::size_t{32} * 1024;
     /// A line longer than this comes in several parts.
-    static constexpr std::size_t kMaxPart = 1024 * 1024;
+    static constexpr std::size_t kMaxPart = std::size_t{1024} * 1024;
 
     /// @param input  opened in binary mode; must outlive the reader
     explicit LineReader(std::istream& input);

@@ -9,7 +9,7 @@ namespace jsw::ctl::log {
 
 namespace {
 
-constexpr std::uint64_t kGiveUpBytes = 1024 * 1024;
+constexpr std::uint64_t kGiveUpBytes = std::uint64_t{1024} * 1024;
 constexpr std::size_t kMaxProcesses = 64;  // at the same time
 constexpr std::size_t kMaxExamples = 3;
 constexpr std::size_t kMaxExample = 100;

@@ -123,8 +123,8 @@ std::string summaryAsText(const Totals& totals, const Statistics& statistics) {
     for (const ForeignLine& line : totals.examples) {
         text += concat("  line ", line.number, " is foreign: ", printable(line.text), "\n");
     }
-    return text + moduleCallsAsText(statistics) + slowestAsText(statistics) +
-           troublesAsText(statistics);
+    if (totals.withTime != 0) text += moduleCallsAsText(statistics) + slowestAsText(statistics);
+    return text + troublesAsText(statistics);
 }
 
 std::string knownTextsAsMarkdown() {

@@ -2,13 +2,14 @@
 
 #include "PublicLib/text/Text.h"
 #include "tools/jswctl/log/Html.h"
+#include "tools/jswctl/log/Lanes.h"
 #include "tools/jswctl/log/Statistics.h"
 #include "tools/jswctl/log/TimeAxis.h"
 #include "tools/jswctl/log/Words.h"
 
 #include <algorithm>
-#include <array>
 #include <iterator>
+#include <utility>
 #include <vector>
 
 namespace jsw::ctl::log {
@@ -29,7 +30,6 @@ constexpr double kLaneGap = 14;
 constexpr double kMarkRoom = 12;  // above a lane's first row
 constexpr double kMinBar = 1.4;
 constexpr double kLetter = 5.9;  // of a bar's label
-constexpr std::size_t kMaxRows = 8;
 constexpr std::size_t kMaxMarks = 300;
 
 /// What a bar's colour stands for.
@@ -54,15 +54,13 @@ std::string_view cssClassOf(std::string_view method) {
     return method.starts_with("AppUpdatesController::") ? "update" : "own";
 }
 
-/// One thread's part of the picture.
-struct Lane {
-    std::size_t thread;
-    double y;                      // of the first row
-    std::vector<unsigned> depths;  // of its rows
+/// A lane with its place.
+struct Lane : LaneThreads {
+    double y;  // of the first row
     double bottom() const { return y + kRow * static_cast<double>(depths.size()); }
 };
 
-/// Lines of calls by their start, outer ones first.
+/// Calls by their start, outer ones first.
 std::vector<const Call*> inOrder(const Job& job) {
     std::vector<const Call*> calls;
     for (const Call& call : job.calls) {
@@ -74,26 +72,20 @@ std::vector<const Call*> inOrder(const Job& job) {
     return calls;
 }
 
-std::vector<Lane> lanesOf(const Job& job, const std::vector<const Call*>& calls) {
+/// Lanes from the top down.
+std::vector<Lane> placedLanes(const Job& job, const std::vector<const Call*>& calls) {
     std::vector<Lane> lanes;
     double y = kTop + kMarkRoom;
-    for (std::size_t thread = 0; thread < job.threads.size(); ++thread) {
-        Lane lane{thread, y, {}};
-        for (const Call* call : calls) {
-            if (call->thread == thread) lane.depths.push_back(call->depth);
-        }
-        std::sort(lane.depths.begin(), lane.depths.end());
-        lane.depths.erase(std::unique(lane.depths.begin(), lane.depths.end()), lane.depths.end());
-        if (lane.depths.size() > kMaxRows) lane.depths.resize(kMaxRows);
-        if (lane.depths.empty()) lane.depths.push_back(0);  // it has written lines
-        y = lane.bottom() + kLaneGap + kMarkRoom;
-        lanes.push_back(std::move(lane));
+    for (LaneThreads& part : shareOut(job, calls)) {
+        lanes.push_back({std::move(part), y});
+        y = lanes.back().bottom() + kLaneGap + kMarkRoom;
     }
     return lanes;
 }
 
 TimeAxis axisOf(const Job& job, const std::vector<const Call*>& calls) {
     std::vector<Interval> busy;
+    busy.reserve(calls.size() + job.story.size());
     for (const Call* call : calls) {
         busy.push_back({*call->start.time, *call->start.time + call->duration});
     }
@@ -155,9 +147,9 @@ std::string barAsSvg(const Call& call, double x, double y, double width) {
 std::string barsAsSvg(const Lane& lane, const std::vector<const Call*>& calls,
                       const TimeAxis& axis) {
     std::string svg;
-    std::array<double, kMaxRows> drawnTo{};
+    std::vector<double> drawnTo(lane.depths.size());
     for (const Call* call : calls) {
-        if (call->thread != lane.thread) continue;
+        if (!lane.has(call->thread)) continue;
         const auto depth = std::find(lane.depths.begin(), lane.depths.end(), call->depth);
         if (depth == lane.depths.end()) continue;
         const auto row = static_cast<std::size_t>(depth - lane.depths.begin());
@@ -171,11 +163,16 @@ std::string barsAsSvg(const Lane& lane, const std::vector<const Call*>& calls,
     return svg;
 }
 
-std::string laneAsSvg(const Lane& lane, const ThreadInfo& thread) {
+std::string laneAsSvg(const Lane& lane, const Job& job) {
     std::string svg = rectangle("lane", kLeft, lane.y - kMarkRoom, kWidth - kLeft - kRight,
                                 lane.bottom() - lane.y + kMarkRoom);
-    svg += concat("/>\n", text("thread", 2, lane.y + 2, concat(thread.name, " thread")));
-    if (thread.id) svg += text("axis", 2, lane.y + 15, concat("tid ", idInWords(*thread.id)));
+    const ThreadInfo& thread = job.threads[lane.threads.front()];
+    const bool isOne = lane.threads.size() == 1;
+    svg += "/>\n";
+    svg += text("thread", 2, lane.y + 2, concat(thread.name, isOne ? " thread" : " threads"));
+    if (isOne && thread.id)
+        svg += text("axis", 2, lane.y + 15, concat("tid ", idInWords(*thread.id)));
+    if (!isOne) svg += text("axis", 2, lane.y + 15, concat(lane.threads.size(), " in turn"));
     return svg;
 }
 
@@ -184,9 +181,11 @@ std::string marksAsSvg(const Job& job, const std::vector<Lane>& lanes, const Tim
     std::string svg;
     std::size_t count = 0;
     for (const Finding& finding : job.findings) {
-        if (!finding.first.time || finding.thread >= lanes.size() || ++count > kMaxMarks) continue;
+        const auto lane = std::find_if(lanes.begin(), lanes.end(),
+                                       [&](const Lane& one) { return one.has(finding.thread); });
+        if (!finding.first.time || lane == lanes.end() || ++count > kMaxMarks) continue;
         const double x = kLeft + axis.x(*finding.first.time);
-        const double y = lanes[finding.thread].y - 1;
+        const double y = lane->y - 1;
         svg += concat(
             "<path", attribute("class", concat("mark ", severityInWords(finding.known->severity))),
             " d=\"M", number(x), " ", number(y), "l-5 -9h10z\"><title>",
@@ -212,14 +211,14 @@ std::string legendAsHtml() {
 std::string timelineAsSvg(const Job& job) {
     const auto calls = inOrder(job);
     if (!job.duration() || calls.empty()) return {};
-    const auto lanes = lanesOf(job, calls);
+    const auto lanes = placedLanes(job, calls);
     const TimeAxis axis = axisOf(job, calls);
     const double bottom = lanes.back().bottom() + 4;
     std::string svg =
         concat("<svg class=\"timeline\" role=\"img\" viewBox=\"0 0 ", number(kWidth), " ",
                number(bottom + 4), "\"",
                attribute("aria-label", concat("Timeline of job ", job.number)), ">\n");
-    for (const Lane& lane : lanes) svg += laneAsSvg(lane, job.threads[lane.thread]);
+    for (const Lane& lane : lanes) svg += laneAsSvg(lane, job);
     svg += axisAsSvg(axis, bottom);
     for (const Lane& lane : lanes) svg += barsAsSvg(lane, calls, axis);
     return svg + marksAsSvg(job, lanes, axis) + "</svg>\n";
