@@ -9,6 +9,7 @@
 #include <windows.h>
 
 #include <array>
+#include <cstdlib>
 #include <mutex>
 
 namespace jsw::bench {
@@ -26,11 +27,7 @@ void tracedMethod(const std::string& text) {
 /// may append at the same time, and no process holds the file open.
 class BareLog {
   public:
-    BareLog() : lock_("JSW bench") {
-        std::array<char, MAX_PATH> folder{};
-        GetTempPathA(static_cast<DWORD>(folder.size()), folder.data());
-        path_ = std::string(folder.data()) + "jswbench.log";
-    }
+    BareLog() = default;
     ~BareLog() { DeleteFileA(path_.c_str()); }
     BareLog(const BareLog&) = delete;
     BareLog& operator=(const BareLog&) = delete;
@@ -54,8 +51,9 @@ class BareLog {
                                         disposition, FILE_ATTRIBUTE_NORMAL, nullptr));
     }
 
-    std::string path_;
-    InterProcessLock lock_;
+    // In the log's own folder: how deep a file lies counts, too.
+    std::string path_ = concat(std::getenv("ALLUSERSPROFILE"), "\\bare.log");
+    InterProcessLock lock_{"JSW bench"};
     Security security_;
 };
 

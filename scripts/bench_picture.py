@@ -52,7 +52,7 @@ def time_row(y, entry):
 
 
 def series_rows(y, series):
-    yield text(LABELS - 8, y + 12, f'{series["name"]}, {series["unit"]}', anchor="end")
+    yield text(20, y + 12, f'{series["name"]}: {series["unit"]}')
     largest = max(point["value"] for point in series["points"])
     for index, point in enumerate(series["points"]):
         top = y + 18 + 18 * index
