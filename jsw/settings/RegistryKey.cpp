@@ -4,6 +4,7 @@
 #include "PublicLib/locks/Security.h"
 #include "PublicLib/os/OsVersion.h"
 #include "PublicLib/text/Text.h"
+#include "PublicLib/win/EntryPoint.h"
 
 #include <algorithm>
 #include <array>
@@ -239,19 +240,72 @@ void RegistryKey::getValueNames(std::vector<std::string>& names, std::uint32_t m
 
 namespace {
 
+[[noreturn]] void raiseOpenFailure(LSTATUS status) {
+    raise("RegistryKey::recurseDeleteKey() RegOpenKey()", status, 226);
+}
+
 /// The one key that is emptied but never deleted.
 bool isProtected(const std::string& name) {
     return equalsIgnoringCase(name, "SOFTWARE");
+}
+
+/// Whether an open key is a link: it has no keys or values of its own but leads to another key.
+bool isLink(HKEY key) {
+    DWORD type = REG_NONE;
+    return RegQueryValueExA(key, "SymbolicLinkValue", nullptr, &type, nullptr, nullptr) ==
+               ERROR_SUCCESS &&
+           type == REG_LINK;
+}
+
+/// Deletes an open link. By its handle, which RegDeleteKey does not take: asked for its name, that
+/// may follow the link.
+LSTATUS deleteLink(HKEY link) {
+    // Never unloaded, so its handle needs no owner.
+    const HMODULE system = GetModuleHandleA("ntdll");
+    auto* deleteKey = findEntryPoint<LONG NTAPI(HKEY)>(system, "NtDeleteKey");
+    auto* toWin32 = findEntryPoint<ULONG NTAPI(LONG)>(system, "RtlNtStatusToDosError");
+    if (deleteKey == nullptr || toWin32 == nullptr) return ERROR_PROC_NOT_FOUND;
+    return static_cast<LSTATUS>(toWin32(deleteKey(link)));
+}
+
+void deleteChildren(HKEY key);
+
+/// False when there is no such key. A link is deleted itself; what it leads to stays.
+bool deleteTree(HKEY parent, const std::string& path) {
+    KeyHandle key;
+    LSTATUS status =
+        RegOpenKeyExA(parent, path.c_str(), REG_OPTION_OPEN_LINK, KEY_ALL_ACCESS, key.put());
+    if (status == ERROR_FILE_NOT_FOUND) return false;
+    if (status != ERROR_SUCCESS) raiseOpenFailure(status);
+    const bool link = isLink(key.get());
+    if (!link) deleteChildren(key.get());
+    if (isProtected(path)) return true;
+    if (link) {
+        status = deleteLink(key.get());
+    } else {
+        key.reset();
+        status = RegDeleteKeyA(parent, path.c_str());
+    }
+    if (status != ERROR_SUCCESS) {
+        raise("RegistryKey::recurseDeleteKey() RegDeleteKey()", status, 239);
+    }
+    return true;
 }
 
 void deleteChildren(HKEY key) {
     std::array<char, kKeyNameSize> buffer{};
     DWORD size = kKeyNameSize;
     DWORD index = 0;
+    std::string missing;
     while (RegEnumKeyExA(key, index, buffer.data(), &size, nullptr, nullptr, nullptr, nullptr) ==
            ERROR_SUCCESS) {
         const std::string child(buffer.data(), size);
-        RegistryKey::recurseDeleteKey(child, key);
+        if (!deleteTree(key, child)) {
+            // Another process may have been faster. A name that is listed once more is one that
+            // cannot be opened, and would be listed for ever.
+            if (child == missing) raiseOpenFailure(ERROR_FILE_NOT_FOUND);
+            missing = child;
+        }
         if (isProtected(child)) ++index;  // it is still there
         size = kKeyNameSize;
     }
@@ -260,19 +314,7 @@ void deleteChildren(HKEY key) {
 }  // namespace
 
 void RegistryKey::recurseDeleteKey(const std::string& path, HKEY hive) {
-    KeyHandle key;
-    LSTATUS status = RegOpenKeyExA(hive, path.c_str(), 0, KEY_ALL_ACCESS, key.put());
-    if (status == ERROR_FILE_NOT_FOUND) return;
-    if (status != ERROR_SUCCESS) {
-        raise("RegistryKey::recurseDeleteKey() RegOpenKey()", status, 226);
-    }
-    deleteChildren(key.get());
-    key.reset();
-    if (isProtected(path)) return;
-    status = RegDeleteKeyA(hive, path.c_str());
-    if (status != ERROR_SUCCESS) {
-        raise("RegistryKey::recurseDeleteKey() RegDeleteKey()", status, 239);
-    }
+    deleteTree(hive, path);
 }
 
 }  // namespace jsw

@@ -40,7 +40,8 @@ class RegistryKey {
     void getValueNames(std::vector<std::string>& names, std::uint32_t max) const;
 
     /// Deletes a key and everything below it; a key that does not exist is no failure. A key named
-    /// "SOFTWARE" is emptied but never deleted.
+    /// "SOFTWARE" is emptied but never deleted. Links to other keys are deleted, not followed. The
+    /// first key that cannot be opened or deleted ends the call.
     static void recurseDeleteKey(const std::string& path, HKEY hive);
 
     /// Creates a path component by component, for systems that cannot create it in one call.

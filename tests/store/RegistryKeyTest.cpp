@@ -1,5 +1,6 @@
 #include "PublicLib/errors/Exception.h"
 #include "PublicLib/locks/Security.h"
+#include "PublicLib/win/EntryPoint.h"
 #include "jsw/settings/RegistryKey.h"
 #include "tests/support/HostTest.h"
 
@@ -10,6 +11,7 @@
 
 #include <gmock/gmock.h>
 #include <memory>
+#include <winternl.h>
 
 namespace jsw {
 
@@ -46,6 +48,73 @@ bool exists(const std::string& path) {
 bool runsInWine() {
     return GetProcAddress(GetModuleHandleA("ntdll"), "wine_get_version") != nullptr;
 }
+
+/// The system's own name of a key of HKEY_LOCAL_MACHINE: what a link holds.
+std::wstring kernelPath(const std::string& path) {
+    using NtQueryKey = LONG NTAPI(HKEY key, int what, void* buffer, ULONG size, ULONG* length);
+    constexpr int kNameInformation = 3;
+    struct {
+        ULONG size;  // in bytes
+        wchar_t text[512];
+    } name{};
+    KeyHandle software;
+    EXPECT_EQ(RegOpenKeyExA(HKEY_LOCAL_MACHINE, "Software", 0, KEY_READ, software.put()),
+              ERROR_SUCCESS);
+    ULONG length = 0;
+    EXPECT_EQ(findEntryPoint<NtQueryKey>(GetModuleHandleA("ntdll"), "NtQueryKey")(
+                  software.get(), kNameInformation, &name, sizeof(name), &length),
+              0);
+    const std::wstring found(name.text, name.size / sizeof(wchar_t));
+    return found.substr(0, found.rfind(L'\\') + 1) + std::wstring(path.begin(), path.end());
+}
+
+/// Makes a key that leads to another one, which need not exist. It does not outlive the session.
+void makeLink(const std::string& path, const std::string& target) {
+    KeyHandle link;
+    ASSERT_EQ(RegCreateKeyExA(HKEY_LOCAL_MACHINE, path.c_str(), 0, nullptr,
+                              REG_OPTION_VOLATILE | REG_OPTION_CREATE_LINK, KEY_ALL_ACCESS, nullptr,
+                              link.put(), nullptr),
+              ERROR_SUCCESS);
+    const std::wstring name = kernelPath(target);
+    ASSERT_EQ(RegSetValueExW(link.get(), L"SymbolicLinkValue", 0, REG_LINK,
+                             reinterpret_cast<const BYTE*>(name.data()),
+                             static_cast<DWORD>(name.size() * sizeof(wchar_t))),
+              ERROR_SUCCESS);
+}
+
+bool linkExists(const std::string& path) {
+    KeyHandle key;
+    return RegOpenKeyExA(HKEY_LOCAL_MACHINE, path.c_str(), REG_OPTION_OPEN_LINK, KEY_READ,
+                         key.put()) == ERROR_SUCCESS;
+}
+
+/// A child key whose name has a zero in it: listed, but no name opens it. Goes with the object.
+class UnreachableChild {
+  public:
+    explicit UnreachableChild(const std::string& parentPath) {
+        using NtCreateKey =
+            LONG NTAPI(HKEY * key, ACCESS_MASK access, OBJECT_ATTRIBUTES * attributes, ULONG index,
+                       void* noClass, ULONG options, ULONG* disposition);
+        KeyHandle parent;
+        EXPECT_EQ(
+            RegOpenKeyExA(HKEY_LOCAL_MACHINE, parentPath.c_str(), 0, KEY_ALL_ACCESS, parent.put()),
+            ERROR_SUCCESS);
+        wchar_t letters[] = L"a\0b";
+        UNICODE_STRING name{3 * sizeof(wchar_t), 3 * sizeof(wchar_t), letters};
+        OBJECT_ATTRIBUTES attributes{};
+        InitializeObjectAttributes(&attributes, &name, 0, parent.get(), nullptr);
+        EXPECT_EQ(findEntryPoint<NtCreateKey>(system_, "NtCreateKey")(
+                      key_.put(), KEY_ALL_ACCESS, &attributes, 0, nullptr, 0, nullptr),
+                  0);
+    }
+    ~UnreachableChild() { findEntryPoint<LONG NTAPI(HKEY)>(system_, "NtDeleteKey")(key_.get()); }
+    UnreachableChild(const UnreachableChild&) = delete;
+    UnreachableChild& operator=(const UnreachableChild&) = delete;
+
+  private:
+    const HMODULE system_ = GetModuleHandleA("ntdll");
+    KeyHandle key_;
+};
 
 constexpr char kPath[] = "Software\\Test\\Key";
 
@@ -179,6 +248,28 @@ TEST_F(RegistryKeyTest, RecursiveDeleteTakesEverythingButSoftware) {
     EXPECT_TRUE(exists("Keep"));
     EXPECT_EQ(failureOf([] { RegistryKey::recurseDeleteKey("None\\At all", HKEY_LOCAL_MACHINE); }),
               "(none)");
+}
+
+TEST_F(RegistryKeyTest, RecursiveDeleteTakesLinksButNotWhatTheyLeadTo) {
+    RegistryKey("Target\\Below", true).setValue("v", std::uint32_t{1});
+    RegistryKey("Tree\\Plain", true);
+    makeLink("Tree\\ALink", "Target");
+    makeLink("Tree\\Dead", "Missing");
+    makeLink("Tree\\Plain\\Round", "Tree");
+    RegistryKey::recurseDeleteKey("Tree", HKEY_LOCAL_MACHINE);
+    EXPECT_FALSE(exists("Tree"));
+
+    makeLink("Alone", "Target");
+    RegistryKey::recurseDeleteKey("Alone", HKEY_LOCAL_MACHINE);
+    EXPECT_FALSE(linkExists("Alone"));
+    EXPECT_TRUE(exists("Target\\Below"));
+}
+
+TEST_F(RegistryKeyTest, RecursiveDeleteEndsAtAChildThatStays) {
+    RegistryKey("Tree\\b", true);
+    const UnreachableChild child("Tree");
+    EXPECT_EQ(failureOf([] { RegistryKey::recurseDeleteKey("Tree", HKEY_LOCAL_MACHINE); }),
+              "RegistryKey::recurseDeleteKey() RegOpenKey()");
 }
 
 /// Printing applications of other accounts must be able to write what this one has created.
