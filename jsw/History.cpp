@@ -12,9 +12,7 @@
 #include <algorithm>
 #include <limits>
 #include <mutex>
-#include <set>
 #include <string_view>
-#include <vector>
 
 namespace jsw {
 
@@ -75,9 +73,14 @@ void History::read() {
     readMaxSize();
     ids_.clear();
     std::vector<NamedText> entries;
-    settings_.getStringValues(setting::kHistoryIdsKey, entries);
+    settings_.getStringValues(setting::kHistoryIdsKey, entries,
+                              std::numeric_limits<std::uint32_t>::max());
     trace.add(entries.empty() ? "No entries in history" : "Adding billboards");
+    ownNames_.clear();
+    const std::size_t most = std::max<std::size_t>(BasicSettings::kMaxNames, maxSize_);
     for (const auto& [name, bbId] : entries) {
+        ownNames_.insert(toLower(name));
+        if (ownNames_.size() > most) continue;  // not read, but this list's to remove
         if (bbId) {
             trace.add("bbId=", *bbId);
             add(*bbId);
@@ -94,31 +97,35 @@ void History::save() {
         trace.add("Save not needed.");
         return;
     }
+    bool complete = true;
     for (std::uint32_t position = 0; position < count(); ++position) {
         const std::string& bbId = ids_[position];
-        if (!settings_.setStringValue(setting::kHistoryIdsKey, valueName(position), bbId)) {
+        const std::string name = valueName(position);
+        if (settings_.setStringValue(setting::kHistoryIdsKey, name, bbId)) {
+            ownNames_.insert(toLower(name));
+        } else {
             trace.add("Unable to save history, bbId=", bbId);
+            complete = false;
         }
     }
-    try {
-        removeStaleIds();
-    } catch (const Exception& error) {
-        trace.add(error.text());
-    }
+    // An id that could not be written may still be there under its old name.
+    if (complete) removeStaleIds(trace);
 }
 
-/// What else is in the key would come back at the next job: values left by an earlier, longer list,
-/// and foreign ones, which are in the list under names of their own by now.
-void History::removeStaleIds() const {
-    const std::string path = settings_.getKeyPath(false) + setting::kHistoryIdsKey;
-    std::vector<std::string> names;
-    RegistryKey(path, true).getValueNames(names, std::numeric_limits<std::uint32_t>::max());
-    std::set<std::string> current;
+/// What else this object has found in the key would come back at the next job: values left by an
+/// earlier, longer list, and foreign ones, which are in the list under names of their own by now.
+/// What another process has added meanwhile stays.
+void History::removeStaleIds(MethodTrace& trace) {
+    std::set<std::string> stale = ownNames_;
     for (std::uint32_t position = 0; position < count(); ++position) {
-        current.insert(valueName(position));
+        stale.erase(toLower(valueName(position)));
     }
-    for (const std::string& name : names) {
-        if (!current.contains(name)) settings_.deleteValue(setting::kHistoryIdsKey, name);
+    for (const std::string& name : stale) {
+        if (settings_.deleteValue(setting::kHistoryIdsKey, name)) continue;
+        const DWORD error = GetLastError();
+        if (error == ERROR_FILE_NOT_FOUND) continue;
+        trace.add("Unable to remove an entry of an earlier history, name=", name,
+                  ", error=", error);
     }
 }
 
@@ -188,6 +195,7 @@ void History::clear() {
     MethodTrace trace(component::kJsw, "History::clear: ");
     const std::lock_guard lock(lock_);
     ids_.clear();
+    ownNames_.clear();
     try {
         RegistryKey::recurseDeleteKey(settings_.getKeyPath(false) + setting::kHistoryIdsKey,
                                       HKEY_LOCAL_MACHINE);

@@ -6,9 +6,12 @@
 #include <cstdint>
 #include <deque>
 #include <memory>
+#include <set>
 #include <string>
 
 namespace jsw {
+
+class MethodTrace;
 
 /// The billboards that were shown, oldest first, kept in the registry between jobs. Every thread
 /// may use it. Failures of the registry are logged and never raised.
@@ -25,6 +28,8 @@ class History {
     History& operator=(const History&) = delete;
 
     void read();
+    /// Writes the list and removes what read() has found besides it. Other values, which another
+    /// process has added since, stay.
     void save();
     /// Appends an id, which becomes the current one; the oldest goes when there are too many.
     void add(const std::string& bbId);
@@ -42,11 +47,12 @@ class History {
   private:
     std::uint32_t count() const { return static_cast<std::uint32_t>(ids_.size()); }
     void readMaxSize();
-    void removeStaleIds() const;
+    void removeStaleIds(MethodTrace& trace);
     std::string moveTo(std::uint32_t (History::*neighbour)(std::uint32_t) const);
 
     mutable CriticalSection lock_;
     std::deque<std::string> ids_;
+    std::set<std::string> ownNames_;  // of its values, lowered: the registry takes them for equal
     std::int32_t current_ = -1;
     std::uint32_t maxSize_ = setting::kHistoryMaxSize.defaultValue;
     bool dirty_ = false;

@@ -159,11 +159,11 @@ bool BasicSettings::getValueNames(const std::string& subKey, std::vector<std::st
 }
 
 bool BasicSettings::getStringValues(const std::string& subKey, std::vector<NamedText>& texts,
-                                    bool shared) const {
+                                    std::uint32_t max, bool shared) const {
     return guarded([&] {
         const RegistryKey key(getKeyPath(shared) + subKey, kOpenOnly);
         std::vector<std::string> names;
-        key.getValueNames(names, kMaxNames);
+        key.getValueNames(names, max);
         for (std::string& name : names) {
             std::string text;
             const bool isText = guarded([&] { return key.getValue(name, text); });

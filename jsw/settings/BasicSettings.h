@@ -59,10 +59,10 @@ class BasicSettings {
     /// Appends the names of the key's values, kMaxNames at most; false when there is no such key.
     bool getValueNames(const std::string& subKey, std::vector<std::string>& names,
                        bool shared = false) const;
-    /// Appends the key's values, kMaxNames at most, with their texts; false when there is no such
+    /// Appends the key's values, up to max of them, with their texts; false when there is no such
     /// key.
     bool getStringValues(const std::string& subKey, std::vector<NamedText>& texts,
-                         bool shared = false) const;
+                         std::uint32_t max = kMaxNames, bool shared = false) const;
 
     /// Where the keys of a store lie, below HKEY_LOCAL_MACHINE; ends with "\".
     std::string getKeyPath(bool shared) const;

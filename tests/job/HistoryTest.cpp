@@ -1,13 +1,15 @@
 #include "PublicLib/text/Text.h"
 #include "jsw/History.h"
 #include "tests/support/HostTest.h"
+#include "tests/support/ImportTable.h"
+
+#include <windows.h>
 
 #include <gmock/gmock.h>
 
 namespace jsw {
 
 using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 
 class HistoryTest : public test::HostTest {
   protected:
@@ -81,13 +83,54 @@ TEST_F(HistoryTest, AShorterListRemovesWhatALongerOneLeft) {
     EXPECT_THAT(storedNames(), ElementsAre("Id0", "Id1"));
 }
 
-TEST_F(HistoryTest, ClearEmptiesTheRegistryAtOnceAndSavesNothingMore) {
-    Settings().setStringValue(setting::kHistoryIdsKey, "Id0", "A");
+TEST_F(HistoryTest, NamesInOtherLetterCaseAreTheSameValues) {
+    for (const char* name : {"id0", "ID1", "iD2"}) {
+        Settings().setStringValue(setting::kHistoryIdsKey, name, std::string("B") + name[2]);
+    }
+    {
+        History history;
+        history.add("B3");
+    }
     History history;
-    history.clear();
-    EXPECT_EQ(history.size(), 0);
-    EXPECT_THAT(storedNames(), IsEmpty());
-    EXPECT_EQ(history.getNext(), "");
+    for (const char* id : {"B0", "B1", "B2", "B3"}) EXPECT_EQ(history.getNext(), id);
+    EXPECT_EQ(history.size(), 4);
+}
+
+TEST_F(HistoryTest, WhatAnotherProcessAddsMeanwhileSurvives) {
+    const Settings settings;
+    for (const char* name : {"Id0", "Id1", "Id2"}) {
+        settings.setStringValue(setting::kHistoryIdsKey, name, name);
+    }
+    settings.write(setting::kHistoryMaxSize, 2);
+    {
+        History history;
+        settings.setStringValue(setting::kHistoryIdsKey, "Id9", "of the other");
+        history.add("B");
+    }
+    EXPECT_THAT(storedNames(), ElementsAre("Id0", "Id1", "Id9"));
+}
+
+TEST_F(HistoryTest, AnEntryThatCannotBeRemovedIsToldToTheLog) {
+    startLog();
+    Settings().setStringValue(setting::kHistoryIdsKey, "foreign", "A");
+    const auto failing = test::replaceImport<decltype(RegDeleteValueA)>(
+        test::ImportTable(GetModuleHandleA(nullptr)), "RegDeleteValueA",
+        [](HKEY, const char*) { return LSTATUS{ERROR_ACCESS_DENIED}; });
+    { History history; }
+    EXPECT_TRUE(hasLine(
+        "History::save: Unable to remove an entry of an earlier history, name=foreign, error=5"));
+}
+
+TEST_F(HistoryTest, ClearDeletesTheKeyForGood) {
+    Settings().setStringValue(setting::kHistoryIdsKey, "Id0", "A");
+    {
+        History history;
+        history.clear();
+        EXPECT_EQ(history.size(), 0);
+        EXPECT_EQ(history.getNext(), "");
+    }
+    std::vector<std::string> names;
+    EXPECT_FALSE(Settings().getValueNames(setting::kHistoryIdsKey, names)) << "there is a key";
 }
 
 }  // namespace jsw
