@@ -7,6 +7,8 @@
 #include "jsw/modules/Catalog.h"
 #include "jsw/settings/Settings.h"
 
+#include <windows.h>
+
 #include <cerrno>
 #include <cstring>
 #include <io.h>
@@ -91,9 +93,14 @@ void Controller::lookUpDefaultBillboard(BillboardData& data) {
     // What is kept is the catalog's answer; shown is "no navigation", as the history is empty.
     const bool navigate = Catalog::instance()->getEnableNavigation(defaultBillboardId_);
     const Settings settings;
-    settings.write(setting::kDefaultBillboardFile, data.fileName);
-    settings.write(setting::kDefaultBillboardRestore, data.restore ? 1U : 0U);
-    settings.write(setting::kDefaultBillboardNavigate, navigate ? 1U : 0U);
+    const auto keep = [&settings](const auto& place, const auto& value) {
+        if (settings.write(place, value)) return;
+        logLine(component::kJsw, kLogError, "ERROR - Unable to write the registry for key='",
+                place.key, "' and value name='", place.name, "', error=", GetLastError(), ".");
+    };
+    keep(setting::kDefaultBillboardFile, data.fileName);
+    keep(setting::kDefaultBillboardRestore, data.restore ? 1U : 0U);
+    keep(setting::kDefaultBillboardNavigate, navigate ? 1U : 0U);
 }
 
 void Controller::readDefaultBillboard(BillboardData& data) {

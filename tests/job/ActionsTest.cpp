@@ -3,6 +3,7 @@
 #include "jsw/settings/RegistryKey.h"
 #include "tests/job/JobTest.h"
 #include "tests/support/ChildProcess.h"
+#include "tests/support/ImportTable.h"
 
 #include <windows.h>
 
@@ -144,6 +145,23 @@ TEST_F(ActionsTest, TheDefaultBillboardIsLookedUpOnceAndThenRemembered) {
     runJob();
     EXPECT_THAT(viewCalls("DisplayBillboard"),
                 ElementsAre("DisplayBillboard(default.bb,true,true)"));
+}
+
+TEST_F(ActionsTest, ADefaultBillboardThatCannotBeRememberedIsAnError) {
+    Settings().setDwordValue(setting::kLoggerKey, "startLog", 0);
+    const test::ImportTable imports(GetModuleHandleA("jsw.dll"));
+    const auto readOnly = test::replaceImport<decltype(RegSetValueExA)>(
+        imports, "RegSetValueExA", [](HKEY, const char*, DWORD, DWORD, const BYTE*, DWORD) {
+            return LSTATUS{ERROR_ACCESS_DENIED};
+        });
+    startJob();
+    for (const char* name : {"FileName", "RestoreGui", "Navigate"}) {
+        EXPECT_TRUE(
+            hasLine(concat("ERROR - Unable to write the registry for "
+                           "key='Settings\\Controller\\DefaultBillboard' and value name='",
+                           name, "', error=5.")))
+            << name;
+    }
 }
 
 TEST_F(ActionsTest, TheDefaultBillboardAndDataPathFollowTheRegistry) {
