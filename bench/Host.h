@@ -21,7 +21,7 @@ class Host {
         BasicLogger::createInstance(15);
     }
     ~Host() {
-        if (auto* logger = BasicLogger::existing()) logger->deleteLog();
+        if (const auto logger = BasicLogger::existing()) logger->deleteLog();
         BasicLogger::destroyInstance();
         Settings().removeStore();
         Localize::destroy();

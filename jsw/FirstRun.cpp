@@ -27,7 +27,7 @@ bool createLocalStore(const Localize& names) {
 
 /// The log goes by what it last read for a while; now there are settings to read.
 void recheckLog() {
-    if (BasicLogger* logger = BasicLogger::existing()) logger->recheckStore();
+    if (const auto logger = BasicLogger::existing()) logger->recheckStore();
 }
 
 bool installStore(const Localize& names) {

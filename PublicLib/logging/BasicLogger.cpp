@@ -1,32 +1,23 @@
 #include "PublicLib/logging/BasicLogger.h"
 
+#include "PublicLib/NeverDestroyed.h"
 #include "PublicLib/errors/Exception.h"
+#include "PublicLib/locks/Singleton.h"
 #include "PublicLib/os/Localize.h"
 #include "jsw/settings/Settings.h"
 
 #include <windows.h>
 
 #include <array>
-#include <memory>
-#include <mutex>
 
 namespace jsw {
 
 namespace {
 
-CriticalSection instanceLock;
-std::atomic<BasicLogger*> active{nullptr};
+NeverDestroyed<Singleton<BasicLogger>> singleton;
 
-/// Keeps the log object for the life of the library; nobody finds it any more when it goes.
-struct Keeper {
-    std::unique_ptr<BasicLogger> logger;
-
-    Keeper() = default;
-    ~Keeper() { active = nullptr; }
-    Keeper(const Keeper&) = delete;
-    Keeper& operator=(const Keeper&) = delete;
-};
-Keeper keeper;
+// Holds while "startLog" is known to be 0: what is not wanted is found out without the log object.
+CachedSwitch switchedOff;
 
 }  // namespace
 
@@ -39,41 +30,27 @@ std::string BasicLogger::filePath() {
 }
 
 void BasicLogger::createInstance(std::uint32_t mask) {
-    const std::lock_guard lock(instanceLock);
-    if (active != nullptr) return;
-    if (keeper.logger) {
-        keeper.logger->restart(mask);
-    } else {
-        keeper.logger = std::make_unique<BasicLogger>(mask);
-    }
-    active = keeper.logger.get();
+    singleton->instance([mask] {
+        switchedOff.clear();
+        return std::make_shared<BasicLogger>(mask);
+    });
 }
 
-BasicLogger& BasicLogger::getInstance() {
-    BasicLogger* logger = active;
-    if (logger == nullptr) {
-        throw Win32Exception("BasicLogger::getInstance()", 0, "BasicLogger", 58);
-    }
-    return *logger;
+std::shared_ptr<BasicLogger> BasicLogger::getInstance() {
+    auto logger = existing();
+    if (!logger) throw Win32Exception("BasicLogger::getInstance()", 0, "BasicLogger", 58);
+    return logger;
 }
 
 void BasicLogger::destroyInstance() {
-    const std::lock_guard lock(instanceLock);
-    active = nullptr;
+    singleton->destroy([] { switchedOff.clear(); });
 }
 
-BasicLogger* BasicLogger::existing() {
-    return active;
+std::shared_ptr<BasicLogger> BasicLogger::existing() {
+    return singleton->existing();
 }
 
 BasicLogger::BasicLogger(std::uint32_t mask) : Logger(filePath(), kNameWidth), mask_(mask) {
-}
-
-void BasicLogger::restart(std::uint32_t mask) {
-    mask_ = mask;
-    reset();
-    storeSeen_ = false;
-    recheckStore();
 }
 
 void BasicLogger::readSwitch(const std::string& name, std::uint32_t& value,
@@ -84,6 +61,7 @@ void BasicLogger::readSwitch(const std::string& name, std::uint32_t& value,
     } catch (const Exception&) {
         value = defaultValue;  // a late line, after the host's names are gone
     }
+    if (name == "startLog" && value == 0) switchedOff.store(0, GetTickCount());
 }
 
 bool BasicLogger::isStoreAvailable() {
@@ -101,16 +79,18 @@ bool BasicLogger::isStoreAvailable() {
 
 void BasicLogger::recheckStore() {
     storeMissing_.clear();
+    switchedOff.clear();
     forgetSwitches();
 }
 
 bool isLogEnabled(const LoggerComponent& component, std::uint32_t level) {
-    BasicLogger* logger = BasicLogger::existing();
-    return logger != nullptr && logger->isStoreAvailable() && logger->isEnabled(component, level);
+    if ((level & kLogError) == 0 && switchedOff.value(GetTickCount())) return false;
+    const auto logger = BasicLogger::existing();
+    return logger && logger->isStoreAvailable() && logger->isEnabled(component, level);
 }
 
 void writeLogLine(const LoggerComponent& component, std::uint32_t level, const std::string& text) {
-    if (BasicLogger* logger = BasicLogger::existing()) logger->log(component, level, text);
+    if (const auto logger = BasicLogger::existing()) logger->log(component, level, text);
 }
 
 }  // namespace jsw

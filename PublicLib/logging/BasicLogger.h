@@ -5,6 +5,7 @@
 
 #include <atomic>
 #include <cstdint>
+#include <memory>
 #include <string>
 
 namespace jsw {
@@ -15,16 +16,15 @@ class BasicLogger : public Logger {
   public:
     /// The file's full name. Localize must exist.
     static std::string filePath();
-    /// Makes the log available. Localize must exist.
+    /// Makes the log, which finds its file afresh, unless there is one. Localize must exist.
     /// @param mask  kept only: what is written is decided by the switches alone
     static void createInstance(std::uint32_t mask);
     /// Throws Win32Exception while there is no log.
-    static BasicLogger& getInstance();
-    /// Ends the log. The object itself stays until the library is unloaded, because a thread of a
-    /// module may be writing a line just now; the next createInstance() takes it up again.
+    static std::shared_ptr<BasicLogger> getInstance();
+    /// Ends the log. A thread that is writing a line, or has a trace open, finishes safely.
     static void destroyInstance();
     /// The log, or null while there is none.
-    static BasicLogger* existing();
+    static std::shared_ptr<BasicLogger> existing();
 
     explicit BasicLogger(std::uint32_t mask);
 
@@ -40,9 +40,7 @@ class BasicLogger : public Logger {
     std::uint32_t mask() const { return mask_; }
 
   private:
-    void restart(std::uint32_t mask);
-
-    std::atomic<std::uint32_t> mask_;
+    const std::uint32_t mask_;
     std::atomic<bool> storeSeen_{false};
     CachedSwitch storeMissing_;
 };

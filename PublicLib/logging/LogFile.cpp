@@ -19,6 +19,12 @@ std::string windowsDriveRoot() {
     return std::string(folder.data(), length).substr(0, 3);
 }
 
+bool moveTo(HANDLE file, LARGE_INTEGER position) {
+    const DWORD low =
+        SetFilePointer(file, static_cast<LONG>(position.LowPart), &position.HighPart, FILE_BEGIN);
+    return low != INVALID_SET_FILE_POINTER || GetLastError() == NO_ERROR;
+}
+
 std::string fullPath(const std::string& path) {
     return path.find('\\') == std::string::npos ? windowsDriveRoot() + path : path;
 }
@@ -41,12 +47,17 @@ void LogFile::write(std::string_view line) {
                                         FILE_SHARE_READ | FILE_SHARE_WRITE, security_.attributes(),
                                         OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
     if (!file) return;
-    DWORD high = 0;
-    const DWORD low = GetFileSize(file.get(), &high);
-    auto distanceHigh = static_cast<LONG>(high);
-    SetFilePointer(file.get(), static_cast<LONG>(low), &distanceHigh, FILE_BEGIN);
+    LARGE_INTEGER end{};
+    end.LowPart = GetFileSize(file.get(), reinterpret_cast<DWORD*>(&end.HighPart));
+    if (end.LowPart == INVALID_FILE_SIZE && GetLastError() != NO_ERROR) return;
+    if (!moveTo(file.get(), end)) return;  // the line would overwrite others
     DWORD written = 0;
-    WriteFile(file.get(), line.data(), static_cast<DWORD>(line.size()), &written, nullptr);
+    const auto size = static_cast<DWORD>(line.size());
+    if (WriteFile(file.get(), line.data(), size, &written, nullptr) != FALSE && written == size) {
+        return;
+    }
+    // A full disk: what there is of the line would run into the next one.
+    if (moveTo(file.get(), end)) SetEndOfFile(file.get());
 }
 
 void LogFile::remove() {

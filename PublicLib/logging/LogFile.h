@@ -20,7 +20,8 @@ class LogFile {
     const std::string& path() const { return path_; }
 
     /// Appends the line as it is; onMissing() is called when the file did not exist. A line that
-    /// cannot be written is dropped. Throws Exception when the lock cannot be taken.
+    /// cannot be written, or not wholly, is dropped. Throws Exception when the lock cannot be
+    /// taken.
     template <class OnMissing>
     void append(std::string_view line, const OnMissing& onMissing) {
         const std::lock_guard lock(lock_);

@@ -138,10 +138,4 @@ void Logger::forgetSwitches() {
     switches_.clear();
 }
 
-void Logger::reset() {
-    forgetSwitches();
-    const std::lock_guard lock(lock_);
-    depths_.clear();
-}
-
 }  // namespace jsw

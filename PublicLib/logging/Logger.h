@@ -50,8 +50,6 @@ class Logger {
   protected:
     /// Forgets the switches that were read.
     void forgetSwitches();
-    /// Forgets what was read and counted, as for a new logger.
-    void reset();
 
   private:
     std::uint32_t cachedSwitch(const std::string& name, std::uint32_t defaultValue);

@@ -8,19 +8,20 @@ MethodTrace::MethodTrace(Logger* logger, const LoggerComponent& component, std::
                          std::uint32_t level, bool announce)
     : component_(&component), level_(level) {
     if (announce && logger != nullptr && logger->isEnabled(component, level)) {
-        start(logger, std::move(tag));
+        const std::shared_ptr<void> notOwned;
+        start({notOwned, logger}, std::move(tag));
     }
 }
 
 MethodTrace::MethodTrace() : component_(&component::kJsw), level_(kLogTrace) {
 }
 
-void MethodTrace::start(Logger* logger, std::string tag) {
-    if (logger == nullptr) return;  // the log ended just now
+void MethodTrace::start(std::shared_ptr<Logger> logger, std::string tag) {
+    if (!logger) return;  // the log ended just now
     tag_ = std::move(tag);
     logger->log(*component_, level_, "+" + tag_);
     logger->increaseDepth();
-    logger_ = logger;
+    logger_ = std::move(logger);
 }
 
 MethodTrace::~MethodTrace() {

@@ -3,6 +3,7 @@
 #include "PublicLib/logging/BasicLogger.h"
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <utility>
 
@@ -26,6 +27,7 @@ class MethodTrace {
     }
 
     /// A trace of any log and level. With announce false it is silent: it never logs anything.
+    /// @param logger  must outlive the trace
     MethodTrace(Logger* logger, const LoggerComponent& component, std::string tag,
                 std::uint32_t level, bool announce);
 
@@ -51,9 +53,9 @@ class MethodTrace {
     void setResult(const std::string& value);
 
   private:
-    void start(Logger* logger, std::string tag);
+    void start(std::shared_ptr<Logger> logger, std::string tag);
 
-    Logger* logger_ = nullptr;  // null while silent
+    std::shared_ptr<Logger> logger_;  // null while silent; the log may end before the method
     const LoggerComponent* component_;
     std::uint32_t level_;
     std::string tag_;

@@ -12,10 +12,12 @@
 
 #include <windows.h>
 
+#include <atomic>
 #include <gmock/gmock.h>
 #include <map>
 #include <sstream>
 #include <thread>
+#include <vector>
 
 namespace jsw {
 
@@ -160,7 +162,7 @@ TEST_F(LoggingTest, ThereIsNoLogBeforeItIsMadeOrWithoutAStore) {
     EXPECT_FALSE(isLogEnabled(component::kJsw, kLogError));
     RegistryKey(Localize::getInstance()->getRegistryPath(StoreKind::local), true);
     Sleep(2);  // the negative answer is cached from the next tick on
-    BasicLogger::getInstance().recheckStore();
+    BasicLogger::getInstance()->recheckStore();
     EXPECT_TRUE(isLogEnabled(component::kJsw, kLogError));
     EXPECT_THAT(logLines(), IsEmpty());
 }
@@ -226,6 +228,34 @@ TEST_F(LoggingTest, TheLogAndItsLockAreOpenToEveryoneAndSharedWhileWritten) {
                     concat("file true true 1 entry ", OPEN_ALWAYS, " ", FILE_ATTRIBUTE_NORMAL)));
 }
 
+TEST_F(LoggingTest, ATraceMayOutliveItsLogAndAnotherLogComesAfterIt) {
+    startLog();
+    {
+        MethodTrace late(component::kJsw, "Late::end: ");
+        BasicLogger::destroyInstance();
+        EXPECT_FALSE(isLogEnabled(component::kJsw, kLogError));
+    }
+    EXPECT_THAT(logLines(), ElementsAre("+Late::end: ", "-Late::end: "));
+
+    // Threads that are in the middle of it do not know that logs come and go.
+    std::atomic<bool> over{false};
+    std::vector<std::thread> busy;
+    for (int i = 0; i < 4; ++i) {
+        busy.emplace_back([&over] {
+            while (!over) {
+                MethodTrace trace(component::kJsw, "Busy::run: ");
+                logLine(component::kJsw, kLogError, "line");
+            }
+        });
+    }
+    for (int i = 0; i < 100; ++i) restartLog();
+    over = true;
+    for (auto& thread : busy) thread.join();
+    DeleteFileA(logPath().c_str());
+    logLine(component::kJsw, kLogTrace, "alone");
+    EXPECT_THAT(logLines(), ElementsAre("alone"));
+}
+
 constexpr int kWriters = 8;
 constexpr int kLinesPerWriter = 200;
 
@@ -283,6 +313,29 @@ TEST(SharedLogTest, AWriterKilledWhileItHoldsTheLockDoesNotStopTheOthers) {
     EXPECT_TRUE(mutex.acquire(0));
     mutex.release();
     EXPECT_THROW(mutex.release(), Win32Exception);
+}
+
+/// As on a disk that becomes full: a part of the line is written.
+TEST(SharedLogTest, OfALineForWhichThereIsNoRoomNothingIsLeft) {
+    const test::TempFolder folder;
+    const std::string path = folder.file("full.log");
+    Logger logger(path, 3);
+    logger.log(component::kJsw, kLogError, "whole");
+    const std::string before = test::readFile(path);
+    for (const BOOL answer : {TRUE, FALSE}) {
+        const auto fullDisk = test::replaceImport<decltype(WriteFile)>(
+            test::ImportTable(GetModuleHandleA(nullptr)), "WriteFile",
+            [&](auto original, HANDLE file, const void* data, DWORD size, DWORD* written,
+                OVERLAPPED* place) {
+                original(file, data, size / 2, written, place);
+                SetLastError(ERROR_DISK_FULL);
+                return answer;
+            });
+        logger.log(component::kJsw, kLogError, "torn");
+        EXPECT_EQ(test::readFile(path), before) << answer;
+    }
+    logger.log(component::kJsw, kLogError, "room again");
+    EXPECT_THAT(test::readFile(path), ::testing::EndsWith("JSW room again\r\n"));
 }
 
 TEST(SharedLogTest, BaseLoggerKnowsOnlyWhetherItsFileCanBeRead) {

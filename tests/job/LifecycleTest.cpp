@@ -1,9 +1,13 @@
 #include "PublicLib/text/Text.h"
 #include "PublicLib/win/Handles.h"
 #include "tests/job/JobTest.h"
+#include "tests/support/ImportTable.h"
+
+#include <windows.h>
 
 #include <algorithm>
 #include <atomic>
+#include <mutex>
 #include <thread>
 
 namespace jsw {
@@ -91,6 +95,46 @@ TEST_F(LifecycleTest, SingletonsComeAndGoInTheirOrder) {
                             "BillboardView::destroy: destroying BillboardView.",
                             "AppUpdatesController::destroy: destroying AppUpdatesController.",
                             "<<< SingletonMgr::~SingletonMgr: "));
+}
+
+TEST_F(LifecycleTest, EveryJobLooksForTheFolderOfItsLogAfresh) {
+    const std::string first = logPath();
+    runJob();
+    const std::string content = test::readFile(first);
+    EXPECT_FALSE(content.empty());
+    const std::string folder = first.substr(0, first.find_last_of('\\'));
+    SetEnvironmentVariableA("ALLUSERSPROFILE", folder_.path().c_str());
+    runJob();
+    EXPECT_TRUE(hasLine("<<< SingletonMgr::~SingletonMgr: "));
+    EXPECT_NE(logPath(), first);
+    SetEnvironmentVariableA("ALLUSERSPROFILE", folder.c_str());
+    EXPECT_TRUE(test::readFile(first) == content) << "the second job wrote to the first log";
+}
+
+TEST_F(LifecycleTest, TheEndOfAJobGivesTheLogsMutexBack) {
+    const test::ImportTable imports(GetModuleHandleA("jsw.dll"));
+    std::mutex lock;
+    std::vector<HANDLE> held;
+    const auto create = test::replaceImport<decltype(CreateMutexA)>(
+        imports, "CreateMutexA",
+        [&](auto original, SECURITY_ATTRIBUTES* security, BOOL owner, const char* name) {
+            const HANDLE mutex = original(security, owner, name);
+            const std::lock_guard guard(lock);
+            if (std::string(name).starts_with("QNLOG_")) held.push_back(mutex);
+            return mutex;
+        });
+    const auto close = test::replaceImport<decltype(CloseHandle)>(
+        imports, "CloseHandle", [&](auto original, HANDLE handle) {
+            const std::lock_guard guard(lock);
+            std::erase(held, handle);
+            return original(handle);
+        });
+    startJob();
+    EXPECT_EQ(held.size(), 1U);
+    endJob();
+    EXPECT_THAT(held, IsEmpty());
+    runJob();
+    EXPECT_THAT(held, IsEmpty());
 }
 
 TEST_F(LifecycleTest, TwoStartsBuildTheSingletonsOnceAndOneEndRemovesThem) {
