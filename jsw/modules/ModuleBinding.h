@@ -12,6 +12,17 @@
 
 /// What all bindings of modules have in common: where a module lies, how it is loaded, how an entry
 /// point is called and who frees what it returns.
+///
+/// When a module is loaded, and when it is tried again after that has failed:
+///
+///     view           with the first job's objects; stays for the process    with the next job's
+///     catalog        at its first question; until the job's objects go      at the next question
+///     rules engine   when the rules of a job are run; until they end        in the next job
+///     older window   when a prompt begins; until it is answered             at the next prompt
+///     device client  by PcsClient, at each call that needs it               at the next call
+///
+/// An update takes effect at these moments. A failure is logged each time, and what was to be asked
+/// gets its empty answer.
 namespace jsw {
 
 using ModuleDll = BasicDll<DllHandler>;
