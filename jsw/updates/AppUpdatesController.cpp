@@ -24,6 +24,16 @@ std::time_t makeTime(std::tm* time) {
     return std::mktime(time);
 }
 
+/// Throws Exception for what must not be started. Whether there is such a program at all is left to
+/// the launch.
+void refuseUnlessUpdater(const std::string& path, const std::string& name) {
+    const auto refuse = [](const std::string& why) { throw Exception(why, 0, "", 0); };
+    if (name.empty()) refuse("the updater has no name");
+    if (!isPlainFileName(name)) refuse("the updater's name is no plain file name: " + name);
+    // The shell would open it in a window.
+    if (isFolder(path)) refuse("the updater is a folder: " + path);
+}
+
 }  // namespace
 
 /// One moment, as calendar time and as local time.
@@ -64,45 +74,37 @@ void AppUpdatesController::checkForUpdates() {
     // Before anything is started: a launch that fails is not tried again with every job.
     resetLastUpdatesCheckTime();
 
-    // An empty name, which is the default, counts as one that cannot be read: it would make the
-    // module folder itself the updater.
     std::string name;
-    if (!settings.readOrWriteDefault(setting::kUpdaterExecutable, name) || name.empty()) {
+    if (!settings.readOrWriteDefault(setting::kUpdaterExecutable, name)) {
         trace.add("FAILED to retrieve the BillBoard updater executable name!");
         return;
     }
     try {
-        launch(updaterPath(settings, name), trace);
+        launch(updaterFolder(settings), name, trace);
     } catch (const Exception& error) {
         logLine(component::kUpdater, kLogError, "ERROR: Updater FAILED to Launch: ", error.text());
     }
 }
 
-/// Throws Exception for a name with path parts and for that of a folder. Whether there is such a
-/// program at all is left to the launch.
-std::string AppUpdatesController::updaterPath(const Settings& settings,
-                                              const std::string& name) const {
+std::string AppUpdatesController::updaterFolder(const Settings& settings) {
     std::string folder;
-    if (!settings.read(setting::kDllPath, folder) || folder.empty()) {
-        folder = CurrentProcess::instance()->folder();
-    }
-    std::string path = joinPath(folder, name);
-    if (!isPlainFileName(name)) {
-        throw Exception("the updater's name is no plain file name: " + name, 0, "", 0);
-    }
-    // The shell would open it in a window.
-    if (isFolder(path)) throw Exception("the updater is a folder: " + path, 0, "", 0);
-    return path;
+    if (settings.read(setting::kDllPath, folder) && !folder.empty()) return folder;
+    return CurrentProcess::instance()->folder();
 }
 
-void AppUpdatesController::launch(const std::string& updaterPath, MethodTrace& trace) {
+void AppUpdatesController::launch(const std::string& folder, const std::string& name,
+                                  MethodTrace& trace) {
     const OsVersion& version = OsVersion::instance();
-    if (version.isVersion6OrLater()) {
-        checkForUpdatesVista(updaterPath);
-    } else if (version.isXpOrLater()) {
-        checkForUpdatesXp(updaterPath);
-    } else {
+    if (!version.isXpOrLater()) {
         trace.add("OS is not XP or greater. NO Updates available.");
+        return;
+    }
+    const std::string path = joinPath(folder, name);
+    refuseUnlessUpdater(path, name);
+    if (version.isVersion6OrLater()) {
+        checkForUpdatesVista(path);
+    } else {
+        checkForUpdatesXp(path);
     }
 }
 

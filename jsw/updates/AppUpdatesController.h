@@ -66,8 +66,8 @@ class AppUpdatesController {
 
     bool currentTime(Moment& moment) const;
     std::string lastCheckDate(const Settings& settings, const std::string& today) const;
-    std::string updaterPath(const Settings& settings, const std::string& name) const;
-    void launch(const std::string& updaterPath, MethodTrace& trace);
+    static std::string updaterFolder(const Settings& settings);
+    void launch(const std::string& folder, const std::string& name, MethodTrace& trace);
     void switchSoftware(const Settings& settings, MethodTrace& trace);
     void switchData(const Settings& settings, MethodTrace& trace);
 

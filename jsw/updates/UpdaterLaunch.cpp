@@ -14,7 +14,7 @@ namespace {
 
 using QueryUserToken = BOOL WINAPI(ULONG sessionId, HANDLE* token);
 
-constexpr std::size_t kCommandLineSize = 261;  // characters, the terminator included
+constexpr std::size_t kLongestPath = 260;  // characters
 
 bool queryUserToken(KernelHandle& token) {
     std::string path;
@@ -26,12 +26,19 @@ bool queryUserToken(KernelHandle& token) {
 
 /// Starts the program as the token's user and lets go of it at once. FALSE with GetLastError()
 /// set.
-BOOL startAsUser(HANDLE token, std::string commandLine, void* environment) {
+BOOL startAsUser(HANDLE token, const std::string& path, void* environment) {
     // Refused, not cut: what is left of a longer path may be the name of another program.
-    if (commandLine.size() >= kCommandLineSize) {
+    if (path.size() > kLongestPath) {
         SetLastError(ERROR_FILENAME_EXCED_RANGE);
         return FALSE;
     }
+    // Within quotes: of "C:\up dates\upd.exe" without them, "C:\up.exe" would be started. No path
+    // has quotes of its own, which would end these.
+    if (path.find('"') != std::string::npos) {
+        SetLastError(ERROR_INVALID_NAME);
+        return FALSE;
+    }
+    std::string commandLine = "\"" + path + "\"";
     constexpr DWORD kFlags =
         CREATE_NEW_CONSOLE | NORMAL_PRIORITY_CLASS | CREATE_UNICODE_ENVIRONMENT;
     STARTUPINFOA startup{};

@@ -1,6 +1,7 @@
 #include "PublicLib/errors/Exception.h"
 #include "PublicLib/logging/BasicLogger.h"
 #include "PublicLib/os/Localize.h"
+#include "PublicLib/os/OsVersion.h"
 #include "PublicLib/win/Paths.h"
 #include "PublicLib/win/SystemFolders.h"
 #include "jsw/settings/RegistryKey.h"
@@ -29,23 +30,39 @@ void addMachineEnvironment() {
 
 constexpr char kNoFolder[] = "(none)";
 
+/// Runs an update check that is due; false when the date stays as it is.
+bool checkWhenDue() {
+    const Settings settings;
+    settings.write(setting::kDateLastChecked, "1/1/2000");
+    AppUpdatesController().checkForUpdates();
+    std::string date;
+    settings.read(setting::kDateLastChecked, date);
+    return date != "1/1/2000";
+}
+
 /// A host program whose update check is due: argument is its module folder, or kNoFolder for a
-/// store without one.
+/// store without one. On systems without updates whatever is configured is the same, so there it
+/// checks under many names.
 const test::ChildRole checkingHost("check for updates", [](const std::string& folder) {
     const test::PrivateRegistry registry;
     addMachineEnvironment();
     Localize::createInstance(nullptr);
     const Settings settings;
-    settings.write(setting::kUpdaterExecutable, "qlupdater.exe");
     if (folder != kNoFolder) settings.write(setting::kDllPath, folder);
-    settings.write(setting::kDateLastChecked, "1/1/2000");
     settings.setDwordValue(setting::kLoggerKey, "startLog", 1);
     settings.setDwordValue(setting::kLoggerKey, "Clocktime_In_Header", 0);
     BasicLogger::createInstance(15);
-    AppUpdatesController().checkForUpdates();
-    std::string date;
-    settings.read(setting::kDateLastChecked, date);
-    return date == "1/1/2000" ? 1 : 0;
+    bool checked = true;
+    if (!OsVersion::instance().isXpOrLater()) {
+        checked = checkWhenDue();  // without a name
+        for (const char* name : {"", ".", "..\\qlupdater.exe"}) {
+            settings.write(setting::kUpdaterExecutable, name);
+            checked = checkWhenDue() && checked;
+        }
+    }
+    settings.write(setting::kUpdaterExecutable, "qlupdater.exe");
+    checked = checkWhenDue() && checked;
+    return checked ? 0 : 1;
 });
 
 std::size_t countOf(const std::string& text, const std::string& part) {
@@ -123,6 +140,10 @@ class LaunchTest : public test::HostTest {
         std::filesystem::create_directories(programs);
         std::filesystem::copy_file(moduleFileName(nullptr), host);
         std::filesystem::copy_file(updater_, programs + "\\qlupdater.exe");
+        // What a command line without quotes would start.
+        if (programs.ends_with(" gram")) {
+            std::filesystem::copy_file(updater_, folder.file("Pro.exe"));
+        }
         const test::WindowsVersion chosen(name, version);
         const std::string log = std::string(folderPart(logPath())) + localIdOf(host) + "JSW.log";
         Outcome run;
@@ -175,9 +196,11 @@ TEST_F(LaunchTest, OlderVersionsRefuseAfterTheDateWasReset) {
     for (const char* version : {"win2k", "nt40"}) {
         const Outcome run = checkOn(version, 1500);
         EXPECT_EQ(run.exitCode, 0u) << version;
-        EXPECT_THAT(run.log, HasSubstr("checkForUpdates() OS is not XP or greater. NO Updates "
-                                       "available."))
+        EXPECT_EQ(countOf(run.log, "checkForUpdates() OS is not XP or greater. NO Updates "
+                                   "available."),
+                  5u)
             << version;
+        EXPECT_THAT(run.log, Not(HasSubstr("FAILED"))) << version;
         EXPECT_EQ(run.record, "") << version;
     }
 }
@@ -190,6 +213,8 @@ TEST_F(LaunchTest, ConsoleUserLaunchReportsWhatFailed) {
     EXPECT_TRUE(logContains("API CreateProcessAsUser failed, lastErr=2."));
     controller.checkForUpdatesXp(folder_.file(std::string(300, 'u') + ".exe"));
     EXPECT_TRUE(logContains("API CreateProcessAsUser failed, lastErr=206."));
+    controller.checkForUpdatesXp(updater_ + "\" -UAC");
+    EXPECT_TRUE(logContains("API CreateProcessAsUser failed, lastErr=123."));
 
     KernelHandle token;
     DWORD error = 0;

@@ -76,7 +76,7 @@ TEST_F(RecordedLaunchTest, TheConsoleUserGetsAConsoleAnEnvironmentAndNothingInhe
     const DWORD flags = CREATE_NEW_CONSOLE | NORMAL_PRIORITY_CLASS | CREATE_UNICODE_ENVIRONMENT;
     EXPECT_EQ(lines,
               concat("token ", MAXIMUM_ALLOWED, " ", int{SecurityIdentification}, " ",
-                     int{TokenPrimary}, "\nprocess 11 ", kUpdater, " 110 ", flags, " 111\n"));
+                     int{TokenPrimary}, "\nprocess 11 \"", kUpdater, "\" 110 ", flags, " 111\n"));
 }
 
 }  // namespace jsw

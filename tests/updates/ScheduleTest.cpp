@@ -254,7 +254,7 @@ TEST_F(UpdateCheckTest, NamesThatAreNoUpdaterAreRefusedAfterTheDateIsReset) {
         const char* name;
         const char* logged;
     } rows[] = {
-        {"", "FAILED to retrieve the BillBoard updater executable name!"},
+        {"", "ERROR: Updater FAILED to Launch: the updater has no name"},
         {"folder.exe", "ERROR: Updater FAILED to Launch: the updater is a folder: "},
         {"..\\updater.exe", "ERROR: Updater FAILED to Launch: the updater's name is no plain file"},
         {"C:updater.exe", "ERROR: Updater FAILED to Launch: the updater's name is no plain file"},
@@ -270,8 +270,16 @@ TEST_F(UpdateCheckTest, NamesThatAreNoUpdaterAreRefusedAfterTheDateIsReset) {
         EXPECT_TRUE(logContains(row.logged)) << row.name;
         EXPECT_EQ(storedDate(), today()) << row.name;
         EXPECT_FALSE(logContains("launched successfully")) << row.name;
+        EXPECT_FALSE(logContains("FAILED to retrieve")) << row.name;
         BasicLogger::existing()->deleteLog();
     }
+    settings_->write(setting::kDateLastChecked, "1/1/2000");
+    const setting::Text& name = setting::kUpdaterExecutable;
+    settings_->setDwordValue(name.key, name.name, 1);
+    controller_.checkForUpdates();
+    EXPECT_TRUE(hasLine(std::string(kCheckTag) +
+                        "FAILED to retrieve the BillBoard updater executable name!"));
+    EXPECT_EQ(storedDate(), today());
 }
 
 TEST_F(UpdateCheckTest, SingletonComesAndGoes) {
