@@ -7,10 +7,11 @@
 #include "PublicLib/locks/Singleton.h"
 #include "PublicLib/logging/MethodTrace.h"
 #include "PublicLib/os/OsVersion.h"
-#include "PublicLib/printer/Printer.h"
 #include "jsw/StatusCallback.h"
 #include "jsw/modules/LegacyJswGui.h"
 #include "jsw/settings/Settings.h"
+
+#include <windows.h>
 
 namespace jsw {
 
@@ -56,6 +57,10 @@ std::string Controller::determineDataPath() const {
         trace.add(
             "DataPath NOT set in registry. Using the PrinterDriver directory for the data path.");
         path = OsVersion::instance().printerDriverFolderByMajorVersion();
+        if (path.empty()) {
+            logLine(component::kJsw, kLogError,
+                    "ERROR - The printer driver directory is unknown, error=", GetLastError());
+        }
     }
     trace.add(path);
     return path;
@@ -87,7 +92,8 @@ bool Controller::jswInit(const Job& job) {
     logLine(component::kJsw, kLogModuleCall, ">>> Controller::jswInit: ");
     stopRules();  // an earlier job that was never terminated
     stop_ = false;
-    forgetEarlierJob(job.friendlyName);
+    // This object serves another job when the one before was ended inside a prompt or not at all.
+    texts_.reset(job.friendlyName, defaultBillboardId_);
     if (!isMsXmlValid()) return false;
 
     const BillboardData billboard = getDefaultBillboardData();
@@ -100,12 +106,6 @@ bool Controller::jswInit(const Job& job) {
     totalPages_ = job.totalPages;
     totalCopies_ = job.totalCopies;
     return startRules();
-}
-
-/// This object serves another job when the one before was ended from inside a prompt or not at all.
-void Controller::forgetEarlierJob(const std::string& friendlyName) {
-    if (texts_.friendlyName() != friendlyName) Printer::destroy();
-    texts_.reset(friendlyName, defaultBillboardId_);
 }
 
 bool Controller::startRules() {

@@ -86,7 +86,6 @@ class Controller : public Observer,
     std::string determineDataPath() const;
     std::string determineInitialBillboard() const;
     void setDataPath(const std::string& path);
-    void forgetEarlierJob(const std::string& friendlyName);
     void stopRules();
     bool startRules();
     void runLegacyPrompt(std::uint32_t promptType, std::uint32_t totalPages);

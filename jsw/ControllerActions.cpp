@@ -103,8 +103,8 @@ void Controller::launchUrl(std::uint32_t actionId) {
             trace.add("empty action parameter. Doing nothing.");
             return;
         }
-        Printer::instance(texts_.friendlyName());
-        const std::string url = MacroResolver().replaceMacros(param);
+        MacroResolver resolver(Printer::instance(texts_.friendlyName()));
+        const std::string url = resolver.replaceMacros(param);
         trace.add("Launching URL=", url, ".");
         launch(url, "%HOMEDRIVE%%HOMEPATH%", "Unable to launch url, error=");
     });

@@ -15,19 +15,25 @@
 #include <chrono>
 #include <gmock/gmock.h>
 #include <map>
+#include <memory>
 #include <utility>
 
 namespace jsw {
 
 class MacroResolverTest : public test::HostTest {
   protected:
+    void SetUp() override {
+        HostTest::SetUp();
+        usePrinter("");
+    }
     void TearDown() override {
-        Printer::destroy();
         originalFriendlyName("");  // forgets the printer of this test
         HostTest::TearDown();
     }
 
-    static void usePrinter(const std::string& friendlyName) { Printer::instance(friendlyName); }
+    void usePrinter(const std::string& friendlyName) {
+        printer_ = std::make_shared<Printer>(friendlyName);
+    }
 
     /// Writes a value of the printer store of a printer with that original name.
     static void writePrinterStore(const std::string& originalName, const std::string& name,
@@ -38,9 +44,11 @@ class MacroResolverTest : public test::HostTest {
             .setValue(name, value);
     }
 
-    static std::string replace(const std::string& text) {
-        return MacroResolver().replaceMacros(text);
+    std::string replace(const std::string& text) const {
+        return MacroResolver(printer_).replaceMacros(text);
     }
+
+    std::shared_ptr<Printer> printer_;
 };
 
 /// The retailer file of this host program, while the object lives.
@@ -95,7 +103,7 @@ TEST_F(MacroResolverTest, EveryTagHasItsValue) {
     for (const auto& [name, value] : cases) {
         const std::string tag = std::string("_^") + name + "^_";
         EXPECT_EQ(replace("a=" + tag + "&b"), "a=" + value + "&b");
-        EXPECT_EQ(MacroResolver().resolveTag("", name), name);
+        EXPECT_EQ(MacroResolver(printer_).resolveTag("", name), name);
     }
 }
 
@@ -179,7 +187,6 @@ TEST_F(MacroResolverTest, PartnerCodeComesFromTheRetailerFileOrThePrinterStore) 
 }
 
 TEST_F(MacroResolverTest, WithoutFileAndStoreThePartnerAndSerialNumberAreEmpty) {
-    usePrinter("");
     EXPECT_EQ(replace("x_^PartnerCode^__^PSI^_y"), "xy");
 }
 

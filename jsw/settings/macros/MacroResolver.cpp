@@ -15,6 +15,7 @@
 #include <windows.h>
 
 #include <optional>
+#include <utility>
 
 namespace jsw {
 
@@ -41,9 +42,9 @@ Value readLocalSetting(const setting::Text& text, ReadText read) {
     return std::nullopt;
 }
 
-Value readPrinterSetting(const setting::Text& text) {
+Value readPrinterSetting(const Printer& printer, const setting::Text& text) {
     std::string value;
-    const OfnSettings store(Printer::instance("")->getFriendlyName());
+    const OfnSettings store(printer.getFriendlyName());
     if (store.read(text, value)) return value;
     return std::nullopt;
 }
@@ -78,7 +79,9 @@ constexpr Macro kMacros[] = {
          return readLocalSetting(setting::kPrinterCode, &Settings::readOrWriteDefault);
      }},
     {"PSI", Fallback::empty,
-     [](MacroResolver&) { return readPrinterSetting(setting::kSerialNumber); }},
+     [](MacroResolver& resolver) {
+         return readPrinterSetting(resolver.printer(), setting::kSerialNumber);
+     }},
 };
 
 const Macro* findMacro(std::string_view tagName) {
@@ -88,15 +91,14 @@ const Macro* findMacro(std::string_view tagName) {
     return nullptr;
 }
 
-Value cartridgeValue(const CartridgeTag& tag, std::string_view tagName) {
+Value cartridgeValue(const CartridgeTag& tag, std::string_view tagName, Printer& printer) {
     const CartridgeHolder* const holder = findCartridgeHolder(tagName);
     if (holder == nullptr) {
         logLine(component::kJsw, kLogError, "WARNING: Cartridge ", tag.topic, " tag '", tagName,
                 "' not valid.");
         return std::nullopt;
     }
-    const auto printer = Printer::instance("");  // holds the cache
-    return tag.value(printer->getCache(), *holder);
+    return tag.value(printer.getCache(), *holder);
 }
 
 /// What a value's source answers; nothing, and a log line, when it fails.
@@ -111,6 +113,9 @@ Value guarded(const Source& source) {
 }
 
 }  // namespace
+
+MacroResolver::MacroResolver(std::shared_ptr<Printer> printer) : printer_(std::move(printer)) {
+}
 
 std::string MacroResolver::replaceMacros(const std::string& text) {
     MethodTrace trace(component::kJsw, "MacroResolver::replaceMacros:");
@@ -141,7 +146,7 @@ std::string_view MacroResolver::findValue(std::string_view tagText, std::string_
         value = guarded([&] { return macro->value(*this); });
     } else if (const CartridgeTag* const tag = findCartridgeTag(tagName)) {
         fallback = tag->fallback;
-        value = guarded([&] { return cartridgeValue(*tag, tagName); });
+        value = guarded([&] { return cartridgeValue(*tag, tagName, *printer_); });
     }
     if (!value) return fallback;
     value_ = std::move(*value);
@@ -159,7 +164,7 @@ std::string MacroResolver::getPartnerCode() {
         result = concat("&partner=", code);
     } else {
         trace.add("No Partner code read from ini file. retCode=", 0);
-        const Value retailer = readPrinterSetting(setting::kRetailerId);
+        const Value retailer = readPrinterSetting(*printer_, setting::kRetailerId);
         const bool isValid = retailer && !retailer->empty();
         trace.add(isValid ? "Partner code read from registry." : "No valid RetailerId in registry");
         if (isValid) result = concat("&partner=", *retailer);

@@ -2,16 +2,24 @@
 
 #include "jsw/settings/macros/TagScanner.h"
 
+#include <memory>
 #include <string>
 #include <string_view>
 
 namespace jsw {
+
+class Printer;
 
 /// Puts facts about the machine, the job's printer and its cartridges in the place of the tags in
 /// an address. Nothing fails: a tag without a value gets its fallback or stays. Used by one thread
 /// at a time.
 class MacroResolver : public ISymbolicResolverHandler {
   public:
+    /// @param printer  whose facts are asked for; held, so that one address never speaks of two
+    explicit MacroResolver(std::shared_ptr<Printer> printer);
+
+    Printer& printer() const { return *printer_; }
+
     /// The text with all tags replaced. When values lead back to themselves, the replacement stops
     /// at TagLimits and the log gets a warning.
     std::string replaceMacros(const std::string& text);
@@ -28,6 +36,7 @@ class MacroResolver : public ISymbolicResolverHandler {
   private:
     std::string_view findValue(std::string_view tagText, std::string_view tagName);
 
+    std::shared_ptr<Printer> printer_;
     std::string value_;  // what the last answer of resolveTag() may look at
 };
 
