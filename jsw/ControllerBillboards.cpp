@@ -45,6 +45,11 @@ bool Controller::isBillboardIdValid(const std::string& bbId) {
         trace.setResult("false");
         return false;
     }
+    if (dataPath.empty()) {  // the path would lead to the root of some drive
+        trace.add("No data folder to look for bbId='", bbId, "' in");
+        trace.setResult("false");
+        return false;
+    }
     const std::string path = concat(dataPath, "\\Scripts\\", fileName);
     constexpr int kReadAccess = 4;
     if (_access(path.c_str(), kReadAccess) != 0) {

@@ -76,11 +76,12 @@ typedef void JswViewSetUpdateSoftwareCallback(JswViewUpdateSoftwareCallback call
  * The entry points.
  *
  * SetDataPath: folder of the billboard data, without a trailing backslash; billboard files lie in
- * its "Scripts" folder. SetTotalPages: -1 or -2 when not known. DisplayBillboard: file name within
- * the "Scripts" folder (empty: none), whether to offer Previous and Next, whether to bring a
- * minimised window back. SetShowProcessWindow, SetJswProgressMinimized, SetShowSpecialMessages,
- * SetReserveModeCart1/2, SetCompleteAPrintMode, SetUpdateSoftware: non-zero is on. UpdateInfo: the
- * driver's progress values as they came (see JSWUpdateInfo).
+ * its "Scripts" folder (empty: not known, then there are no files). SetTotalPages: -1 or -2 when
+ * not known. DisplayBillboard: file name within the "Scripts" folder (empty: none), whether to
+ * offer Previous and Next, whether to bring a minimised window back. SetShowProcessWindow,
+ * SetJswProgressMinimized, SetShowSpecialMessages, SetReserveModeCart1/2, SetCompleteAPrintMode,
+ * SetUpdateSoftware: non-zero is on. UpdateInfo: the driver's progress values as they came (see
+ * JSWUpdateInfo).
  */
 #define JSW_VIEW_ENTRY_POINTS(X)                                   \
     X(Initialize, JswViewPlain)                                    \

@@ -4,6 +4,8 @@
 #include "PublicLib/os/OsVersion.h"
 #include "PublicLib/win/Paths.h"
 
+#include <windows.h>
+
 namespace jsw {
 
 namespace {
@@ -14,8 +16,14 @@ constexpr char kModuleName[] = "jswo.dll";
 
 LegacyJswGui::LegacyJswGui() {
     MethodTrace trace(component::kJsw, "LegacyJswGui::LegacyJswGui: ");
-    const std::string fileName = joinPath(OsVersion::instance().printerDriverFolderByMajorVersion(),
-                                          Localize::getInstance()->localId() + kModuleName);
+    const std::string folder = OsVersion::instance().printerDriverFolderByMajorVersion();
+    if (folder.empty()) {  // the path would lead to the root of some drive
+        logLine(component::kJsw, kLogError,
+                "ERROR - The printer driver directory is unknown, error=", GetLastError(),
+                ". The JSW GUI DLL is not loaded.");
+        return;
+    }
+    const std::string fileName = joinPath(folder, Localize::getInstance()->localId() + kModuleName);
     trace.add("Loading JSW GUI DLL, filename=", fileName, ".");
     dll_ = loadModule(fileName, component::kJsw, trace);
 }

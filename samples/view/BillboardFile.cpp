@@ -43,7 +43,8 @@ std::string scriptPath(const std::string& dataPath, const std::string& fileName)
 Page loadBillboard(const std::string& dataPath, const std::string& fileName,
                    const Language& language) {
     const Strings& strings = language.strings();
-    if (fileName.empty()) return emptyPage(strings);
+    // Without a folder the path would lead to the root of some drive.
+    if (dataPath.empty() || fileName.empty()) return emptyPage(strings);
     auto text = readStart(scriptPath(dataPath, nameInLanguage(fileName, language.code())),
                           kMaxFileSize + 1);
     if (!text) text = readStart(scriptPath(dataPath, fileName), kMaxFileSize + 1);

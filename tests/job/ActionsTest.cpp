@@ -7,6 +7,9 @@
 
 #include <windows.h>
 
+#include <shellapi.h>
+#include <winspool.h>
+
 namespace jsw {
 
 using ::testing::ElementsAre;
@@ -178,6 +181,50 @@ TEST_F(ActionsTest, TheDefaultBillboardAndDataPathFollowTheRegistry) {
         hasLine("Controller::determineDataPath: DataPath NOT set in registry. Using the "
                 "PrinterDriver directory for the data path."));
     EXPECT_TRUE(hasLine("Controller::determineDataPath: " + printerDriverDirectory() + "\\3"));
+}
+
+/// Such a path would lead to the root of the current drive.
+TEST_F(ActionsTest, WithoutADriverFolderNothingIsLookedUpOrLoaded) {
+    startJob();
+    const setting::Text& dataPath = setting::kDataPath;
+    Settings().deleteValue(dataPath.key, dataPath.name);
+    const test::ImportTable imports(GetModuleHandleA("jsw.dll"));
+    const auto noFolder = test::replaceImport<decltype(GetPrinterDriverDirectoryA)>(
+        imports, "GetPrinterDriverDirectoryA", [](char*, char*, DWORD, BYTE*, DWORD, DWORD*) {
+            SetLastError(ERROR_ACCESS_DENIED);
+            return FALSE;
+        });
+    script_.view.clear();
+    script_.clickBillboard("CURRENT", 0);
+    EXPECT_THAT(viewCalls("DisplayBillboard"), IsEmpty());
+    EXPECT_TRUE(hasLine("ERROR - The printer driver directory is unknown, error=5"));
+    api_.displayPrompt(1, 1);
+    EXPECT_TRUE(
+        hasLine("ERROR - The printer driver directory is unknown, error=5. The JSW GUI DLL is not "
+                "loaded."));
+    EXPECT_FALSE(logContains("='\\Scripts"));
+    EXPECT_FALSE(logContains("Unable to load DLL="));
+}
+
+TEST_F(ActionsTest, AnAddressSpeaksOfOnePrinterThoughTheJobEndsMeanwhile) {
+    script_.billboards["DEFAULT"].actions = {"jswnone:_^PartnerCode^__^L1^_"};
+    const test::ImportTable imports(GetModuleHandleA("jsw.dll"));
+    std::string opened;
+    const auto shell = test::replaceImport<decltype(ShellExecuteExA)>(imports, "ShellExecuteExA",
+                                                                      [&](SHELLEXECUTEINFOA* info) {
+                                                                          opened = info->lpFile;
+                                                                          return TRUE;
+                                                                      });
+    const auto readCode = test::replaceImport<decltype(GetPrivateProfileStringA)>(
+        imports, "GetPrivateProfileStringA",
+        [&](const char*, const char*, const char*, char*, DWORD, const char*) {
+            endJob();
+            return DWORD{0};
+        });
+    startJob();
+    ASSERT_TRUE(waitForRules());
+    script_.clickBillboard("LAUNCH_URL", 0);
+    EXPECT_EQ(opened, "jswnone:90");
 }
 
 TEST_F(ActionsTest, AnApplicationIsStartedWithVariablesExpanded) {

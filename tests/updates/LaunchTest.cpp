@@ -196,8 +196,9 @@ TEST_F(LaunchTest, OlderVersionsRefuseAfterTheDateWasReset) {
     for (const char* version : {"win2k", "nt40"}) {
         const Outcome run = checkOn(version, 1500);
         EXPECT_EQ(run.exitCode, 0u) << version;
-        EXPECT_EQ(countOf(run.log, "checkForUpdates() OS is not XP or greater. NO Updates "
-                                   "available."),
+        EXPECT_EQ(countOf(run.log,
+                          "checkForUpdates() OS is not XP or greater. NO Updates "
+                          "available."),
                   5u)
             << version;
         EXPECT_THAT(run.log, Not(HasSubstr("FAILED"))) << version;
