@@ -16,7 +16,8 @@ class MethodTrace;
 class PcsClient;
 
 /// A printer reached through the device client: found by its friendly name, its HID and scanner
-/// interfaces by its port. A printer shared from another computer is known, but not talked to.
+/// interfaces by its port. A printer shared from another computer is known, but not talked to: the
+/// client is not loaded for it.
 class RealPrinter final : public NullPrinter {
   public:
     explicit RealPrinter(const std::string& friendlyName);
@@ -26,16 +27,25 @@ class RealPrinter final : public NullPrinter {
     bool init() override;
     /// Does nothing; 0.
     std::uint32_t print(const std::string& fileName) override;
-    /// Reads the cache at the first call; any threads may make it. A cache that cannot be read is
-    /// a NullPrinterCache from then on. Throws Exception only when memory is short even for that.
+
+    // The cache, in RealPrinterCache.cpp.
+
+    /// Reads the cache at the first call; any threads may make it. A cache that cannot be read, and
+    /// that of a printer shared from another computer, is a NullPrinterCache from then on. Throws
+    /// Exception only when memory is short even for that.
     IPrinterCache& getCache() override;
+
+    // Questions to the device itself, in RealPrinterExchanges.cpp.
+
     /// Sends a loopback packet. 6 without a printer handle, 2 without a client, 13 for a wrong
     /// answer, otherwise the client's status.
     std::uint32_t ping() override;
     /// Asks the device until it has answered once, for whichever thread; -1 on any failure.
     std::int32_t getPrintHeadType() override;
 
-    /// The steps of init(), one by one.
+    // The steps of init(): the discovery, in RealPrinterDiscovery.cpp, and the matching of what it
+    // has found, in RealPrinterMatching.cpp, which answers the handle chosen, 0 for none.
+
     bool queryDeviceInfo();
     std::int32_t processPrinters();
     std::int32_t processHidList(PcsClient& client);
@@ -66,6 +76,7 @@ class RealPrinter final : public NullPrinter {
     std::int32_t findPrintHeadClass();
     std::int32_t askPrintHeadClass(MethodTrace& trace) const;
 
+    bool sharedFromElsewhere_ = false;
     CriticalSection printHeadLock_;  // printHeadClassKnown_ and, once that is set, the class
     bool printHeadClassKnown_ = false;
     CriticalSection cacheLock_;

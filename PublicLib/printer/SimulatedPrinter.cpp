@@ -6,6 +6,37 @@
 
 namespace jsw {
 
+namespace {
+
+PrinterCacheValues simulatedValues() {
+    PrinterCacheValues values;
+    values.cartridgeCount = 2;
+    values.cartridges = {{{.type = CartridgeType::color,
+                           .level = 90,
+                           .authenticity = 1,
+                           .programType = 1,
+                           .serialNumber = 1,
+                           .partNumber = "00"},
+                          {.type = CartridgeType::black,
+                           .level = 10,
+                           .authenticity = 2,
+                           .programType = 1,
+                           .serialNumber = 2,
+                           .partNumber = "00"}}};
+    values.modemAvailable = true;
+    values.blackCartridgeClass = 2;
+    values.colorCartridgeClass = 2;
+    values.photoCartridgeClass = 2;
+    values.deviceSerialNumber = "99Z000000000001";
+    return values;
+}
+
+}  // namespace
+
+SimulatedPrinterCache::SimulatedPrinterCache()
+    : ValuesPrinterCache("SimulatedPrinterCache", simulatedValues()) {
+}
+
 SimulatedPrinter::SimulatedPrinter(const std::string& friendlyName) : NullPrinter(friendlyName) {
     MethodTrace trace(component::kJsw,
                       "SimulatedPrinter::SimulatedPrinter(friendlyName=", friendlyName, "):");

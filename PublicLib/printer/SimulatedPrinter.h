@@ -1,8 +1,16 @@
 #pragma once
 
 #include "PublicLib/printer/NullPrinter.h"
+#include "PublicLib/printer/ValuesPrinterCache.h"
 
 namespace jsw {
+
+/// The cache of the built-in simulated printer: a colour cartridge that is nearly full and a black
+/// one that is nearly empty, without capacities.
+class SimulatedPrinterCache final : public ValuesPrinterCache {
+  public:
+    SimulatedPrinterCache();
+};
 
 /// A printer with made-up values, so that everything can run without a device.
 class SimulatedPrinter final : public NullPrinter {

@@ -26,29 +26,6 @@ PrinterCacheValues nullValues() {
     return values;
 }
 
-PrinterCacheValues simulatedValues() {
-    PrinterCacheValues values;
-    values.cartridgeCount = 2;
-    values.cartridges = {{{.type = CartridgeType::color,
-                           .level = 90,
-                           .authenticity = 1,
-                           .programType = 1,
-                           .serialNumber = 1,
-                           .partNumber = "00"},
-                          {.type = CartridgeType::black,
-                           .level = 10,
-                           .authenticity = 2,
-                           .programType = 1,
-                           .serialNumber = 2,
-                           .partNumber = "00"}}};
-    values.modemAvailable = true;
-    values.blackCartridgeClass = 2;
-    values.colorCartridgeClass = 2;
-    values.photoCartridgeClass = 2;
-    values.deviceSerialNumber = "99Z000000000001";
-    return values;
-}
-
 }  // namespace
 
 ValuesPrinterCache::ValuesPrinterCache(const char* className, PrinterCacheValues values)
@@ -89,10 +66,6 @@ JSW_CACHE_ANSWER(std::uint32_t, getCart2RemainingDotCount, values_.cartridges[1]
 #undef JSW_CACHE_ANSWER
 
 NullPrinterCache::NullPrinterCache() : ValuesPrinterCache("NullPrinterCache", nullValues()) {
-}
-
-SimulatedPrinterCache::SimulatedPrinterCache()
-    : ValuesPrinterCache("SimulatedPrinterCache", simulatedValues()) {
 }
 
 }  // namespace jsw

@@ -52,11 +52,4 @@ class NullPrinterCache final : public ValuesPrinterCache {
     NullPrinterCache();
 };
 
-/// The cache of the built-in simulated printer: a colour cartridge that is nearly full and a black
-/// one that is nearly empty, without capacities.
-class SimulatedPrinterCache final : public ValuesPrinterCache {
-  public:
-    SimulatedPrinterCache();
-};
-
 }  // namespace jsw

@@ -51,6 +51,15 @@ TEST_F(SpoolerTest, ASharedPrinterIsKnownWithoutTheClient) {
         EXPECT_EQ(printer.getPrtHandle(), 0);
         EXPECT_EQ(printer.ping(), 6U);
     }
+    useClient(kClient);
+    script_.clientIdsGiven = 0;
+    setPort("Shared Ink", "\\\\server\\ink");
+    RealPrinter printer("Shared Ink");
+    ASSERT_TRUE(printer.init());
+    EXPECT_EQ(printer.getCache().getDeviceSerialNumber(), "0000000");
+    EXPECT_EQ(script_.cacheReads, 0);
+    EXPECT_EQ(script_.clientIdsGiven, 0);
+    EXPECT_TRUE(hasLine("RealPrinter::getCache: Using NullPrinterCache"));
     EXPECT_TRUE(logContains("Printer is a peer-to-peer. Cannot communicate with Scanner."));
     EXPECT_TRUE(hasLine("+NullPrinter::setPrt(value=true):"));
 }
