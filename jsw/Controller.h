@@ -75,7 +75,7 @@ class Controller : public Observer,
 
     void ProcessRules();
 
-    // Whether the XML parser is there and recent enough (XmlParserCheck.cpp).
+    // Whether the XML parser is there and recent enough (ControllerXmlParser.cpp).
 
     static bool isMsXmlValid();
     static bool IsSupportedMsXmlVersion();

@@ -1,4 +1,7 @@
 // The exported functions: guard and one call each. What they do is in DriverApi.cpp.
+//
+// Another one is also declared and described in include/jsw/jsw.h, which drivers compile against,
+// and named in jsw.def: what is not named there is not exported.
 
 #include "PublicLib/logging/Guard.h"
 #include "jsw/Controller.h"

@@ -7,6 +7,16 @@
 
 /// The device client library's functions, from which PcsClient makes its operations.
 ///
+/// One row of JSW_PCS_OPERATIONS at the end of this file is one operation: X(family, name, SHAPE).
+/// PcsClient expands the rows into member functions. Of X(perCall, getCachePrinter, CACHE) the
+/// compiler sees, inside the class,
+///     virtual PcsStatus getCachePrinter(PcsHandle handle, std::uint8_t* buffer,
+///                                       std::uint32_t size, std::uint32_t* length) {
+///         return perCall("getCachePrinter", handle, buffer, size, length);
+///     }
+/// JSW_PCS_PARAMS_CACHE and JSW_PCS_ARGS_CACHE are the two lists of that shape; PcsClient::perCall
+/// acquires library and client id, looks "PcsGetCachePrinter" up, calls it and releases both.
+///
 /// A shape is a list of parameters and the list of their names. The library passes the arguments
 /// that it knows with their types; the functions that it never calls take what their caller gives
 /// as up to six pointer-sized words, unchanged (trailing ones that a function does not have are

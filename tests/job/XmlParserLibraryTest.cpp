@@ -1,10 +1,10 @@
-#include "jsw/XmlParserCheck.h"
+#include "jsw/XmlParserLibrary.h"
 #include "tests/support/HostTest.h"
 
 namespace jsw {
 
 /// Whether a file is good enough, and what the log says if it is not.
-class XmlParserCheckTest : public test::HostTest {
+class XmlParserLibraryTest : public test::HostTest {
   protected:
     static bool check(const std::string& path) {
         MethodTrace trace(component::kJsw, "");
@@ -12,7 +12,7 @@ class XmlParserCheckTest : public test::HostTest {
     }
 };
 
-TEST_F(XmlParserCheckTest, ComparesTheMostSignificantHalfOfTheVersion) {
+TEST_F(XmlParserLibraryTest, ComparesTheMostSignificantHalfOfTheVersion) {
     startLog();
     EXPECT_TRUE(check("version_8_30.dll"));
     EXPECT_FALSE(check("version_8_29.dll"));
@@ -20,7 +20,7 @@ TEST_F(XmlParserCheckTest, ComparesTheMostSignificantHalfOfTheVersion) {
     EXPECT_TRUE(hasLine("The min required version=524318"));
 }
 
-TEST_F(XmlParserCheckTest, AFileWithoutAVersionOrNoneAtAllIsNotGoodEnough) {
+TEST_F(XmlParserLibraryTest, AFileWithoutAVersionOrNoneAtAllIsNotGoodEnough) {
     startLog();
     EXPECT_FALSE(check("scripted_view.dll"));
     EXPECT_FALSE(check(folder_.file("absent.dll")));

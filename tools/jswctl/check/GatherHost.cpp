@@ -9,7 +9,7 @@
 #include "PublicLib/win/Handles.h"
 #include "PublicLib/win/Paths.h"
 #include "PublicLib/win/SystemFolders.h"
-#include "jsw/XmlParserCheck.h"
+#include "jsw/XmlParserLibrary.h"
 #include "jsw/settings/Settings.h"
 #include "jsw/updates/AppUpdatesController.h"
 #include "tools/jswctl/Host.h"

@@ -2,7 +2,7 @@
 
 #include "PublicLib/os/ProductLines.h"
 #include "PublicLib/text/Text.h"
-#include "jsw/XmlParserCheck.h"
+#include "jsw/XmlParserLibrary.h"
 #include "tools/jswctl/NearestName.h"
 #include "tools/jswctl/check/SettingRows.h"
 #include "tools/jswctl/module/ModuleJudgement.h"
