@@ -11,6 +11,17 @@ namespace {
 
 NeverDestroyed<Singleton<Catalog>> singleton;
 
+/// The module's start, and whether it came to its end.
+struct Start {
+    JswCatalogInitialize* entry;
+    bool complete = false;
+};
+
+void run(Start* start) {
+    start->entry(&allocateForModule);
+    start->complete = true;
+}
+
 }  // namespace
 
 /// What a question for a list logs.
@@ -61,7 +72,14 @@ bool Catalog::initialize() {
     constexpr char kName[] = "Initialize";
     auto* entry = findEntry<JswCatalogInitialize>(dll_.get(), kName, trace);
     if (entry == nullptr) return false;
-    callEntry(component::kCatalog, kName, entry, &allocateForModule);
+    Start start{entry};
+    callEntry(component::kCatalog, kName, &run, &start);
+    if (!start.complete) {
+        // A module that could not start must not be asked; the next question tries it again.
+        dll_.reset();
+        trace.add("ERROR - Catalog is not loaded.");
+        return false;
+    }
     trace.setResult(1);
     return true;
 }

@@ -20,7 +20,8 @@ class Catalog {
     Catalog();
     virtual ~Catalog();
 
-    /// Loads the module and starts it, once; false when there is no usable module.
+    /// Loads the module and starts it, once; false when there is no usable module, such as one that
+    /// raises an exception when it is started.
     bool initialize();
     void uninitialize();
 

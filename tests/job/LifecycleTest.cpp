@@ -287,6 +287,19 @@ TEST_F(LifecycleTest, WithoutAViewTheJobFailsButEndsInOrder) {
     EXPECT_THAT(script_.rules.calls(), IsEmpty());
 }
 
+TEST_F(LifecycleTest, ACatalogThatDoesNotStartIsNotAskedUntilItDoes) {
+    script_.catalogRaises = true;
+    startJob();
+    ASSERT_TRUE(waitForRules());
+    EXPECT_THAT(viewCalls("DisplayBillboard"), ElementsAre("DisplayBillboard(,false,false)"));
+    EXPECT_TRUE(hasLine("Catalog::initialize: ERROR - Catalog is not loaded."));
+    script_.catalogRaises = false;
+    script_.view.clear();
+    script_.clickBillboard("CURRENT", 0);
+    EXPECT_THAT(viewCalls("DisplayBillboard"),
+                ElementsAre("DisplayBillboard(default.bb,false,false)"));
+}
+
 TEST_F(LifecycleTest, AnEntryPointThatIsMissingIsSkippedAndNamed) {
     const std::vector<std::string> names = {
 #define NAME(name, type) #name,

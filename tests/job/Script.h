@@ -60,7 +60,8 @@ struct Script {
     CallRecord catalog;
     std::map<std::string, Billboard> billboards;
     std::map<std::string, std::vector<std::string>> categories;
-    bool emptyLists = false;  ///< answers lists without entries where there is no list
+    bool catalogRaises = false;  ///< at the end of its start
+    bool emptyLists = false;     ///< answers lists without entries where there is no list
 
     // The rules engine.
     CallRecord rules;

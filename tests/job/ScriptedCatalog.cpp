@@ -4,6 +4,7 @@
 #include "tests/job/ScriptAccess.h"
 
 #include <cstring>
+#include <stdexcept>
 
 JSW_CATALOG_ENTRY_POINTS(JSW_MODULE_DECLARE)
 
@@ -44,6 +45,7 @@ extern "C" {
 void Initialize(JswAllocate function) {
     script().catalog.add("Initialize()");
     allocate = function;
+    if (script().catalogRaises) throw std::runtime_error("no catalog");
 }
 
 void UnInitialize() {
