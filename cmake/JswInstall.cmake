@@ -40,6 +40,7 @@ install(DIRECTORY samples/content/ DESTINATION bin/data)
 install(DIRECTORY samples DESTINATION .)
 install(FILES cmake/HeaderPackages.cmake cmake/JswTargets.cmake cmake/mingw-w64.cmake DESTINATION cmake)
 install(FILES cmake/kit/CMakeLists.txt README.md CHANGELOG.md DESTINATION .)
+install(FILES PublicLib/win/EntryPoint.h DESTINATION PublicLib/win) # which samples share
 install(DIRECTORY docs DESTINATION .)
 
 install(

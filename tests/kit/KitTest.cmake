@@ -22,7 +22,18 @@ if(EXISTS ${BUILD}/bin/jsw.dll.debug)
   endif()
 endif()
 
-# The samples build from the kit's own sources; that all of them are there is enough here.
+# The samples build from the kit's own sources; that all of them are there is enough here, and all
+# that they include.
+file(GLOB_RECURSE sources ${kit}/samples/*.cpp ${kit}/samples/*.h)
+foreach(source ${sources})
+  file(STRINGS ${source} lines REGEX "^#include \"")
+  foreach(line ${lines})
+    string(REGEX REPLACE "^#include \"([^\"]*)\".*" "\\1" header "${line}")
+    if(NOT EXISTS ${kit}/${header} AND NOT EXISTS ${kit}/include/${header})
+      message(FATAL_ERROR "${source} includes ${header}, which the kit lacks")
+    endif()
+  endforeach()
+endforeach()
 set(toolchain --toolchain ${kit}/cmake/mingw-w64.cmake -G ${GENERATOR} -DCMAKE_C_COMPILER_WORKS=1
               -DCMAKE_CXX_COMPILER_WORKS=1)
 if(NOT CROSS)
