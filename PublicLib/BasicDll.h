@@ -3,6 +3,7 @@
 #include "PublicLib/errors/Exception.h"
 #include "PublicLib/locks/CriticalSection.h"
 #include "PublicLib/logging/CriticalLog.h"
+#include "PublicLib/win/LoadLibrary.h"
 
 #include <windows.h>
 
@@ -86,7 +87,7 @@ class BasicDll : public LoadedModule {
 
   private:
     void load(ModuleTable& table) {
-        handle_ = LoadLibraryA(name_.c_str());
+        handle_ = loadLibraryQuietly(name_).release();
         if (handle_ == nullptr) {
             const DWORD error = GetLastError();
             throw Win32Exception("BasicDll<Handler>::init() Unable to load DLL=" + name_, error,

@@ -5,14 +5,21 @@
 
 namespace jsw {
 
-/// Holds a process-wide object that is not destroyed when the library is unloaded: at that moment,
-/// under the loader's lock, its destructor must not call into other modules any more.
+/// Set while the library is being freed and its process goes on.
+inline bool isLibraryFreed = false;
+
+/// Holds a process-wide object that is not destroyed when the process ends: at that moment, under
+/// the loader's lock, its destructor must not call into other modules any more. When the library is
+/// freed before, which happens only while no job has ever run, the object goes with it.
 template <class T>
 class NeverDestroyed {
   public:
     template <class... Args>
     explicit NeverDestroyed(Args&&... args) {
         ::new (static_cast<void*>(storage_)) T(std::forward<Args>(args)...);
+    }
+    ~NeverDestroyed() {
+        if (isLibraryFreed) (**this).~T();
     }
     NeverDestroyed(const NeverDestroyed&) = delete;
     NeverDestroyed& operator=(const NeverDestroyed&) = delete;

@@ -57,10 +57,11 @@ function(jsw_library name)
   target_link_libraries(${name} PUBLIC jsw_options ${ARG_LINK})
 endfunction()
 
-# jsw_module(name SOURCES file... LINK target...): a loadable module named exactly name.dll.
+# jsw_module(name SOURCES file... LINK target...): a loadable module named exactly name.dll, which
+# leaves nothing behind when it is freed.
 function(jsw_module name)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
-  add_library(${name} MODULE ${ARG_SOURCES})
+  add_library(${name} MODULE ${ARG_SOURCES} ${PROJECT_SOURCE_DIR}/samples/common/ModuleEnd.cpp)
   set_target_properties(${name} PROPERTIES PREFIX "" LIBRARY_OUTPUT_DIRECTORY
                                                      ${CMAKE_RUNTIME_OUTPUT_DIRECTORY})
   target_link_libraries(${name} PRIVATE jsw_options ${ARG_LINK})

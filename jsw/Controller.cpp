@@ -112,13 +112,24 @@ bool Controller::startRules() {
     rulesRunnable_ = std::make_unique<RunnableMethod<Controller>>(this, &Controller::ProcessRules);
     rulesThread_ = std::make_unique<Thread>(rulesRunnable_.get());
     try {
-        rulesThread_->launch();
+        launchRules();
     } catch (const Win32Exception& error) {
         logLine(component::kJsw, kLogError, "ERROR: unable to create rules processing thread.");
         logLine(component::kJsw, kLogError, error.text());
         return false;
     }
     return true;
+}
+
+void Controller::launchRules() {
+    JobWatch* const watch = watch_;
+    if (watch != nullptr) watch->rulesStart();
+    try {
+        rulesThread_->launch();
+    } catch (...) {
+        if (watch != nullptr) watch->rulesEnd();
+        throw;
+    }
 }
 
 void Controller::stopRules() {
@@ -204,7 +215,8 @@ void Controller::update(Subject* subject) {
             trace.add("unknown status(=", status, ") in callback");
             break;
     }
-    reportStatus(status);
+    const JobWatch* const watch = watch_;
+    if (watch == nullptr || !watch->isEndNoted()) reportStatus(status);
 }
 
 }  // namespace jsw

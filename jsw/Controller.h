@@ -26,6 +26,20 @@ struct BillboardData {
     bool restore = false;
 };
 
+/// Whoever starts and ends jobs, as a controller sees him.
+class JobWatch {
+  public:
+    /// The rules thread is about to start.
+    virtual void rulesStart() = 0;
+    /// Called on the rules thread when it has left the last module.
+    virtual void rulesEnd() = 0;
+    /// Whether the driver has ended the job already: it wants no more status codes.
+    virtual bool isEndNoted() const = 0;
+
+  protected:
+    ~JobWatch() = default;
+};
+
 /// Carries one print job from JSWInit to JSWTerminate. The jsw… operations run on the driver's
 /// threads, one at a time; update() and doBillboardCallback() on threads of the view module;
 /// ProcessRules() on a worker thread of its own, one per job.
@@ -40,6 +54,9 @@ class Controller : public Observer,
     ~Controller() override;
     Controller(const Controller&) = delete;
     Controller& operator=(const Controller&) = delete;
+
+    /// @param watch  must outlive this object; told of the jobs from now on
+    void setWatch(JobWatch* watch) { watch_ = watch; }
 
     // The job (Controller.cpp).
 
@@ -82,24 +99,28 @@ class Controller : public Observer,
 
   private:
     struct RuleOutcome;
+    class RulesRun;
 
     std::string determineDataPath() const;
     std::string determineInitialBillboard() const;
     void setDataPath(const std::string& path);
     void stopRules();
     bool startRules();
+    void launchRules();
     void runLegacyPrompt(std::uint32_t promptType, std::uint32_t totalPages);
 
     void lookUpDefaultBillboard(BillboardData& data);
     void readDefaultBillboard(BillboardData& data);
     void walkHistory(const std::string& bbId, MethodTrace& trace);
 
+    void chooseBillboard();
     void runRules(RulesEngine& engine, RuleOutcome& outcome);
     void processRule(RulesEngine& engine, const std::string& ruleResult, RuleOutcome& outcome);
     void chooseCandidate(const std::vector<std::string>& candidates, bool checkHistory,
                          RuleOutcome& outcome);
     void showChosen(RuleOutcome& outcome);
 
+    std::atomic<JobWatch*> watch_{nullptr};
     std::shared_ptr<BillboardView> view_;  // kept until this object has detached from it
     std::string dataPath_;
     std::atomic<bool> stop_{false};

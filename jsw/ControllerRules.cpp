@@ -8,11 +8,14 @@
 #include "jsw/modules/Catalog.h"
 #include "jsw/modules/RulesEngine.h"
 
+#include <windows.h>
+
 namespace jsw {
 
 namespace {
 
 constexpr char kTag[] = "Controller::ProcessRules: ";
+constexpr int kManyResults = 1000;
 
 void logCandidates(const std::string& ruleResult, const std::vector<std::string>& candidates,
                    bool checkHistory) {
@@ -48,10 +51,28 @@ struct Controller::RuleOutcome {
     std::string carts{};  ///< of the chosen billboard, for ink billboards
 };
 
+/// Tells the watch, at its end, that the rules thread has left the last module. The driver may have
+/// ended the job meanwhile: the watch may end it now, and let go of the controller.
+class Controller::RulesRun {
+  public:
+    explicit RulesRun(JobWatch* watch) : watch_(watch) {}
+    ~RulesRun() {
+        if (watch_ != nullptr) watch_->rulesEnd();
+    }
+    RulesRun(const RulesRun&) = delete;
+    RulesRun& operator=(const RulesRun&) = delete;
+
+  private:
+    JobWatch* watch_;
+};
+
 void Controller::ProcessRules() {
-    // The driver may end the job, and with it this object, from inside a callback on this thread.
+    const RulesRun run(watch_);
     const std::shared_ptr<Controller> self = weak_from_this().lock();
-    if (!self) return;  // it is over already
+    if (self) chooseBillboard();  // else it is over already
+}
+
+void Controller::chooseBillboard() {
     MethodTrace trace(component::kJsw, kTag);
     logLine(component::kJsw, kLogModuleCall, ">>> Controler::ProcessRules: ");
     RulesEngine engine;
@@ -74,9 +95,15 @@ void Controller::ProcessRules() {
 }
 
 void Controller::runRules(RulesEngine& engine, RuleOutcome& outcome) {
+    int emptyResults = 0;  // in a row
     while (engine.isMoreRules() && !stop_ && !outcome.found) {
         const std::string ruleResult = engine.evaluateRule();
-        if (!ruleResult.empty()) processRule(engine, ruleResult, outcome);
+        if (!ruleResult.empty()) {
+            emptyResults = 0;
+            processRule(engine, ruleResult, outcome);
+        } else if (++emptyResults > kManyResults) {
+            Sleep(1);  // an engine that never comes to an end must not take a processor
+        }
     }
 }
 

@@ -1,9 +1,10 @@
 #include "jsw/DriverApi.h"
 
 #include "PublicLib/NeverDestroyed.h"
+#include "PublicLib/logging/BasicLogger.h"
 #include "PublicLib/logging/Guard.h"
-#include "jsw/Controller.h"
 #include "jsw/StatusCallback.h"
+#include "jsw/modules/BillboardView.h"
 
 #include <windows.h>
 
@@ -13,9 +14,6 @@
 namespace jsw {
 
 namespace {
-
-/// Releases a lock that is held already.
-using HeldLock = std::unique_lock<CriticalSection>;
 
 /// Sets a flag for the length of a scope and puts it back as it was.
 class FlagScope {
@@ -29,6 +27,22 @@ class FlagScope {
     std::atomic<bool>& flag_;
     bool before_;
 };
+
+/// Keeps the library loaded until the process ends, since a thread of the view may still be in its
+/// code after the last job. Answers the error of a system that refuses.
+DWORD keepLibraryLoaded() {
+    HMODULE module = nullptr;
+    const auto* anyPlaceInIt = reinterpret_cast<const char*>(&keepLibraryLoaded);
+    return GetModuleHandleExA(
+               GET_MODULE_HANDLE_EX_FLAG_PIN | GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS, anyPlaceInIt,
+               &module) != FALSE
+               ? ERROR_SUCCESS
+               : GetLastError();
+}
+
+// Never destroyed when the process ends: tearing a job down at that moment would call into modules
+// under the loader's lock. A driver ends its jobs with JSWTerminate.
+NeverDestroyed<DriverApi> api;
 
 }  // namespace
 
@@ -46,24 +60,84 @@ class DriverApi::PhaseScope {
     Phase before_;
 };
 
+/// A thread's turn inside the library; false when it has to do without.
+class DriverApi::Turn {
+  public:
+    explicit Turn(DriverApi& api) : api_(api), entered_(api.enter()) {}
+    ~Turn() {
+        if (entered_) api_.leave();
+    }
+    explicit operator bool() const { return entered_; }
+    Turn(const Turn&) = delete;
+    Turn& operator=(const Turn&) = delete;
+
+  private:
+    DriverApi& api_;
+    bool entered_;
+};
+
+/// Carries out, at the end of a scope, the end of the job that was noted meanwhile.
+class DriverApi::NotedEnd {
+  public:
+    explicit NotedEnd(DriverApi& api) : api_(api) {}
+    ~NotedEnd() { api_.carryOutNotedEnd(); }
+    NotedEnd(const NotedEnd&) = delete;
+    NotedEnd& operator=(const NotedEnd&) = delete;
+
+  private:
+    DriverApi& api_;
+};
+
 DriverApi& DriverApi::instance() {
-    // Never destroyed: tearing a job down while the library is unloaded would call into modules
-    // under the loader's lock. A driver ends its jobs with JSWTerminate.
-    static NeverDestroyed<DriverApi> api;
     return *api;
 }
 
-/// Takes the API lock. False, without it, when waiting might never end: see the class.
 bool DriverApi::enter() {
-    if (!isInsideStatusCallback()) {
-        apiLock_.lock();
-        return true;
-    }
-    while (!apiLock_.try_lock()) {
-        if (phase_ != Phase::settled) return false;
-        Sleep(1);
-    }
+    if (isInsideStatusCallback()) return tryToEnter();
+    apiLock_.lock();
+    ++turns_;
     return true;
+}
+
+void DriverApi::leave() {
+    if (turns_ > 1) {
+        --turns_;
+        apiLock_.unlock();
+        return;
+    }
+    do {
+        carryOutNotedEnd();
+        turns_ = 0;
+        apiLock_.unlock();
+        // Another end may have been noted until then, by a thread that could not have the lock.
+    } while (endNoted_ && mayWaitForRules() && tryToEnter());
+}
+
+bool DriverApi::tryToEnter() {
+    if (!apiLock_.try_lock()) return false;
+    ++turns_;
+    return true;
+}
+
+bool DriverApi::mayWaitForRules() const {
+    return !rulesRunning_ || !isInsideStatusCallback();
+}
+
+void DriverApi::carryOutNotedEnd() {
+    if (endNoted_ && mayWaitForRules()) endJob();
+}
+
+void DriverApi::rulesStart() {
+    rulesRunning_ = true;
+}
+
+void DriverApi::rulesEnd() {
+    rulesRunning_ = false;
+    if (endNoted_ && tryToEnter()) leave();
+}
+
+bool DriverApi::isEndNoted() const {
+    return endNoted_;
 }
 
 void DriverApi::createSingletons() {
@@ -78,43 +152,49 @@ void DriverApi::destroySingletons() {
 }
 
 bool DriverApi::init(const Job& job, JswStatusCallback callback) {
-    if (!enter()) return false;
-    const HeldLock lock(apiLock_, std::adopt_lock);
+    const Turn turn(*this);
     // On this thread a job may be starting or ending: this call came from inside one of its calls.
-    if (phase_ != Phase::settled) return false;
+    if (!turn || phase_ != Phase::settled || !mayWaitForRules()) return false;
+    carryOutNotedEnd();  // that of the job before
     inPrompt_ = false;
     setStatusCallback(callback);
-    const bool started = startJob(job);
-    if (endRequested_.exchange(false)) endJob();
-    return started;
+    const NotedEnd endOfThisJob(*this);
+    return startJob(job);
 }
 
 bool DriverApi::startJob(const Job& job) {
-    endRequested_ = false;
     const PhaseScope starting(phase_, Phase::starting);
+    const DWORD pinError = keepLibraryLoaded();
     createSingletons();
-    const bool started = Controller::instance()->jswInit(job);
+    if (pinError != ERROR_SUCCESS) {
+        logLine(component::kJsw, kLogError,
+                "ERROR - unable to keep the library loaded, error=", pinError);
+    }
+    const auto controller = Controller::instance();
+    controller->setWatch(this);
+    BillboardView::connectCallbacks(controller);
+    const bool started = controller->jswInit(job);
     initialised_ = true;  // a job that could not start is ended by JSWTerminate all the same
     return started;
 }
 
 void DriverApi::terminate() {
-    while (!enter()) {
-        if (phase_ == Phase::ending) return;
-        endRequested_ = true;
-        if (phase_ == Phase::starting) return;  // noted before the start was over
-    }
-    const HeldLock lock(apiLock_, std::adopt_lock);
-    if (phase_ == Phase::starting) endRequested_ = true;
-    if (phase_ == Phase::settled) endJob();
+    const bool noteFirst = isInsideStatusCallback() && phase_ != Phase::ending;
+    if (noteFirst) endNoted_ = true;
+    const Turn turn(*this);
+    if (!turn) return;
+    if (phase_ == Phase::starting) endNoted_ = true;
+    if (phase_ == Phase::settled && mayWaitForRules()) endJob();
 }
 
 void DriverApi::endJob() {
+    endNoted_ = false;
     const PhaseScope ending(phase_, Phase::ending);
     if (initialised_) {
         // Whatever goes wrong, the job is over and what it has built must go.
         runGuarded(component::kJsw, "JSWTerminate", [] { Controller::instance()->jswTerminate(); });
     }
+    BillboardView::disconnectCallbacks();
     initialised_ = false;
     // From inside a prompt the driver is still in the middle of the objects.
     if (!inPrompt_) destroySingletons();
@@ -123,20 +203,29 @@ void DriverApi::endJob() {
 /// Tests before and after taking the lock: the job may end while this thread waits.
 template <class Work>
 void DriverApi::whileInitialised(const Work& work) {
-    if (!initialised_ || !enter()) return;
-    const HeldLock lock(apiLock_, std::adopt_lock);
-    if (initialised_) work(*Controller::instance());
+    if (!initialised_) return;
+    const Turn turn(*this);
+    if (turn && initialised_) work(*Controller::instance());
+}
+
+/// The same, unless the end of the job is noted: then it is over for the driver.
+template <class Work>
+void DriverApi::whileRunning(const Work& work) {
+    if (endNoted_) return;
+    whileInitialised([&](Controller& controller) {
+        if (!endNoted_) work(controller);
+    });
 }
 
 void DriverApi::updateInfo(std::uint32_t value1, std::uint32_t value2, std::uint32_t value3,
                            std::uint32_t value4, std::uint32_t value5, void* data) {
-    whileInitialised([&](Controller& controller) {
+    whileRunning([&](Controller& controller) {
         controller.jswUpdateInfo(value1, value2, value3, value4, value5, data);
     });
 }
 
 void DriverApi::displayPrompt(std::uint32_t promptType, std::uint32_t totalPages) {
-    whileInitialised([&](Controller& controller) {
+    whileRunning([&](Controller& controller) {
         const FlagScope inPrompt(inPrompt_);
         controller.jswDisplayPrompt(promptType, totalPages);
     });

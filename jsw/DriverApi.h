@@ -1,6 +1,8 @@
 #pragma once
 
 #include "PublicLib/locks/CriticalSection.h"
+#include "PublicLib/locks/WindowSafeLock.h"
+#include "jsw/Controller.h"
 #include "jsw/SingletonMgr.h"
 #include "jsw/jsw.h"
 
@@ -10,17 +12,20 @@
 
 namespace jsw {
 
-class Controller;
-struct Job;
-
 /// What stands behind the exported functions: the state of the process, the API lock and the steps
 /// of each function. Every operation may raise; the exports let nothing out.
 ///
-/// A driver may call from inside its own status callback, on any thread. While another thread
-/// starts or ends the job, and so perhaps waits for the very thread that is in the callback, such a
-/// call does not wait: a progress update is dropped, an end is carried out by the thread that is at
-/// it.
-class DriverApi {
+/// An ordinary thread waits for the API lock, and for the rules thread when it ends or replaces a
+/// job; windows of the thread are served meanwhile. A driver may also call from inside its own
+/// status callback, on whatever thread that runs, and there nothing is waited for that may be
+/// inside a module, because the module may be waiting for this very thread:
+/// - While another thread has the API lock, a call from the callback does nothing; an end of the
+///   job is noted, and that thread carries it out before it gives the lock back.
+/// - While the rules thread is at work, no job is started, and an end is noted for the rules thread
+///   to carry out when it has left its last module, or for an ordinary thread that comes before.
+/// Whoever notes an end tries for the lock afterwards, and whoever gives the lock back looks for a
+/// noted end afterwards, so none is forgotten.
+class DriverApi : private JobWatch {
   public:
     static DriverApi& instance();
 
@@ -36,19 +41,33 @@ class DriverApi {
     enum class Phase { settled, starting, ending };
 
     class PhaseScope;
+    class Turn;
+    class NotedEnd;
+
+    void rulesStart() override;
+    void rulesEnd() override;
+    bool isEndNoted() const override;
 
     bool enter();
+    bool tryToEnter();
+    void leave();
     bool startJob(const Job& job);
     void endJob();
+    bool mayWaitForRules() const;
+    void carryOutNotedEnd();
     template <class Work>
     void whileInitialised(const Work& work);
+    template <class Work>
+    void whileRunning(const Work& work);
     void createSingletons();
     void destroySingletons();
 
-    CriticalSection apiLock_;        // taken for the whole of every operation; re-entrant
+    WindowSafeLock apiLock_;         // taken for the whole of every operation; re-entrant
     CriticalSection singletonLock_;  // for the manager alone; inside the API lock, never around it
+    int turns_ = 0;                  // that the holder of the API lock has in one another
     std::atomic<Phase> phase_{Phase::settled};
-    std::atomic<bool> endRequested_{false};  // while a job starts
+    std::atomic<bool> endNoted_{false};
+    std::atomic<bool> rulesRunning_{false};  // or about to
     std::atomic<bool> initialised_{false};
     std::atomic<bool> inPrompt_{false};
     std::unique_ptr<SingletonMgr> singletons_;

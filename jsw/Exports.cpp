@@ -3,7 +3,7 @@
 // Another one is also declared and described in include/jsw/jsw.h, which drivers compile against,
 // and named in jsw.def: what is not named there is not exported.
 
-#include "PublicLib/logging/Guard.h"
+#include "PublicLib/calls/Visit.h"
 #include "jsw/Controller.h"
 #include "jsw/DriverApi.h"
 #include "jsw/jsw.h"
@@ -14,10 +14,10 @@ namespace {
 
 using jsw::DriverApi;
 
-/// Runs an exported function's work. No exception reaches the driver.
+/// Runs an exported function's work. No exception of the library's reaches the driver.
 template <class Work>
-bool guarded(const char* function, const Work& work) noexcept {
-    return jsw::runGuarded(jsw::component::kJsw, function, work);
+void visit(const char* function, const Work& work) {
+    jsw::Visit::run(jsw::component::kJsw, function, work);
 }
 
 std::string textOf(const char* text) {
@@ -41,7 +41,7 @@ uint8_t JSWInit(const char* friendlyName, const char* jobname, uint32_t jobType,
                 uint32_t totalCopies, const InkInfo* inkInfo, uint32_t portType,
                 uint32_t secondsRemaining, JswStatusCallback statusCallback) {
     bool started = false;
-    guarded("JSWInit", [&] {
+    visit("JSWInit", [&] {
         const InkInfo unknown = unknownInkInfo();
         const jsw::Job job{textOf(friendlyName),
                            textOf(jobname),
@@ -59,23 +59,21 @@ uint8_t JSWInit(const char* friendlyName, const char* jobname, uint32_t jobType,
 }
 
 void JSWTerminate(void) {
-    guarded("JSWTerminate", [] { DriverApi::instance().terminate(); });
+    visit("JSWTerminate", [] { DriverApi::instance().terminate(); });
 }
 
 void JSWUpdateInfo(uint32_t value1, uint32_t value2, uint32_t value3, uint32_t value4,
                    uint32_t value5, void* data) {
-    guarded("JSWUpdateInfo", [&] {
-        DriverApi::instance().updateInfo(value1, value2, value3, value4, value5, data);
-    });
+    visit("JSWUpdateInfo",
+          [&] { DriverApi::instance().updateInfo(value1, value2, value3, value4, value5, data); });
 }
 
 void JSWDisplayPrompt(uint32_t promptType, uint32_t totalPages) {
-    guarded("JSWDisplayPrompt",
-            [&] { DriverApi::instance().displayPrompt(promptType, totalPages); });
+    visit("JSWDisplayPrompt", [&] { DriverApi::instance().displayPrompt(promptType, totalPages); });
 }
 
 uint32_t JSWPostDlgMsg(void* message) {
-    guarded("JSWPostDlgMsg", [&] { DriverApi::instance().postDlgMsg(message); });
+    visit("JSWPostDlgMsg", [&] { DriverApi::instance().postDlgMsg(message); });
     return 1;
 }
 

@@ -38,7 +38,13 @@ std::shared_ptr<History> History::instance() {
 
 void History::destroy() {
     MethodTrace trace(component::kJsw, "History::destroy: ");
+    const auto leaving = singleton->existing();
     singleton->destroy([&] { trace.add("destroying History."); });
+    // A thread that is still inside lets go of it, and so saves it, later; but the next job is to
+    // read what there is by now.
+    if (leaving.use_count() > 1) {
+        runGuarded(component::kJsw, "History::save", [&] { leaving->save(); });
+    }
 }
 
 History::History() {
@@ -110,6 +116,7 @@ void History::save() {
     }
     // An id that could not be written may still be there under its old name.
     if (complete) removeStaleIds(trace);
+    dirty_ = !complete;
 }
 
 /// What else this object has found in the key would come back at the next job: values left by an

@@ -49,13 +49,12 @@ void build() {
     logBuilt("BillboardView");
     Catalog::instance();
     logBuilt("Catalog");
-    const auto controller = Controller::instance();
+    Controller::instance();
     logBuilt("Controller");
     History::instance();
     logBuilt("History");
     CurrentProcess::instance();
     logBuilt("CurrentProcess");
-    BillboardView::connectCallbacks(controller);
     logMarker("<<< SingletonMgr::SingletonMgr");
 }
 
@@ -77,7 +76,6 @@ SingletonMgr::SingletonMgr() {
         build();
     } catch (...) {
         reportException(component::kJsw, "SingletonMgr::SingletonMgr");
-        BillboardView::disconnectCallbacks();
         destroyJobObjects();
         endLogAndNames();
         destroyStragglers();
@@ -87,7 +85,6 @@ SingletonMgr::SingletonMgr() {
 
 SingletonMgr::~SingletonMgr() {
     runGuarded(component::kJsw, "SingletonMgr::~SingletonMgr", [] {
-        BillboardView::disconnectCallbacks();
         logMarker(">>> SingletonMgr::~SingletonMgr: ");
         destroyJobObjects();
         // Last, when the window is gone: the updater may replace the modules.

@@ -1,5 +1,10 @@
 #include "jsw/StatusCallback.h"
 
+#include "PublicLib/NeverDestroyed.h"
+#include "PublicLib/calls/ModuleCall.h"
+#include "PublicLib/locks/ThreadScoped.h"
+#include "PublicLib/logging/Guard.h"
+
 #include <atomic>
 
 namespace jsw {
@@ -7,16 +12,9 @@ namespace jsw {
 namespace {
 
 std::atomic<JswStatusCallback> current{nullptr};
-thread_local int depth = 0;
 
-/// Counts the callbacks that this thread is in, also when one of them raises.
-class Inside {
-  public:
-    Inside() { ++depth; }
-    ~Inside() { --depth; }
-    Inside(const Inside&) = delete;
-    Inside& operator=(const Inside&) = delete;
-};
+struct Inside {};
+NeverDestroyed<ThreadScoped<Inside>> callbacks;
 
 }  // namespace
 
@@ -27,12 +25,15 @@ void setStatusCallback(JswStatusCallback callback) {
 void reportStatus(std::uint32_t status) {
     const JswStatusCallback callback = current;
     if (callback == nullptr) return;
-    const Inside inside;
-    callback(status);
+    const ThreadScoped<Inside>::Scope inside(*callbacks);
+    CallEnd end{};
+    callOut(
+        component::kJsw, "the driver's status callback",
+        [&] { runGuarded(component::kJsw, "jswCallback", [&] { callback(status); }); }, end);
 }
 
 bool isInsideStatusCallback() {
-    return depth > 0;
+    return callbacks->innermost() != nullptr;
 }
 
 }  // namespace jsw

@@ -1,7 +1,8 @@
 #include "jsw/Thread.h"
 
+#include "PublicLib/calls/Visit.h"
 #include "PublicLib/errors/Exception.h"
-#include "PublicLib/logging/Guard.h"
+#include "PublicLib/win/Wait.h"
 
 #include <windows.h>
 
@@ -31,14 +32,16 @@ bool Thread::isCurrent() const {
 
 bool Thread::wait(std::uint32_t timeoutMilliseconds) const {
     if (!handle_ || isCurrent()) return false;
-    const DWORD result = WaitForSingleObject(handle_.get(), timeoutMilliseconds);
+    const DWORD result = timeoutMilliseconds == INFINITE
+                             ? waitServingWindows(handle_.get())
+                             : WaitForSingleObject(handle_.get(), timeoutMilliseconds);
     return result == WAIT_OBJECT_0 || result == WAIT_ABANDONED;
 }
 
 unsigned __stdcall Thread::entry(void* argument) {
     // Read first: the block may be gone when the runnable ends the job that owns this thread.
     Runnable* const runnable = static_cast<StartBlock*>(argument)->runnable;
-    runGuarded(component::kJsw, "a thread", [runnable] { runnable->run(); });
+    Visit::run(component::kJsw, "a thread", [runnable] { runnable->run(); });
     return 0;
 }
 

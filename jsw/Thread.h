@@ -40,8 +40,9 @@ class Thread {
     /// Starts the thread. Throws Win32Exception when it cannot be created.
     void launch();
 
-    /// Waits up to so many milliseconds (INFINITE: for ever); true when the thread has ended. A
-    /// thread does not wait for itself. With 0: whether it has ended.
+    /// Waits up to so many milliseconds (INFINITE: for ever, serving the messages sent to windows
+    /// of this thread); true when the thread has ended. A thread does not wait for itself. With 0:
+    /// whether it has ended.
     bool wait(std::uint32_t timeoutMilliseconds) const;
 
     static constexpr std::uint32_t kDefaultStackSize = 4096;

@@ -2,6 +2,7 @@
 
 #include "PublicLib/errors/Exception.h"
 
+#include <exception>
 #include <utility>
 
 namespace jsw {
@@ -19,6 +20,14 @@ void InterProcessLock::lock() {
 
 void InterProcessLock::unlock() {
     mutex_.release();
+}
+
+InterProcessLock::Hold::~Hold() {
+    try {
+        lock_.unlock();
+    } catch (const std::exception& error) {
+        OutputDebugStringA(error.what());
+    }
 }
 
 }  // namespace jsw

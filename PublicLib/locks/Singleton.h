@@ -29,9 +29,11 @@ class Singleton {
     /// The object, or null when there is none.
     std::shared_ptr<T> existing() const { return object_.load(); }
 
-    /// Calls announce() and lets go of the object, under the lock; does nothing without one.
+    /// Calls announce() and lets go of the object, under the lock; does nothing without one, also
+    /// while another thread is making it, which may take a module's time.
     template <class Announce>
     void destroy(const Announce& announce) {
+        if (!object_.load()) return;
         const std::lock_guard lock(lock_);
         if (const auto object = object_.load()) {
             announce();

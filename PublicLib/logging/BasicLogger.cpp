@@ -83,10 +83,14 @@ void BasicLogger::recheckStore() {
     forgetSwitches();
 }
 
-bool isLogEnabled(const LoggerComponent& component, std::uint32_t level) {
+bool isLogEnabled(const LoggerComponent& component, std::uint32_t level) noexcept {
     if ((level & kLogError) == 0 && switchedOff.value(GetTickCount())) return false;
     const auto logger = BasicLogger::existing();
-    return logger && logger->isStoreAvailable() && logger->isEnabled(component, level);
+    if (!logger) return false;
+    bool enabled = false;
+    withoutRaising(
+        [&] { enabled = logger->isStoreAvailable() && logger->isEnabled(component, level); });
+    return enabled;
 }
 
 void writeLogLine(const LoggerComponent& component, std::uint32_t level, const std::string& text) {

@@ -5,6 +5,7 @@
 
 #include <atomic>
 #include <cstdint>
+#include <exception>
 #include <memory>
 #include <string>
 
@@ -46,16 +47,29 @@ class BasicLogger : public Logger {
 };
 
 /// Whether a line of this component and level is to be written to the process's log. Costs next to
-/// nothing while logging is switched off.
-bool isLogEnabled(const LoggerComponent& component, std::uint32_t level);
+/// nothing while logging is switched off. Where memory is too short to tell, it is not.
+bool isLogEnabled(const LoggerComponent& component, std::uint32_t level) noexcept;
 
 /// Writes a line to the process's log; only for lines that isLogEnabled() wants.
 void writeLogLine(const LoggerComponent& component, std::uint32_t level, const std::string& text);
 
-/// Writes a line, joined from its parts only when it is wanted.
+/// Runs what belongs to the log alone and may lack the memory for it: the line is lost then, and
+/// nothing else.
+template <class Work>
+void withoutRaising(const Work& work) noexcept {
+    try {
+        work();
+    } catch (const std::exception&) {  // NOLINT(bugprone-empty-catch): there is no log for the log
+    }
+}
+
+/// Writes a line, joined from its parts only when it is wanted. Never raises, so that destructors
+/// may log, too.
 template <class... Parts>
-void logLine(const LoggerComponent& component, std::uint32_t level, const Parts&... parts) {
-    if (isLogEnabled(component, level)) writeLogLine(component, level, concat(parts...));
+void logLine(const LoggerComponent& component, std::uint32_t level,
+             const Parts&... parts) noexcept {
+    if (!isLogEnabled(component, level)) return;
+    withoutRaising([&] { writeLogLine(component, level, concat(parts...)); });
 }
 
 }  // namespace jsw

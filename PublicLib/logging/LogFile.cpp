@@ -6,7 +6,6 @@
 #include <windows.h>
 
 #include <array>
-#include <mutex>
 
 namespace jsw {
 
@@ -61,7 +60,7 @@ void LogFile::write(std::string_view line) {
 }
 
 void LogFile::remove() {
-    const std::lock_guard lock(lock_);
+    const InterProcessLock::Hold hold(lock_);
     DeleteFileA(path_.c_str());
 }
 

@@ -3,7 +3,6 @@
 #include "PublicLib/locks/InterProcessLock.h"
 #include "PublicLib/locks/Security.h"
 
-#include <mutex>
 #include <string>
 #include <string_view>
 
@@ -24,7 +23,7 @@ class LogFile {
     /// taken.
     template <class OnMissing>
     void append(std::string_view line, const OnMissing& onMissing) {
-        const std::lock_guard lock(lock_);
+        const InterProcessLock::Hold hold(lock_);
         if (!exists()) onMissing();
         write(line);
     }

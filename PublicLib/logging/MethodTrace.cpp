@@ -1,7 +1,5 @@
 #include "PublicLib/logging/MethodTrace.h"
 
-#include <exception>
-
 namespace jsw {
 
 MethodTrace::MethodTrace(Logger* logger, const LoggerComponent& component, std::string tag,
@@ -26,21 +24,20 @@ void MethodTrace::start(std::shared_ptr<Logger> logger, std::string tag) {
 
 MethodTrace::~MethodTrace() {
     if (!isActive()) return;
-    logger_->decreaseDepth();
-    try {
+    withoutRaising([this] {
+        logger_->decreaseDepth();
         std::string line = "-" + tag_;
         if (!result_.empty()) line += " rc=" + result_;
         logger_->log(*component_, level_, line);
-    } catch (const std::exception&) {  // NOLINT(bugprone-empty-catch): no memory for the line
-    }
+    });
 }
 
-void MethodTrace::setResult(std::int32_t value) {
-    if (isActive()) result_ = std::to_string(value);
+void MethodTrace::setResult(std::int32_t value) noexcept {
+    if (isActive()) result_ = std::to_string(value);  // so short that it takes no memory
 }
 
-void MethodTrace::setResult(const std::string& value) {
-    if (isActive()) result_ = value;
+void MethodTrace::setResult(const std::string& value) noexcept {
+    if (isActive()) withoutRaising([&] { result_ = value; });
 }
 
 }  // namespace jsw

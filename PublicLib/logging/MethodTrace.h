@@ -16,14 +16,16 @@ namespace jsw {
 ///
 /// writes "+History::add: ", "History::add: bbId=…" and "-History::add: ", the lines between
 /// indented by one column. Parts are joined only when the line will be written. Used by the thread
-/// that made it.
+/// that made it. Nothing of it raises, so that destructors may be traced, too: where memory is
+/// short, lines are missing.
 class MethodTrace {
   public:
     /// A trace of the process's log at the method trace level; the tag is joined from its parts.
     template <class... Tag>
-    explicit MethodTrace(const LoggerComponent& component, const Tag&... tag)
+    explicit MethodTrace(const LoggerComponent& component, const Tag&... tag) noexcept
         : component_(&component), level_(kLogTrace) {
-        if (isLogEnabled(component, kLogTrace)) start(BasicLogger::existing(), concat(tag...));
+        if (!isLogEnabled(component, kLogTrace)) return;
+        withoutRaising([&] { start(BasicLogger::existing(), concat(tag...)); });
     }
 
     /// A trace of any log and level. With announce false it is silent: it never logs anything.
@@ -42,15 +44,18 @@ class MethodTrace {
 
     /// Adds a line: the tag followed by the parts.
     template <class... Parts>
-    void add(const Parts&... parts) {
-        if (isActive() && logger_->isEnabled(*component_, kLogTraceLine)) {
-            logger_->log(*component_, level_, tag_ + concat(parts...));
-        }
+    void add(const Parts&... parts) noexcept {
+        if (!isActive()) return;
+        withoutRaising([&] {
+            if (logger_->isEnabled(*component_, kLogTraceLine)) {
+                logger_->log(*component_, level_, tag_ + concat(parts...));
+            }
+        });
     }
 
     /// Records the result for the exit line: a number, a truth value as 1 or 0, or a text.
-    void setResult(std::int32_t value);
-    void setResult(const std::string& value);
+    void setResult(std::int32_t value) noexcept;
+    void setResult(const std::string& value) noexcept;
 
   private:
     void start(std::shared_ptr<Logger> logger, std::string tag);

@@ -3,6 +3,7 @@
 #include "PublicLib/logging/Guard.h"
 #include "PublicLib/logging/MethodTrace.h"
 #include "PublicLib/printer/ServerName.h"
+#include "PublicLib/win/LoadLibrary.h"
 
 #include <windows.h>
 
@@ -42,7 +43,8 @@ PcsStatus PcsClient::callOnce(const char* operation, const Call& call, GivesUp o
     PcsStatus status = acquireForCall(clientId, onClientIdFailure);
     if (status != ERROR_SUCCESS) return trace.done(status);
     const EntryPoint entryPoint = find(operation);
-    status = entryPoint != nullptr ? call(entryPoint, clientId) : ERROR_PROC_NOT_FOUND;
+    status = entryPoint != nullptr ? callLibrary(operation, call, entryPoint, clientId)
+                                   : ERROR_PROC_NOT_FOUND;
     release();
     return trace.done(status);
 }
@@ -62,7 +64,7 @@ PcsStatus PcsClient::open(const char* operation, PcsHandle handle, PcsDevice dev
         releaseUnopened(device);
         return trace.done(ERROR_PROC_NOT_FOUND);
     }
-    status = call(entryPoint, clientId);
+    status = callLibrary(operation, call, entryPoint, clientId);
     if (status == ERROR_SUCCESS) {
         remember(std::move(record));
     } else {
@@ -76,7 +78,8 @@ PcsStatus PcsClient::callByHandle(const char* operation, PcsHandle handle, const
     const auto clientId = clientIdOf(handle);
     if (!clientId) return trace.done(kHandleNotOpen);
     const EntryPoint entryPoint = find(operation);
-    return trace.done(entryPoint != nullptr ? call(entryPoint, *clientId) : ERROR_PROC_NOT_FOUND);
+    return trace.done(entryPoint != nullptr ? callLibrary(operation, call, entryPoint, *clientId)
+                                            : ERROR_PROC_NOT_FOUND);
 }
 
 /// Gives up what the open took, whatever the library says; of several threads that close one open,
@@ -91,7 +94,8 @@ PcsStatus PcsClient::close(const char* operation, PcsHandle handle) {
         release();
         return trace.done(ERROR_PROC_NOT_FOUND);
     }
-    const PcsStatus status = withClientId(handle)(entryPoint, *clientId);
+    const auto call = withClientId(handle);
+    const PcsStatus status = callLibrary(operation, std::cref(call), entryPoint, *clientId);
     if (forget(handle)) release();
     return trace.done(status);
 }
@@ -100,7 +104,8 @@ PcsStatus PcsClient::callService(const char* operation, const Call& call) {
     CallTrace trace(operation);
     if (acquireLibrary() != ERROR_SUCCESS) return trace.done(ERROR_MOD_NOT_FOUND);
     const EntryPoint entryPoint = find(operation);
-    const PcsStatus status = entryPoint != nullptr ? call(entryPoint, 0) : ERROR_PROC_NOT_FOUND;
+    const PcsStatus status =
+        entryPoint != nullptr ? callLibrary(operation, call, entryPoint) : ERROR_PROC_NOT_FOUND;
     releaseLibrary();
     return trace.done(status);
 }
@@ -108,10 +113,11 @@ PcsStatus PcsClient::callService(const char* operation, const Call& call) {
 /// Loads the library for this call alone and does not initialise it.
 PcsStatus PcsClient::callInstall(const char* operation, const Call& call) {
     CallTrace trace(operation);
-    const ModuleHandle library(LoadLibraryA(dllName_.c_str()));
+    const ModuleHandle library = loadLibraryQuietly(dllName_);
     if (!library) return trace.done(GetLastError());
     const EntryPoint entryPoint = findIn(library.get(), operation);
-    return trace.done(entryPoint != nullptr ? call(entryPoint, 0) : ERROR_PROC_NOT_FOUND);
+    return trace.done(entryPoint != nullptr ? callLibrary(operation, call, entryPoint)
+                                            : ERROR_PROC_NOT_FOUND);
 }
 
 PcsStatus PcsClient::acquire() {

@@ -17,8 +17,9 @@ namespace jsw {
 ///
 /// Every operation answers a Win32 error number: the library's own when the call was made, else
 /// 126 (the library cannot be loaded or initialised), 127 (it lacks the entry point), 1 (the handle
-/// was not opened through this object) or the error of getting a client id; 8 when memory is short.
-/// No operation throws. Any thread may call; the bound functions are called outside the locks.
+/// was not opened through this object) or the error of getting a client id; 8 when memory is short,
+/// 574 when the library raised an exception. No operation throws. Any thread may call; the bound
+/// functions are called outside the locks.
 class PcsClient {
   public:
     /// Loads nothing yet.
@@ -125,6 +126,9 @@ class PcsClient {
     void releaseClientId();
     void releaseUnopened(PcsDevice device);
     void unload();
+    /// Calls an entry point of the library; 574 when it does not return.
+    static PcsStatus callLibrary(const char* operation, const Call& call, EntryPoint entryPoint,
+                                 JswDeviceClientId clientId = 0);
     EntryPoint find(const char* operation) const;
     static EntryPoint findIn(HMODULE library, const char* operation);
 

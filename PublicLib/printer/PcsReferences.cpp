@@ -1,7 +1,9 @@
 // What PcsClient holds: the library, the client id and the open handles.
 
+#include "PublicLib/calls/ModuleCall.h"
 #include "PublicLib/logging/Guard.h"
 #include "PublicLib/printer/PcsClient.h"
+#include "PublicLib/win/LoadLibrary.h"
 
 #include <windows.h>
 
@@ -14,6 +16,8 @@
 namespace jsw {
 
 namespace {
+
+constexpr PcsStatus kLibraryRaised = 574;  // ERROR_UNHANDLED_EXCEPTION, which not all headers have
 
 using EntryPointName = std::array<char, 64>;
 
@@ -37,11 +41,6 @@ const char* closeOperation(PcsDevice device) {
         default:
             return "closePrinter";
     }
-}
-
-template <class Function, class... Arguments>
-PcsStatus callEntryPoint(void* entryPoint, Arguments... arguments) {
-    return reinterpret_cast<Function*>(entryPoint)(arguments...);
 }
 
 }  // namespace
@@ -71,10 +70,12 @@ PcsStatus PcsClient::acquireLibrary() {
 /// Under libraryLock_. A library that does not initialise is freed again, so that the next call
 /// tries afresh.
 PcsStatus PcsClient::loadLibrary() {
-    ModuleHandle library(LoadLibraryA(dllName_.c_str()));
+    ModuleHandle library = loadLibraryQuietly(dllName_);
     if (!library) return GetLastError();
     void* const entryPoint = findIn(library.get(), "initialize");
-    if (entryPoint == nullptr || callEntryPoint<JswDeviceLifetime>(entryPoint) != ERROR_SUCCESS) {
+    const auto initialize = withoutClientId();
+    if (entryPoint == nullptr ||
+        callLibrary("initialize", std::cref(initialize), entryPoint) != ERROR_SUCCESS) {
         const PcsStatus error = GetLastError();
         // A library may fail without leaving an error behind; that must not pass for a success.
         return error != ERROR_SUCCESS ? error : ERROR_DLL_INIT_FAILED;
@@ -105,8 +106,8 @@ PcsStatus PcsClient::askForClientId() {
     void* const entryPoint = findIn(library_.get(), "getClientId");
     if (entryPoint == nullptr) return GetLastError();
     JswDeviceClientId clientId = 0;
-    const PcsStatus status =
-        callEntryPoint<JswDeviceGetClientId>(entryPoint, &clientId, serverName_.c_str());
+    const auto getClientId = withoutClientId(&clientId, serverName_.c_str());
+    const PcsStatus status = callLibrary("getClientId", std::cref(getClientId), entryPoint);
     clientId_ = status == ERROR_SUCCESS ? clientId : 0;
     return status;
 }
@@ -147,7 +148,8 @@ void PcsClient::releaseUnopened(PcsDevice device) {
 /// Under libraryLock_, or when nobody else has this object any more.
 void PcsClient::unload() {
     if (void* const entryPoint = findIn(library_.get(), "uninitialize")) {
-        callEntryPoint<JswDeviceLifetime>(entryPoint);
+        const auto uninitialize = withoutClientId();
+        callLibrary("uninitialize", std::cref(uninitialize), entryPoint);
     }
     library_.reset();
     libraryUsers_ = 0;
@@ -161,6 +163,15 @@ PcsClient::EntryPoint PcsClient::find(const char* operation) const {
 
 PcsClient::EntryPoint PcsClient::findIn(HMODULE library, const char* operation) {
     return reinterpret_cast<void*>(GetProcAddress(library, entryPointName(operation).data()));
+}
+
+PcsStatus PcsClient::callLibrary(const char* operation, const Call& call, EntryPoint entryPoint,
+                                 JswDeviceClientId clientId) {
+    CallEnd end{};
+    const PcsStatus status = callOut(
+        component::kJsw, entryPointName(operation).data(),
+        [&] { return call(entryPoint, clientId); }, end);
+    return end == CallEnd::returned ? status : kLibraryRaised;
 }
 
 PcsClient::OpenHandles::node_type PcsClient::makeRecord(PcsHandle handle, PcsDevice device) {

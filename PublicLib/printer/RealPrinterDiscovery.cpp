@@ -1,6 +1,6 @@
 // How RealPrinter finds its device among those that the client knows.
 
-#include "PublicLib/logging/Guard.h"
+#include "PublicLib/calls/Visit.h"
 #include "PublicLib/logging/MethodTrace.h"
 #include "PublicLib/printer/DeviceEnumerator.h"
 #include "PublicLib/printer/DeviceProperty.h"
@@ -94,7 +94,7 @@ void RealPrinter::findScanner(PcsClient& client, MethodTrace& trace) {
 
 std::int32_t RealPrinter::enumPrtCallback(JswDeviceClientId clientId, JswDeviceHandle handle,
                                           const char* friendlyName, const char* port) {
-    runGuarded(component::kJsw, "RealPrinter::enumPrtCallback", [&] {
+    Visit::run(component::kJsw, "RealPrinter::enumPrtCallback", [&] {
         MethodTrace trace(component::kJsw, "RealPrinter::enumPrtCallback(clientId=", clientId,
                           ", handle=", handle, ", friendlyName = ", friendlyName, ", port = ", port,
                           "): ");
@@ -106,7 +106,7 @@ std::int32_t RealPrinter::enumPrtCallback(JswDeviceClientId clientId, JswDeviceH
 }
 
 std::int32_t RealPrinter::enumHidCallback(JswDeviceClientId clientId, JswDeviceHandle handle) {
-    runGuarded(component::kJsw, "RealPrinter::enumHidCallback", [&] {
+    Visit::run(component::kJsw, "RealPrinter::enumHidCallback", [&] {
         MethodTrace trace(component::kJsw, "RealPrinter::enumHidCallback(clientId=", clientId,
                           ", handle=", handle, "): ");
         DiscoveredDevices::instance().addHid(handle);
@@ -115,7 +115,7 @@ std::int32_t RealPrinter::enumHidCallback(JswDeviceClientId clientId, JswDeviceH
 }
 
 std::int32_t RealPrinter::enumScanCallback(JswDeviceClientId clientId, JswDeviceHandle handle) {
-    runGuarded(component::kJsw, "RealPrinter::enumScanCallback", [&] {
+    Visit::run(component::kJsw, "RealPrinter::enumScanCallback", [&] {
         MethodTrace trace(component::kJsw, "RealPrinter::enumScanCallback(clientId=", clientId,
                           ", handle=", handle, "): ");
         DiscoveredDevices::instance().addScanner(handle);

@@ -3,6 +3,7 @@
 #include "PublicLib/text/Text.h"
 #include "PublicLib/win/EntryPoint.h"
 #include "PublicLib/win/Handles.h"
+#include "PublicLib/win/LoadLibrary.h"
 #include "PublicLib/win/Paths.h"
 #include "PublicLib/win/SystemFolders.h"
 
@@ -28,7 +29,7 @@ bool isThisComputer(const std::string& serverName) {
 }
 
 std::uint32_t lookUpPrintResource(std::string remoteName) {
-    const ModuleHandle library(LoadLibraryA(joinPath(systemFolder(), "mpr.dll").c_str()));
+    const ModuleHandle library = loadLibraryQuietly(joinPath(systemFolder(), "mpr.dll"));
     if (!library) return GetLastError();
     auto* const look = findEntryPoint<decltype(WNetGetResourceInformationA)>(
         library.get(), "WNetGetResourceInformationA");

@@ -14,7 +14,17 @@
  * them but the three constant ones; a call made on the same thread from inside another one (for
  * example JSWTerminate from inside JSWDisplayPrompt's dialog) goes through.
  *
- * Errors: no function raises an exception or ends the process; what fails is written to the log.
+ * A thread that has to wait, for that lock or for the library's own worker thread, goes on serving
+ * the messages that other threads send to its windows.
+ *
+ * Errors: no function raises an exception or ends the process; what fails is written to the log. A
+ * C++ exception of a module, of whatever compiler, stays inside. Another structured exception, such
+ * as an access violation in a module, comes out to the caller's handler, if there is one; the
+ * library works on afterwards.
+ *
+ * Loading: the first JSWInit keeps the library loaded until the process ends, because a window may
+ * still be on its way out of it after the last job. FreeLibrary after a job is allowed, and only
+ * lowers the count. While no job has run it unloads the library, which then leaves nothing behind.
  *
  * Strings are zero-terminated and in the ANSI code page. The library keeps copies: everything
  * passed in may be freed as soon as the call has returned. A null string counts as empty.
@@ -37,9 +47,11 @@ extern "C" {
  * on: one of its own, a worker thread of the library, or the driver's own inside a function of this
  * library.
  *
- * It may call every function of this library. While another thread is inside JSWInit or
- * JSWTerminate such a call does not wait for it: JSWTerminate is carried out by that thread at its
- * end, JSWInit answers 0, the others do nothing.
+ * It may call every function of this library, and none of them waits there for another thread.
+ * JSWTerminate ends the job at once or, while another thread is inside the library or the choice of
+ * a billboard is going on, has that thread do it when it comes back; no status code is reported any
+ * more from then on. JSWInit answers 0 at such a time, the other functions do nothing while another
+ * thread is inside.
  */
 typedef void (*JswStatusCallback)(uint32_t status);
 

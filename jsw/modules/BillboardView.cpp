@@ -7,6 +7,8 @@
 #include "jsw/settings/OfnSettings.h"
 #include "jsw/settings/Settings.h"
 
+#include <map>
+#include <mutex>
 #include <vector>
 
 namespace jsw {
@@ -17,6 +19,24 @@ constexpr auto kUnknownPages = static_cast<std::uint32_t>(-1);
 constexpr auto kUncountedPages = static_cast<std::uint32_t>(-2);
 
 NeverDestroyed<Singleton<BillboardView>> singleton;
+
+/// The view modules that this process has loaded, by the name of their file. There is more than one
+/// only when an update has brought another; none is ever freed.
+class ViewModules {
+  public:
+    /// The module of the file; null when it cannot be loaded.
+    ModuleDll* load(const std::string& fileName, MethodTrace& trace) {
+        const std::lock_guard lock(lock_);
+        std::unique_ptr<ModuleDll>& module = modules_[fileName];
+        if (!module) module = loadModule(fileName, component::kJsw, trace);
+        return module.get();
+    }
+
+  private:
+    CriticalSection lock_;
+    std::map<std::string, std::unique_ptr<ModuleDll>> modules_;
+};
+NeverDestroyed<ViewModules> viewModules;
 
 }  // namespace
 
@@ -33,19 +53,18 @@ BillboardView::BillboardView() {
     MethodTrace trace(component::kJsw, "BillboardView::BillboardView: ");
     const std::string fileName = moduleFilePath(setting::kViewModule);
     trace.add("Loading view DLL, filename=", fileName, ".");
-    dll_ = loadModule(fileName, component::kJsw, trace);
+    dll_ = viewModules->load(fileName, trace);
 }
 
 BillboardView::~BillboardView() {
     MethodTrace trace(component::kJsw, "BillboardView::~BillboardView: ");
-    static_cast<void>(dll_.release());
 }
 
 template <class Entry, class... Args>
 void BillboardView::forward(const Entry& entry, const Args&... args) const {
     using Function = typename Entry::FunctionType;
     MethodTrace trace(component::kJsw, entry.tag);
-    lookUpAndCall<Function>(dll_.get(), component::kJsw, entry.name, trace, args...);
+    lookUpAndCall<Function>(dll_, component::kJsw, entry.name, trace, args...);
 }
 
 /// Forwards with a ">>> " line before and a "<<< " line after the call.
@@ -53,7 +72,7 @@ template <class Function, class... Args>
 void BillboardView::forwardMarked(const char* tag, const char* name, MethodTrace& trace,
                                   const Args&... args) const {
     logLine(component::kJsw, kLogModuleCall, ">>> ", tag);
-    auto* function = findEntry<Function>(dll_.get(), name, trace);
+    auto* function = findEntry<Function>(dll_, name, trace);
     if (function == nullptr) return;
     callEntry(component::kJsw, name, function, args...);
     logLine(component::kJsw, kLogModuleCall, "<<< ", tag);
@@ -70,7 +89,7 @@ bool BillboardView::jswInit(const Job& job, const FirstBillboard& first) {
               ", dataPath=", first.dataPath, ", defaultBB=", first.defaultBillboard,
               ", navigate=", first.navigate, ", restore=", first.restore, ".");
     if (isLogEnabled(component::kJsw, kLogDetail)) logInkInfo(*job.inkInfo);
-    if (!dll_) {
+    if (dll_ == nullptr) {
         trace.add("ERROR - The GUI DLL is not loaded");
         trace.setResult(0);
         return false;
@@ -96,6 +115,7 @@ void BillboardView::logInkInfo(const InkInfo& inkInfo) const {
 /// The window is complete before it is first shown.
 void BillboardView::setUp(const Job& job, const FirstBillboard& first) {
     forward(view::kInitialize);
+    isUp_ = true;
     setDataPath(first.dataPath);
     forward(view::kSetJobName, job.jobName.c_str());
     forward(view::kSetPrinterFriendlyName, job.friendlyName.c_str());
@@ -125,10 +145,11 @@ void BillboardView::setUp(const Job& job, const FirstBillboard& first) {
 
 void BillboardView::jswTerminate() {
     MethodTrace trace(component::kJsw, "BillboardView::jswTerminate: ");
-    if (!dll_) {
+    if (dll_ == nullptr) {
         trace.add("ERROR - The GUI DLL is not loaded.");
         return;
     }
+    isUp_ = false;
     hideGui();
     forward(view::kUninitialize);
 }
@@ -136,9 +157,9 @@ void BillboardView::jswTerminate() {
 void BillboardView::jswUpdateInfo(std::uint32_t value1, std::uint32_t value2, std::uint32_t value3,
                                   void* data) {
     MethodTrace silent;  // pages come often: nothing of this is ever logged
-    if (!dll_) return;
-    lookUpAndCall<JswViewUpdateInfo>(dll_.get(), component::kJsw, "UpdateInfo", silent, value1,
-                                     value2, value3, data);
+    if (dll_ == nullptr) return;
+    lookUpAndCall<JswViewUpdateInfo>(dll_, component::kJsw, "UpdateInfo", silent, value1, value2,
+                                     value3, data);
 }
 
 void BillboardView::displayBillboard(const std::string& billboard, bool enableBillboardNavigation,
@@ -147,6 +168,7 @@ void BillboardView::displayBillboard(const std::string& billboard, bool enableBi
     MethodTrace trace(component::kJsw, kTag);
     trace.add("billboard= '", billboard, "' enableBillboardNavigation=", enableBillboardNavigation,
               " restoreWindow=", restoreWindow);
+    if (!isUp_) return;  // for a click that has outlived its job
     forwardMarked<JswViewDisplayBillboard>(kTag, "DisplayBillboard", trace, billboard.c_str(),
                                            JswBool{enableBillboardNavigation},
                                            JswBool{restoreWindow});
@@ -168,17 +190,17 @@ void BillboardView::setDataPath(const std::string& dataPath) const {
     // The tag is that of the setting forwarder; readers of the log know it so.
     MethodTrace trace(component::kJsw, "BillboardView::setGuiSetting: ");
     trace.add("dataPath='", dataPath, "'.");
-    if (!dll_) {
+    if (dll_ == nullptr) {
         trace.add("ERROR - The GUI DLL is not loaded");
         return;
     }
-    lookUpAndCall<JswViewText>(dll_.get(), component::kJsw, "SetDataPath", trace, dataPath.c_str());
+    lookUpAndCall<JswViewText>(dll_, component::kJsw, "SetDataPath", trace, dataPath.c_str());
 }
 
 void BillboardView::setShowPageInfo(bool showPageInfo) const {
     MethodTrace trace(component::kJsw, "BillboardView::setShowPageInfo: showPageInfo=(",
                       showPageInfo, ")");
-    lookUpAndCall<JswViewShowPageInfo>(dll_.get(), component::kJsw, "SetShowPageInfo", trace,
+    lookUpAndCall<JswViewShowPageInfo>(dll_, component::kJsw, "SetShowPageInfo", trace,
                                        JswBool{showPageInfo});
 }
 
@@ -193,7 +215,7 @@ void BillboardView::setGuiSetting(const char* function, const setting::Number& n
     MethodTrace trace(component::kJsw, "BillboardView::setGuiSetting: ");
     trace.add("function='", function, "' ofnPath='", number.key, "' valueName='", number.name,
               "' defaultValue=", asSigned(defaultValue));
-    auto* entry = findEntry<JswViewFlag>(dll_.get(), function, trace);
+    auto* entry = findEntry<JswViewFlag>(dll_, function, trace);
     if (entry == nullptr) return;
     std::uint32_t value = defaultValue;
     OfnSettings(ofnPath_).read(number, value);
@@ -237,7 +259,7 @@ void BillboardView::setCompleteAPrint() const {
 void BillboardView::setUpdateSoftware() const {
     MethodTrace trace(component::kJsw, "BillboardView::setUpdateSoftware: ");
     constexpr char kName[] = "SetUpdateSoftware";
-    auto* entry = findEntry<JswViewFlag>(dll_.get(), kName, trace);
+    auto* entry = findEntry<JswViewFlag>(dll_, kName, trace);
     if (entry == nullptr) return;
     std::uint32_t updateSoftware = 0;
     const setting::Number& check = setting::kCheckForUpdates;
@@ -252,7 +274,7 @@ void BillboardView::setUpdateSoftware() const {
 void BillboardView::setSavedValues() const {
     MethodTrace trace(component::kJsw, "BillboardView::setSavedValues: ");
     constexpr char kName[] = "SetSavedValue";
-    auto* entry = findEntry<JswViewSavedValue>(dll_.get(), kName, trace);
+    auto* entry = findEntry<JswViewSavedValue>(dll_, kName, trace);
     if (entry == nullptr) return;
     const Settings settings;
     std::vector<std::string> names;

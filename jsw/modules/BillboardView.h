@@ -95,9 +95,10 @@ class BillboardView : public Subject {
     bool readFlag(const setting::Number& number) const;
     void saveAppearance(const std::string& key, std::int32_t value);
 
-    std::unique_ptr<ModuleDll> dll_;
+    ModuleDll* dll_ = nullptr;  // loaded until the process ends
     std::atomic<std::int32_t> jswEvent_{0};
     std::atomic<bool> showSpecialMessages_{false};
+    std::atomic<bool> isUp_{false};  // between Initialize and HideGui
     bool showProcessWindow_ = false;
     std::string ofnPath_;  // printer whose store holds the window's options; empty: none
 };

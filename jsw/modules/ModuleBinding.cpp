@@ -39,10 +39,6 @@ std::unique_ptr<ModuleDll> loadModule(const std::string& fileName, const LoggerC
     }
 }
 
-void reportModuleException(const LoggerComponent& component, const char* name) {
-    logLine(component, kLogError, "ERROR - the module raised an exception in ", name);
-}
-
 void* allocateForModule(std::int32_t size) {
     return size < 0 ? nullptr : std::malloc(static_cast<std::size_t>(size));
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "PublicLib/BasicDll.h"
+#include "PublicLib/calls/ModuleCall.h"
 #include "PublicLib/logging/MethodTrace.h"
 #include "PublicLib/win/EntryPoint.h"
 #include "jsw/settings/SettingNames.h"
@@ -42,22 +43,6 @@ Function* findEntry(const ModuleDll* dll, const char* name, MethodTrace& trace) 
     Function* entry = dll == nullptr ? nullptr : findEntryPoint<Function>(dll->handle(), name);
     if (entry == nullptr) trace.add("Could not get proc address for ", name);
     return entry;
-}
-
-/// Reports an exception that a module let out of an entry point.
-void reportModuleException(const LoggerComponent& component, const char* name);
-
-/// Calls an entry point. A module should not let an exception out; one that does gets the empty
-/// answer, so that the print job never sees it.
-template <class Function, class... Args>
-auto callEntry(const LoggerComponent& component, const char* name, Function* entry,
-               const Args&... args) -> decltype(entry(args...)) {
-    try {
-        return entry(args...);
-    } catch (...) {
-        reportModuleException(component, name);
-    }
-    return decltype(entry(args...))();
 }
 
 /// Looks an entry point up and calls it; the empty answer when it is missing.

@@ -2,6 +2,12 @@
 
 namespace jsw {
 
+namespace {
+
+constexpr int kMostRaises = 3;
+
+}  // namespace
+
 RulesEngine::RulesEngine() {
     MethodTrace trace(component::kRulesEngine, "RulesEngine::RulesEngine: ");
     const std::string fileName = moduleFilePath(setting::kRulesEngineModule);
@@ -20,7 +26,10 @@ auto RulesEngine::forward(const char* name, MethodTrace& trace, const Args&... a
         trace.add("The rules engine DLL is not loaded.");
         return decltype(std::declval<Function>()(args...))();
     }
-    return lookUpAndCall<Function>(dll_.get(), component::kRulesEngine, name, trace, args...);
+    auto* entry = findEntry<Function>(dll_.get(), name, trace);
+    if (entry == nullptr) return decltype(entry(args...))();
+    return callOut(
+        component::kRulesEngine, name, [&] { return entry(args...); }, lastCall_);
 }
 
 bool RulesEngine::initialize(const InkInfo& inkInfo, const std::string& friendlyName,
@@ -53,6 +62,11 @@ std::string RulesEngine::evaluateRule() {
     MethodTrace trace(component::kRulesEngine, "RulesEngine::evaluateRule: ");
     std::string result = takeText(forward<JswRulesEvaluateRule>("EvaluateRule", trace));
     trace.setResult(result);
+    raisesInARow_ = lastCall_ == CallEnd::raised ? raisesInARow_ + 1 : 0;
+    if (raisesInARow_ == kMostRaises) {
+        logLine(component::kRulesEngine, kLogError, "ERROR - exceptions in ", kMostRaises,
+                " rules in a row. NO more rules are processed.");
+    }
     return result;
 }
 
@@ -64,7 +78,7 @@ bool RulesEngine::askFlag(const char* tag, const char* name) {
 }
 
 bool RulesEngine::isMoreRules() {
-    return askFlag("RulesEngine::isMoreRules: ", "IsMoreRules");
+    return raisesInARow_ < kMostRaises && askFlag("RulesEngine::isMoreRules: ", "IsMoreRules");
 }
 
 bool RulesEngine::isHistoryChecked() {

@@ -23,6 +23,8 @@ class RulesEngine {
     void updateSettings(const std::string& carts, bool inkBillboard, bool specialBillboard);
     /// A category or billboard id; empty when the rule does not apply.
     std::string evaluateRule();
+    /// Also false when the module has raised an exception in three rules in a row: it would do so
+    /// in every other.
     bool isMoreRules();
     bool isHistoryChecked();
     void uninitialize();
@@ -34,6 +36,8 @@ class RulesEngine {
     bool askFlag(const char* tag, const char* name);
 
     std::unique_ptr<ModuleDll> dll_;
+    CallEnd lastCall_ = CallEnd::returned;
+    int raisesInARow_ = 0;
 };
 
 }  // namespace jsw

@@ -1,13 +1,13 @@
 // The functions that the view module calls back, on threads of its own.
 
 #include "PublicLib/NeverDestroyed.h"
-#include "PublicLib/logging/Guard.h"
+#include "PublicLib/calls/Visit.h"
+#include "PublicLib/locks/ThreadScoped.h"
 #include "jsw/modules/BillboardView.h"
 #include "jsw/settings/OfnSettings.h"
 #include "jsw/settings/Settings.h"
 
 #include <array>
-#include <optional>
 #include <utility>
 
 namespace jsw {
@@ -22,13 +22,13 @@ struct CallbackTarget {
 
 NeverDestroyed<std::atomic<std::shared_ptr<CallbackTarget>>> connected;
 
-/// The event that is being reported on this thread.
-thread_local std::optional<std::int32_t> eventOfThisThread;
+/// The events that are being reported.
+NeverDestroyed<ThreadScoped<std::int32_t>> events;
 
 /// Runs a callback's work on its target. Nothing that goes wrong reaches the module.
 template <class Work>
 void runCallback(const char* name, const Work& work) {
-    runGuarded(component::kJsw, name, [&] {
+    Visit::run(component::kJsw, name, [&] {
         const auto target = connected->load();
         if (target) work(*target);
     });
@@ -59,18 +59,13 @@ void BillboardView::jswCallback(std::int32_t event) {
 /// Another thread may report at the same time; the observers of this one see this one's event.
 void BillboardView::report(std::int32_t event) {
     jswEvent_ = event;
-    eventOfThisThread = event;
-    try {
-        notify();
-    } catch (...) {
-        eventOfThisThread.reset();
-        throw;
-    }
-    eventOfThisThread.reset();
+    const ThreadScoped<std::int32_t>::Scope ofThisThread(*events, event);
+    notify();
 }
 
 std::int32_t BillboardView::jswEvent() const {
-    return eventOfThisThread.value_or(jswEvent_);
+    const std::int32_t* ofThisThread = events->innermost();
+    return ofThisThread != nullptr ? *ofThisThread : jswEvent_.load();
 }
 
 void BillboardView::billboardCallback(const char* action, std::int32_t actionId) {

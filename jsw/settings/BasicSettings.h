@@ -23,6 +23,9 @@ struct NamedText {
 /// and the Win32 error in GetLastError(), which is ERROR_FILE_NOT_FOUND for a missing value.
 class BasicSettings {
   public:
+    /// How many names of a key are listed where nothing else is asked for.
+    static constexpr std::uint32_t kMaxNames = 100;
+
     /// @param root       path below HKEY_LOCAL_MACHINE; a trailing "\" is added when missing
     /// @param localName  name of the host's own store, or empty: then all keys lie below the root
     BasicSettings(std::string root, std::string localName);
@@ -67,8 +70,6 @@ class BasicSettings {
     /// Where the keys of a store lie, below HKEY_LOCAL_MACHINE; ends with "\".
     std::string getKeyPath(bool shared) const;
     bool rootExists() const;
-
-    static constexpr std::uint32_t kMaxNames = 100;
 
   protected:
     static bool keyExists(const std::string& path);

@@ -2,6 +2,7 @@
 
 #include "PublicLib/text/Text.h"
 #include "PublicLib/win/EntryPoint.h"
+#include "PublicLib/win/LoadLibrary.h"
 #include "PublicLib/win/Paths.h"
 #include "PublicLib/win/SystemFolders.h"
 
@@ -17,7 +18,7 @@ ModuleHandle loadSystemLibrary(const std::string& fileName, std::string& path) {
     const std::string folder = systemFolder();
     path = joinPath(folder, fileName);
     if (folder.empty()) return {};  // the path would lead to the root of some drive
-    return ModuleHandle(LoadLibraryA(path.c_str()));
+    return loadLibraryQuietly(path);
 }
 
 DWORD activeConsoleSession() {

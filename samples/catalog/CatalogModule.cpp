@@ -6,6 +6,7 @@
 #include "jsw/catalog.h"
 #include "samples/catalog/CatalogData.h"
 #include "samples/common/HostStore.h"
+#include "samples/common/ModuleLock.h"
 #include "samples/common/ReturnedText.h"
 #include "samples/common/XmlFile.h"
 
@@ -26,16 +27,16 @@ struct Source {
     JswAllocate allocate = nullptr;
 };
 
-std::mutex sourceMutex;
+jsw::sample::ModuleLock sourceLock;
 Source currentSource;
 
 Source source() {
-    const std::lock_guard lock(sourceMutex);
+    const std::lock_guard lock(sourceLock);
     return currentSource;
 }
 
 void setSource(Source next) {
-    const std::lock_guard lock(sourceMutex);
+    const std::lock_guard lock(sourceLock);
     std::swap(currentSource, next);
 }
 
@@ -76,7 +77,7 @@ JswBool flagFor(const char* billboardId, bool Billboard::*field) noexcept {
 void Initialize(JswAllocate allocate) {
     try {
         const std::string path = jsw::sample::HostStore().dataFile(
-            "Settings\\Catalog\\", "CatalogFilename", "catalog.xml", &sourceMutex);
+            "Settings\\Catalog\\", "CatalogFilename", "catalog.xml", &sourceLock);
         const auto root = jsw::sample::loadXmlFile(path);
         setSource(
             {std::make_shared<CatalogData>(root ? CatalogData(*root) : CatalogData()), allocate});

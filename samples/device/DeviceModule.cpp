@@ -5,6 +5,7 @@
  * JSW_DEVICE_FILE.
  */
 #include "jsw/device.h"
+#include "samples/common/ModuleLock.h"
 #include "samples/common/Report.h"
 #include "samples/device/Devices.h"
 
@@ -27,7 +28,7 @@ using jsw::sample::Device;
 using jsw::sample::DeviceKind;
 using jsw::sample::Devices;
 
-std::mutex stateMutex;
+jsw::sample::ModuleLock stateLock;
 std::shared_ptr<const Devices> currentDevices;  // null without users
 unsigned users = 0;                             // PcsInitialize less PcsUninitialize
 std::multiset<JswDeviceHandle> openPrinters;
@@ -39,7 +40,7 @@ JswDeviceStatus with(const Work& work) noexcept {
     try {
         std::shared_ptr<const Devices> devices;
         {
-            const std::lock_guard lock(stateMutex);
+            const std::lock_guard lock(stateLock);
             devices = currentDevices;
         }
         return devices ? work(*devices) : ERROR_NOT_READY;
@@ -104,7 +105,7 @@ uint32_t copyOut(const std::vector<uint8_t>& bytes, uint8_t* buffer, uint32_t si
 }
 
 bool isOpen(JswDeviceHandle printer) {
-    const std::lock_guard lock(stateMutex);
+    const std::lock_guard lock(stateLock);
     return openPrinters.contains(printer);
 }
 
@@ -138,7 +139,7 @@ JswDeviceStatus getText(DeviceKind kind, JswDeviceHandle handle, const char* pro
 
 JswDeviceStatus PcsInitialize() {
     try {
-        const std::lock_guard lock(stateMutex);
+        const std::lock_guard lock(stateLock);
         if (users == 0) {
             currentDevices = loadDevices();
         }
@@ -155,7 +156,7 @@ JswDeviceStatus PcsInitialize() {
 }
 
 JswDeviceStatus PcsUninitialize() {
-    const std::lock_guard lock(stateMutex);
+    const std::lock_guard lock(stateLock);
     if (users > 0 && --users == 0) {
         currentDevices.reset();
         openPrinters.clear();
@@ -167,7 +168,7 @@ JswDeviceStatus PcsGetClientId(JswDeviceClientId* client, const char* /*server*/
     if (client == nullptr) {
         return ERROR_INVALID_PARAMETER;
     }
-    const std::lock_guard lock(stateMutex);
+    const std::lock_guard lock(stateLock);
     *client = ++lastClientId;
     return ERROR_SUCCESS;
 }
@@ -227,7 +228,7 @@ JswDeviceStatus PcsGetCachePrinter(JswDeviceClientId /*client*/, JswDeviceHandle
 
 JswDeviceStatus PcsOpenPrinter(JswDeviceClientId /*client*/, JswDeviceHandle printer) {
     return withDevice(DeviceKind::printer, printer, [&](const Device&) -> JswDeviceStatus {
-        const std::lock_guard lock(stateMutex);
+        const std::lock_guard lock(stateLock);
         openPrinters.insert(printer);
         return ERROR_SUCCESS;
     });
@@ -255,7 +256,7 @@ JswDeviceStatus PcsExchangeBidiPrinter(JswDeviceClientId /*client*/, JswDeviceHa
 }
 
 JswDeviceStatus PcsClosePrinter(JswDeviceClientId /*client*/, JswDeviceHandle printer) {
-    const std::lock_guard lock(stateMutex);
+    const std::lock_guard lock(stateLock);
     const auto open = openPrinters.find(printer);
     if (open == openPrinters.end()) {
         return ERROR_INVALID_HANDLE;

@@ -4,6 +4,7 @@
  */
 #include "jsw/rules.h"
 #include "samples/common/HostStore.h"
+#include "samples/common/ModuleLock.h"
 #include "samples/common/ProblemFile.h"
 #include "samples/common/ReturnedText.h"
 #include "samples/common/XmlFile.h"
@@ -31,14 +32,14 @@ struct Run {
 };
 
 /** The library asks on one thread; the lock makes a stray caller harmless. */
-std::mutex runMutex;
+jsw::sample::ModuleLock runLock;
 Run run;
 
 /** Answers with ask(run); with the empty answer on any failure. */
 template <class Answer, class Ask>
 Answer answer(Ask ask) noexcept {
     try {
-        const std::lock_guard lock(runMutex);
+        const std::lock_guard lock(runLock);
         return ask(run);
     } catch (...) {
         return Answer{};
@@ -58,7 +59,7 @@ InkInfo inkOrNotKnown(const InkInfo* inkInfo) {
 
 std::vector<Rule> loadRules(bool& loaded) {
     const std::string path = jsw::sample::HostStore().dataFile(
-        "Settings\\RulesEngine\\", "RulesFilename", "rules.xml", &runMutex);
+        "Settings\\RulesEngine\\", "RulesFilename", "rules.xml", &runLock);
     const auto root = jsw::sample::loadXmlFile(path);
     loaded = false;
     if (!root) {

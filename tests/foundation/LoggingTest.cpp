@@ -95,6 +95,30 @@ TEST_F(LoggingTest, TracesIndentAndReportResults) {
               "JSW                       -Outer::run: \r\n");
 }
 
+/// Destructors are traced, too: what a trace raised there would end the host.
+TEST_F(LoggingTest, ATraceWithoutMemoryLosesLinesAndRaisesNothing) {
+    startLog();
+    int left = -1;  // allocations until one fails; below 0 none does
+    const test::ImportTable imports(GetModuleHandleA(nullptr));
+    const auto memory = test::replaceImport<void*(std::size_t)>(
+        imports, "malloc", [&](auto original, std::size_t size) -> void* {
+            return left >= 0 && left-- == 0 ? nullptr : original(size);
+        });
+    const std::string text(50, 'x');
+    for (int first = 0; left < 0; ++first) {
+        left = first;
+        EXPECT_NO_THROW({
+            MethodTrace trace(component::kJsw, text);
+            trace.add(text);
+            trace.setResult(text);
+            logLine(component::kJsw, kLogError, text);
+        }) << first;
+    }
+    left = -1;
+    logLine(component::kJsw, kLogError, "memory again");
+    EXPECT_TRUE(hasLine("memory again"));
+}
+
 TEST_F(LoggingTest, SwitchesDecideWhatIsWritten) {
     const auto writeAll = [] {
         restartLog();

@@ -1,6 +1,9 @@
 // What a driver does from inside its status callback, on whatever thread it is called.
 
+#include "PublicLib/os/Localize.h"
+#include "PublicLib/win/SystemFolders.h"
 #include "tests/job/JobTest.h"
+#include "tests/support/ImportTable.h"
 
 #include <atomic>
 #include <thread>
@@ -39,6 +42,10 @@ class CallbackTest : public test::JobTest {
             if (call.starts_with(callStart)) script_.reportEvent(9);
         };
     }
+    /// The end may be left to the rules thread.
+    void expectEndSoon() {
+        EXPECT_TRUE(test::eventually([&] { return viewCalls("Uninitialize").size() == 1; }));
+    }
     /// A plain job must be served fully afterwards.
     void expectNextJobWorks() {
         script_.onViewCall = nullptr;
@@ -57,7 +64,7 @@ TEST_F(CallbackTest, EndingTheJobOnAThreadOfTheWindow) {
     start();
     waitForRules();
     std::thread([&] { script_.reportEvent(9); }).join();
-    EXPECT_THAT(viewCalls("Uninitialize"), ElementsAre("Uninitialize()"));
+    expectEndSoon();
     expectNextJobWorks();
 }
 
@@ -66,7 +73,7 @@ TEST_F(CallbackTest, EndingTheJobOnTheRulesThreadWhichCannotWaitForItself) {
     reportAt("DisplayBillboard(tip.bb");
     start();
     EXPECT_TRUE(waitForRules());
-    EXPECT_TRUE(test::eventually([&] { return viewCalls("Uninitialize").size() == 1; }));
+    expectEndSoon();
     expectNextJobWorks();
 }
 
@@ -110,6 +117,140 @@ TEST_F(CallbackTest, NoCallFromTheCallbackWaitsForTheThreadThatEndsTheJob) {
     ASSERT_TRUE(test::eventually([&] { return inside.load(); }));
     endJob();
     EXPECT_THAT(viewCalls("UpdateInfo"), IsEmpty());
+    EXPECT_THAT(viewCalls("Uninitialize"), ElementsAre("Uninitialize()"));
+    expectNextJobWorks();
+}
+
+/// A window of this thread, to which the view sends a message during one of its calls.
+class WindowTest : public CallbackTest {
+  protected:
+    void SetUp() override {
+        CallbackTest::SetUp();
+        window_ = CreateWindowExA(0, "STATIC", "", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr,
+                                  nullptr);
+        ASSERT_NE(window_, nullptr);
+    }
+    void TearDown() override {
+        CallbackTest::TearDown();
+        DestroyWindow(window_);
+    }
+
+    /// Lets the view's call wait, like SetWindowText of a window's title, for this thread.
+    void sendDuring(const std::string& callStart) {
+        script_.onViewCall = [this, callStart](const std::string& call) {
+            if (!call.starts_with(callStart)) return;
+            sending_ = true;
+            SendMessageA(window_, WM_NULL, 0, 0);
+            sending_ = false;
+        };
+    }
+    void waitForSender() {
+        ASSERT_TRUE(test::eventually([&] { return sending_.load(); }));
+    }
+    /// What a window's thread does when it has nothing else to do.
+    template <class Done>
+    bool serveUntil(const Done& done) {
+        return test::eventually([&] {
+            MSG message;
+            PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE);
+            return done();
+        });
+    }
+    bool isEnded() const { return viewCalls("Uninitialize").size() == 1; }
+
+    HWND window_ = nullptr;
+    std::atomic<bool> sending_{false};
+};
+
+TEST_F(WindowTest, TheUserCancelsWhileTheDriversThreadIsInTheView) {
+    start();
+    ASSERT_TRUE(waitForRules());
+    sendDuring("UpdateInfo(");
+    std::thread driver([] { api_.updateInfo(1, 2, 3, 0, 0, nullptr); });
+    waitForSender();
+    script_.reportEvent(9);  // ends the job: the driver's thread does when it comes back
+    EXPECT_FALSE(isEnded());
+    api_.updateInfo(9, 9, 9, 0, 0, nullptr);  // of a job that is over
+    EXPECT_TRUE(serveUntil([&] { return isEnded(); }));
+    driver.join();
+    EXPECT_EQ(viewCalls("UpdateInfo").size(), 1U);
+    expectNextJobWorks();
+}
+
+TEST_F(WindowTest, TheUserCancelsWhileTheRulesThreadIsInTheView) {
+    onStatus = [this](std::uint32_t) {
+        api_.terminate();
+        EXPECT_EQ(startJob({.jobName = "too early"}), 0);
+    };
+    script_.ruleResults = {"TIP"};
+    sendDuring("DisplayBillboard(tip.bb");
+    start();
+    waitForSender();
+    script_.reportEvent(9);  // ends the job: the rules thread does when it comes back
+    EXPECT_FALSE(isEnded());
+    EXPECT_TRUE(serveUntil([&] { return isEnded(); }));
+    expectNextJobWorks();
+}
+
+TEST_F(WindowTest, AnOrdinaryCallServesTheWindowsOfItsThreadWhileItWaits) {
+    script_.ruleResults = {"TIP"};
+    sendDuring("DisplayBillboard(tip.bb");
+    start();
+    waitForSender();
+    endJob();  // waits for the rules thread
+    EXPECT_TRUE(isEnded());
+
+    script_.ruleResults.clear();
+    script_.rules.clear();
+    sendDuring("UpdateInfo(1,");
+    start();
+    ASSERT_TRUE(waitForRules());
+    std::thread driver([] { api_.updateInfo(1, 2, 3, 0, 0, nullptr); });
+    waitForSender();
+    api_.updateInfo(2, 2, 3, 0, 0, nullptr);  // waits for the driver's thread
+    EXPECT_THAT(viewCalls("UpdateInfo"), ElementsAre("UpdateInfo(1,2,3,0)", "UpdateInfo(2,2,3,0)"));
+    driver.join();
+}
+
+TEST_F(CallbackTest, EndingTheJobWhileAPromptIsUpOnAnotherThread) {
+    const std::string folder = printerDriverDirectory() + "\\3";
+    CreateDirectoryA(folder.c_str(), nullptr);
+    const std::string module = folder + "\\" + Localize::getInstance()->localId() + "jswo.dll";
+    ASSERT_NE(CopyFileA("scripted_legacy.dll", module.c_str(), FALSE), FALSE);
+    start();
+    ASSERT_TRUE(waitForRules());
+    std::atomic<bool> isUp{false};
+    std::atomic<bool> isBack{false};
+    script_.onPrompt = [&] {
+        isUp = true;
+        EXPECT_TRUE(test::eventually([&] { return isBack.load(); }));
+        EXPECT_THAT(viewCalls("Uninitialize"), IsEmpty());
+    };
+    std::thread driver([] { api_.displayPrompt(1, 1); });
+    ASSERT_TRUE(test::eventually([&] { return isUp.load(); }));
+    script_.reportEvent(9);
+    isBack = true;
+    driver.join();
+    EXPECT_THAT(viewCalls("Uninitialize"), ElementsAre("Uninitialize()"));
+    EXPECT_TRUE(logContains("destroying Controller."));
+    DeleteFileA(module.c_str());
+    expectNextJobWorks();
+}
+
+TEST_F(CallbackTest, AnEndAskedForDuringAStartThatRaisesIsNotLost) {
+    Settings().setDwordValue(setting::kLoggerKey, "startLog", 0);
+    std::atomic<bool> failNext{false};
+    const test::ImportTable imports(GetModuleHandleA("jsw.dll"));
+    const auto memory = test::replaceImport<void*(std::size_t)>(
+        imports, "malloc",
+        [&](std::size_t size) { return failNext.exchange(false) ? nullptr : std::malloc(size); });
+    script_.onViewCall = [&](const std::string& call) {
+        if (!call.starts_with("ShowGui(")) return;
+        script_.reportEvent(9);
+        failNext = true;
+    };
+    EXPECT_EQ(start(), 0);
+    EXPECT_FALSE(failNext);
     EXPECT_THAT(viewCalls("Uninitialize"), ElementsAre("Uninitialize()"));
     expectNextJobWorks();
 }

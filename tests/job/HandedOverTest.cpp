@@ -2,6 +2,7 @@
 // what state the job is when it does.
 
 #include "PublicLib/text/Text.h"
+#include "PublicLib/win/EntryPoint.h"
 #include "PublicLib/win/Handles.h"
 #include "tests/job/JobTest.h"
 #include "tests/support/ImportTable.h"
@@ -187,6 +188,25 @@ TEST_F(HandedOverTest, ThreadsFilesAndModulesAreAskedForAsEver) {
                            "access " + folder + "\\Scripts\\default.bb 4", "thread true 4096 0",
                            "load .\\scripted_rules.dll", "access " + folder + "\\Scripts\\tip.bb 4",
                            "access " + folder + "\\Scripts\\tip.bb 4"));
+}
+
+TEST_F(HandedOverTest, NoModuleIsLoadedWithMessageBoxesOfTheSystem) {
+    using ErrorMode = DWORD WINAPI();
+    auto* const errorMode =
+        findEntryPoint<ErrorMode>(GetModuleHandleA("kernel32.dll"), "GetThreadErrorMode");
+    std::vector<DWORD> modes;
+    const auto load = test::replaceImport<decltype(LoadLibraryA)>(imports_, "LoadLibraryA",
+                                                                  [&](const char* name) {
+                                                                      modes.push_back(errorMode());
+                                                                      return LoadLibraryA(name);
+                                                                  });
+    const DWORD before = errorMode();
+    runJob();
+    EXPECT_EQ(errorMode(), before);
+    EXPECT_FALSE(modes.empty());
+    for (const DWORD mode : modes) {
+        EXPECT_EQ(mode & ~before, SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
+    }
 }
 
 }  // namespace jsw

@@ -69,6 +69,25 @@ TEST_F(HistoryTest, ComesBackAtTheNextJobOldestFirst) {
     EXPECT_EQ(history.getNext(), "A");
 }
 
+TEST_F(HistoryTest, ALimitAboveAHundredKeepsWhatIsStored) {
+    Settings().write(setting::kHistoryMaxSize, 150);
+    {
+        History history;
+        for (int i = 0; i < 150; ++i) history.add(concat("B", i));
+    }
+    History history;
+    EXPECT_EQ(history.size(), 150);
+    EXPECT_TRUE(history.isPresentInHistory("B149"));
+}
+
+TEST_F(HistoryTest, TheNextJobReadsWhatAThreadOfTheJobBeforeStillHolds) {
+    const auto held = History::instance();
+    held->add("A");
+    History::destroy();
+    EXPECT_TRUE(History::instance()->isPresentInHistory("A"));
+    History::destroy();
+}
+
 TEST_F(HistoryTest, AShorterListRemovesWhatALongerOneLeft) {
     const Settings settings;
     for (int i = 0; i < 300; ++i) {

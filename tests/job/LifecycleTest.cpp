@@ -1,7 +1,7 @@
 #include "PublicLib/text/Text.h"
-#include "PublicLib/win/Handles.h"
 #include "tests/job/JobTest.h"
 #include "tests/support/ImportTable.h"
+#include "tests/support/ProcessState.h"
 
 #include <windows.h>
 
@@ -362,40 +362,24 @@ TEST_F(LifecycleTest, ALongDataPathAndWrongTypesInTheRegistryDoNoHarm) {
     EXPECT_TRUE(logContains("RegistryKey::getValue(ulong)MaxSize : incorrect value type"));
 }
 
-/// Windows gives out the lowest free handle, so a leak moves the next one up. (The process's own
-/// count of handles is not to be had in Wine.)
-std::uintptr_t nextHandle() {
-    const KernelHandle event(CreateEventA(nullptr, FALSE, FALSE, nullptr));
-    return reinterpret_cast<std::uintptr_t>(event.get());
-}
-
-std::size_t heapBytes() {
-    std::size_t bytes = 0;
-    PROCESS_HEAP_ENTRY entry{};
-    HANDLE heap = GetProcessHeap();
-    HeapLock(heap);
-    while (HeapWalk(heap, &entry) != FALSE) {
-        if ((entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) != 0) bytes += entry.cbData;
-    }
-    HeapUnlock(heap);
-    return bytes;
-}
-
-TEST_F(LifecycleTest, AThousandJobsLeaveHandlesAndMemoryAsTheyWere) {
+TEST_F(LifecycleTest, AThousandJobsLeaveTheProcessAsItWas) {
     Settings().setDwordValue(setting::kLoggerKey, "startLog", 0);
     addBillboard("TIP", {.file = "tip.bb", .type = "special"});
     script_.ruleResults = {"TIP"};
-    const auto job = [&] {
-        runJob();
+    const auto jobs = [&](int count) {
+        for (int i = 0; i < count; ++i) runJob();
         script_.view.clear();
         script_.catalog.clear();
+        script_.rules.clear();
+        return test::processState();
     };
-    for (int i = 0; i < 20; ++i) job();  // whatever is made once and kept
-    const std::uintptr_t handle = nextHandle();
-    const std::size_t bytes = heapBytes();
-    for (int i = 0; i < 1000; ++i) job();
-    EXPECT_EQ(nextHandle(), handle);
-    EXPECT_LT(heapBytes(), bytes + 16384);
+    jobs(100);  // whatever is made once and kept
+    const test::ProcessState before = jobs(100);
+    const test::ProcessState after = jobs(1000);
+    EXPECT_EQ(after.nextHandle, before.nextHandle);
+    EXPECT_EQ(after.threads, before.threads);
+    EXPECT_EQ(after.freeTlsIndexes, before.freeTlsIndexes);
+    EXPECT_LT(after.heapBytes, before.heapBytes + 4000);  // four bytes a job
 }
 
 }  // namespace jsw

@@ -9,6 +9,15 @@ namespace jsw {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
+namespace {
+
+int statusCodes = 0;
+void countStatus(std::uint32_t /*status*/) {
+    ++statusCodes;
+}
+
+}  // namespace
+
 /// The older job window lies in the printer driver's folder, under the host's name.
 class PromptTest : public test::JobTest {
   protected:
@@ -57,15 +66,24 @@ TEST_F(PromptTest, AMessageFromAnotherThreadWaitsForTheEndOfThePrompt) {
 
 TEST_F(PromptTest, EndingTheJobInsideAPromptKeepsTheSingletonsForTheNextJob) {
     addBillboard("TIP", {.file = "tip.bb", .type = "promotion"});
-    startJob();
+    statusCodes = 0;
+    startJob({.callback = countStatus});
     waitForRules();
     script_.onPrompt = [&] {
         api_.terminate();
+        EXPECT_THAT(viewCalls("Uninitialize"), ElementsAre("Uninitialize()"));
+        script_.view.clear();
         api_.updateInfo(1, 2, 3, 4, 5, nullptr);  // there is no job any more
+        script_.reportEvent(9);
+        script_.clickBillboard("CURRENT", 0);
+        script_.saveValue("late", "value");
     };
     api_.displayPrompt(1, 1);
-    EXPECT_THAT(viewCalls("Uninitialize"), ElementsAre("Uninitialize()"));
-    EXPECT_THAT(viewCalls("UpdateInfo"), IsEmpty());
+    script_.clickBillboard("CURRENT", 0);
+    EXPECT_THAT(script_.view.calls(), IsEmpty());
+    EXPECT_EQ(statusCodes, 0);
+    std::string late;
+    EXPECT_FALSE(Settings().getStringValue(setting::kGuiKey, "late", late));
     EXPECT_FALSE(logContains("destroying Controller."));
 
     script_.rules.clear();

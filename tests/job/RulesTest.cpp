@@ -1,6 +1,8 @@
 #include "jsw/settings/OfnSettings.h"
 #include "tests/job/JobTest.h"
 
+#include <atomic>
+#include <stdexcept>
 #include <thread>
 
 namespace jsw {
@@ -206,6 +208,35 @@ TEST_F(RulesTest, AnEndlessEngineDoesNotHoldTheEndOfTheJob) {
     endJob();
     EXPECT_LT(GetTickCount() - before, 2000U);
     EXPECT_EQ(outcome(), "UpdateSettings(,false,false)");
+}
+
+TEST_F(RulesTest, AnEngineThatRaisesInThreeRulesInARowIsAskedNoMore) {
+    script_.rulesNeverEnd = true;
+    int rule = 0;
+    script_.onEvaluateRule = [&] {
+        if (++rule != 2) throw std::runtime_error("rule");
+    };
+    runJob();
+    EXPECT_EQ(rule, 5);
+    EXPECT_TRUE(hasLine("ERROR - exceptions in 3 rules in a row. NO more rules are processed."));
+}
+
+TEST_F(RulesTest, AnEngineWithEndlessEmptyResultsLeavesTheProcessorToOthers) {
+    Settings().setDwordValue(setting::kLoggerKey, "startLog", 0);
+    script_.rulesNeverEnd = true;
+    std::atomic<int> questions{0};
+    script_.onEvaluateRule = [&] {
+        script_.rules.clear();
+        ++questions;
+    };
+    startJob();
+    ASSERT_TRUE(test::eventually([&] { return questions > 1000; }));
+    const DWORD start = GetTickCount();
+    const int before = questions;
+    Sleep(500);
+    const int asked = questions - before;
+    EXPECT_LE(asked, static_cast<int>(GetTickCount() - start) + 50);  // one in a millisecond
+    endJob();
 }
 
 TEST_F(RulesTest, AWindowEventStopsTheRules) {

@@ -60,8 +60,9 @@ struct Script {
     CallRecord catalog;
     std::map<std::string, Billboard> billboards;
     std::map<std::string, std::vector<std::string>> categories;
-    bool catalogRaises = false;  ///< at the end of its start
-    bool emptyLists = false;     ///< answers lists without entries where there is no list
+    bool catalogRaises = false;                                  ///< at the end of its start
+    std::function<void(const std::string& name)> onCatalogCall;  ///< at the start of each question
+    bool emptyLists = false;  ///< answers lists without entries where there is no list
 
     // The rules engine.
     CallRecord rules;

@@ -33,6 +33,10 @@ char** newList(const std::vector<std::string>& texts) {
     return list;
 }
 
+void asked(const char* name) {
+    if (script().onCatalogCall) script().onCatalogCall(name);
+}
+
 const Script::Billboard* find(const char* id) {
     const auto entry = script().billboards.find(id);
     return entry == script().billboards.end() ? nullptr : &entry->second;
@@ -53,36 +57,43 @@ void UnInitialize() {
 }
 
 char** GetBillboardIds(const char* category) {
+    asked("GetBillboardIds");
     const auto entry = script().categories.find(category);
     return newList(entry == script().categories.end() ? std::vector<std::string>{} : entry->second);
 }
 
 char** GetBillboardActions(const char* id) {
+    asked("GetBillboardActions");
     const auto* billboard = find(id);
     return newList(billboard == nullptr ? std::vector<std::string>{} : billboard->actions);
 }
 
 char* GetBillboardFileName(const char* id) {
+    asked("GetBillboardFileName");
     const auto* billboard = find(id);
     return billboard == nullptr ? nullptr : newText(billboard->file);
 }
 
 char* GetBillboardType(const char* id) {
+    asked("GetBillboardType");
     const auto* billboard = find(id);
     return billboard == nullptr ? nullptr : newText(billboard->type);
 }
 
 char* GetBillboardCarts(const char* id) {
+    asked("GetBillboardCarts");
     const auto* billboard = find(id);
     return billboard == nullptr ? nullptr : newText(billboard->carts);
 }
 
 JswBool GetBillboardEnableNavigation(const char* id) {
+    asked("GetBillboardEnableNavigation");
     const auto* billboard = find(id);
     return billboard != nullptr && billboard->navigate;
 }
 
 JswBool GetBillboardRestoreWindow(const char* id) {
+    asked("GetBillboardRestoreWindow");
     const auto* billboard = find(id);
     return billboard != nullptr && billboard->restore;
 }

@@ -1,11 +1,13 @@
 #include "PublicLib/printer/PcsClient.h"
 #include "jsw/settings/RegistryKey.h"
 #include "tests/printer/ClientTest.h"
+#include "tests/support/Raise.h"
 
 #include <algorithm>
 #include <atomic>
 #include <cctype>
 #include <functional>
+#include <stdexcept>
 #include <thread>
 
 namespace jsw {
@@ -257,6 +259,24 @@ TEST_F(PcsClientTest, LeavesTheClientIdLockedAfterARefusedServer) {
         EXPECT_FALSE(entered);
         other.detach();
     }
+}
+
+TEST_F(PcsClientTest, ALibraryThatRaisesHasFailedAndIsLetGo) {
+    startLog();
+    static void (*raise)() = nullptr;
+    for (void (*kind)() :
+         {+[] { throw std::runtime_error("client"); }, +[] { test::raiseForeignException(); }}) {
+        raise = kind;
+        script_.onCall = [](const std::string& /*name*/) { raise(); };
+        {
+            PcsClient client(kClient, "", true);
+            EXPECT_EQ(calls.perCall(client), 574U);
+            EXPECT_EQ(held(client), Held(0, 0));
+        }
+        EXPECT_FALSE(isLoaded(kClient));
+    }
+    EXPECT_TRUE(hasLine("ERROR - the module raised an exception in PcsGetHostInfo"));
+    EXPECT_TRUE(hasLine("ERROR - the module raised an exception in PcsUninitialize"));
 }
 
 }  // namespace jsw

@@ -34,6 +34,7 @@ EXPORTED PcsInitialize() {
 
 EXPORTED PcsUninitialize() {
     --script().initialized;
+    if (script().onCall != nullptr) script().onCall("PcsUninitialize");
     return 0;
 }
 
@@ -147,6 +148,7 @@ EXPORTED PcsOpenCardReader(JswDeviceClientId, JswDeviceHandle) {
 }
 EXPORTED PcsGetHostInfo(uintptr_t client, uintptr_t a, uintptr_t b, uintptr_t c, uintptr_t d,
                         uintptr_t e, uintptr_t f) {
+    if (script().onCall != nullptr) script().onCall("PcsGetHostInfo");
     return keep(client, a, b, c, d, e, f);
 }
 EXPORTED PcsWritePrinter(uintptr_t client, uintptr_t handle, uintptr_t a, uintptr_t b) {

@@ -28,6 +28,8 @@ class HostTest : public ::testing::Test {
     static bool hasLine(const std::string& line);
     static bool logContains(const std::string& text);
     static std::string logPath();
+    /// For child processes that join the private registry.
+    const std::string& registryPath() const { return registry_->path(); }
 
     TempFolder folder_;
 

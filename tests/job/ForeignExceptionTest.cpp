@@ -1,0 +1,165 @@
+// What comes out of modules that were made with another compiler, or that simply crash.
+
+#include "PublicLib/os/Localize.h"
+#include "PublicLib/win/SystemFolders.h"
+#include "tests/job/JobTest.h"
+#include "tests/support/Raise.h"
+
+#include <atomic>
+#include <memory>
+#include <stdexcept>
+#include <thread>
+
+namespace jsw {
+
+using ::testing::Contains;
+using ::testing::ElementsAre;
+
+namespace {
+
+std::function<void()> inCallback;
+void callDriver(std::uint32_t /*status*/) {
+    if (inCallback) inCallback();
+}
+
+}  // namespace
+
+class ForeignExceptionTest : public test::JobTest {
+  protected:
+    void SetUp() override {
+        JobTest::SetUp();
+        addBillboard("TIP", {.file = "tip.bb", .type = "promotion"});
+        const std::string folder = printerDriverDirectory() + "\\3";
+        CreateDirectoryA(folder.c_str(), nullptr);
+        legacyModule_ = folder + "\\" + Localize::getInstance()->localId() + "jswo.dll";
+        CopyFileA("scripted_legacy.dll", legacyModule_.c_str(), FALSE);
+    }
+    void TearDown() override {
+        behave();
+        JobTest::TearDown();
+        DeleteFileA(legacyModule_.c_str());
+    }
+
+    void behave() {
+        script_.onViewCall = nullptr;
+        script_.onCatalogCall = nullptr;
+        script_.onEvaluateRule = nullptr;
+        script_.onPrompt = nullptr;
+        inCallback = nullptr;
+    }
+    void misbehaveInView(const std::string& callStart, const std::function<void()>& act) {
+        script_.onViewCall = [=](const std::string& call) {
+            if (call.starts_with(callStart)) act();
+        };
+    }
+
+    /// Whether another thread gets through to the window; it does not where a lock was left held.
+    bool anotherThreadGetsThrough() {
+        const auto through = std::make_shared<std::atomic<bool>>(false);
+        std::thread([through] {
+            api_.updateInfo(5, 5, 5, 0, 0, nullptr);
+            *through = true;
+        }).detach();
+        return test::eventually([&] { return through->load(); });
+    }
+    void expectNextJobWorks() {
+        behave();
+        script_.rules.clear();
+        script_.ruleResults = {"TIP"};
+        script_.checkHistory = false;
+        script_.view.clear();
+        ASSERT_EQ(startJob(), 1);
+        ASSERT_TRUE(waitForRules());
+        ASSERT_TRUE(anotherThreadGetsThrough());
+        endJob();
+        EXPECT_THAT(viewCalls("DisplayBillboard"),
+                    Contains("DisplayBillboard(tip.bb,false,false)"));
+        EXPECT_THAT(viewCalls("UpdateInfo"), ElementsAre("UpdateInfo(5,5,5,0)"));
+        EXPECT_THAT(viewCalls("Uninitialize"), ElementsAre("Uninitialize()"));
+    }
+
+    std::string legacyModule_;
+};
+
+TEST_F(ForeignExceptionTest, ACppExceptionOfAnotherCompilerIsContained) {
+    misbehaveInView("ShowGui(", test::raiseForeignException);
+    script_.onCatalogCall = [](const std::string& call) {
+        if (call == "GetBillboardType") test::raiseForeignException();
+    };
+    script_.onEvaluateRule = test::raiseForeignException;
+    script_.onPrompt = test::raiseForeignException;
+    inCallback = test::raiseForeignException;
+    script_.ruleResults = {"TIP", "TIP"};
+    EXPECT_EQ(startJob({.callback = callDriver}), 1);
+    ASSERT_TRUE(waitForRules());
+    script_.clickBillboard("CURRENT", 0);
+    script_.reportEvent(9);
+    api_.displayPrompt(1, 1);
+    endJob();
+    EXPECT_THAT(viewCalls("Uninitialize"), ElementsAre("Uninitialize()"));
+    for (const char* where : {"ShowGui", "GetBillboardType", "EvaluateRule", "JSWDisplayPrompt",
+                              "the driver's status callback"}) {
+        EXPECT_TRUE(hasLine(std::string("ERROR - the module raised an exception in ") + where))
+            << where;
+    }
+    expectNextJobWorks();
+}
+
+TEST_F(ForeignExceptionTest, AFaultGoesToTheHostAndLeavesNoLockHeld) {
+    struct {
+        const char* call;
+        std::function<void()> work;
+    } const rows[] = {
+        {"UpdateInfo(", [] { api_.updateInfo(1, 2, 3, 0, 0, nullptr); }},
+        {"Uninitialize(", [] { api_.terminate(); }},
+    };
+    for (const auto& row : rows) {
+        ASSERT_EQ(startJob(), 1) << row.call;
+        ASSERT_TRUE(waitForRules());
+        misbehaveInView(row.call, test::fault);
+        EXPECT_EQ(test::HostGuard::exceptionOf(row.work), EXCEPTION_ACCESS_VIOLATION) << row.call;
+        behave();
+        EXPECT_TRUE(anotherThreadGetsThrough()) << row.call;
+        endJob();
+        expectNextJobWorks();
+    }
+    EXPECT_TRUE(hasLine("ERROR - the module ended in a system exception in UpdateInfo"));
+}
+
+/// From the host through the view into a click that ends in the catalog: two visits, one fault.
+TEST_F(ForeignExceptionTest, AFaultPassesEveryVisitOfItsThread) {
+    ASSERT_EQ(startJob(), 1);
+    ASSERT_TRUE(waitForRules());
+    script_.onCatalogCall = [](const std::string& call) {
+        if (call == "GetBillboardFileName") test::fault();
+    };
+    misbehaveInView("UpdateInfo(", [&] { script_.clickBillboard("CURRENT", 0); });
+    EXPECT_EQ(test::HostGuard::exceptionOf([] { api_.updateInfo(1, 2, 3, 0, 0, nullptr); }),
+              EXCEPTION_ACCESS_VIOLATION);
+    EXPECT_TRUE(hasLine("ERROR - the module ended in a system exception in GetBillboardFileName"));
+    EXPECT_TRUE(hasLine("ERROR - the module ended in a system exception in UpdateInfo"));
+    behave();
+    EXPECT_TRUE(anotherThreadGetsThrough());
+    endJob();
+    expectNextJobWorks();
+}
+
+/// Nobody further out handles it, or whoever asks first repairs the cause: nothing is stopped.
+TEST_F(ForeignExceptionTest, AnExceptionThatIsContinuedIsNoneOfTheLibrarysBusiness) {
+    ASSERT_EQ(startJob(), 1);
+    bool goneOn = false;
+    misbehaveInView("UpdateInfo(", [&] {
+        RaiseException(0x406D1388, 0, 0, nullptr);  // names a thread for a debugger
+        goneOn = true;
+    });
+    void* const handler = AddVectoredExceptionHandler(1, [](EXCEPTION_POINTERS* pointers) -> LONG {
+        return pointers->ExceptionRecord->ExceptionCode == 0x406D1388 ? EXCEPTION_CONTINUE_EXECUTION
+                                                                      : EXCEPTION_CONTINUE_SEARCH;
+    });
+    api_.updateInfo(1, 2, 3, 0, 0, nullptr);
+    RemoveVectoredExceptionHandler(handler);
+    EXPECT_TRUE(goneOn);
+    EXPECT_FALSE(logContains("ended in a system exception"));
+}
+
+}  // namespace jsw

@@ -1,0 +1,52 @@
+// What the system may refuse in the middle of a job.
+
+#include "PublicLib/win/Handles.h"
+#include "tests/job/JobTest.h"
+#include "tests/support/ImportTable.h"
+
+#include <atomic>
+
+namespace jsw {
+
+using ::testing::Contains;
+using ::testing::ElementsAre;
+
+class ShortageTest : public test::JobTest {
+  protected:
+    void SetUp() override {
+        JobTest::SetUp();
+        addBillboard("TIP", {.file = "tip.bb", .type = "promotion"});
+        script_.ruleResults = {"TIP"};
+        script_.checkHistory = false;
+    }
+
+    void expectNextJobWorks() {
+        script_.view.clear();
+        script_.rules.clear();
+        ASSERT_EQ(startJob(), 1);
+        ASSERT_TRUE(waitForRules());
+        endJob();
+        EXPECT_THAT(viewCalls("DisplayBillboard"),
+                    Contains("DisplayBillboard(tip.bb,false,false)"));
+        EXPECT_THAT(viewCalls("Uninitialize"), ElementsAre("Uninitialize()"));
+    }
+
+    const ModuleHandle library_{LoadLibraryA("jsw.dll")};
+    const test::ImportTable imports_{library_.get()};
+};
+
+TEST_F(ShortageTest, ALockThatCannotBeGivenBackDoesNotEndTheHost) {
+    std::atomic<int> refused{0};
+    const auto release = test::replaceImport<decltype(ReleaseMutex)>(
+        imports_, "ReleaseMutex", [&](HANDLE mutex) -> BOOL {
+            ReleaseMutex(mutex);
+            ++refused;
+            SetLastError(ERROR_NOT_OWNER);
+            return FALSE;
+        });
+    expectNextJobWorks();
+    EXPECT_TRUE(hasLine("<<< SingletonMgr::~SingletonMgr: "));
+    EXPECT_GT(refused, 100);
+}
+
+}  // namespace jsw
