@@ -125,6 +125,10 @@ constexpr KnownText kTexts[] = {
     // Settings.
     {"DataPath NOT set in registry.", note, "Pages are looked for in the printer driver folder",
      "`DataPath` is missing or empty", "Set it when the pages lie elsewhere"},
+    {"ERROR - The printer driver directory is unknown, error=", stops,
+     "Pages are missing, or the driver's prompt is not shown",
+     "The spooler did not tell its folder; the number is the system's error",
+     "Start the spooler, or set `DataPath`"},
     {"ERROR - unable to install all settings of ", stops,
      "The library runs on defaults: most often no window",
      "The settings file of the first run is missing, is not well formed, or could not be written",
@@ -169,6 +173,9 @@ constexpr KnownText kTexts[] = {
      "The host's account must not write to the settings", "Look at the key's access rights"},
     {"Unable to clear history from the registry", hinders, "Old billboards count as shown",
      "The host's account must not delete in the settings", "Look at the key's access rights"},
+    {"Unable to remove an entry of an earlier history, name=", hinders,
+     "Old billboards count as shown", "The host's account must not delete in the settings",
+     "Look at the key's access rights"},
     {"RegistryKey::setValue(ulong): Unable to set ", hinders, "A setting is not stored",
      "The host's account must not write to the settings; the reason stands behind Win32(",
      "Look at the key's access rights"},
@@ -225,10 +232,11 @@ constexpr KnownText kTexts[] = {
 
     // Updates.
     {"ERROR: Updater FAILED to Launch: ", stops, "No update comes",
-     "The updater's name is no plain file name, is a folder, or starting it failed",
+     "The updater has no name, or one that is no plain file name or that of a folder, or starting "
+     "it failed",
      "Correct `BillBoardUpdaterExecutableName`"},
     {"FAILED to retrieve the BillBoard updater executable name!", stops, "No update comes",
-     "`BillBoardUpdaterExecutableName` is empty", "Store the updater's file name"},
+     "`BillBoardUpdaterExecutableName` cannot be read", "Store the updater's file name as a text"},
     {"ERROR:  timeNow not valid", stops, "No update comes", "The clock cannot be read",
      "Set the computer's clock"},
     {"OS is not XP or greater. NO Updates available.", note, "No update comes",
