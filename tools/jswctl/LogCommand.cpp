@@ -103,7 +103,7 @@ int tell(const LogOptions& options) {
         write(log::knownTextsAsMarkdown());
         return kWell;
     }
-    if (options.file.empty()) throw BadUse("log: no file is given");
+    if (options.file.empty()) throw BadUse("no log is given; try jswctl log --help");
     if (isSameFile(options.file, options.html)) {
         throw BadUse("the page would overwrite the log " + options.file);
     }
@@ -120,8 +120,10 @@ int tell(const LogOptions& options) {
 void addLogCommand(CLI::App& program, Action& action) {
     auto* command = program.add_subcommand("log", "Tells a log in words.");
     const auto options = std::make_shared<LogOptions>();
-    command->add_option("FILE", options->file, "the log, such as %ALLUSERSPROFILE%\\abcdJSW.log");
-    command->add_option("--html", options->html, "writes a page with pictures instead");
+    command->add_option("FILE", options->file, "the log, such as %ALLUSERSPROFILE%\\abcdJSW.log")
+        ->type_name("");
+    command->add_option("--html", options->html, "writes a page with pictures instead")
+        ->type_name("OUT");
     command->add_flag("--json", options->json, "writes one JSON object instead");
     command->add_flag(
         "--texts", options->texts,

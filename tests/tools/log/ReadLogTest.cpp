@@ -16,6 +16,7 @@ namespace jsw::ctl::log {
 namespace {
 
 using test::LogText;
+using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
@@ -241,6 +242,8 @@ TEST(ReadLog, TakesALogOfErrorsAlone) {
     const Reading reading = read(log.text());
     EXPECT_EQ(reading.totals.jobs, 0U);
     EXPECT_EQ(reading.statistics.linesOutside(), 1U);
+    EXPECT_EQ(placeInWords(reading.jobs.at(0)), "2026/11/21 10:00:00.000, 0.000 s, line 1");
+    EXPECT_THAT(fileInWords(reading.totals, 1), Contains(HasSubstr("startLog")));
     EXPECT_TRUE(reading.statistics.isAnythingStopped());
 }
 

@@ -106,6 +106,7 @@ std::string placeInWords(const Job& job) {
     if (job.first.time) words += timeInWords(*job.first.time) + ", ";
     if (const auto duration = job.duration()) words += secondsInWords(*duration) + ", ";
     if (job.processId) words += concat("process ", idInWords(*job.processId), ", ");
+    if (job.first.line == job.last.line) return words + concat("line ", job.first.line);
     return words + concat("lines ", job.first.line, " to ", job.last.line);
 }
 
@@ -139,6 +140,9 @@ std::vector<std::string> fileInWords(const Totals& totals, std::uint64_t linesOu
     if (totals.first && totals.last) {
         words.push_back(
             concat("from ", timeInWords(*totals.first), " to ", timeInWords(*totals.last)));
+    }
+    if (totals.jobs == 0) {
+        words.emplace_back("no job: while the log is switched off (startLog) it has only errors");
     }
     say(totals.processes, "process", "processes", " with ids in the lines");
     say(linesOutsideJobs, "line", "lines", " outside any job");
