@@ -31,6 +31,10 @@ int install(const std::string& host) {
                     storeName().c_str());
         return kWell;
     }
+    const DWORD error = GetLastError();  // why it cannot be opened
+    if (error != ERROR_FILE_NOT_FOUND) {
+        throw std::runtime_error("cannot open " + storeName() + ": " + errorText(error));
+    }
     const std::string file = concat(folderPart(names->modulePath()), names->settingsFileName());
     requireSettingsFile(file);
     if (!installStoreIfMissing()) {

@@ -2,10 +2,13 @@
 /// jswctl: says what is wrong with an installation of the job status library, and installs and
 /// removes its settings. Every command is a file of its own that adds itself here.
 #include "PublicLib/errors/Exception.h"
+#include "PublicLib/text/Text.h"
 #include "tools/jswctl/Command.h"
 
 #include <cstdio>
 #include <exception>
+#include <string>
+#include <vector>
 
 namespace jsw::ctl {
 
@@ -26,6 +29,10 @@ int complain(const std::string& message, ExitCode code) {
 /// Answers the exit code of a command line that leaves nothing to do: help, version or a mistake.
 int endAfterParsing(const CLI::App& program, const CLI::ParseError& end) {
     if (end.get_exit_code() == 0) return program.exit(end);
+    const std::vector<std::string> unknown = program.remaining();
+    if (program.get_subcommands().empty() && !unknown.empty()) {
+        return complain(concat("there is no command '", unknown.front(), "'", kTryHelp), kBadUse);
+    }
     return complain(std::string(end.what()) + kTryHelp, kBadUse);
 }
 

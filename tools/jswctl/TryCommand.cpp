@@ -73,7 +73,7 @@ class Caller {
             try {
                 return std::string(use(entry));
             } catch (...) {
-                return std::string("a C++ exception, which must not leave a module");
+                return std::string(kException);
             }
         });
     }

@@ -198,6 +198,27 @@ TEST(HostJudgementTest, UpdatesAreToldAsTheyStand) {
         "modules that the updater has left");
 }
 
+TEST(HostJudgementTest, SettingsAreToldAsAJobGoesByThem) {
+    HostFacts facts = goodHost();
+    facts.image.put("Settings\\Controller", "Catalog", text(""));
+    facts.image.put("Settings\\Updater", "UpdatesCheckFrequency", {Source::wrongType});
+    facts.image.put("GUI\\JSW\\", "Show Process Window", number(0));
+    const std::string told = asText(judged(facts));
+    for (const char* line :
+         {"Settings DllPath = C:\\m (stored)\n",
+          "Settings\\Controller View = qlabjswv.dll (default)\n",
+          "Settings\\Controller Catalog = qlabbcat.dll (default)\n",
+          "Settings PcsClient = qlabComc.dll (default)\n", "Settings DriverName =  (missing)\n",
+          "Settings\\Updater UpdatesCheckFrequency = 30 (wrong type)\n",
+          "IjPrtSettings\\GUI\\JSW Show Process Window = 0 (stored)\n",
+          "IjPrtSettings RetailerID =  (missing)\n"}) {
+        EXPECT_NE(told.find(line), std::string::npos) << line << told;
+    }
+    facts.image = {};
+    EXPECT_NE(asText(judged(facts)).find("DataPath = C:\\Program Files\\JSW (default)\n"),
+              std::string::npos);
+}
+
 TEST(HostPathsTest, MissingSettingsLeadWhereAJobWouldLook) {
     HostFacts facts = goodHost();
     facts.image.put("Settings\\Controller", "View", text("myview.dll"));

@@ -92,6 +92,11 @@ TEST(ModuleJudgementTest, EachFaultIsNamed) {
          "it ends the process in Initialize", true},
         {"hang", [](ModuleFacts& facts) { facts.trial.timedOut = true; },
          "it does not come back from LoadLibrary", true},
+        {"exception",
+         [](ModuleFacts& facts) {
+             facts.trial.calls.push_back({"Initialize", true, 1, kException});
+         },
+         "Initialize lets a C++ exception out", true},
         {"refused", [](ModuleFacts& facts) { facts.trial.problem = "it cannot be loaded: 1114"; },
          "it cannot be loaded: 1114", true},
     };

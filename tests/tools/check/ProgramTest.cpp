@@ -114,7 +114,8 @@ TEST_F(ProgramTest, BadUseGetsOneLineAndItsExitCode) {
     }
     const Outcome unknown = jswctl("frobnicate", folder_);
     EXPECT_EQ(unknown.exitCode, 2U);
-    EXPECT_NE(unknown.errors.find("frobnicate"), std::string::npos) << unknown.errors;
+    EXPECT_NE(unknown.errors.find("there is no command 'frobnicate'"), std::string::npos)
+        << unknown.errors;
     EXPECT_EQ(jswctl("--version", folder_).output, "jswctl " JSWCTL_VERSION "\r\n");
 }
 
@@ -168,7 +169,8 @@ TEST_F(ProgramTest, AnInstalledHostIsWellAndStaysAsItWas) {
     };
     EXPECT_EQ(source("View"), "stored");
     EXPECT_EQ(source("CheckForUpdates"), "default");
-    EXPECT_EQ(source("PcsClient"), "missing");
+    EXPECT_EQ(source("DefaultBillboard"), "default");
+    EXPECT_EQ(source("DriverName"), "missing");
     // A job would have written these.
     EXPECT_FALSE(hasValue("Settings\\Updater", "CheckForUpdates"));
     EXPECT_FALSE(hasValue("Settings\\Controller\\DefaultBillboard", "FileName"));

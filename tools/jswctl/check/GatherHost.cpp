@@ -11,7 +11,6 @@
 #include "PublicLib/win/SystemFolders.h"
 #include "jsw/XmlParserLibrary.h"
 #include "jsw/settings/Settings.h"
-#include "jsw/updates/AppUpdatesController.h"
 #include "tools/jswctl/Host.h"
 #include "tools/jswctl/check/GatherFirstRun.h"
 #include "tools/jswctl/check/SettingRows.h"
@@ -20,6 +19,8 @@
 #include "tools/jswctl/module/Trial.h"
 
 #include <windows.h>
+
+#include <shlobj.h>
 
 #include <algorithm>
 #include <ctime>
@@ -49,6 +50,14 @@ void gatherNames(HostFacts& facts) {
     facts.storePath.pop_back();
     facts.currentFolder = inFull(".");
     facts.driverFolder = OsVersion::instance().printerDriverFolderByMajorVersion();
+}
+
+/// What the first job writes for a missing folder. Not asked of the update controller, which knows
+/// only what is in the registry already.
+std::string initialPath(const StoreImage& image) {
+    const std::string programFiles = specialFolder(CSIDL_PROGRAM_FILES);
+    return joinPath(programFiles.empty() ? "C:\\Program Files" : programFiles,
+                    image.text(setting::kInitialPath).value);
 }
 
 void gatherParser(HostFacts& facts) {
@@ -84,7 +93,7 @@ void gatherUpkeep(HostFacts& facts) {
 /// Values in the keys of the library whose names it does not know.
 void gatherUnknownValues(HostFacts& facts) {
     std::vector<std::string> keys;
-    for (const SettingRow& row : settingRows(facts.image)) {
+    for (const SettingRow& row : settingRows(facts)) {
         if (std::find(keys.begin(), keys.end(), row.key) == keys.end()) keys.push_back(row.key);
     }
     for (const std::string& key : keys) {
@@ -162,7 +171,7 @@ HostFacts gatherHost() {
     HostFacts facts;
     gatherNames(facts);
     gatherFirstRun(facts);
-    facts.initialPath = AppUpdatesController().getInitialPath();
+    facts.initialPath = initialPath(facts.image);
     gatherUnknownValues(facts);
     gatherParser(facts);
     gatherLog(facts);

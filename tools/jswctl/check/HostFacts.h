@@ -96,4 +96,7 @@ struct HostPaths {
 
 HostPaths hostPaths(const HostFacts& facts);
 
+/// The device client's name when no setting tells it.
+std::string defaultDeviceClient(const HostFacts& facts);
+
 }  // namespace jsw::ctl

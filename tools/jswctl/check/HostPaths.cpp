@@ -36,10 +36,14 @@ HostPaths hostPaths(const HostFacts& facts) {
     paths.rules = modulePath(facts, paths.dllPath, setting::kRulesEngineModule);
     paths.legacy = joinPath(facts.driverFolder, facts.localId + "jswo.dll");
     const EffectiveText device = facts.image.text(setting::kPcsClient);
-    paths.device = device.source == Source::stored ? device.value : facts.localId + "Comc.dll";
+    paths.device = device.source == Source::stored ? device.value : defaultDeviceClient(facts);
     const std::string updater = facts.image.text(setting::kUpdaterExecutable).value;
     if (!updater.empty()) paths.updater = joinPath(paths.dllPath, updater);
     return paths;
+}
+
+std::string defaultDeviceClient(const HostFacts& facts) {
+    return facts.localId + "Comc.dll";
 }
 
 }  // namespace jsw::ctl

@@ -95,7 +95,7 @@ void judgeNames(const HostFacts& facts, Report& report) {
 }
 
 void judgeSettings(const HostFacts& facts, Report& report) {
-    for (const SettingRow& row : settingRows(facts.image)) {
+    for (const SettingRow& row : settingRows(facts)) {
         report.setting(row);
         if (row.source == Source::wrongType) {
             report.error("settings",

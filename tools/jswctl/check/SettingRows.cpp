@@ -39,6 +39,27 @@ constexpr ForeignValue kForeignValues[] = {
     {"Settings\\RulesEngine", "InkShown"},
 };
 
+/// What a job takes for a missing text when that depends on the host; empty when it does not.
+std::string hostDefault(const setting::Text& text, const HostFacts& facts) {
+    if (text.key == setting::kControllerKey) return facts.localId + text.defaultValue;
+    if (&text == &setting::kDataPath || &text == &setting::kDllPath) return facts.initialPath;
+    if (&text == &setting::kPcsClient) return defaultDeviceClient(facts);
+    return {};
+}
+
+SettingRow withHostDefault(const setting::Text& text, const HostFacts& facts, SettingRow row) {
+    std::string value = hostDefault(text, facts);
+    // An empty text counts as missing, but for the device client's.
+    const bool isSet =
+        row.source == Source::stored && (!row.value.empty() || &text == &setting::kPcsClient);
+    if (value.empty() || isSet) return row;
+    row.value = std::move(value);
+    if (row.source != Source::wrongType && row.source != Source::unreadable) {
+        row.source = Source::fallback;
+    }
+    return row;
+}
+
 /// A row of the store that stands for all printers, beside the host's own.
 SettingRow ofPrinters(SettingRow row) {
     row.key = row.key.empty() ? kPrinterStore : concat(kPrinterStore, "\\", row.key);
@@ -47,9 +68,12 @@ SettingRow ofPrinters(SettingRow row) {
 
 }  // namespace
 
-std::vector<SettingRow> settingRows(const StoreImage& image) {
+std::vector<SettingRow> settingRows(const HostFacts& facts) {
+    const StoreImage& image = facts.image;
     std::vector<SettingRow> rows;
-    for (const setting::Text* text : setting::kHostTexts) rows.push_back(rowOf(*text, image));
+    for (const setting::Text* text : setting::kHostTexts) {
+        rows.push_back(withHostDefault(*text, facts, rowOf(*text, image)));
+    }
     for (const setting::Number* number : setting::kHostNumbers) {
         rows.push_back(rowOf(*number, image));
     }

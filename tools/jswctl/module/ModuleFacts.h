@@ -18,6 +18,9 @@ struct MissingLibrary {
 /// Answer of an entry point that gave a null pointer.
 inline constexpr char kNoAnswer[] = "(none)";
 
+/// Answer of an entry point that let a C++ exception out.
+inline constexpr char kException[] = "a C++ exception";
+
 /// One call into a module, made in a process of its own.
 struct ModuleCall {
     std::string name;    ///< "LoadLibrary", or an entry point with its argument

@@ -107,6 +107,20 @@ void judgeEntryPoints(const ModuleFacts& facts, Report& report) {
     }
 }
 
+void judgeCall(const ModuleFacts& facts, const ModuleCall& call, Report& report) {
+    if (!call.ended) return;
+    if (call.answer == kException) {
+        report.error(topicOf(facts), concat(call.name, " lets a C++ exception out"),
+                     "Catch it in the module; the library takes it for an empty answer");
+    }
+    if (call.milliseconds >= kSlowMilliseconds) {
+        report.warn(
+            topicOf(facts),
+            concat(call.name, " took ", static_cast<std::uint32_t>(call.milliseconds), " ms"),
+            "The driver waits for it; do such work on a thread of the module");
+    }
+}
+
 void judgeTrial(const ModuleFacts& facts, Report& report) {
     const ModuleTrial& trial = facts.trial;
     if (!trial.started && trial.problem.empty()) return;
@@ -124,13 +138,7 @@ void judgeTrial(const ModuleFacts& facts, Report& report) {
         cannotBeUsed(facts, report, concat("it ends the process in ", last),
                      "The host would end with it; a module must not call exit()");
     }
-    for (const ModuleCall& call : trial.calls) {
-        if (!call.ended || call.milliseconds < kSlowMilliseconds) continue;
-        report.warn(
-            topicOf(facts),
-            concat(call.name, " took ", static_cast<std::uint32_t>(call.milliseconds), " ms"),
-            "The driver waits for it; do such work on a thread of the module");
-    }
+    for (const ModuleCall& call : trial.calls) judgeCall(facts, call, report);
 }
 
 }  // namespace
