@@ -22,6 +22,9 @@ TEST(ExceptionTest, TextNamesPlaceMessageAndMeaning) {
     EXPECT_EQ(Win32Exception("it failed", 0, "Mutex", 90).text(), "file:Mutex:90: it failed");
     EXPECT_THAT(Win32Exception("it failed", ERROR_FILE_NOT_FOUND, "A", 1).text(),
                 MatchesRegex("file:A:1: it failed: Win32\\(2\\w.+"));
+    for (const int code : {2, 5, 87, 1155}) {
+        EXPECT_EQ(Win32Exception("", code, "", 0).text().find_first_of("\r\n"), std::string::npos);
+    }
     EXPECT_THAT(Win32Exception("", 0xE0001234, "", 0).text(),
                 MatchesRegex(": Win32\\(-\\d+Error getting message:\\d+"));
 }

@@ -6,10 +6,14 @@
 #include "PublicLib/win/Paths.h"
 #include "PublicLib/win/SystemFolders.h"
 #include "tests/support/ChildProcess.h"
+#include "tests/support/ImportTable.h"
 #include "tests/support/WindowsVersion.h"
 
 #include <windows.h>
 
+#include <winspool.h>
+
+#include <cstring>
 #include <gmock/gmock.h>
 #include <set>
 
@@ -102,6 +106,25 @@ TEST(CurrentProcessTest, CanBeAskedAgainAfterItsEnd) {
     CurrentProcess::destroy();
     EXPECT_EQ(CurrentProcess::instance()->folder() + "qltest-foundation.exe", path);
     CurrentProcess::destroy();
+}
+
+TEST(SystemFoldersTest, TheDriverFolderIsThisMachinesOwn) {
+    const test::ImportTable imports(GetModuleHandleA(nullptr));
+    bool succeeds = true;
+    const auto ask = test::replaceImport<decltype(GetPrinterDriverDirectoryA)>(
+        imports, "GetPrinterDriverDirectoryA",
+        [&](char* server, char* environment, DWORD level, BYTE* folder, DWORD size, DWORD*) {
+            EXPECT_EQ(server, nullptr);
+            EXPECT_EQ(environment, nullptr);
+            EXPECT_EQ(level, 1U);
+            EXPECT_EQ(size, 260U);
+            std::strcpy(reinterpret_cast<char*>(folder), "X:\\drivers");
+            return BOOL{succeeds};
+        });
+    EXPECT_EQ(printerDriverDirectory(), "X:\\drivers");
+    EXPECT_EQ(OsVersion::instance().versionedPrinterDriverFolder(), "X:\\drivers\\3");
+    succeeds = false;
+    EXPECT_EQ(OsVersion::instance().versionedPrinterDriverFolder(), "");
 }
 
 }  // namespace jsw

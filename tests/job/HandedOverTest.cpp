@@ -4,6 +4,8 @@
 #include "PublicLib/text/Text.h"
 #include "PublicLib/win/EntryPoint.h"
 #include "PublicLib/win/Handles.h"
+#include "PublicLib/win/Paths.h"
+#include "PublicLib/win/SystemFolders.h"
 #include "tests/job/JobTest.h"
 #include "tests/support/ImportTable.h"
 #include "tests/support/SecurityText.h"
@@ -123,6 +125,58 @@ TEST_F(HandedOverTest, TheUpdaterIsAskedForWhenTheJobIsGone) {
     EXPECT_THAT(history, ElementsAre("TIP"));
     EXPECT_TRUE(modulesAreFree);
     EXPECT_FALSE(jobAnswered(32));
+}
+
+TEST_F(HandedOverTest, TheObjectsOfAJobGoInTheirOrderThePrinterAmongThem) {
+    script_.billboards["DEFAULT"].actions = {"http://shop.example/?ink=_^L1^_"};
+    script_.ruleResults.clear();
+    const auto shell = test::replaceImport<decltype(ShellExecuteExA)>(
+        imports_, "ShellExecuteExA", [](SHELLEXECUTEINFOA*) -> BOOL { return TRUE; });
+    startJob();
+    script_.clickBillboard("LAUNCH_URL", 0);
+    endJob();
+    auto lines = logLines();
+    std::erase_if(lines, [](const std::string& line) {
+        return line.find("::destroy: destroying ") == std::string::npos;
+    });
+    for (auto& line : lines) line.erase(line.find(':'));
+    EXPECT_THAT(lines, ElementsAre("CurrentProcess", "Printer", "History", "Controller", "Catalog",
+                                   "BillboardView", "AppUpdatesController"));
+}
+
+TEST_F(HandedOverTest, AnUpdateIsTakenIntoUseBeforeTheModulesAreLoaded) {
+    const Settings settings;
+    const char* const names[][2] = {
+        {"View", "view"}, {"Catalog", "catalog"}, {"RulesEngine", "rules"}};
+    for (const auto& [value, module] : names) {
+        const std::string file = concat("new", module, ".dll");
+        CopyFileA(concat("scripted_", module, ".dll").c_str(), folder_.file(file).c_str(), FALSE);
+        settings.setStringValue(setting::kUpdatedFilesKey, value, file);
+    }
+    folder_.write("version.txt", "2");
+    settings.setStringValue(setting::kUpdatedFilesKey, setting::kBillBoardVersionFile.name,
+                            "version.txt");
+    settings.write(setting::kDllPath, folder_.path());
+    settings.write(setting::kCheckForUpdates, 1);
+    settings.write(setting::kCompleteSoftwareUpdated, 1);
+    startJob();
+    EXPECT_TRUE(waitForRules());
+    for (const auto& [value, module] : names) {
+        EXPECT_NE(GetModuleHandleA(concat("new", module, ".dll").c_str()) != nullptr,
+                  std::string(module) == "rules")  // it goes with the rules
+            << module;
+    }
+    EXPECT_THAT(viewCalls("ShowGui"), ElementsAre("ShowGui()"));
+    settings.write(setting::kCheckForUpdates, 0);
+}
+
+TEST_F(HandedOverTest, WithoutAStoreTheSettingsFileBesideTheHostIsInstalled) {
+    RegDeleteTreeA(HKEY_LOCAL_MACHINE, "Software");
+    startJob();
+    endJob();
+    // There is none; that it was looked for is the first line of the new log.
+    EXPECT_TRUE(logContains("ERROR - unable to install all settings of " +
+                            std::string(folderPart(moduleFileName(nullptr))) + "qltejsw.loc"));
 }
 
 TEST_F(HandedOverTest, TheRulesEndBeforeTheWindowGoes) {

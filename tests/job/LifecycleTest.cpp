@@ -2,6 +2,7 @@
 #include "tests/job/JobTest.h"
 #include "tests/support/ImportTable.h"
 #include "tests/support/ProcessState.h"
+#include "tests/support/TestLimits.h"
 
 #include <windows.h>
 
@@ -367,7 +368,10 @@ TEST_F(LifecycleTest, AThousandJobsLeaveTheProcessAsItWas) {
     addBillboard("TIP", {.file = "tip.bb", .type = "special"});
     script_.ruleResults = {"TIP"};
     const auto jobs = [&](int count) {
-        for (int i = 0; i < count; ++i) runJob();
+        for (int i = 0; i < count; ++i) {
+            if (i % 50 == 0) test::allowSeconds(60);
+            runJob();
+        }
         script_.view.clear();
         script_.catalog.clear();
         script_.rules.clear();

@@ -21,7 +21,8 @@ class LogLevelTest : public test::JobTest {
         addBillboard("SEEN", {.file = "seen.bb", .type = "promotion"});
         addBillboard("TIP", {.file = "tip.bb", .type = "promotion"});
         script_.categories["TIPS"] = {"SEEN", "TIP"};
-        script_.ruleResults = {"TIPS"};
+        script_.categories["SINGLE"] = {"SEEN"};
+        script_.ruleResults = {"SINGLE", "TIPS"};
     }
 
     /// What a job writes when only these levels are on, in all components.
@@ -41,7 +42,11 @@ class LogLevelTest : public test::JobTest {
 
 TEST_F(LogLevelTest, RulesAndModuleCallsHaveLevelsOfTheirOwn) {
     EXPECT_THAT(linesAt(kLogRules),
-                ElementsAre("Controller::ProcessRules: Rule result is CategoryId=TIPS, "
+                ElementsAre("Controller::ProcessRules: Rule result is ProjectId=SINGLE, "
+                            "checkHistory=true",
+                            "Controller::ProcessRules: ProjectId=SEEN was in History (failed "
+                            "history check).",
+                            "Controller::ProcessRules: Rule result is CategoryId=TIPS, "
                             "checkHistory=true",
                             "Controller::ProcessRules: ProjectId=SEEN",
                             "Controller::ProcessRules: ProjectId=TIP",

@@ -168,4 +168,18 @@ TEST_F(PromptTest, AModuleThatFailsIsReportedAndLetGo) {
     EXPECT_TRUE(hasLine("LegacyJswGui::jswInitEx: Could not get proc address for JSWInitEx"));
 }
 
+TEST_F(PromptTest, AJobStartedInsideAPromptIsNotOneThatWasThereBefore) {
+    startJob();
+    bool isGone = false;
+    script_.onPrompt = [&] {
+        endJob();
+        startJob();
+        DeleteFileA(logPath().c_str());
+        endJob();
+        isGone = hasLine("<<< SingletonMgr::~SingletonMgr: ");
+    };
+    api_.displayPrompt(1, 1);
+    EXPECT_TRUE(isGone);
+}
+
 }  // namespace jsw

@@ -1,5 +1,6 @@
 #include "jsw/settings/OfnSettings.h"
 #include "tests/job/JobTest.h"
+#include "tests/support/ProcessState.h"
 
 #include <atomic>
 #include <stdexcept>
@@ -288,6 +289,43 @@ TEST_F(RulesTest, CallbacksFromInsideDisplayBillboardAndFromSeveralThreadsAreTol
     for (auto& thread : threads) thread.join();
     EXPECT_THAT(viewCalls("DisplayBillboard"), Contains("DisplayBillboard(levels.bb,false,false)"));
     EXPECT_THAT(historyIds(), ElementsAre("TIP1"));
+}
+
+TEST_F(RulesTest, AnEmptyTextEndsAList) {
+    script_.categories["TIPS"] = {"LOST", "", "TIP1"};
+    script_.ruleResults = {"TIPS"};
+    runJob();
+    EXPECT_EQ(outcome(), "UpdateSettings(,false,false)");
+    EXPECT_THAT(viewCalls("DisplayBillboard"),
+                ElementsAre("DisplayBillboard(default.bb,false,false)"));
+}
+
+TEST_F(RulesTest, TheUsersWishForSpecialMessagesCountsAtOnce) {
+    script_.ruleResults = {"TIP1"};
+    for (const bool wish : {false, true}) {
+        startJob();
+        script_.saveAppearance("Show Special Messages", !wish);
+        endJob();
+        script_.onEvaluateRule = [&] { script_.saveAppearance("Show Special Messages", wish); };
+        script_.view.clear();
+        runJob();
+        script_.onEvaluateRule = nullptr;
+        EXPECT_EQ(viewCalls("DisplayBillboard").size(), wish ? 2U : 1U);
+    }
+}
+
+TEST_F(RulesTest, TheTextsOfModulesAreGivenBack) {
+    Settings().setDwordValue(setting::kLoggerKey, "startLog", 0);
+    constexpr std::size_t kResults = 300;
+    constexpr std::size_t kLength = 4000;
+    script_.ruleResults.assign(kResults, std::string(kLength, 'x'));
+    for (const auto& result : script_.ruleResults) {
+        script_.billboards[result] = {.file = std::string(kLength, 'f')};
+    }
+    runJob();
+    const auto before = test::processState();
+    runJob();
+    EXPECT_LT(test::processState().heapBytes, before.heapBytes + kResults * kLength / 2);
 }
 
 }  // namespace jsw

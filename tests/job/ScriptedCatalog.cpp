@@ -14,10 +14,15 @@ using jsw::concat;
 using jsw::test::Script;
 using jsw::test::script;
 
-JswAllocate allocate = nullptr;
+/// Null before the library has said how to allocate.
+JswAllocate allocateFunction = nullptr;
+
+void* allocate(std::size_t size) {
+    return allocateFunction != nullptr ? allocateFunction(static_cast<int32_t>(size)) : nullptr;
+}
 
 char* newText(const std::string& text) {
-    auto* copy = static_cast<char*>(allocate(static_cast<int32_t>(text.size() + 1)));
+    auto* copy = static_cast<char*>(allocate(text.size() + 1));
     if (copy == nullptr) return nullptr;
     std::memcpy(copy, text.c_str(), text.size() + 1);
     return copy;
@@ -25,8 +30,7 @@ char* newText(const std::string& text) {
 
 char** newList(const std::vector<std::string>& texts) {
     if (texts.empty() && !script().emptyLists) return nullptr;
-    auto** list =
-        static_cast<char**>(allocate(static_cast<int32_t>((texts.size() + 1) * sizeof(char*))));
+    auto** list = static_cast<char**>(allocate((texts.size() + 1) * sizeof(char*)));
     if (list == nullptr) return nullptr;
     for (std::size_t i = 0; i < texts.size(); ++i) list[i] = newText(texts[i]);
     list[texts.size()] = nullptr;
@@ -48,7 +52,7 @@ extern "C" {
 
 void Initialize(JswAllocate function) {
     script().catalog.add("Initialize()");
-    allocate = function;
+    allocateFunction = function;
     if (script().catalogRaises) throw std::runtime_error("no catalog");
 }
 

@@ -12,7 +12,12 @@ namespace {
 using jsw::concat;
 using jsw::test::script;
 
-JswAllocate allocate = nullptr;
+/// Null before the library has said how to allocate.
+JswAllocate allocateFunction = nullptr;
+
+void* allocate(std::size_t size) {
+    return allocateFunction != nullptr ? allocateFunction(static_cast<int32_t>(size)) : nullptr;
+}
 std::size_t nextRule = 0;
 
 }  // namespace
@@ -21,7 +26,7 @@ extern "C" {
 
 JswBool InitializeEngine(JswAllocate function, const InkInfo* inkInfo, const char* friendlyName,
                          const char* jobName, int32_t totalPages, int32_t totalCopies) {
-    allocate = function;
+    allocateFunction = function;
     nextRule = 0;
     const int32_t firstPercent = inkInfo->InkPercent[0];
     script().rules.add(concat("InitializeEngine(", firstPercent, ",", friendlyName, ",", jobName,
@@ -40,7 +45,7 @@ char* EvaluateRule() {
         nextRule < script().ruleResults.size() ? script().ruleResults[nextRule] : "";
     ++nextRule;
     if (result.empty()) return nullptr;
-    auto* copy = static_cast<char*>(allocate(static_cast<int32_t>(result.size() + 1)));
+    auto* copy = static_cast<char*>(allocate(result.size() + 1));
     if (copy == nullptr) return nullptr;
     std::memcpy(copy, result.c_str(), result.size() + 1);
     return copy;

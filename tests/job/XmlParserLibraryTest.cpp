@@ -1,5 +1,8 @@
 #include "jsw/XmlParserLibrary.h"
 #include "tests/support/HostTest.h"
+#include "tests/support/ImportTable.h"
+
+#include <windows.h>
 
 namespace jsw {
 
@@ -26,6 +29,22 @@ TEST_F(XmlParserLibraryTest, AFileWithoutAVersionOrNoneAtAllIsNotGoodEnough) {
     EXPECT_FALSE(check(folder_.file("absent.dll")));
     EXPECT_FALSE(check(folder_.write("text.dll", "no code")));
     EXPECT_TRUE(hasLine("Unable to determine the size needed for the version info"));
+}
+
+TEST_F(XmlParserCheckTest, AVersionRecordOfAnotherSizeIsNotLookedAt) {
+    const test::ImportTable imports(GetModuleHandleA(nullptr));
+    int change = 0;
+    const auto query = test::replaceImport<decltype(VerQueryValueA)>(
+        imports, "VerQueryValueA",
+        [&](auto original, const void* block, const char* path, void** value, UINT* length) {
+            const BOOL found = original(block, path, value, length);
+            *length += static_cast<UINT>(change);
+            return found;
+        });
+    for (const int by : {-1, 1, 0}) {
+        change = by;
+        EXPECT_EQ(check("version_8_30.dll"), by == 0) << by;
+    }
 }
 
 }  // namespace jsw

@@ -3,7 +3,11 @@
 #include "jsw/settings/macros/CartridgeTags.h"
 #include "jsw/settings/macros/LanguageCodes.h"
 #include "jsw/settings/macros/OsCodes.h"
+#include "jsw/settings/macros/PageDirectUtilities.h"
 #include "tests/support/HostTest.h"
+#include "tests/support/ImportTable.h"
+
+#include <windows.h>
 
 #include <map>
 
@@ -111,6 +115,17 @@ TEST_F(CartridgeTags, AnswerWithPartNumberAndProgramType) {
     EXPECT_EQ(valueOf("p2", values), "");
     EXPECT_EQ(valueOf("T1", values), "00");
     EXPECT_EQ(valueOf("t2", values), "01");
+}
+
+TEST(OsCodes, TheCountryIsTheSystemsAndTheLanguageTheUsers) {
+    const test::ImportTable imports(GetModuleHandleA(nullptr));
+    const auto system = test::replaceImport<decltype(GetSystemDefaultLangID)>(
+        imports, "GetSystemDefaultLangID", []() -> LANGID { return 0x0C07; });
+    const auto user = test::replaceImport<decltype(GetUserDefaultLangID)>(
+        imports, "GetUserDefaultLangID", []() -> LANGID { return 0x040A; });
+    EXPECT_EQ(PageDirectUtilities::getCountryCode(), "00000C07");
+    EXPECT_EQ(PageDirectUtilities::getLanguageCode(), std::to_string(languageCode(0x040A)));
+    EXPECT_NE(languageCode(0x040A), languageCode(0x0C07));
 }
 
 }  // namespace jsw

@@ -145,6 +145,15 @@ TEST(CacheRecordTest, TakesEachValueOfItsOwnCartridge) {
     EXPECT_EQ(second.programType, 2U);
 }
 
+TEST(CacheRecordTest, TellsWhatIsKnownFromWhatIsNotInEveryByte) {
+    for (int byte = 0; byte <= 0xFF; ++byte) {
+        const auto values = Stream().byte(279, byte).byte(298, byte).parsed();
+        const auto expected = static_cast<std::uint32_t>(byte);
+        EXPECT_EQ(values.cartridges[0].authenticity, byte >= 1 && byte <= 4 ? expected : 5U);
+        EXPECT_EQ(values.cartridges[1].programType, byte <= 1 ? expected : 2U);
+    }
+}
+
 TEST(CacheRecordTest, TellsTheModemFromTwoRecords) {
     struct Row {
         std::uint32_t id;

@@ -1,5 +1,6 @@
 #include "PublicLib/printer/RealPrinter.h"
 #include "tests/printer/ClientTest.h"
+#include "tests/support/ImportTable.h"
 
 #include <thread>
 
@@ -134,6 +135,38 @@ TEST_F(RealPrinterTest, ReadsItsCacheOnceForAllThreads) {
     EXPECT_EQ(caches[0], caches[1]);
     EXPECT_EQ(script_.cacheReads, 1);
     EXPECT_EQ(caches[0]->getInkCartridge1Type(), CartridgeType::black);
+}
+
+TEST_F(RealPrinterTest, TakesPropertiesAndCacheToTheLastByteThatFits) {
+    // A type record at the very end of 4096 bytes, behind records of 255 that say nothing.
+    script_.cache.assign(2, 0);
+    while (script_.cache.size() + 258 + 4 <= 4096) {
+        script_.cache.insert(script_.cache.end(), {0xFF, 0xFF, 0xFF});
+        script_.cache.resize(script_.cache.size() + 255);
+    }
+    const std::size_t rest = 4096 - script_.cache.size() - 4 - 3;
+    script_.cache.insert(script_.cache.end(), {0xFF, 0xFF, static_cast<std::uint8_t>(rest)});
+    script_.cache.resize(script_.cache.size() + rest);
+    script_.cache.insert(script_.cache.end(), {0x01, 0x10, 1, '0'});
+    script_.cacheLength = 4096;
+    const std::string port(1023, 'p');
+    script_.printers = {{12, "Ink", port.c_str()}};
+    script_.hids = {{22, "", port.c_str()}};
+    ASSERT_TRUE(printer_.init());
+    EXPECT_EQ(printer_.getHidHandle(), 22);
+    EXPECT_EQ(printer_.getCache().getInkCartridge1Type(), CartridgeType::black);
+}
+
+TEST_F(RealPrinterTest, LoadsTheClientOnceForItsSearch) {
+    const test::ImportTable imports(GetModuleHandleA(nullptr));
+    int loads = 0;
+    const auto load = test::replaceImport<decltype(LoadLibraryA)>(
+        imports, "LoadLibraryA", [&](auto original, const char* name) {
+            loads += std::string(name) == kClient ? 1 : 0;
+            return original(name);
+        });
+    ASSERT_TRUE(printer_.init());
+    EXPECT_EQ(loads, 1);
 }
 
 TEST_F(RealPrinterTest, TakesNoMoreOfTheCacheThanTheBufferHolds) {

@@ -244,6 +244,13 @@ TEST_F(IniTest, SkippedPairsMakeTheResultFalseButTheRestIsInstalled) {
             "some.loc",
             std::string("[Software\\C]\r\nfirst=dword:1\r\nlast=string:x\r\n") + row.line + "\r\n");
         EXPECT_FALSE(SettingsInstaller(file).installSettings()) << row.line;
+        // Not only the last of a section, or of the file, counts.
+        EXPECT_FALSE(
+            SettingsInstaller(folder_.write("first.loc", concat("[Software\\D]\r\n", row.line,
+                                                                "\r\nlast=string:x\r\n[Software\\E]"
+                                                                "\r\nlast=string:x\r\n")))
+                .installSettings())
+            << row.line;
         EXPECT_TRUE(logContains(row.logged)) << row.line;
         EXPECT_EQ(text("Software\\C", "last"), "x") << row.line;
         EXPECT_EQ(text("Software\\C", "Name"), "(none)") << row.line;
