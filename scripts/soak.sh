@@ -1,0 +1,54 @@
+#!/usr/bin/env bash
+# Plays a long life of a print server in minutes and says what it came to, a line for each part with
+# its figures and what is expected of them.
+#
+#   scripts/soak.sh [MINUTES]    default 15, which is the whole; fewer do a part of each
+#
+# What each part said in full is kept in build/soak. Ends with 0 when there was no fault.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+source scripts/wine-env.sh
+
+readonly whole=15  # minutes
+minutes=${1:-$whole}
+if (($# > 1)) || ! [[ "$minutes" =~ ^[1-9][0-9]{0,3}$ ]]; then
+  echo "usage: scripts/soak.sh [MINUTES]" >&2
+  exit 2
+fi
+export JSW_SOAK_PERCENT=$((minutes * 100 / whole))
+# Of the calls that fail one by one: every one, or every so many.
+export JSW_FAULT_STEP=$((minutes < whole ? (whole + minutes - 1) / minutes : 1))
+export JSW_FAULT_MOST=1000000 JSW_FAULT_MOST_LOGGED=6 JSW_FAULT_LEVELS=0xffffffff
+
+scripts/setup.sh
+scripts/build.sh release
+JSW_OWN_DISPLAY=yes  # nobody needs to see ten thousand windows
+start_wine soak
+
+results=$PWD/build/soak
+rm -rf "$results"
+mkdir -p "$results"
+cd build/release/bin
+
+faults=0
+part() { # NAME PROGRAM FILTER
+  local log=$results/$1.log
+  if wine "$2" --gtest_filter="$3" >"$log" 2>&1; then
+    grep -a 'expected:' "$log" | tr -d '\r'
+  else
+    faults=$((faults + 1))
+    grep -aE 'expected:|Failure|^error:' "$log" | tr -d '\r' | head -20
+    echo "error: $1 failed, see $log" >&2
+  fi
+}
+
+start=$SECONDS
+part jobs qltest-soak.exe 'JobSoak.*'
+part cycles qltest-soak.exe 'CycleSoak.*'
+part job-cycles qltest-soak.exe 'CycleJobSoak.*'
+part random qltest-soak.exe 'RandomSoak.*'
+part log qltest-soak.exe 'LogSoak.*'
+part exit qltest-soak.exe 'ExitSoak.*'
+part faults qltest-faults.exe '*'
+echo "$faults of 7 parts with faults, in $(((SECONDS - start) / 60)) min $(((SECONDS - start) % 60)) s"
+((faults == 0))

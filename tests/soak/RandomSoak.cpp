@@ -1,0 +1,145 @@
+// Sixteen threads of a driver call everything at random, while the window, the rules engine and the
+// driver's own status callback call back all the time.
+
+#include "tests/job/WholeJob.h"
+#include "tests/soak/Soak.h"
+#include "tests/support/TestLimits.h"
+
+#include <array>
+#include <atomic>
+#include <random>
+#include <thread>
+
+namespace jsw {
+
+namespace {
+
+constexpr int kThreads = 16;
+constexpr unsigned kHangSeconds = 60;
+
+std::array<std::atomic<std::uint64_t>, kThreads> calls;
+std::atomic<std::uint64_t> callbacks{0};
+std::atomic<bool> over{false};
+
+unsigned pick(unsigned below) {
+    thread_local std::mt19937 random(GetCurrentThreadId());
+    return static_cast<unsigned>(random() % below);
+}
+
+}  // namespace
+
+class RandomSoak : public test::WholeJobTest {
+  protected:
+    static void onStatus(std::uint32_t /*status*/) {
+        ++callbacks;
+        switch (pick(40)) {
+            case 0:
+                return api_.terminate();
+            case 1:
+                return api_.updateInfo(1, 2, 3, 4, 5, nullptr);
+            case 2:
+                api_.postDlgMsg(nullptr);
+                return;
+            default:
+                return;
+        }
+    }
+
+    void SetUp() override {
+        WholeJobTest::SetUp();
+        prepare(0);
+        startJob({.callback = onStatus});
+        event_ = script_.reportEvent;
+        click_ = script_.clickBillboard;
+        script_.onViewCall = [this](const std::string&) { callBack(); };
+        script_.onEvaluateRule = [this] { callBack(); };
+        script_.onPrompt = [this] { callExport(); };
+    }
+
+    void TearDown() override {
+        script_.onEvaluateRule = nullptr;
+        WholeJobTest::TearDown();
+    }
+
+    /// What a window may do at any moment; seldom, or the callbacks would call each other for ever.
+    void callBack() {
+        switch (pick(8)) {
+            case 0:
+                ++callbacks;
+                return event_(static_cast<std::int32_t>(pick(10)));
+            case 1:
+                ++callbacks;
+                return click_(pick(2) == 0 ? "LAUNCH_URL" : "NOTHING", 0);
+            default:
+                return;
+        }
+    }
+
+    void callExport() {
+        switch (pick(10)) {
+            case 0:
+                startJob({.callback = onStatus});
+                return;
+            case 1:
+                return api_.terminate();
+            case 2:
+                return api_.displayPrompt(1, 2);
+            case 3:
+                return event_(static_cast<std::int32_t>(pick(10)));
+            case 4:
+                return click_(pick(2) == 0 ? "NEXT" : "INK_STATUS", 0);
+            case 5:
+                api_.postDlgMsg(nullptr);
+                return;
+            default:
+                return api_.updateInfo(pick(9), 1, 60, 0, 0, nullptr);
+        }
+    }
+
+    JswViewEventCallback event_ = nullptr;
+    JswViewBillboardCallback click_ = nullptr;
+};
+
+TEST_F(RandomSoak, SixteenThreadsCallEverythingAtRandom) {
+    const test::Stopwatch watch;
+    withoutStarting([&] {
+        std::vector<std::thread> threads;
+        for (auto& count : calls) {
+            threads.emplace_back([this, &count] {
+                for (; !over; ++count) callExport();
+            });
+        }
+        const auto seconds = static_cast<std::uint64_t>(test::soakAmount(60));
+        std::array<std::uint64_t, kThreads> seen{};
+        bool allMoved = true;
+        while (watch.seconds() < seconds) {
+            if (allMoved) test::allowSeconds(kHangSeconds);
+            Sleep(200);
+            for (auto* record :
+                 {&script_.view, &script_.rules, &script_.catalog, &script_.legacy}) {
+                record->clear();
+            }
+            allMoved = true;
+            for (std::size_t i = 0; i < calls.size(); ++i) {
+                allMoved = seen[i] != calls[i] && allMoved;
+            }
+            if (allMoved) std::copy(calls.begin(), calls.end(), seen.begin());
+        }
+        over = true;
+        for (auto& thread : threads) thread.join();
+    });
+    api_.terminate();
+    script_.onViewCall = nullptr;
+    script_.onEvaluateRule = nullptr;
+    prepare(0);
+    std::vector<std::string> after;
+    withoutStarting([&] { after = wholeJob(10000); });
+    std::uint64_t total = 0;
+    for (const auto& count : calls) total += count;
+    test::report(kThreads, " threads for ", watch.seconds(), " s: ", total, " calls, ",
+                 callbacks.load(), " callbacks; expected: no thread hangs for ", kHangSeconds,
+                 " s, and the next job is served");
+    EXPECT_THAT(after, ::testing::IsSupersetOf({"ShowGui()", "Uninitialize()", "status(3)"}));
+}
+
+}  // namespace jsw
