@@ -10,7 +10,8 @@ packages=(
   libspdlog-dev python3                         # benchmarks: what to compare with, and their picture
   libcli11-dev nlohmann-json3-dev               # command lines and JSON of tools and samples
   wine wine64                                   # running Windows programs
-  xvfb xauth imagemagick fonts-dejavu-core      # windows and their screenshots
+  xvfb xauth imagemagick                        # windows and their screenshots
+  fonts-dejavu-core fonts-open-sans fonts-wine  # what they are written in
 )
 if [[ "${1:-}" == --tests ]]; then
   packages+=(chromium)

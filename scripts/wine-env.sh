@@ -22,7 +22,7 @@ stop_wine() {
 start_display() {
   local number_file
   number_file=$(mktemp)
-  Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp 3>"$number_file" 2>/dev/null &
+  Xvfb -displayfd 3 -screen 0 "${JSW_SCREEN:-1024x768}x24" -nolisten tcp 3>"$number_file" 2>/dev/null &
   JSW_XVFB_PID=$!
   for _ in $(seq 100); do
     [[ -s "$number_file" ]] && break
@@ -39,7 +39,8 @@ start_display() {
 }
 
 # On a display of our own nobody manages windows: Wine would wait two seconds for a window manager
-# whenever a window closes. Unmanaged windows also get their title bar from Wine itself.
+# whenever a window closes. Unmanaged windows also get their title bar from Wine itself, which finds
+# the signs on its buttons only in a font of the prefix.
 choose_window_style() {
   wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed \
     /d "$([[ -n "${JSW_XVFB_PID:-}" ]] && echo N || echo Y)" /f >/dev/null 2>&1
@@ -68,6 +69,7 @@ start_wine() {
   if [[ -n "$fresh" ]]; then
     echo "Creating the Wine prefix build/wine-$name ..."
     wine wineboot -i >/dev/null 2>&1
+    cp /usr/share/wine/fonts/marlett.ttf "$WINEPREFIX/drive_c/windows/Fonts/"
     touch "$WINEPREFIX/.jsw-ready"
   fi
   choose_window_style

@@ -15,6 +15,10 @@ constexpr const char* kDialogClass = "#32770";
 /** How long a window may take to tell its text. */
 constexpr UINT kPatience = 1000;  // milliseconds
 
+/** How often, and how far apart, somebody looks for a window that is to appear. */
+constexpr int kTriesForWindow = 100;
+constexpr DWORD kWindowTick = 50;  // milliseconds
+
 struct Search {
     const char* className;
     HWND found;
@@ -109,7 +113,13 @@ Press pressControl(HWND window, int id, bool checkBox) {
 }  // namespace
 
 Press press(Target target, uint32_t pageButton) {
-    const HWND window = ourWindow(JSW_SAMPLE_VIEW_CLASS);
+    HWND window = ourWindow(JSW_SAMPLE_VIEW_CLASS);
+    // Whoever wants the window in front waits for it to appear.
+    for (int tries = target == Target::kActivate ? kTriesForWindow : 0;
+         tries > 0 && (window == nullptr || IsWindowVisible(window) == FALSE); --tries) {
+        Sleep(kWindowTick);
+        window = ourWindow(JSW_SAMPLE_VIEW_CLASS);
+    }
     if (window == nullptr || IsWindowVisible(window) == FALSE) {
         return {{}, "there is no job window"};
     }

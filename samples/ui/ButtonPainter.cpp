@@ -12,13 +12,13 @@ constexpr int kCheckSize = 15;
 
 /** What a control says of itself. */
 struct ButtonState {
-    explicit ButtonState(HWND button)
+    ButtonState(HWND button, const ButtonLook& look)
         : text(textOf(button)),
           isCheckBox((GetWindowLongPtrW(button, GWL_STYLE) & BS_TYPEMASK) == BS_CHECKBOX),
           isChecked(SendMessageW(button, BM_GETCHECK, 0, 0) == BST_CHECKED) {
         const LRESULT hidden = SendMessageW(button, WM_QUERYUISTATE, 0, 0);
-        showsFocus = (hidden & UISF_HIDEFOCUS) == 0;
-        showsKeys = (hidden & UISF_HIDEACCEL) == 0;
+        showsFocus = look.showsFocus && (hidden & UISF_HIDEFOCUS) == 0;
+        showsKeys = look.showsKeys && (hidden & UISF_HIDEACCEL) == 0;
     }
 
     static std::string textOf(HWND button) {
@@ -100,10 +100,9 @@ void drawCheckBox(const Canvas& canvas, const Box& box, const ButtonState& state
 }  // namespace
 
 LRESULT customDrawButton(const NMCUSTOMDRAW& notice, const ButtonLook& look) {
-    if (look.palette.appearance != Appearance::dark || notice.dwDrawStage != CDDS_PREPAINT) {
-        return CDRF_DODEFAULT;
-    }
-    const ButtonState state(notice.hdr.hwndFrom);
+    const bool systemKnowsBetter = look.palette.appearance == Appearance::highContrast;
+    if (systemKnowsBetter || notice.dwDrawStage != CDDS_PREPAINT) return CDRF_DODEFAULT;
+    const ButtonState state(notice.hdr.hwndFrom, look);
     paintBuffered(notice.hdc, notice.rc, [&](const Canvas& canvas, const Box& box) {
         canvas.fill(box, look.ground);
         if (state.isCheckBox) {
@@ -117,7 +116,7 @@ LRESULT customDrawButton(const NMCUSTOMDRAW& notice, const ButtonLook& look) {
 }
 
 void drawLink(const DRAWITEMSTRUCT& item, const ButtonLook& look) {
-    const ButtonState state(item.hwndItem);
+    const ButtonState state(item.hwndItem, look);
     paintBuffered(item.hDC, item.rcItem, [&](const Canvas& canvas, const Box& box) {
         const HFONT font = look.fonts.get(Font::normal);
         canvas.fill(box, look.ground);

@@ -1,7 +1,7 @@
 /**
  * @file ButtonPainter.h
- * Draws push buttons, check boxes and links where the system's own drawing does not know the
- * window's colours. The controls themselves stay the system's: keyboard, focus, screen readers.
+ * Draws push buttons, check boxes and links in the window's colours, which the system's own drawing
+ * does not know. The controls themselves stay the system's: keyboard, focus, screen readers.
  */
 #pragma once
 
@@ -22,11 +22,13 @@ struct ButtonLook {
     Scale scale;
     Colour ground; /**< behind the control */
     bool isDefault = false;
+    bool showsFocus = true; /**< if the system, too, has it shown */
+    bool showsKeys = true;  /**< likewise, the underlines of access keys */
 };
 
 /**
- * Answers a button's NM_CUSTOMDRAW: draws a push button or check box in dark colours, and leaves
- * light and high contrast to the system.
+ * Answers a button's NM_CUSTOMDRAW: draws a push button or check box in light or dark colours, and
+ * leaves high contrast to the system. Without visual styles buttons do not ask, and are classic.
  */
 [[nodiscard]] LRESULT customDrawButton(const NMCUSTOMDRAW& notice, const ButtonLook& look);
 

@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <vector>
 
 namespace sampleui {
 
@@ -53,6 +54,25 @@ void fillShape(const Pixels& pixels, const Box& bounds, Inside&& inside, RowColo
             if (covered == 0) continue;
             row[x] = pixelOf(mixed(colourOf(row[x]), colour(y), covered * 255 / kSamples));
         }
+    }
+}
+
+/**
+ * Makes the picture opaque where inside(x, y) holds and transparent elsewhere, with colours
+ * multiplied by the opacity, as pictures with transparency have them.
+ */
+template <typename Inside>
+void setOpacity(const Pixels& pixels, Inside&& inside) {
+    const std::size_t count =
+        static_cast<std::size_t>(pixels.width) * static_cast<std::size_t>(pixels.height);
+    std::vector<std::uint32_t> opacity(count);
+    fillShape({opacity.data(), pixels.width, pixels.height}, {0, 0, pixels.width, pixels.height},
+              inside, [](int) {
+                  return Colour{0, 0, 255};
+              });
+    for (std::size_t i = 0; i < count; ++i) {
+        const Colour colour = mixed({}, colourOf(pixels.first[i]), static_cast<int>(opacity[i]));
+        pixels.first[i] = opacity[i] << 24 | pixelOf(colour);
     }
 }
 

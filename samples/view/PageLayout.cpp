@@ -234,7 +234,7 @@ PageLayout layoutPage(const Page& page, const WindowContent& content, const Box&
         break;
     }
     if (page.picture == Picture::ink && layout.full.empty()) {
-        rest.top = flow.top() + scale(kParagraphGap);
+        rest.top = flow.top();
         layout.ink = layoutInk(content, rest, measure, scale);
         if (layout.ink.bottom > rest.bottom) layout.ink = {};
     }

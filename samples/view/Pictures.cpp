@@ -9,6 +9,7 @@
 namespace sampleview {
 namespace {
 
+using sampleui::MemoryDc;
 using sampleui::RoundBox;
 
 constexpr Colour kWhite{255, 255, 255};
@@ -77,16 +78,14 @@ void drawPrinter(const Drawing& drawing, Colour accent) {
 bool isInDrop(double x, double y) {
     constexpr double kMiddle = 64;
     constexpr double kRadius = 27;
-    constexpr double kTip = 6;
+    constexpr double kTip = 4;
     const double dx = std::abs(x - 50);
     const double dy = y - kMiddle;
     if (dx * dx + dy * dy <= kRadius * kRadius) return true;
     const double sine = kRadius / (kMiddle - kTip);
     const double touch = kMiddle - kRadius * sine;
-    // Slightly hollow, as a drop about to fall is.
-    const double along = (y - kTip) / (touch - kTip);
-    return y >= kTip && y <= touch &&
-           dx <= kRadius * std::sqrt(1 - sine * sine) * std::pow(along, 1.25);
+    const double widest = kRadius * std::sqrt(1 - sine * sine);
+    return y >= kTip && y <= touch && dx <= widest * (y - kTip) / (touch - kTip);
 }
 
 void drawDrop(const Drawing& drawing, Colour accent) {
@@ -168,6 +167,26 @@ void paintPicture(const Canvas& canvas, const Box& area, Picture picture, Colour
     }
 }
 
+HICON makeIcon(int size) {
+    const MemoryDc dc(nullptr);
+    const sampleui::Picture picture(dc.get(), {size, size});
+    const GdiObject<HBITMAP> noMask(CreateBitmap(size, size, 1, 1, nullptr));
+    if (!dc.get() || !picture.bitmap() || !noMask.get()) return nullptr;
+    const Box box{0, 0, size, size};
+    const RoundBox tile(box, size / 5.0);
+    {
+        const sampleui::Selection selection(dc.get(), picture.bitmap());
+        const Canvas canvas(dc.get(), picture.pixels());
+        canvas.fill(box, sampleui::lightPalette().accent);
+        paintPicture(canvas, box.inset(size / 10, size / 10), Picture::drop,
+                     sampleui::lightPalette().accent);
+        GdiFlush();
+    }
+    sampleui::setOpacity(picture.pixels(), tile);
+    ICONINFO info{TRUE, 0, 0, noMask.get(), picture.bitmap()};
+    return CreateIconIndirect(&info);
+}
+
 GdiObject<HBITMAP> loadPicture(const std::string& path) {
     if (!isPictureFileAcceptable(path)) return {};
     return GdiObject<HBITMAP>(static_cast<HBITMAP>(LoadImageA(
@@ -183,7 +202,7 @@ void paintBitmap(const Canvas& canvas, const Box& area, HBITMAP bitmap) {
     const int height =
         wide ? static_cast<int>(info.bmHeight * area.width() / info.bmWidth) : area.height();
 
-    const sampleui::MemoryDc source(canvas.dc());
+    const MemoryDc source(canvas.dc());
     if (!source.get()) return;
     const sampleui::Selection selection(source.get(), bitmap);
     SetStretchBltMode(canvas.dc(), HALFTONE);

@@ -29,6 +29,9 @@ struct ThemeColours {
 /** Draws the built-in picture in white into the middle of the area; nothing for none and file. */
 void paintPicture(const Canvas& canvas, const Box& area, Picture picture, Colour accent);
 
+/** The window's icon: a drop on a tile. The caller destroys it; null when there is none. */
+[[nodiscard]] HICON makeIcon(int size);
+
 /** Loads a .bmp file; null when it cannot be read or is too large. */
 [[nodiscard]] GdiObject<HBITMAP> loadPicture(const std::string& path);
 

@@ -1,6 +1,5 @@
 #include "samples/view/Window.h"
 
-#include "samples/ui/ButtonPainter.h"
 #include "samples/ui/Dpi.h"
 #include "samples/ui/Text.h"
 #include "samples/view/ControlIds.h"
@@ -25,6 +24,13 @@ HINSTANCE thisModule() {
         GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
         reinterpret_cast<LPCWSTR>(&thisModule), &module);
     return module;
+}
+
+/** Whether access keys and the focus are to be seen before the keyboard is used. */
+bool keyboardCuesWanted() {
+    BOOL wanted = FALSE;
+    SystemParametersInfoW(SPI_GETKEYBOARDCUES, 0, &wanted, 0);
+    return wanted != FALSE;
 }
 
 Box workArea(const RECT& place) {
@@ -84,6 +90,7 @@ bool Window::create() {
 
 void Window::createContent() {
     fonts_ = std::make_unique<Fonts>(scale_.dotsPerInch());
+    setIcons();
     createControls(window_, instance_);
     setControlFont(window_, fonts_->get(Font::normal));
     tooltips_.create(window_, instance_);
@@ -91,8 +98,19 @@ void Window::createContent() {
     changeLook();
     AppendMenuW(GetSystemMenu(window_, FALSE), MF_STRING, JSW_VIEW_CLOSE_JOB,
                 sampleui::wide(strings_.closeJob).c_str());
-    SendMessageW(window_, WM_CHANGEUISTATE, MAKEWPARAM(UIS_INITIALIZE, 0), 0);
+    showsFocus_ = showsKeys_ = keyboardCuesWanted();
+    if (!showsKeys_) {
+        SendMessageW(window_, WM_CHANGEUISTATE,
+                     MAKEWPARAM(UIS_SET, UISF_HIDEFOCUS | UISF_HIDEACCEL), 0);
+    }
     SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+}
+
+void Window::setIcons() {
+    largeIcon_.reset(makeIcon(scale_(32)));
+    smallIcon_.reset(makeIcon(scale_(16)));
+    SendMessageW(window_, WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(largeIcon_.get()));
+    SendMessageW(window_, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(smallIcon_.get()));
 }
 
 SIZE Window::savedSize() const {
@@ -203,10 +221,8 @@ LRESULT Window::handlePainting(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_NOTIFY: {
             const auto& notice = *reinterpret_cast<const NMHDR*>(lParam);
             if (notice.code != NM_CUSTOMDRAW) break;
-            const int id = static_cast<int>(notice.idFrom);
-            return sampleui::customDrawButton(
-                *reinterpret_cast<const NMCUSTOMDRAW*>(lParam),
-                {palette_, *fonts_, scale_, groundOf(id), id == JSW_VIEW_NO});
+            return sampleui::customDrawButton(*reinterpret_cast<const NMCUSTOMDRAW*>(lParam),
+                                              buttonLook(static_cast<int>(notice.idFrom)));
         }
         case WM_CTLCOLORSTATIC:
         case WM_CTLCOLORBTN:
@@ -228,6 +244,7 @@ void Window::changeScale(int dotsPerInch, const RECT& frame) {
     auto fonts = std::make_unique<Fonts>(dotsPerInch);
     setControlFont(window_, fonts->get(Font::normal));
     fonts_ = std::move(fonts);
+    setIcons();
     SetWindowPos(window_, nullptr, frame.left, frame.top, frame.right - frame.left,
                  frame.bottom - frame.top, SWP_NOZORDER | SWP_NOACTIVATE);
     refreshLayout();

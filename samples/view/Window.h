@@ -4,6 +4,7 @@
  */
 #pragma once
 
+#include "samples/ui/ButtonPainter.h"
 #include "samples/ui/Look.h"
 #include "samples/view/BillboardPainter.h"
 #include "samples/view/Tooltips.h"
@@ -19,8 +20,15 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <type_traits>
 
 namespace sampleview {
+
+/** Owns an icon. */
+struct IconDestroyer {
+    void operator()(HICON icon) const { DestroyIcon(icon); }
+};
+using Icon = std::unique_ptr<std::remove_pointer_t<HICON>, IconDestroyer>;
 
 /**
  * One job's window. Lives on a thread of its own; every method belongs to that thread. It never
@@ -41,6 +49,7 @@ class Window {
     // Window.cpp: coming and going
     bool create();
     void createContent();
+    void setIcons();
     [[nodiscard]] RECT initialFrame(SIZE size) const;
     [[nodiscard]] SIZE savedSize() const;
     void changeScale(int dotsPerInch, const RECT& frame);
@@ -60,9 +69,11 @@ class Window {
     [[nodiscard]] LRESULT controlBrush(HWND control, HDC dc) const;
     [[nodiscard]] Colour groundOf(int id) const;
     [[nodiscard]] Look look() const;
+    [[nodiscard]] sampleui::ButtonLook buttonLook(int id) const;
 
     // WindowActions.cpp: what the user does
     bool pressedKey(const MSG& message);
+    void showKeyboardCues(const MSG& message);
     void pressed(int id);
     void pressPageButton(const std::vector<ContentButton>& buttons, int index);
     void ask(Question question);
@@ -83,6 +94,8 @@ class Window {
     Palette palette_;
     Scale scale_;
     std::unique_ptr<Fonts> fonts_;
+    Icon largeIcon_;
+    Icon smallIcon_;
     GdiObject<HBRUSH> groundBrush_;
     GdiObject<HBRUSH> cardBrush_;
     GdiObject<HBRUSH> footerBrush_;
@@ -98,6 +111,8 @@ class Window {
     WindowSpeech speech_;
     int runningStep_ = 0;
     bool shown_ = false;
+    bool showsFocus_ = true; /**< once the keyboard has been used, or always */
+    bool showsKeys_ = true;  /**< likewise, access keys */
 };
 
 }  // namespace sampleview

@@ -8,6 +8,7 @@
 #include <windows.h>
 
 #include <string>
+#include <utility>
 
 namespace sampleview {
 namespace {
@@ -36,11 +37,25 @@ bool isPushButton(HWND control) {
 
 }  // namespace
 
+/** Who goes through the controls with the keyboard sees where it is. */
+void Window::showKeyboardCues(const MSG& message) {
+    const bool moves =
+        message.message == WM_KEYDOWN &&
+        (message.wParam == VK_TAB || (message.wParam >= VK_LEFT && message.wParam <= VK_DOWN));
+    const bool isAlt = message.message == WM_SYSKEYDOWN && message.wParam == VK_MENU;
+    bool& shows = moves ? showsFocus_ : showsKeys_;
+    if ((!moves && !isAlt) || std::exchange(shows, true)) return;
+    SendMessageW(window_, WM_CHANGEUISTATE,
+                 MAKEWPARAM(UIS_CLEAR, moves ? UISF_HIDEFOCUS : UISF_HIDEACCEL), 0);
+    RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+}
+
 /**
  * Enter presses the button that has the keyboard, or answers a question with no; it never cancels
  * by itself. Escape answers a question with no, too, and otherwise closes the window.
  */
 bool Window::pressedKey(const MSG& message) {
+    showKeyboardCues(message);
     if (message.message != WM_KEYDOWN ||
         !(message.hwnd == window_ || IsChild(window_, message.hwnd))) {
         return false;

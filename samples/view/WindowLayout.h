@@ -14,7 +14,7 @@
 namespace sampleview {
 
 /** Sizes of the window without its frame, in pixels at 96 dots per inch. */
-inline constexpr Size kUsualSize{640, 528};
+inline constexpr Size kUsualSize{640, 544};
 inline constexpr Size kLeastSize{440, 420};
 
 struct WindowLayout {

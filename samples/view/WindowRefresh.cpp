@@ -1,7 +1,6 @@
 /**
  * How the window shows the state of the job.
  */
-#include "samples/ui/ButtonPainter.h"
 #include "samples/view/BillboardFile.h"
 #include "samples/view/ControlIds.h"
 #include "samples/view/Controls.h"
@@ -113,6 +112,10 @@ Look Window::look() const {
     return {palette_, *fonts_, scale_};
 }
 
+sampleui::ButtonLook Window::buttonLook(int id) const {
+    return {palette_, *fonts_, scale_, groundOf(id), id == JSW_VIEW_NO, showsFocus_, showsKeys_};
+}
+
 void Window::paintGround(HDC dc) const {
     RECT area;
     GetClientRect(window_, &area);
@@ -126,7 +129,7 @@ void Window::paintGround(HDC dc) const {
 void Window::drawItem(const DRAWITEMSTRUCT& item) const {
     const int id = static_cast<int>(item.CtlID);
     if (isLink(id)) {
-        sampleui::drawLink(item, {palette_, *fonts_, scale_, palette_.card, false});
+        sampleui::drawLink(item, buttonLook(id));
         return;
     }
     sampleui::paintBuffered(item.hDC, item.rcItem, [&](const Canvas& canvas, const Box& box) {

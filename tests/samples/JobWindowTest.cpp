@@ -167,6 +167,16 @@ class JobWindowTest : public ::testing::Test {
         PostMessageA(info.hwndFocus ? info.hwndFocus : window_, WM_KEYDOWN, key, 1);
     }
 
+    /// The colour just inside the left edge of a button.
+    [[nodiscard]] COLORREF edgeOf(int id) const {
+        RECT area;
+        GetClientRect(control(id), &area);
+        const HDC dc = GetDC(control(id));
+        const COLORREF colour = GetPixel(dc, 1, area.bottom / 2);
+        ReleaseDC(control(id), dc);
+        return colour;
+    }
+
 #define JSW_DECLARE(name, type) type* name = nullptr;
     JSW_VIEW_ENTRY_POINTS(JSW_DECLARE)
 #undef JSW_DECLARE
@@ -272,6 +282,9 @@ TEST_F(JobWindowTest, TheKeyboardReachesEverythingAndNeverCancelsByItself) {
                                 JSW_VIEW_SPECIAL_MESSAGES, JSW_VIEW_CANCEL, JSW_VIEW_CONTENT_LINK,
                                 JSW_VIEW_CONTENT_BUTTON, JSW_VIEW_PREVIOUS, JSW_VIEW_CURRENT}));
 
+    // Who has come here by keyboard sees where it is: a ring in the accent colour.
+    EXPECT_TRUE(within(kPatience, [&] { return edgeOf(JSW_VIEW_CURRENT) == RGB(0, 95, 184); }));
+    EXPECT_NE(edgeOf(JSW_VIEW_NEXT), RGB(0, 95, 184));
     key(VK_RETURN);
     EXPECT_TRUE(within(kPatience, [] { return reports.has("CURRENT 0"); }));
     PostMessageA(control(JSW_VIEW_CURRENT), WM_SYSCHAR, 'c', 1 << 29);
