@@ -37,7 +37,8 @@ void Canvas::text(const Box& box, std::string_view text, HFONT font, Colour colo
 
 void Canvas::label(const Box& box, std::string_view text, HFONT font, Colour colour, UINT side,
                    bool underline) const {
-    draw(box, text, font, colour, side | (underline ? 0U : static_cast<UINT>(DT_HIDEPREFIX)));
+    if (underline) return draw(box, text, font, colour, side);
+    draw(box, withoutAccessKey(text), font, colour, side | DT_NOPREFIX);
 }
 
 void Canvas::draw(const Box& box, std::string_view text, HFONT font, Colour colour,

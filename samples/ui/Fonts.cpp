@@ -29,7 +29,7 @@ std::wstring chooseFace() {
     NONCLIENTMETRICSW metrics{};
     metrics.cbSize = sizeof(metrics);
     SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof(metrics), &metrics, 0);
-    const std::wstring system = metrics.lfMessageFont.lfFaceName;
+    std::wstring system = metrics.lfMessageFont.lfFaceName;
     if (!system.empty() && !system.starts_with(kStandIn)) return system;
     for (const wchar_t* face : {L"Segoe UI", L"Open Sans", L"Tahoma", L"DejaVu Sans"}) {
         if (isInstalled(face)) return face;

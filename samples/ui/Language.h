@@ -41,12 +41,12 @@ class Language {
 
     /** The language with this id, of whatever country; English where there is none. */
     [[nodiscard]] static const Language& choose(std::uint16_t languageId) {
-        const Language* english = first_;
+        const Language* chosen = first_;
         for (const Language* language = first_; language; language = language->next_) {
             if (language->primaryId_ == primaryLanguage(languageId)) return *language;
-            if (language->primaryId_ == kEnglish) english = language;
+            if (language->primaryId_ == kEnglish) chosen = language;
         }
-        return *english;
+        return *chosen;  // NOLINT(clang-analyzer-core.uninitialized.UndefReturn): English exists
     }
     [[nodiscard]] static const Language* first() { return first_; }
     [[nodiscard]] const Language* next() const { return next_; }

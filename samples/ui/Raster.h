@@ -47,8 +47,10 @@ void fillShape(const Pixels& pixels, const Box& bounds, Inside&& inside, RowColo
         for (int x = std::max(bounds.left, 0); x < std::min(bounds.right, pixels.width); ++x) {
             int covered = 0;
             for (int sample = 0; sample < kSamples; ++sample) {
-                const double sampleX = x + (sample % kSteps + 0.5) / kSteps;
-                const double sampleY = y + (sample / kSteps + 0.5) / kSteps;
+                const int column = sample % kSteps;
+                const int line = sample / kSteps;
+                const double sampleX = x + (column + 0.5) / kSteps;
+                const double sampleY = y + (line + 0.5) / kSteps;
                 covered += inside(sampleX, sampleY) ? 1 : 0;
             }
             if (covered == 0) continue;

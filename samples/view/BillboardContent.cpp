@@ -80,14 +80,14 @@ bool isActionName(std::string_view name) {
     });
 }
 
-/** Builds the page line by line; every step answers with a problem or "". */
+/** Builds the page line by line; every step answers with its problem, if any. */
 class PageBuilder {
   public:
-    std::string takeHeaderLine(std::string_view line) {
-        if (line.starts_with('#')) return "";
+    Problem takeHeaderLine(std::string_view line) {
+        if (line.starts_with('#')) return Problem::none;
         const auto equals = line.find('=');
         if (equals == std::string_view::npos) {
-            return "a line before the first empty line has no \"=\"";
+            return Problem::noEqualsSign;
         }
         const std::string key = lowered(trimmed(line.substr(0, equals)));
         const std::string_view value = trimmed(line.substr(equals + 1));
@@ -95,45 +95,46 @@ class PageBuilder {
         if (key == "theme") page_.theme = valueNamed(kThemes, value, Theme::blue);
         if (key == "picture") takePicture(value);
         if (key == "button") return takeButton(value);
-        return "";
+        return Problem::none;
     }
 
-    std::string takeTextLine(std::string_view line) {
+    Problem takeTextLine(std::string_view line) {
         if (line.empty()) {
             inParagraph_ = false;
-            return "";
+            return Problem::none;
         }
         const bool startsItem = line.starts_with("- ");
         if (!inParagraph_ || startsItem) {
-            if (texts_.size() == kMaxParagraphs) return "there are too many paragraphs";
+            if (texts_.size() == kMaxParagraphs) return Problem::tooManyParagraphs;
             texts_.emplace_back(line);
             inParagraph_ = true;
         } else {
             texts_.back().append(" ").append(line);
         }
-        return texts_.back().size() > kMaxParagraphLength ? "a paragraph is too long" : "";
+        return texts_.back().size() > kMaxParagraphLength ? Problem::paragraphTooLong
+                                                          : Problem::none;
     }
 
     /** Finds the links in the paragraphs; the last step. */
-    std::string finish() {
-        if (page_.title.empty()) return "the file has no title";
+    Problem finish() {
+        if (page_.title.empty()) return Problem::noTitle;
         for (const std::string_view text : texts_) {
             Paragraph paragraph;
             paragraph.isItem = text.starts_with("- ");
-            std::string problem = takePieces(text.substr(paragraph.isItem ? 2 : 0), paragraph);
-            if (!problem.empty()) return problem;
+            const Problem problem = takePieces(text.substr(paragraph.isItem ? 2 : 0), paragraph);
+            if (problem != Problem::none) return problem;
             page_.paragraphs.push_back(std::move(paragraph));
         }
-        return "";
+        return Problem::none;
     }
 
     [[nodiscard]] Page take() { return std::move(page_); }
 
   private:
-    std::string takeTitle(std::string_view value) {
-        if (value.size() > kMaxTitleLength) return "the title is too long";
+    Problem takeTitle(std::string_view value) {
+        if (value.size() > kMaxTitleLength) return Problem::titleTooLong;
         page_.title = value;
-        return "";
+        return Problem::none;
     }
 
     void takePicture(std::string_view value) {
@@ -157,16 +158,16 @@ class PageBuilder {
         return isGood ? std::optional(std::move(button)) : std::nullopt;
     }
 
-    std::string takeButton(std::string_view value) {
-        if (page_.buttons.size() == kMaxButtons) return "there are too many buttons";
+    Problem takeButton(std::string_view value) {
+        if (page_.buttons.size() == kMaxButtons) return Problem::tooManyButtons;
         auto button = readAction(value);
-        if (!button) return "a button is not of the form \"Label | ACTION | number\"";
+        if (!button) return Problem::badButton;
         page_.buttons.push_back(std::move(*button));
-        return "";
+        return Problem::none;
     }
 
     /** Brackets without a "|" in them are plain text. */
-    std::string takePieces(std::string_view text, Paragraph& paragraph) {
+    Problem takePieces(std::string_view text, Paragraph& paragraph) {
         while (!text.empty()) {
             const auto open = text.find('[');
             const auto close = open == text.npos ? text.npos : text.find(']', open);
@@ -179,15 +180,15 @@ class PageBuilder {
                 text.remove_prefix(plain.size());
                 continue;
             }
-            if (page_.links.size() == kMaxLinks) return "there are too many links";
+            if (page_.links.size() == kMaxLinks) return Problem::tooManyLinks;
             auto link = readAction(inside);
-            if (!link) return "a link is not of the form \"[Label | ACTION | number]\"";
+            if (!link) return Problem::badLink;
             addText(paragraph, text.substr(0, open));
             paragraph.pieces.push_back({link->label, page_.links.size()});
             page_.links.push_back(std::move(*link));
             text.remove_prefix(close + 1);
         }
-        return "";
+        return Problem::none;
     }
 
     static void addText(Paragraph& paragraph, std::string_view text) {
@@ -215,9 +216,9 @@ std::uint32_t littleEndian32(std::string_view bytes, std::size_t offset) {
 
 ParsedPage parseBillboard(std::string_view text) {
     constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-    if (text.size() > kMaxFileSize) return {{}, "the file is too large"};
+    if (text.size() > kMaxFileSize) return {{}, Problem::tooLarge};
     if (std::any_of(text.begin(), text.end(), isControlCharacter)) {
-        return {{}, "the file is not a text file"};
+        return {{}, Problem::notText};
     }
     if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
 
@@ -229,12 +230,13 @@ ParsedPage parseBillboard(std::string_view text) {
             inHeader = false;
             continue;
         }
-        std::string problem = inHeader ? builder.takeHeaderLine(line) : builder.takeTextLine(line);
-        if (!problem.empty()) return {{}, std::move(problem)};
+        const Problem problem =
+            inHeader ? builder.takeHeaderLine(line) : builder.takeTextLine(line);
+        if (problem != Problem::none) return {{}, problem};
     }
-    std::string problem = builder.finish();
-    if (!problem.empty()) return {{}, std::move(problem)};
-    return {builder.take(), ""};
+    const Problem problem = builder.finish();
+    if (problem != Problem::none) return {{}, problem};
+    return {builder.take(), Problem::none};
 }
 
 Paragraph plainParagraph(std::string text) {

@@ -67,9 +67,27 @@ struct Page {
     std::vector<ContentButton> links; /**< in the order of the text; labels are in the pieces */
 };
 
+/** Why a page cannot be shown. */
+enum class Problem {
+    none,
+    unreadable,
+    tooLarge,
+    notText,
+    noTitle,
+    noEqualsSign,
+    titleTooLong,
+    paragraphTooLong,
+    tooManyParagraphs,
+    badButton,
+    tooManyButtons,
+    badLink,
+    tooManyLinks
+};
+inline constexpr std::size_t kProblems = 13;
+
 struct ParsedPage {
-    Page page;           /**< meaningful only without a problem */
-    std::string problem; /**< empty when the file is good */
+    Page page; /**< meaningful only without a problem */
+    Problem problem = Problem::none;
 };
 
 /** Reads the text of a billboard file. Never throws for a malformed text; see ParsedPage. */

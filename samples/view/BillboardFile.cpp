@@ -48,14 +48,14 @@ Page loadBillboard(const std::string& dataPath, const std::string& fileName,
     auto text = readStart(scriptPath(dataPath, nameInLanguage(fileName, language.code())),
                           kMaxFileSize + 1);
     if (!text) text = readStart(scriptPath(dataPath, fileName), kMaxFileSize + 1);
-    const auto unshowable = [&](const std::string& problem) {
-        return unshowablePage(sampleui::utf8FromAnsi(fileName) + ": " + problem, strings);
+    const auto unshowable = [&](Problem problem) {
+        return unshowablePage(sampleui::utf8FromAnsi(fileName), problem, strings);
     };
-    if (!text) return unshowable("the file cannot be read");
+    if (!text) return unshowable(Problem::unreadable);
     // Before it becomes UTF-8, which may be longer.
-    if (text->size() > kMaxFileSize) return unshowable("the file is too large");
+    if (text->size() > kMaxFileSize) return unshowable(Problem::tooLarge);
     const ParsedPage parsed = parseBillboard(asUtf8(std::move(*text)));
-    return parsed.problem.empty() ? parsed.page : unshowable(parsed.problem);
+    return parsed.problem == Problem::none ? parsed.page : unshowable(parsed.problem);
 }
 
 bool isPictureFileAcceptable(const std::string& path) {

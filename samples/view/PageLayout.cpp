@@ -208,6 +208,17 @@ int layoutTitle(const Page& page, const Box& area, const TextMeasure& measure, P
     return top;
 }
 
+/** With some air above where there is room for it; nothing where the levels do not fit. */
+InkLayout layoutPageInk(const WindowContent& content, const Box& area, const TextMeasure& measure,
+                        const Scale& scale) {
+    for (const int air : {scale(2 * kParagraphGap), 0}) {
+        InkLayout ink = layoutInk(content, {area.left, area.top + air, area.right, area.bottom},
+                                  measure, scale);
+        if (ink.bottom <= area.bottom) return ink;
+    }
+    return {};
+}
+
 }  // namespace
 
 PageLayout layoutPage(const Page& page, const WindowContent& content, const Box& card,
@@ -235,8 +246,7 @@ PageLayout layoutPage(const Page& page, const WindowContent& content, const Box&
     }
     if (page.picture == Picture::ink && layout.full.empty()) {
         rest.top = flow.top();
-        layout.ink = layoutInk(content, rest, measure, scale);
-        if (layout.ink.bottom > rest.bottom) layout.ink = {};
+        layout.ink = layoutPageInk(content, rest, measure, scale);
     }
     return layout;
 }

@@ -6,6 +6,9 @@
 #pragma once
 
 #include "samples/ui/Language.h"
+#include "samples/view/BillboardContent.h"
+
+#include <array>
 
 namespace sampleview {
 
@@ -68,7 +71,8 @@ struct Strings {
     const char* emptyText;
     const char* brokenTitle; /**< a page cannot be shown */
     const char* brokenText;
-    const char* brokenReason; /**< {0} the reason */
+    const char* brokenReason;                    /**< {0} the reason, one of problems */
+    std::array<const char*, kProblems> problems; /**< by their numbers; the first is none */
 };
 
 using Language = sampleui::Language<Strings>;

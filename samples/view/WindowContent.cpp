@@ -67,12 +67,14 @@ Page emptyPage(const Strings& strings) {
     return page;
 }
 
-Page unshowablePage(const std::string& problem, const Strings& strings) {
+Page unshowablePage(const std::string& fileName, Problem problem, const Strings& strings) {
+    const std::string reason =
+        fileName + ": " + strings.problems[static_cast<std::size_t>(problem)];
     Page page;
     page.title = strings.brokenTitle;
     page.picture = Picture::printer;
     page.paragraphs = {plainParagraph(strings.brokenText),
-                       plainParagraph(sampleui::fillIn(strings.brokenReason, {problem}))};
+                       plainParagraph(sampleui::fillIn(strings.brokenReason, {reason}))};
     return page;
 }
 

@@ -57,7 +57,8 @@ struct WindowContent {
 /** The page to show where there is none. */
 [[nodiscard]] Page emptyPage(const Strings& strings);
 
-/** The page to show in place of one that has a problem. */
-[[nodiscard]] Page unshowablePage(const std::string& problem, const Strings& strings);
+/** The page to show in place of the one in this file, which has a problem. */
+[[nodiscard]] Page unshowablePage(const std::string& fileName, Problem problem,
+                                  const Strings& strings);
 
 }  // namespace sampleview

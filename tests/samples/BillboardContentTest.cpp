@@ -33,7 +33,7 @@ TEST(BillboardContent, ReadsAWholePage) {
         "- an item\r\n  that goes on\r\n- another = one\r\n"
         " \t\r\n"
         "# no comment here");
-    ASSERT_EQ(parsed.problem, "");
+    ASSERT_EQ(parsed.problem, Problem::none);
     const Page& page = parsed.page;
     EXPECT_EQ(page.title, "Low ink = soon empty");
     EXPECT_EQ(page.theme, Theme::amber);
@@ -58,21 +58,20 @@ TEST(BillboardContent, RefusesWhatIsMalformed) {
     struct Row {
         const char* what;
         std::string text;
-        const char* problem;
+        Problem problem;
     };
     const Row rows[] = {
-        {"empty file", "", "the file has no title"},
-        {"no title", "theme = blue\n\ntext\n", "the file has no title"},
-        {"blank title", "title =  \n\ntext\n", "the file has no title"},
-        {"title only in the text", "\ntitle = T\n", "the file has no title"},
-        {"zero byte", head + std::string(1, '\0'), "the file is not a text file"},
-        {"bitmap as page", "BM\x06\x01", "the file is not a text file"},
-        {"line without equals sign", head + "text at once\n",
-         "a line before the first empty line has no \"=\""},
+        {"empty file", "", Problem::noTitle},
+        {"no title", "theme = blue\n\ntext\n", Problem::noTitle},
+        {"blank title", "title =  \n\ntext\n", Problem::noTitle},
+        {"title only in the text", "\ntitle = T\n", Problem::noTitle},
+        {"zero byte", head + std::string(1, '\0'), Problem::notText},
+        {"bitmap as page", "BM\x06\x01", Problem::notText},
+        {"line without equals sign", head + "text at once\n", Problem::noEqualsSign},
         {"title too long", "title = " + std::string(kMaxTitleLength + 1, 'x'),
-         "the title is too long"},
+         Problem::titleTooLong},
         {"paragraph too long", head + "\n" + std::string(kMaxParagraphLength + 1, 'x'),
-         "a paragraph is too long"},
+         Problem::paragraphTooLong},
         {"paragraph too long in many lines",
          head + "\n" +
              [] {
@@ -80,9 +79,9 @@ TEST(BillboardContent, RefusesWhatIsMalformed) {
                  while (lines.size() <= kMaxParagraphLength) lines += "some words\n";
                  return lines;
              }(),
-         "a paragraph is too long"},
-        {"too many paragraphs", paragraphs, "there are too many paragraphs"},
-        {"too large", head + "\n" + std::string(kMaxFileSize, ' '), "the file is too large"},
+         Problem::paragraphTooLong},
+        {"too many paragraphs", paragraphs, Problem::tooManyParagraphs},
+        {"too large", head + "\n" + std::string(kMaxFileSize, ' '), Problem::tooLarge},
     };
     for (const Row& row : rows) {
         EXPECT_EQ(parseBillboard(row.text).problem, row.problem) << row.what;
@@ -105,22 +104,20 @@ TEST(BillboardContent, RefusesBadButtons) {
                                 "Label | NEXT;CANCEL | 0",
                                 std::string(kMaxLabelLength + 1, 'x') + " | NEXT | 0"};
     for (const std::string& row : rows) {
-        EXPECT_EQ(parseBillboard("title = T\nbutton = " + row + "\n").problem,
-                  "a button is not of the form \"Label | ACTION | number\"")
+        EXPECT_EQ(parseBillboard("title = T\nbutton = " + row + "\n").problem, Problem::badButton)
             << row;
     }
     std::string many = "title = T\n";
     for (std::size_t i = 0; i < kMaxButtons; ++i) many += "button = L | NEXT | 99\n";
     EXPECT_EQ(parseBillboard(many).page.buttons.size(), kMaxButtons);
-    EXPECT_EQ(parseBillboard(many + "button = L | NEXT | 0\n").problem,
-              "there are too many buttons");
+    EXPECT_EQ(parseBillboard(many + "button = L | NEXT | 0\n").problem, Problem::tooManyButtons);
 }
 
 TEST(BillboardContent, LinksStandInTheText) {
     const auto parsed = parseBillboard(
         "title = T\n\nSee [our shop | LAUNCH_URL | 3] or [0] the [ shelf.\n- "
         "[Levels|INK_STATUS|0]\n");
-    ASSERT_EQ(parsed.problem, "");
+    ASSERT_EQ(parsed.problem, Problem::none);
     const Page& page = parsed.page;
     ASSERT_EQ(page.links.size(), 2U);
     EXPECT_EQ(page.links[0].action, "LAUNCH_URL");
@@ -131,13 +128,12 @@ TEST(BillboardContent, LinksStandInTheText) {
     EXPECT_EQ(page.paragraphs[1], (Paragraph{true, {{"Levels", 1U}}}));
 
     for (const char* bad : {"[a | b]", "[ | NEXT | 0]", "[a | NEXT | 100]", "[a | N;T | 0]"}) {
-        EXPECT_EQ(parseBillboard(std::string("title = T\n\n") + bad).problem,
-                  "a link is not of the form \"[Label | ACTION | number]\"")
+        EXPECT_EQ(parseBillboard(std::string("title = T\n\n") + bad).problem, Problem::badLink)
             << bad;
     }
     std::string many = "title = T\n\n";
     for (std::size_t i = 0; i <= kMaxLinks; ++i) many += "[a | NEXT | 0] ";
-    EXPECT_EQ(parseBillboard(many).problem, "there are too many links");
+    EXPECT_EQ(parseBillboard(many).problem, Problem::tooManyLinks);
 }
 
 TEST(BillboardContent, PicturesStayInTheirFolder) {
@@ -160,7 +156,7 @@ TEST(BillboardContent, PicturesStayInTheirFolder) {
     };
     for (const Row& row : rows) {
         const auto parsed = parseBillboard(std::string("title = T\npicture = ") + row.value + "\n");
-        EXPECT_EQ(parsed.problem, "") << row.value;
+        EXPECT_EQ(parsed.problem, Problem::none) << row.value;
         EXPECT_EQ(parsed.page.picture, row.picture) << row.value;
         EXPECT_EQ(parsed.page.pictureFile, row.file) << row.value;
     }
@@ -210,7 +206,7 @@ TEST(BillboardFile, AlwaysYieldsAPage) {
     folder.write("Scripts\\long.jbb", "title = T\n\n" + std::string(100000, 'x'));
     const Page refused = loadFrom(folder, "long.jbb", 0x407);
     EXPECT_EQ(refused.title, "Diese Seite kann nicht gezeigt werden");
-    EXPECT_EQ(textOf(refused.paragraphs.back()), "Grund: long.jbb: the file is too large.");
+    EXPECT_EQ(textOf(refused.paragraphs.back()), "Grund: long.jbb: die Datei ist zu gro\xC3\x9F.");
 }
 
 TEST(BillboardFile, PrefersTheUsersLanguageAndReadsBothEncodings) {

@@ -61,6 +61,15 @@ TEST(Strings, GiveEveryControlAnAccessKeyOfItsOwn) {
     }
 }
 
+TEST(Strings, GiveAReasonForEveryProblem) {
+    for (const Language* language = Language::first(); language; language = language->next()) {
+        std::set<std::string> reasons;
+        for (const char* reason : language->strings().problems)
+            reasons.insert(reason ? reason : "");
+        EXPECT_EQ(reasons.size(), kProblems) << language->code();
+    }
+}
+
 TEST(Strings, PutValuesInTheirPlaces) {
     EXPECT_EQ(sampleui::fillIn("{1} of {0}{2}{", {"b", "a"}), "a of b{2}{");
     EXPECT_EQ(sampleui::grouped(1234, ","), "1234");
@@ -260,7 +269,12 @@ TEST(WindowPlace, ComesBackFromItsSavedValues) {
 }
 
 TEST(Colours, TextCanBeReadOnEveryGround) {
-    for (const sampleui::Palette* palette : {&sampleui::lightPalette(), &sampleui::darkPalette()}) {
+    constexpr sampleui::Colour kBlack{0, 0, 0};
+    constexpr sampleui::Colour kWhite{255, 255, 255};
+    const sampleui::Palette highContrast = sampleui::highContrastPalette(
+        {kBlack, kWhite, {0, 255, 255}, kBlack, kWhite, {0, 255, 0}, {255, 255, 0}});
+    for (const sampleui::Palette* palette :
+         {&sampleui::lightPalette(), &sampleui::darkPalette(), &highContrast}) {
         for (const sampleui::Colour ground : {palette->ground, palette->card, palette->footer}) {
             for (const sampleui::Colour text :
                  {palette->text, palette->faintText, palette->warning, palette->accent}) {

@@ -107,7 +107,7 @@ Page samplePage() {
         "1], for a while; photos and large areas of colour fade first.\n"
         "- Keep a spare at hand, so that no document has to wait.\n"
         "- Leave the old cartridge in place until the printer asks for [a new one | NEXT | 0].\n");
-    EXPECT_EQ(parsed.problem, "");
+    EXPECT_EQ(parsed.problem, Problem::none);
     return parsed.page;
 }
 
@@ -149,7 +149,8 @@ std::vector<Case> cases(const Strings& strings) {
     all.push_back({"huge numbers", usualJob(2), samplePage()});
     all.back().data.progress = {2147483647, 2147483647, 2147483647, 2147483647, true, 359999U};
     all.push_back({"no page", usualJob(2), emptyPage(strings)});
-    all.push_back({"damaged page", usualJob(2), unshowablePage("the file has no title", strings)});
+    all.push_back(
+        {"damaged page", usualJob(2), unshowablePage("page.jbb", Problem::badButton, strings)});
     all.push_back({"page without picture, with a long text", usualJob(2), samplePage()});
     all.back().page.picture = Picture::none;
     for (int i = 0; i < 18; ++i)

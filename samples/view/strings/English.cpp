@@ -63,6 +63,22 @@ const Language english(sampleui::kEnglish, "en",
                            .brokenTitle = "This page cannot be shown",
                            .brokenText = "Printing is not affected.",
                            .brokenReason = "Reason: {0}.",
+                           .problems =
+                               {
+                                   "",
+                                   "the file cannot be read",
+                                   "the file is too large",
+                                   "the file is not a text file",
+                                   "the file has no title",
+                                   "a line before the first empty line has no \"=\"",
+                                   "the title is too long",
+                                   "a paragraph is too long",
+                                   "there are too many paragraphs",
+                                   "a button is not of the form \"Label | ACTION | number\"",
+                                   "there are too many buttons",
+                                   "a link is not of the form \"[Label | ACTION | number]\"",
+                                   "there are too many links",
+                               },
                        });
 
 }  // namespace

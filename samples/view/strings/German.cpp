@@ -64,6 +64,22 @@ const Language german(0x07, "de",
                           .brokenTitle = "Diese Seite kann nicht gezeigt werden",
                           .brokenText = "Der Druck ist davon nicht betroffen.",
                           .brokenReason = "Grund: {0}.",
+                          .problems =
+                              {
+                                  "",
+                                  "die Datei kann nicht gelesen werden",
+                                  "die Datei ist zu groß",
+                                  "die Datei ist keine Textdatei",
+                                  "die Datei hat keinen Titel",
+                                  "in einer Zeile vor der ersten leeren fehlt \"=\"",
+                                  "der Titel ist zu lang",
+                                  "ein Absatz ist zu lang",
+                                  "es sind zu viele Absätze",
+                                  "ein Knopf hat nicht die Form \"Text | AKTION | Nummer\"",
+                                  "es sind zu viele Knöpfe",
+                                  "ein Link hat nicht die Form \"[Text | AKTION | Nummer]\"",
+                                  "es sind zu viele Links",
+                              },
                       });
 
 }  // namespace
