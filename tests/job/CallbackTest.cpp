@@ -251,7 +251,8 @@ TEST_F(CallbackTest, AnEndAskedForDuringAStartThatRaisesIsNotLost) {
     };
     EXPECT_EQ(start(), 0);
     EXPECT_FALSE(failNext);
-    EXPECT_THAT(viewCalls("Uninitialize"), ElementsAre("Uninitialize()"));
+    EXPECT_EQ(GetModuleHandleA("scripted_catalog.dll"), nullptr);  // what the job had built is gone
+    script_.view.clear();
     expectNextJobWorks();
 }
 
