@@ -31,7 +31,7 @@ TEST_F(XmlParserLibraryTest, AFileWithoutAVersionOrNoneAtAllIsNotGoodEnough) {
     EXPECT_TRUE(hasLine("Unable to determine the size needed for the version info"));
 }
 
-TEST_F(XmlParserCheckTest, AVersionRecordOfAnotherSizeIsNotLookedAt) {
+TEST_F(XmlParserLibraryTest, AVersionRecordOfAnotherSizeIsNotLookedAt) {
     const test::ImportTable imports(GetModuleHandleA(nullptr));
     int change = 0;
     const auto query = test::replaceImport<decltype(VerQueryValueA)>(
