@@ -57,7 +57,10 @@ template <class Value>
 bool BasicSettings::get(const std::string& subKey, const std::string& name, Value& value,
                         bool shared) const {
     return guarded([&] {
-        if (RegistryKey(getKeyPath(shared) + subKey, kOpenOnly).getValue(name, value)) return true;
+        // A missing key is ordinary: nothing is raised for it.
+        const auto key = RegistryKey::openExisting(getKeyPath(shared) + subKey);
+        if (!key) return false;
+        if (key->getValue(name, value)) return true;
         SetLastError(ERROR_FILE_NOT_FOUND);
         return false;
     });
@@ -153,7 +156,9 @@ bool BasicSettings::deleteKey(const std::string& subKey, bool shared) const {
 bool BasicSettings::getValueNames(const std::string& subKey, std::vector<std::string>& names,
                                   bool shared) const {
     return guarded([&] {
-        RegistryKey(getKeyPath(shared) + subKey, kOpenOnly).getValueNames(names, kMaxNames);
+        const auto key = RegistryKey::openExisting(getKeyPath(shared) + subKey);
+        if (!key) return false;
+        key->getValueNames(names, kMaxNames);
         return true;
     });
 }
@@ -161,12 +166,13 @@ bool BasicSettings::getValueNames(const std::string& subKey, std::vector<std::st
 bool BasicSettings::getStringValues(const std::string& subKey, std::vector<NamedText>& texts,
                                     std::uint32_t max, bool shared) const {
     return guarded([&] {
-        const RegistryKey key(getKeyPath(shared) + subKey, kOpenOnly);
+        const auto key = RegistryKey::openExisting(getKeyPath(shared) + subKey);
+        if (!key) return false;
         std::vector<std::string> names;
-        key.getValueNames(names, max);
+        key->getValueNames(names, max);
         for (std::string& name : names) {
             std::string text;
-            const bool isText = guarded([&] { return key.getValue(name, text); });
+            const bool isText = guarded([&] { return key->getValue(name, text); });
             texts.push_back(
                 {std::move(name), isText ? std::optional(std::move(text)) : std::nullopt});
         }
