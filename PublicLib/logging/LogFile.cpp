@@ -34,16 +34,21 @@ LogFile::LogFile(const std::string& path)
     : path_(fullPath(path)), lock_("QNLOG_" + std::string(fileNamePart(path_))) {
 }
 
+SECURITY_ATTRIBUTES* LogFile::attributes() {
+    if (!security_) security_.emplace();
+    return security_->attributes();
+}
+
 bool LogFile::exists() {
     const KernelHandle file(CreateFileA(path_.c_str(), GENERIC_READ | GENERIC_WRITE,
-                                        FILE_SHARE_READ | FILE_SHARE_WRITE, security_.attributes(),
+                                        FILE_SHARE_READ | FILE_SHARE_WRITE, attributes(),
                                         OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
     return static_cast<bool>(file);
 }
 
 void LogFile::write(std::string_view line) {
     const KernelHandle file(CreateFileA(path_.c_str(), GENERIC_READ | GENERIC_WRITE,
-                                        FILE_SHARE_READ | FILE_SHARE_WRITE, security_.attributes(),
+                                        FILE_SHARE_READ | FILE_SHARE_WRITE, attributes(),
                                         OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
     if (!file) return;
     LARGE_INTEGER end{};
@@ -66,8 +71,8 @@ void LogFile::remove() {
 
 bool LogFile::isReadable() {
     const KernelHandle file(CreateFileA(path_.c_str(), GENERIC_READ,
-                                        FILE_SHARE_READ | FILE_SHARE_WRITE, security_.attributes(),
-                                        OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+                                        FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,
+                                        FILE_ATTRIBUTE_NORMAL, nullptr));
     return static_cast<bool>(file);
 }
 

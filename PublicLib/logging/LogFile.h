@@ -3,6 +3,7 @@
 #include "PublicLib/locks/InterProcessLock.h"
 #include "PublicLib/locks/Security.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -34,10 +35,11 @@ class LogFile {
   private:
     bool exists();
     void write(std::string_view line);
+    SECURITY_ATTRIBUTES* attributes();
 
     std::string path_;
     InterProcessLock lock_;
-    Security security_;
+    std::optional<Security> security_;  // made with the first line: most jobs write none
 };
 
 }  // namespace jsw

@@ -3,41 +3,36 @@
 namespace jsw {
 
 MethodTrace::MethodTrace(Logger* logger, const LoggerComponent& component, std::string tag,
-                         std::uint32_t level, bool announce)
-    : component_(&component), level_(level) {
+                         std::uint32_t level, bool announce) {
     if (announce && logger != nullptr && logger->isEnabled(component, level)) {
         const std::shared_ptr<void> notOwned;
-        start({notOwned, logger}, std::move(tag));
+        start({notOwned, logger}, component, std::move(tag), level);
     }
 }
 
-MethodTrace::MethodTrace() : component_(&component::kJsw), level_(kLogTrace) {
-}
-
-void MethodTrace::start(std::shared_ptr<Logger> logger, std::string tag) {
+void MethodTrace::start(std::shared_ptr<Logger> logger, const LoggerComponent& component,
+                        std::string tag, std::uint32_t level) {
     if (!logger) return;  // the log ended just now
-    tag_ = std::move(tag);
-    logger->log(*component_, level_, "+" + tag_);
+    logger->log(component, level, "+" + tag);
     logger->increaseDepth();
-    logger_ = std::move(logger);
+    open_.emplace(Open{std::move(logger), component, std::move(tag), level});
 }
 
-MethodTrace::~MethodTrace() {
-    if (!isActive()) return;
+void MethodTrace::end() noexcept {
     withoutRaising([this] {
-        logger_->decreaseDepth();
-        std::string line = "-" + tag_;
-        if (!result_.empty()) line += " rc=" + result_;
-        logger_->log(*component_, level_, line);
+        open_->logger->decreaseDepth();
+        std::string line = "-" + open_->tag;
+        if (!open_->result.empty()) line += " rc=" + open_->result;
+        open_->logger->log(open_->component, open_->level, line);
     });
 }
 
 void MethodTrace::setResult(std::int32_t value) noexcept {
-    if (isActive()) result_ = std::to_string(value);  // so short that it takes no memory
+    if (open_) open_->result = std::to_string(value);  // so short that it takes no memory
 }
 
 void MethodTrace::setResult(const std::string& value) noexcept {
-    if (isActive()) withoutRaising([&] { result_ = value; });
+    if (open_) withoutRaising([&] { open_->result = value; });
 }
 
 }  // namespace jsw

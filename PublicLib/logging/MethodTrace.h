@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -22,10 +23,10 @@ class MethodTrace {
   public:
     /// A trace of the process's log at the method trace level; the tag is joined from its parts.
     template <class... Tag>
-    explicit MethodTrace(const LoggerComponent& component, const Tag&... tag) noexcept
-        : component_(&component), level_(kLogTrace) {
+    explicit MethodTrace(const LoggerComponent& component, const Tag&... tag) noexcept {
         if (!isLogEnabled(component, kLogTrace)) return;
-        withoutRaising([&] { start(BasicLogger::existing(), concat(tag...)); });
+        withoutRaising(
+            [&] { start(BasicLogger::existing(), component, concat(tag...), kLogTrace); });
     }
 
     /// A trace of any log and level. With announce false it is silent: it never logs anything.
@@ -34,21 +35,23 @@ class MethodTrace {
                 std::uint32_t level, bool announce);
 
     /// A silent trace.
-    MethodTrace();
+    MethodTrace() = default;
 
-    ~MethodTrace();
+    ~MethodTrace() {
+        if (open_) end();
+    }
     MethodTrace(const MethodTrace&) = delete;
     MethodTrace& operator=(const MethodTrace&) = delete;
 
-    bool isActive() const { return logger_ != nullptr; }
+    bool isActive() const { return open_.has_value(); }
 
     /// Adds a line: the tag followed by the parts.
     template <class... Parts>
     void add(const Parts&... parts) noexcept {
-        if (!isActive()) return;
+        if (!open_) return;
         withoutRaising([&] {
-            if (logger_->isEnabled(*component_, kLogTraceLine)) {
-                logger_->log(*component_, level_, tag_ + concat(parts...));
+            if (open_->logger->isEnabled(open_->component, kLogTraceLine)) {
+                open_->logger->log(open_->component, open_->level, open_->tag + concat(parts...));
             }
         });
     }
@@ -58,13 +61,21 @@ class MethodTrace {
     void setResult(const std::string& value) noexcept;
 
   private:
-    void start(std::shared_ptr<Logger> logger, std::string tag);
+    /// What is known while the trace is written. A silent trace, which is what nearly all are, does
+    /// not even make the empty strings.
+    struct Open {
+        std::shared_ptr<Logger> logger;  // the log may end before the method
+        const LoggerComponent& component;
+        std::string tag;
+        std::uint32_t level;
+        std::string result{};
+    };
 
-    std::shared_ptr<Logger> logger_;  // null while silent; the log may end before the method
-    const LoggerComponent* component_;
-    std::uint32_t level_;
-    std::string tag_;
-    std::string result_;
+    void start(std::shared_ptr<Logger> logger, const LoggerComponent& component, std::string tag,
+               std::uint32_t level);
+    void end() noexcept;
+
+    std::optional<Open> open_;
 };
 
 }  // namespace jsw
