@@ -20,8 +20,15 @@ constexpr DWORD kPatienceInFault = 300;  // the rules may be what has failed
 
 /// Called at least so often in a job with the log on: by the log itself. The others behave as with
 /// the log off.
-constexpr std::uint32_t kCallsOfTheLog = 60;
+constexpr std::uint32_t kCallsOfTheLog = 30;
 constexpr std::uint32_t kFewLevels = kLogDetail | kLogModuleCall | kLogRules;
+
+/// One below the other: so a failed comparison shows the difference alone.
+std::string asLines(const std::vector<std::string>& calls) {
+    std::string lines;
+    for (const std::string& call : calls) lines += call + '\n';
+    return lines;
+}
 
 /// A number from the environment. The whole is run with a step of 1 and without the other limits.
 std::uint32_t number(const char* variable, std::uint32_t otherwise) {
@@ -61,7 +68,7 @@ void FaultTest::failOneCall(std::uint32_t levels, const std::string& function, s
     wholeJob(kPatienceInFault);
     faults_ += gate.hasFailed() ? 1 : 0;
     gate.reset();
-    EXPECT_EQ(job(levels), expected_)
+    EXPECT_EQ(asLines(job(levels)), asLines(expected_))
         << "after call " << call << " of " << function << " has failed";
 }
 

@@ -1,5 +1,6 @@
 #include "tests/support/TestLimits.h"
 
+#include "PublicLib/NeverDestroyed.h"
 #include "PublicLib/text/Text.h"
 #include "PublicLib/win/Handles.h"
 #include "tests/support/ThreadStacks.h"
@@ -24,7 +25,7 @@ constexpr DWORD kLookEvery = 100;     // milliseconds
 constexpr std::uint64_t kNever = ~std::uint64_t{0};
 
 std::atomic<std::uint64_t> deadline{kNever};  // as GetTickCount64() counts
-std::atomic<unsigned> limit{120};              // seconds, of the running test
+std::atomic<unsigned> limit{120};             // seconds, of the running test
 std::mutex textLock;
 std::string testName;
 std::string stepText;
@@ -54,7 +55,7 @@ class LimitListener : public ::testing::EmptyTestEventListener {
 
 /// Made ready beforehand: when a test hangs in the loader no thread can start any more.
 DWORD WINAPI reportHang(void* hangs) {
-    WaitForSingleObject(hangs, INFINITE);
+    if (WaitForSingleObject(hangs, INFINITE) != WAIT_OBJECT_0) return 1;
     writeError(concat("\nerror: ", runningTest(), " has not ended after ", limit.load(), " s\n"));
     writeOtherStacks();
     std::fflush(stdout);
@@ -91,9 +92,11 @@ void reportAbort(int /*signal*/) {
 }  // namespace
 
 void installTestLimits() {
-    static const KernelHandle hangs(CreateEventA(nullptr, TRUE, FALSE, nullptr));
-    const KernelHandle reporter(CreateThread(nullptr, 0, &reportHang, hangs.get(), 0, nullptr));
-    const KernelHandle watcher(CreateThread(nullptr, 0, &watch, hangs.get(), 0, nullptr));
+    // Not closed when the program ends: the threads look at it to their last moment.
+    static NeverDestroyed<KernelHandle> event(CreateEventA(nullptr, TRUE, FALSE, nullptr));
+    const HANDLE hangs = event->get();
+    const KernelHandle reporter(CreateThread(nullptr, 0, &reportHang, hangs, 0, nullptr));
+    const KernelHandle watcher(CreateThread(nullptr, 0, &watch, hangs, 0, nullptr));
     SetUnhandledExceptionFilter(&reportFault);
     std::signal(SIGABRT, &reportAbort);
     ::testing::UnitTest::GetInstance()->listeners().Append(new LimitListener);
