@@ -12,12 +12,13 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <cstdio>
 #include <cstring>
-#include <fstream>
-#include <iterator>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <set>
+#include <string>
 
 JSW_DEVICE_ENTRY_POINTS(JSW_MODULE_DECLARE)
 JSW_DEVICE_REQUIRE_ENTRY_POINTS
@@ -81,16 +82,36 @@ std::string deviceFilePath() {
     return path;
 }
 
+struct CloseFile {
+    void operator()(std::FILE* file) const { static_cast<void>(std::fclose(file)); }
+};
+
+/**
+ * The bytes of a file; nothing when it cannot be read. A stream of the C++ library would take an
+ * index of thread-local storage each time the module is loaded.
+ */
+std::optional<std::string> readFile(const std::string& path) {
+    const std::unique_ptr<std::FILE, CloseFile> file(std::fopen(path.c_str(), "rb"));
+    if (!file) {
+        return std::nullopt;
+    }
+    std::string bytes;
+    char part[1024];
+    while (const size_t size = std::fread(&part[0], 1, sizeof(part), file.get())) {
+        bytes.append(&part[0], size);
+    }
+    return std::ferror(file.get()) == 0 ? std::optional(bytes) : std::nullopt;
+}
+
 std::unique_ptr<const Devices> loadDevices() {
     const std::string path = deviceFilePath();
-    std::ifstream file(path, std::ios::binary);
-    if (!file) {
+    const std::optional<std::string> text = readFile(path);
+    if (!text) {
         jsw::sample::report("JSW_DEVICE_FILE (" + path + ") cannot be read");
         return nullptr;
     }
     try {
-        const std::string text{std::istreambuf_iterator<char>(file), {}};
-        return std::make_unique<Devices>(jsw::sample::readDeviceFile(text));
+        return std::make_unique<Devices>(jsw::sample::readDeviceFile(*text));
     } catch (const jsw::sample::DeviceFileError& error) {
         jsw::sample::report(path + ": " + error.what());
         return nullptr;

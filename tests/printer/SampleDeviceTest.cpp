@@ -3,6 +3,7 @@
 #include "PublicLib/printer/RealPrinter.h"
 #include "samples/device/DeviceFile.h"
 #include "tests/printer/ClientTest.h"
+#include "tests/support/ProcessState.h"
 
 namespace jsw {
 
@@ -46,6 +47,18 @@ TEST_F(SampleDeviceTest, AnswersForTheSamplePrinter) {
     EXPECT_EQ(real.ping(), 0U);
     EXPECT_EQ(real.getPrintHeadType(), 3);
     EXPECT_FALSE(isLoaded("comc.dll"));
+}
+
+TEST_F(SampleDeviceTest, LeavesNothingBehindWhenItIsFreed) {
+    const auto useAndFree = [](int times) {
+        for (int i = 0; i < times; ++i) PcsClient("comc.dll", "", false).cancelDiscovery();
+        EXPECT_FALSE(isLoaded("comc.dll"));
+        return test::processState();
+    };
+    const test::ProcessState before = useAndFree(2);
+    const test::ProcessState after = useAndFree(20);
+    EXPECT_EQ(after.freeTlsIndexes, before.freeTlsIndexes);
+    EXPECT_LT(after.heapBytes, before.heapBytes + 400);
 }
 
 TEST_F(SampleDeviceTest, SimulatesWhatAPrinterLacks) {
