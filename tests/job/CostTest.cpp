@@ -33,12 +33,19 @@ TEST_F(CostTest, APlainJobAsksTheSystemForNoMoreThanItNeeds) {
         const char* function;
         std::uint32_t atMost;
     } rows[] = {
-        {"RegOpenKeyExA", 31},    {"RegOpenKeyA", 1},  // of the XML parser
-        {"RegQueryValueExA", 18}, {"RegEnumValueA", 0},   {"RegCreateKeyExA", 0},
-        {"RegSetValueExA", 0},    {"RegDeleteValueA", 0}, {"AllocateAndInitializeSid", 0},
-        {"CreateFileA", 0},       {"LoadLibraryA", 2},  // the catalog and the rules engine: the
-                                                        // view stays loaded
-        {"malloc", 230},          {"_beginthreadex", 1},
+        {"RegOpenKeyExA", 31},
+        {"RegOpenKeyA", 1},  // of the XML parser
+        {"RegQueryValueExA", 18},
+        {"RegEnumValueA", 0},
+        {"RegCreateKeyExA", 0},
+        {"RegSetValueExA", 0},
+        {"RegDeleteValueA", 0},
+        {"AllocateAndInitializeSid", 0},
+        {"CreateFileA", 0},
+        {"LoadLibraryA", 2},  // the catalog and the rules engine: the
+                              // view stays loaded
+        {"malloc", 230},
+        {"_beginthreadex", 1},
     };
     for (const auto& [function, atMost] : rows) {
         EXPECT_LE(gate.calls(function), atMost) << function;
