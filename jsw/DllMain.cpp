@@ -6,7 +6,7 @@
 
 #ifdef __GNUC__
 namespace __gnu_cxx {
-void __freeres();
+void __freeres();  // NOLINT(bugprone-reserved-identifier): the name of the run-time library
 }
 #endif
 
@@ -24,6 +24,7 @@ void freeRuntimeReserve() {
 
 /// The first job keeps the library loaded until the process ends. So it is freed before (reserved
 /// is null then) only while no job has ever run, and nothing of it can be in use.
+// NOLINTNEXTLINE(readability-identifier-naming): the name that the loader calls
 extern "C" BOOL WINAPI DllMain(HINSTANCE /*library*/, DWORD reason, void* reserved) {
     if (reason == DLL_PROCESS_DETACH && reserved == nullptr) {
         jsw::isLibraryFreed = true;

@@ -42,7 +42,7 @@ DWORD keepLibraryLoaded() {
 
 // Never destroyed when the process ends: tearing a job down at that moment would call into modules
 // under the loader's lock. A driver ends its jobs with JSWTerminate.
-NeverDestroyed<DriverApi> api;
+NeverDestroyed<DriverApi> driverApi;
 
 }  // namespace
 
@@ -89,7 +89,7 @@ class DriverApi::NotedEnd {
 };
 
 DriverApi& DriverApi::instance() {
-    return *api;
+    return *driverApi;
 }
 
 bool DriverApi::enter() {

@@ -25,7 +25,7 @@ namespace jsw {
 ///   to carry out when it has left its last module, or for an ordinary thread that comes before.
 /// Whoever notes an end tries for the lock afterwards, and whoever gives the lock back looks for a
 /// noted end afterwards, so none is forgotten.
-class DriverApi : private JobWatch {
+class DriverApi final : private JobWatch {
   public:
     static DriverApi& instance();
 

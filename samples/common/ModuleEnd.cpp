@@ -6,7 +6,7 @@
 #ifdef __GNUC__
 
 namespace __gnu_cxx {
-void __freeres();
+void __freeres();  // NOLINT(bugprone-reserved-identifier): the name of the run-time library
 }
 
 namespace {
