@@ -85,16 +85,13 @@ class AccessibleControl : public IAccessible {
         return S_FALSE;  // parts have no objects of their own
     }
     HRESULT STDMETHODCALLTYPE get_accName(VARIANT which, BSTR* name) override {
-        const AccessibleItem* item = find(which);
-        return item ? giveText(item->name, name) : E_INVALIDARG;
+        return giveTextOf(which, &AccessibleItem::name, name);
     }
     HRESULT STDMETHODCALLTYPE get_accValue(VARIANT which, BSTR* value) override {
-        const AccessibleItem* item = find(which);
-        return item ? giveText(item->value, value) : E_INVALIDARG;
+        return giveTextOf(which, &AccessibleItem::value, value);
     }
     HRESULT STDMETHODCALLTYPE get_accDescription(VARIANT which, BSTR* description) override {
-        const AccessibleItem* item = find(which);
-        return item ? giveText(item->description, description) : E_INVALIDARG;
+        return giveTextOf(which, &AccessibleItem::description, description);
     }
     HRESULT STDMETHODCALLTYPE get_accRole(VARIANT which, VARIANT* role) override {
         const AccessibleItem* item = find(which);
@@ -162,6 +159,12 @@ class AccessibleControl : public IAccessible {
         if (which.lVal == CHILDID_SELF) return &model_->self;
         const auto index = static_cast<std::size_t>(which.lVal) - 1;
         return index < model_->parts.size() ? &model_->parts[index] : nullptr;
+    }
+
+    HRESULT giveTextOf(const VARIANT& which, std::string AccessibleItem::*text,
+                       BSTR* answer) const {
+        const AccessibleItem* item = find(which);
+        return item ? giveText(item->*text, answer) : E_INVALIDARG;
     }
 
     std::shared_ptr<AccessibleModel> model_;
