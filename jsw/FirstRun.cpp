@@ -33,7 +33,7 @@ void recheckLog() {
 bool installStore(const Localize& names) {
     if (!createLocalStore(names)) return false;
     recheckLog();
-    const std::string file = concat(folderPart(names.modulePath()), names.settingsFileName());
+    const std::string file = settingsFilePath();
     const bool installed = SettingsInstaller(file).installSettings();
     recheckLog();
     if (installed) return true;
@@ -42,6 +42,11 @@ bool installStore(const Localize& names) {
 }
 
 }  // namespace
+
+std::string settingsFilePath() {
+    const auto names = Localize::getInstance();
+    return concat(folderPart(names->modulePath()), names->settingsFileName());
+}
 
 bool installStoreIfMissing() {
     if (Settings().isValid()) return true;

@@ -1,6 +1,11 @@
 #pragma once
 
+#include <string>
+
 namespace jsw {
+
+/// Full name of the settings file that the first run installs. Needs Localize.
+std::string settingsFilePath();
 
 /// Gives this host program its settings when it has none yet: creates its store and copies the
 /// settings file beside the host's executable into the registry. Needs Localize and the log.

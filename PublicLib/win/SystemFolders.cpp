@@ -41,6 +41,11 @@ std::string specialFolder(int csidl) {
     return buffer.data();
 }
 
+std::string programFilesFolder() {
+    const std::string folder = specialFolder(CSIDL_PROGRAM_FILES);
+    return folder.empty() ? "C:\\Program Files" : folder;
+}
+
 std::string systemFolder() {
     std::array<char, MAX_PATH> buffer{};
     const UINT length = GetSystemDirectoryA(buffer.data(), static_cast<UINT>(buffer.size()));

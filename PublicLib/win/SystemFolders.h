@@ -16,6 +16,10 @@ std::string printerDriverDirectory();
 /// A special folder of the shell (CSIDL_…) without a trailing backslash; empty on failure.
 std::string specialFolder(int csidl);
 
+/// The folder of installed programs without a trailing backslash; its usual place when the shell
+/// does not know it.
+std::string programFilesFolder();
+
 /// Windows' system folder; empty on failure.
 std::string systemFolder();
 

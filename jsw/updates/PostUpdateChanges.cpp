@@ -6,8 +6,6 @@
 
 #include <windows.h>
 
-#include <shlobj.h>
-
 namespace jsw {
 
 namespace {
@@ -73,11 +71,9 @@ bool AppUpdatesController::setInitialPaths() {
 
 std::string AppUpdatesController::getInitialPath() {
     MethodTrace trace(component::kUpdater, "AppUpdatesController::getInitialPath() ");
-    std::string programFiles = specialFolder(CSIDL_PROGRAM_FILES);
-    if (programFiles.empty()) programFiles = "C:\\Program Files";
     std::string below;
     Settings().read(setting::kInitialPath, below);
-    return joinPath(programFiles, below);
+    return joinPath(programFilesFolder(), below);
 }
 
 void AppUpdatesController::performPostUpdateChangesIfRequired() {

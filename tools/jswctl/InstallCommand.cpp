@@ -1,6 +1,3 @@
-#include "PublicLib/os/Localize.h"
-#include "PublicLib/text/Text.h"
-#include "PublicLib/win/Paths.h"
 #include "jsw/FirstRun.h"
 #include "jsw/settings/Settings.h"
 #include "tools/jswctl/Command.h"
@@ -25,7 +22,6 @@ void requireSettingsFile(const std::string& file) {
 
 int install(const std::string& host) {
     nameExistingHost(host);
-    const auto names = Localize::getInstance();
     if (Settings().isValid()) {
         std::printf("%s has its settings already; 'jswctl remove' takes them away.\n",
                     storeName().c_str());
@@ -35,7 +31,7 @@ int install(const std::string& host) {
     if (error != ERROR_FILE_NOT_FOUND) {
         throw std::runtime_error("cannot open " + storeName() + ": " + errorText(error));
     }
-    const std::string file = concat(folderPart(names->modulePath()), names->settingsFileName());
+    const std::string file = settingsFilePath();
     requireSettingsFile(file);
     if (!installStoreIfMissing()) {
         throw std::runtime_error("not all settings of " + file + " could be installed in " +

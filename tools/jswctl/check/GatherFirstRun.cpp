@@ -1,10 +1,10 @@
 #include "tools/jswctl/check/GatherFirstRun.h"
 
 #include "PublicLib/ini/IniReader.h"
-#include "PublicLib/os/Localize.h"
 #include "PublicLib/text/Text.h"
 #include "PublicLib/win/Handles.h"
 #include "PublicLib/win/Paths.h"
+#include "jsw/FirstRun.h"
 #include "jsw/settings/OfnSettings.h"
 #include "jsw/settings/Settings.h"
 
@@ -95,11 +95,10 @@ void readFromFile(const HostFacts& facts, StoreImage& image) {
 }  // namespace
 
 void gatherFirstRun(HostFacts& facts) {
-    const auto names = Localize::getInstance();
     FirstRunFacts& run = facts.firstRun;
     run.storeOpens = Settings().isValid();
     run.storeError = run.storeOpens ? 0 : GetLastError();
-    run.settingsFile = concat(folderPart(names->modulePath()), names->settingsFileName());
+    run.settingsFile = settingsFilePath();
     readSettingsFile(run);
     if (run.storeOpens) {
         readStore(Settings(), setting::kHostTexts, setting::kHostNumbers, facts.image);

@@ -20,8 +20,6 @@
 
 #include <windows.h>
 
-#include <shlobj.h>
-
 #include <algorithm>
 #include <ctime>
 
@@ -55,9 +53,7 @@ void gatherNames(HostFacts& facts) {
 /// What the first job writes for a missing folder. Not asked of the update controller, which knows
 /// only what is in the registry already.
 std::string initialPath(const StoreImage& image) {
-    const std::string programFiles = specialFolder(CSIDL_PROGRAM_FILES);
-    return joinPath(programFiles.empty() ? "C:\\Program Files" : programFiles,
-                    image.text(setting::kInitialPath).value);
+    return joinPath(programFilesFolder(), image.text(setting::kInitialPath).value);
 }
 
 void gatherParser(HostFacts& facts) {
