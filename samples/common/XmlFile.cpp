@@ -5,6 +5,7 @@
 
 // After Com.h: the parser's header relies on the COM headers.
 #include <msxml2.h>
+#include <shlwapi.h>
 
 namespace jsw::sample {
 
@@ -122,11 +123,18 @@ std::optional<XmlNode> loadXmlFile(const std::string& path) {
         reportProblem(path, "the XML parser, version 3, is not installed");
         return std::nullopt;
     }
-    const ComString widePath(widen(path).c_str());
+    // A stream of the file, not its name: the parser would take the name for an address, and bring
+    // what downloads addresses into the host.
+    ComPtr<IStream> file;
+    if (SHCreateStreamOnFileW(widen(path).c_str(), STGM_READ | STGM_SHARE_DENY_WRITE, file.out()) !=
+        S_OK) {
+        reportProblem(path, "cannot be opened");
+        return std::nullopt;
+    }
     VARIANT source;
     VariantInit(&source);
-    source.vt = VT_BSTR;
-    source.bstrVal = widePath.get();
+    source.vt = VT_UNKNOWN;
+    source.punkVal = file.get();
     VARIANT_BOOL loaded = VARIANT_FALSE;
     if (document->load(source, &loaded) != S_OK || loaded != VARIANT_TRUE) {
         reportProblem(path, parseErrorText(*document.get()));

@@ -79,6 +79,10 @@ constexpr int kOwn[] = {
     JSW_VIEW_CONTENT_LINK + 5,
 };
 
+bool isOwn(int id) {
+    return std::find(std::begin(kOwn), std::end(kOwn), id) != std::end(kOwn);
+}
+
 /** Collects moves and carries them out at once, so that nothing is seen half done. */
 class Moves {
   public:
@@ -142,6 +146,7 @@ void createControls(HWND window, HINSTANCE instance) {
 
 void setControlFont(HWND window, HFONT font) {
     for (const Control& control : kControls) {
+        if (isOwn(control.id)) continue;  // its painter has fonts of its own
         SendDlgItemMessageW(window, control.id, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
     }
 }
