@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <functional>
 
 namespace jsw {
 
@@ -45,37 +46,43 @@ class FaultTest : public test::WholeJobTest {
     /// @param fewest  functions that are called less often are left out
     void failEachCall(std::uint32_t levels, std::uint32_t step, std::uint32_t most,
                       std::uint32_t fewest);
+    /// Lets the memory run out at the allocations 1, 1 + step, …, at most so many, each in a job of
+    /// its own, which gets no more of it to its end.
+    void runOutOfMemory(std::uint32_t levels, std::uint32_t step, std::uint32_t most);
 
   private:
     std::vector<std::string> job(std::uint32_t levels) {
         prepare(levels);
         return wholeJob(kPatience);
     }
-    void failOneCall(std::uint32_t levels, const std::string& function, std::uint32_t call,
-                     const test::Failure& failure, test::ImportGate& gate);
+    void learnWhatIsExpected(std::uint32_t levels) {
+        job(levels);  // what is made once and kept
+        expected_ = job(levels);
+    }
+    /// A job in which something fails, and one after it.
+    void failInOneJob(std::uint32_t levels, const std::string& what, test::ImportGate& gate,
+                      const std::function<void()>& fail);
 
     std::vector<std::string> expected_;
     int faults_ = 0;
 };
 
-void FaultTest::failOneCall(std::uint32_t levels, const std::string& function, std::uint32_t call,
-                            const test::Failure& failure, test::ImportGate& gate) {
-    test::describeStep(concat("call ", call, " of ", function));
+void FaultTest::failInOneJob(std::uint32_t levels, const std::string& what, test::ImportGate& gate,
+                             const std::function<void()>& fail) {
+    test::describeStep(what);
     test::allowSeconds(60);
     gate.reset();
     prepare(levels);
-    gate.fail(function, call, failure);
+    fail();
     wholeJob(kPatienceInFault);
     faults_ += gate.hasFailed() ? 1 : 0;
     gate.reset();
-    EXPECT_EQ(asLines(job(levels)), asLines(expected_))
-        << "after call " << call << " of " << function << " has failed";
+    EXPECT_EQ(asLines(job(levels)), asLines(expected_)) << "after " << what << " has failed";
 }
 
 void FaultTest::failEachCall(std::uint32_t levels, std::uint32_t step, std::uint32_t most,
                              std::uint32_t fewest) {
-    job(levels);  // what is made once and kept
-    expected_ = job(levels);
+    learnWhatIsExpected(levels);
     const char* only = std::getenv("JSW_FAULT_ONLY");
     test::ImportGate gate(imports_);
     for (const auto& function : imports_.functions()) {
@@ -87,7 +94,8 @@ void FaultTest::failEachCall(std::uint32_t levels, std::uint32_t step, std::uint
         if (calls < fewest) continue;
         const std::uint32_t stride = std::max(step, calls / most);
         for (std::uint32_t call = 1; call <= calls; call += stride) {
-            failOneCall(levels, function.name, call, *failure, gate);
+            failInOneJob(levels, concat("call ", call, " of ", function.name), gate,
+                         [&] { gate.fail(function.name, call, *failure); });
         }
     }
     if (only == nullptr) {
@@ -96,6 +104,27 @@ void FaultTest::failEachCall(std::uint32_t levels, std::uint32_t step, std::uint
     std::printf(
         "%d calls failed, each in a job of its own, log levels 0x%lx: every job after them "
         "as ever; expected: no other\n",
+        faults_, static_cast<unsigned long>(levels));
+}
+
+void FaultTest::runOutOfMemory(std::uint32_t levels, std::uint32_t step, std::uint32_t most) {
+    learnWhatIsExpected(levels);
+    test::ImportGate gate(imports_);
+    job(levels);
+    const std::uint32_t calls = gate.calls("malloc");
+    const test::Failure noMemory = *test::failureOf("malloc");
+    const std::uint32_t stride = std::max(step, calls / most);
+    for (std::uint32_t call = 1; call <= calls; call += stride) {
+        failInOneJob(levels, concat("every allocation from the ", call, ". on"), gate, [&] {
+            gate.failFrom("malloc", call, noMemory);
+            gate.failFrom("calloc", 1, noMemory);
+            gate.failFrom("realloc", 1, noMemory);
+        });
+    }
+    EXPECT_GT(faults_, 5);
+    std::printf(
+        "%d jobs ran out of memory, log levels 0x%lx: every job after them as ever; expected: no "
+        "other\n",
         faults_, static_cast<unsigned long>(levels));
 }
 
@@ -109,6 +138,16 @@ TEST_F(FaultTest, TheSameWithTheLogOn) {
         failEachCall(number("JSW_FAULT_LEVELS", kFewLevels), 1, number("JSW_FAULT_MOST_LOGGED", 2),
                      kCallsOfTheLog);
     });
+}
+
+TEST_F(FaultTest, TheJobAfterOneThatRanOutOfMemoryIsServedAsEver) {
+    const std::uint32_t step = number("JSW_FAULT_STEP", 40);
+    withoutStarting([&] { runOutOfMemory(0, step, number("JSW_FAULT_MOST", 40)); });
+}
+
+TEST_F(FaultTest, TheSameOfMemoryWithTheLogOn) {
+    const std::uint32_t levels = number("JSW_FAULT_LEVELS", kFewLevels);
+    withoutStarting([&] { runOutOfMemory(levels, 1, 10); });
 }
 
 }  // namespace jsw

@@ -67,7 +67,9 @@ ImportGate::ImportGate(const ImportTable& table) {
 
 /// Called by the code of every import. The thread's error must come out as it went in.
 int ImportGate::decide(Entry* entry) {
-    if (++entry->calls != entry->failingCall) return goOn;
+    const std::uint32_t call = ++entry->calls;
+    const std::uint32_t failing = entry->failingCall;
+    if (call != failing && (failing == 0 || call < failing || !entry->failsOn)) return goOn;
     SetLastError(entry->failure.lastError);
     return entry->failure.afterCall ? callAndAnswerFailure : answerFailure;
 }
@@ -112,14 +114,24 @@ ImportGate::Entry& ImportGate::entry(const std::string& name) const {
     return **found;
 }
 
+ImportGate::Entry& ImportGate::prepareFailure(const std::string& name, const Failure& failure,
+                                              bool failsOn) {
+    Entry& failing = entry(name);
+    failing.failure = failure;
+    failing.failsOn = failsOn;
+    return failing;
+}
+
 std::uint32_t ImportGate::calls(const std::string& name) const {
     return entry(name).calls;
 }
 
 void ImportGate::fail(const std::string& name, std::uint32_t call, const Failure& failure) {
-    Entry& failing = entry(name);
-    failing.failure = failure;
-    failing.failingCall = call;
+    prepareFailure(name, failure, false).failingCall = call;
+}
+
+void ImportGate::failFrom(const std::string& name, std::uint32_t call, const Failure& failure) {
+    prepareFailure(name, failure, true).failingCall = call;
 }
 
 bool ImportGate::hasFailed() const {

@@ -33,6 +33,8 @@ class ImportGate {
     std::uint32_t calls(const std::string& name) const;
     /// Lets one call of the function fail, the first being number 1, counted from the last reset.
     void fail(const std::string& name, std::uint32_t call, const Failure& failure);
+    /// Lets this call of the function fail and all after it, until the next reset.
+    void failFrom(const std::string& name, std::uint32_t call, const Failure& failure);
     /// Whether the failure asked for has been answered.
     bool hasFailed() const;
     /// Starts counting anew and lets nothing fail.
@@ -43,12 +45,14 @@ class ImportGate {
         std::string name;
         std::atomic<std::uint32_t> calls{0};
         std::atomic<std::uint32_t> failingCall{0};  // none
+        std::atomic<bool> failsOn{false};           // and so do the calls after it
         Failure failure{};
     };
 
     static int decide(Entry* entry);
     static void* makeCode(Entry* entry, void* original);
     Entry& entry(const std::string& name) const;
+    Entry& prepareFailure(const std::string& name, const Failure& failure, bool failsOn);
 
     // Kept for good: a thread may be on its way through one when the gate goes.
     std::vector<Entry*> entries_;
