@@ -3,6 +3,7 @@
 #include "jsw/catalog.h"
 #include "jsw/rules.h"
 #include "samples/common/HostStore.h"
+#include "tests/support/ProcessState.h"
 
 #include <windows.h>
 
@@ -291,6 +292,24 @@ TEST_F(RulesModulesTest, EngineDoesNotStartOnAFileItCannotRead) {
     EXPECT_EQ(engine.initialize(countedAllocate, nullptr, "", "", 1, 1), 1);
     EXPECT_EQ(engine.more(), 0);
     EXPECT_EQ(problemOf("rules.xml"), "");
+}
+
+/** Its reader raises an exception for itself; every job of a host with such a file loads it anew.
+ */
+TEST_F(RulesModulesTest, AFileItCannotReadCostsTheHostNothing) {
+    write("rules.xml", "<rules><rule result='A'><inc/></rule></rules>");
+    const auto useAndFree = [&](int times) {
+        for (int i = 0; i < times; ++i) {
+            const Module module = load("reng.dll");
+            EXPECT_EQ(Engine(module).initialize(countedAllocate, nullptr, "", "", 1, 1), 0);
+        }
+        EXPECT_EQ(GetModuleHandleA("reng.dll"), nullptr);
+        return jsw::test::processState();
+    };
+    const auto before = useAndFree(2);
+    const auto after = useAndFree(20);
+    EXPECT_EQ(after.freeTlsIndexes, before.freeTlsIndexes);
+    EXPECT_LT(after.heapBytes, before.heapBytes + 400);
 }
 
 }  // namespace
