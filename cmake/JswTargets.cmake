@@ -29,6 +29,10 @@ else()
               -fsanitize-undefined-trap-on-error
               -D_GLIBCXX_ASSERTIONS>)
   target_link_options(jsw_options INTERFACE -static -fstack-protector-strong)
+  option(JSW_COVERAGE "Count how often each line of the library is run (scripts/coverage.sh)" OFF)
+  if(JSW_COVERAGE)
+    target_link_options(jsw_options INTERFACE --coverage)
+  endif()
 endif()
 
 # jsw_debug_symbols(): everything from here down gets debug symbols, in release builds too; their
@@ -39,6 +43,14 @@ macro(jsw_debug_symbols)
   else()
     add_compile_options($<$<COMPILE_LANGUAGE:CXX>:-g>
                         $<$<COMPILE_LANGUAGE:CXX>:-fdebug-prefix-map=${PROJECT_SOURCE_DIR}=.>)
+  endif()
+endmacro()
+
+# jsw_count_lines(): what is compiled from here down counts how often each of its lines is run, when
+# that is asked for.
+macro(jsw_count_lines)
+  if(JSW_COVERAGE)
+    add_compile_options($<$<COMPILE_LANGUAGE:CXX>:--coverage>)
   endif()
 endmacro()
 

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs what building, testing and showing the library needs and what is not there yet.
-# With --tests also what the tests look at pages with, with --checks what the format and tidy checks
-# and the fuzzers need.
+# With --tests also what the tests look at pages with, with --coverage also what sums up the lines
+# they reach, with --checks what the format and tidy checks and the fuzzers need.
 set -euo pipefail
 
 packages=(
@@ -13,8 +13,11 @@ packages=(
   xvfb xauth imagemagick                        # windows and their screenshots
   fonts-dejavu-core fonts-open-sans fonts-wine  # what they are written in
 )
-if [[ "${1:-}" == --tests ]]; then
+if [[ "${1:-}" == --tests || "${1:-}" == --coverage ]]; then
   packages+=(chromium)
+fi
+if [[ "${1:-}" == --coverage ]]; then
+  packages+=(gcovr)
 elif [[ "${1:-}" == --checks ]]; then
   packages+=(clang clang-format clang-tidy libclang-rt-14-dev)  # for check.sh and fuzz.sh
 fi

@@ -36,6 +36,8 @@ start_display() {
   DISPLAY=":$(tr -d '[:space:]' <"$number_file")"
   export DISPLAY
   rm -f "$number_file"
+  # Nobody types here: every thread with a window would read a long table of key sequences.
+  export XCOMPOSEFILE=/dev/null
 }
 
 # On a display of our own nobody manages windows: Wine would wait two seconds for a window manager
