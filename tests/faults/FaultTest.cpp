@@ -70,7 +70,7 @@ class FaultTest : public test::WholeJobTest {
 void FaultTest::failInOneJob(std::uint32_t levels, const std::string& what, test::ImportGate& gate,
                              const std::function<void()>& fail) {
     test::describeStep(what);
-    test::allowSeconds(60);
+    test::allowSeconds(30);
     gate.reset();
     prepare(levels);
     fail();

@@ -369,7 +369,7 @@ TEST_F(LifecycleTest, AThousandJobsLeaveTheProcessAsItWas) {
     script_.ruleResults = {"TIP"};
     const auto jobs = [&](int count) {
         for (int i = 0; i < count; ++i) {
-            if (i % 50 == 0) test::allowSeconds(60);
+            if (i % 50 == 0) test::allowSeconds(30);
             runJob();
             // What is recorded must not grow with the number of jobs.
             script_.view.clear();

@@ -25,7 +25,7 @@ constexpr DWORD kLookEvery = 100;     // milliseconds
 constexpr std::uint64_t kNever = ~std::uint64_t{0};
 
 std::atomic<std::uint64_t> deadline{kNever};  // as GetTickCount64() counts
-std::atomic<unsigned> limit{120};             // seconds, of the running test
+std::atomic<unsigned> limit{30};              // seconds, of the running test
 std::mutex textLock;
 std::string testName;
 std::string stepText;
@@ -37,7 +37,7 @@ std::string runningTest() {
 
 unsigned defaultLimit() {
     const char* seconds = std::getenv("JSW_TEST_SECONDS");
-    return seconds != nullptr ? static_cast<unsigned>(std::atoi(seconds)) : 120;
+    return seconds != nullptr ? static_cast<unsigned>(std::atoi(seconds)) : 30;
 }
 
 class LimitListener : public ::testing::EmptyTestEventListener {
