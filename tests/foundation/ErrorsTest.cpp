@@ -1,20 +1,27 @@
 #include "PublicLib/errors/Exception.h"
 #include "PublicLib/locks/InterProcessLock.h"
+#include "PublicLib/locks/Mutex.h"
 #include "PublicLib/locks/Security.h"
 #include "PublicLib/text/Text.h"
 #include "PublicLib/win/Handles.h"
 #include "PublicLib/win/Paths.h"
+#include "tests/support/ImportGate.h"
 
 #include <windows.h>
 
 #include <aclapi.h>
 
+#include <functional>
 #include <gmock/gmock.h>
 #include <limits>
+#include <memory>
+#include <thread>
 
 namespace jsw {
 
 using ::testing::MatchesRegex;
+using ::testing::StrEq;
+using ::testing::ThrowsMessage;
 
 TEST(ExceptionTest, TextNamesPlaceMessageAndMeaning) {
     EXPECT_EQ(Exception("it failed", 0, "Mutex", 90).text(), "file:Mutex:90: it failed");
@@ -37,6 +44,21 @@ TEST(InterProcessLockTest, NeedsAName) {
     } catch (const Exception& error) {
         EXPECT_EQ(error.text(), "file:InterProcessLock:16: InterProcessLock has no name");
     }
+}
+
+TEST(MutexTest, AnOwnerKeepsOthersOutUntilItGoes) {
+    auto owner = std::make_unique<Mutex>(true, "jsw test mutex", false);
+    const auto othersGetIn = [] {
+        bool acquired = false;
+        std::thread([&] {
+            Mutex mutex(true, "jsw test mutex", false);  // exists: asks for ownership in vain
+            acquired = mutex.acquire(0);
+        }).join();
+        return acquired;
+    };
+    EXPECT_FALSE(othersGetIn());
+    owner.reset();
+    EXPECT_TRUE(othersGetIn());
 }
 
 TEST(UniqueHandleTest, GivingBackKeepsTheLastError) {
@@ -70,6 +92,46 @@ TEST(SecurityTest, LetsEveryoneIn) {
     LocalFree(descriptor);
     key.reset();
     RegDeleteKeyA(HKEY_CURRENT_USER, "Software\\JswTests\\Security");
+}
+
+/// Whoever catches it has nothing but the text to go by.
+TEST(LocksTest, ARefusedStepIsNamed) {
+    KeyHandle key;
+    ASSERT_EQ(RegCreateKeyA(HKEY_CURRENT_USER, "Software\\JswTests", key.put()), ERROR_SUCCESS);
+    const auto secure = [&] {
+        Security security;
+        security.doApply(GetCurrentProcess(), SE_KERNEL_OBJECT);
+        security.doApply(key.get(), SE_REGISTRY_KEY);
+    };
+    const auto exclude = [] {
+        Mutex mutex(false, "", true);
+        mutex.acquire(0);
+        mutex.release();
+    };
+    const struct {
+        const char* function;
+        const char* place;
+        std::function<void()> work;
+        std::uint64_t answer = FALSE;
+    } rows[] = {
+        {"InitializeSecurityDescriptor", "SecurityEveryone::SecurityEveryone()", secure},
+        {"AllocateAndInitializeSid", "SecurityEveryone::setSecurityIdEveryone()", secure},
+        {"IsValidSid", "SecurityEveryone::SecurityEveryone()", secure},
+        {"SetKernelObjectSecurity", "Security::doApply()", secure},
+        {"GetSecurityDescriptorDacl", "Security::doApply()", secure},
+        {"SetSecurityInfo", "Security::doApply()", secure, ERROR_ACCESS_DENIED},
+        {"InitializeSecurityDescriptor", "Mutex::Mutex()", exclude},
+        {"SetSecurityDescriptorDacl", "Mutex::Mutex()", exclude},
+        {"WaitForSingleObject", "Mutex::acquire()", exclude, WAIT_FAILED},
+        {"ReleaseMutex", "Mutex::release()", exclude},
+    };
+    test::ImportGate gate{test::ImportTable(GetModuleHandleA(nullptr))};
+    for (const auto& row : rows) {
+        gate.reset();
+        gate.failFrom(row.function, 1, {.answer = row.answer});
+        EXPECT_THAT(row.work, ThrowsMessage<Win32Exception>(
+                                  StrEq(concat(row.place, " ", row.function, " failed"))));
+    }
 }
 
 TEST(TextTest, JoinsPartsOfEveryKind) {

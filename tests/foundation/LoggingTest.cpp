@@ -222,6 +222,24 @@ TEST_F(LoggingTest, WhatTheStoreDoesNotSayIsAtItsDefault) {
         EXPECT_TRUE(isLogEnabled(*component, kLogRules)) << component->name();
         EXPECT_FALSE(isLogEnabled(component::kJsw, kLogRules));
     }
+    LoggerComponent another("Another", kLogError);
+    EXPECT_FALSE(isLogEnabled(another, kLogRules));
+    another.setMask(kLogRules);
+    restartLog();
+    EXPECT_TRUE(isLogEnabled(another, kLogRules));
+}
+
+TEST_F(LoggingTest, ALineAfterTheEndOfTheHostsNamesIsLost) {
+    BasicLogger::createInstance(15);
+    Localize::destroy();
+    std::uint32_t value = 7;
+    BasicLogger::getInstance()->readSwitch("All", value, 9);
+    EXPECT_EQ(value, 9U);
+    logLine(component::kJsw, kLogError, "too late");
+    Localize::createInstance(nullptr);
+    logLine(component::kJsw, kLogError, "in time");
+    EXPECT_FALSE(logContains("too late"));
+    EXPECT_TRUE(logContains("in time"));
 }
 
 TEST_F(LoggingTest, TheLogAndItsLockAreOpenToEveryoneAndSharedWhileWritten) {
@@ -298,6 +316,19 @@ const test::ChildRole holder("holder", [](const std::string& argument) {
     SetEvent(OpenEventA(EVENT_MODIFY_STATE, FALSE, "JswTestHolding"));
     Sleep(INFINITE);
     return 0;
+});
+
+const test::ChildRole namedByModule("critical log, named by its module", [](const std::string&) {
+    const auto write = [] { CriticalLog("", "DebugData", "by a module", nullptr); };
+    {
+        const auto noName = test::replaceImport<decltype(GetModuleFileNameA)>(
+            test::ImportTable(GetModuleHandleA(nullptr)), "GetModuleFileNameA",
+            [](HMODULE, char*, DWORD) { return DWORD{0}; });
+        EXPECT_THAT(write, ::testing::ThrowsMessage<Win32Exception>(
+                               ::testing::StrEq("CriticalLog(): GetModuleFileName failed")));
+    }
+    write();
+    return ::testing::Test::HasFailure() ? 1 : 0;
 });
 
 TEST(SharedLogTest, EightProcessesLoseAndTearNoLine) {
@@ -394,6 +425,11 @@ TEST(CriticalLogTest, WritesToOneFileInTheRootOfTheDrive) {
                 MatchesRegex(".*DebugData                 first\r\n"
                              ".*DebugData                 second\r\n"));
     DeleteFileA("C:\\qlcrit.log");
+    DeleteFileA("C:\\qlte.log");
+    EXPECT_EQ(test::ChildProcess("critical log, named by its module", "").wait(30000), 0U);
+    EXPECT_THAT(test::readFile("C:\\qlte.log"),
+                MatchesRegex(".*DebugData                 by a module\r\n"));
+    DeleteFileA("C:\\qlte.log");
 }
 
 }  // namespace jsw

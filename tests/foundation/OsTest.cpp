@@ -11,6 +11,7 @@
 
 #include <windows.h>
 
+#include <shlobj.h>
 #include <winspool.h>
 
 #include <cstring>
@@ -18,6 +19,9 @@
 #include <set>
 
 namespace jsw {
+
+using ::testing::StrEq;
+using ::testing::ThrowsMessage;
 
 TEST(OsVersionTest, ClassifiesByPlatformAndVersion) {
     const struct {
@@ -106,6 +110,38 @@ TEST(CurrentProcessTest, CanBeAskedAgainAfterItsEnd) {
     CurrentProcess::destroy();
     EXPECT_EQ(CurrentProcess::instance()->folder() + "qltest-foundation.exe", path);
     CurrentProcess::destroy();
+}
+
+/// A made-up name would lead to another host's settings.
+TEST(CurrentProcessTest, WithoutANameOfTheProgramThereAreNoNames) {
+    std::string answer;
+    bool isCut = false;
+    const auto ask = test::replaceImport<decltype(GetModuleFileNameA)>(
+        test::ImportTable(GetModuleHandleA(nullptr)), "GetModuleFileNameA",
+        [&](HMODULE, char* name, DWORD size) {
+            answer.copy(name, size);
+            return isCut ? size : static_cast<DWORD>(answer.size());
+        });
+    const auto localize = [] { Localize(HMODULE{}); };
+    for (const bool cut : {false, true}) {
+        isCut = cut;
+        EXPECT_THAT([] { CurrentProcess(); },
+                    ThrowsMessage<Win32Exception>(StrEq("CurrentProcess::CurrentProcess")));
+        EXPECT_THAT(localize, ThrowsMessage<Win32Exception>(
+                                  StrEq("Localize::Localize(): GetModuleFileName failed")));
+    }
+    isCut = false;
+    answer = "C:\\hosts\\";
+    EXPECT_THAT(localize,
+                ThrowsMessage<Exception>(StrEq("Localize::Localize(): GetLocalId failed")));
+}
+
+TEST(SystemFoldersTest, TheFolderOfProgramsIsTheUsualOneWhenTheShellDoesNotTell) {
+    const auto refuse = test::replaceImport<decltype(SHGetFolderPathA)>(
+        test::ImportTable(GetModuleHandleA(nullptr)), "SHGetFolderPathA",
+        [](HWND, int, HANDLE, DWORD, char*) { return E_FAIL; });
+    EXPECT_EQ(specialFolder(CSIDL_COMMON_APPDATA), "");
+    EXPECT_EQ(programFilesFolder(), "C:\\Program Files");
 }
 
 TEST(SystemFoldersTest, TheDriverFolderIsThisMachinesOwn) {

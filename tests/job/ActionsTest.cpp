@@ -10,6 +10,8 @@
 #include <shellapi.h>
 #include <winspool.h>
 
+#include <thread>
+
 namespace jsw {
 
 using ::testing::ElementsAre;
@@ -117,6 +119,20 @@ TEST_F(ActionsTest, AnEmptyHistoryHasNoNeighbours) {
     EXPECT_EQ(std::count(lines.begin(), lines.end(),
                          "Controller::doBillboardCallback: No billboard id for NEXT"),
               2);
+}
+
+TEST_F(ActionsTest, ABillboardWithoutAnIdIsNotShown) {
+    Settings().write(setting::kDefaultBillboard, "");
+    EXPECT_THAT(shownFor({"CURRENT"}), IsEmpty());
+    EXPECT_TRUE(hasLine("ERROR - bbId is empty string."));
+}
+
+TEST_F(ActionsTest, AClickThatOutlivesItsJobShowsNothing) {
+    script_.onCatalogCall = [](const std::string& name) {
+        if (name == "GetBillboardRestoreWindow") std::thread([] { api_.terminate(); }).join();
+    };
+    EXPECT_THAT(shownFor({"CURRENT"}), IsEmpty());
+    EXPECT_THAT(viewCalls("Uninitialize"), ElementsAre("Uninitialize()"));
 }
 
 TEST_F(ActionsTest, ABillboardWhoseFileIsMissingIsNotShown) {

@@ -277,6 +277,9 @@ TEST_F(CallbackTest, AnExceptionOfTheDriverIsCaught) {
     start();
     script_.reportEvent(3);
     EXPECT_TRUE(hasLine("ERROR - jswCallback: driver's own"));
+    onStatus = [](std::uint32_t status) { throw status; };
+    script_.reportEvent(3);
+    EXPECT_TRUE(hasLine("ERROR - jswCallback: unknown exception"));
 }
 
 }  // namespace jsw

@@ -129,7 +129,7 @@ TEST_F(HistoryTest, WhatAnotherProcessAddsMeanwhileSurvives) {
     EXPECT_THAT(storedNames(), ElementsAre("Id0", "Id1", "Id9"));
 }
 
-TEST_F(HistoryTest, AnEntryThatCannotBeRemovedIsToldToTheLog) {
+TEST_F(HistoryTest, WhatCannotBeRemovedIsToldToTheLog) {
     startLog();
     Settings().setStringValue(setting::kHistoryIdsKey, "foreign", "A");
     const auto failing = test::replaceImport<decltype(RegDeleteValueA)>(
@@ -138,6 +138,12 @@ TEST_F(HistoryTest, AnEntryThatCannotBeRemovedIsToldToTheLog) {
     { History history; }
     EXPECT_TRUE(hasLine(
         "History::save: Unable to remove an entry of an earlier history, name=foreign, error=5"));
+    const auto keyStays = test::replaceImport<decltype(RegDeleteKeyA)>(
+        test::ImportTable(GetModuleHandleA(nullptr)), "RegDeleteKeyA",
+        [](HKEY, const char*) { return LSTATUS{ERROR_ACCESS_DENIED}; });
+    History().clear();
+    EXPECT_TRUE(hasLine("History::clear: Unable to clear history from the registry"));
+    EXPECT_TRUE(logContains("RegistryKey::recurseDeleteKey() RegDeleteKey(): Win32(5"));
 }
 
 TEST_F(HistoryTest, ClearDeletesTheKeyForGood) {

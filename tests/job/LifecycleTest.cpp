@@ -1,4 +1,5 @@
 #include "PublicLib/text/Text.h"
+#include "jsw/modules/Catalog.h"
 #include "tests/job/JobTest.h"
 #include "tests/support/ImportTable.h"
 #include "tests/support/ProcessState.h"
@@ -271,6 +272,21 @@ TEST_F(LifecycleTest, WhatTheUserChoosesComesBackAtTheNextJob) {
     EXPECT_TRUE(Settings().write(setting::kCheckForUpdates, 0));
 }
 
+TEST_F(LifecycleTest, AChoiceThatCannotBeSavedOrReadBackIsToldToTheLog) {
+    Settings().setDwordValue(setting::kGuiKey, "Number", 5);
+    startJob();
+    EXPECT_THAT(viewCalls("SetSavedValue"), IsEmpty());
+    EXPECT_TRUE(hasLine(
+        "BillboardView::setSavedValues: ERROR - unable to read value for valueName=Number."));
+    const auto readOnly = test::replaceImport<decltype(RegSetValueExA)>(
+        test::ImportTable(GetModuleHandleA("jsw.dll")), "RegSetValueExA",
+        [](auto...) { return LSTATUS{ERROR_ACCESS_DENIED}; });
+    script_.saveUpdateSoftware(1);
+    EXPECT_TRUE(
+        hasLine("BillboardView::saveUpdateSoftwareCallback: Unable to write the registry for "
+                "key='Settings\\Updater' and value name='CheckForUpdates'."));
+}
+
 TEST_F(LifecycleTest, WithoutAViewTheJobFailsButEndsInOrder) {
     const std::string notADll = folder_.write("broken.dll", "no code here");
     for (const char* module : {"absent.dll", "broken.dll", "..\\..\\no\\such\\folder\\x.dll"}) {
@@ -299,6 +315,17 @@ TEST_F(LifecycleTest, ACatalogThatDoesNotStartIsNotAskedUntilItDoes) {
     script_.clickBillboard("CURRENT", 0);
     EXPECT_THAT(viewCalls("DisplayBillboard"),
                 ElementsAre("DisplayBillboard(default.bb,false,false)"));
+}
+
+TEST_F(LifecycleTest, ACatalogThatIsTakenDownStaysLoaded) {
+    startLog();
+    Catalog catalog;
+    catalog.uninitialize();
+    EXPECT_TRUE(hasLine("Catalog::uninitialize: ERROR - Catalog is not loaded."));
+    EXPECT_EQ(catalog.getBillboardFileName("DEFAULT"), "default.bb");
+    catalog.uninitialize();
+    EXPECT_EQ(catalog.getBillboardFileName("DEFAULT"), "default.bb");
+    EXPECT_THAT(script_.catalog.calls(), ElementsAre("Initialize()", "UnInitialize()"));
 }
 
 TEST_F(LifecycleTest, AnEntryPointThatIsMissingIsSkippedAndNamed) {

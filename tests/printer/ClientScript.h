@@ -36,7 +36,8 @@ struct ClientScript {
     std::vector<std::uint8_t> response;  // its first bytes that fit are written
     JswDeviceStatus exchangeStatus = 0;
 
-    void (*onCall)(const std::string& name) = nullptr;  // of PcsUninitialize, PcsGetHostInfo
+    // Of PcsUninitialize, PcsGetHostInfo and the closes.
+    void (*onCall)(const std::string& name) = nullptr;
 
     int initialized = 0;          // PcsInitialize less PcsUninitialize
     std::atomic<int> opened = 0;  // opens less closes

@@ -7,10 +7,13 @@
 #include <atomic>
 #include <cctype>
 #include <functional>
+#include <gmock/gmock.h>
 #include <stdexcept>
 #include <thread>
 
 namespace jsw {
+
+using ::testing::ElementsAre;
 
 namespace {
 
@@ -186,6 +189,24 @@ TEST_F(PcsClientTest, HoldsTheLibraryWhileAHandleIsOpen) {
     EXPECT_EQ(script_.opened, 0);  // the destructor closed them
     EXPECT_EQ(script_.initialized, 0);
     EXPECT_FALSE(isLoaded(kClient));
+}
+
+TEST_F(PcsClientTest, WhatIsLeftOpenIsClosedAsTheKindOfDeviceItIs) {
+    static std::vector<std::string> closed;
+    closed.clear();
+    script_.onCall = [](const std::string& name) { closed.push_back(name); };
+    {
+        PcsClient client(kClient, "", false);
+        client.openHid(kHandle);
+        client.openPrinter(kHandle + 1);
+        EXPECT_EQ(client.closeAllHids(), 0U);
+        EXPECT_THAT(closed, ElementsAre("PcsCloseHid"));
+        EXPECT_EQ(held(client), Held(1, 1));
+        client.openHid(kHandle + 2);
+        client.openScanner(kHandle + 3);
+    }
+    EXPECT_THAT(closed, ElementsAre("PcsCloseHid", "PcsClosePrinter", "PcsCloseHid",
+                                    "PcsCloseScanner", "PcsUninitialize"));
 }
 
 TEST_F(PcsClientTest, TwoClosesOfOneOpenGiveItsReferencesUpOnce) {

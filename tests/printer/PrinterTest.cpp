@@ -25,6 +25,7 @@ TEST_F(PrinterTest, FallsBackToAPrinterThatAnswersNothing) {
         EXPECT_EQ(cache.getCartridge1Authenticity(), 5U);
         EXPECT_EQ(cache.getCartridge2ProgramType(), 2U);
         EXPECT_EQ(cache.getBlackCartridgeClass(), 3U);
+        EXPECT_EQ(cache.getCartridge1SerialNumber(), 1U);
         EXPECT_EQ(cache.getCartridge2SerialNumber(), 2U);
         EXPECT_EQ(cache.getCartridge1PartNumber(), "00");
     }
@@ -56,6 +57,7 @@ TEST_F(PrinterTest, SimulatesAPrinterUnderTheReservedName) {
     SimulatedPrinter simulated("SimulatedPrinter");
     EXPECT_TRUE(simulated.init());
     EXPECT_EQ(simulated.ping(), 0U);
+    EXPECT_EQ(simulated.print("file"), 0U);
     EXPECT_EQ(simulated.getPrintHeadType(), 2);
     EXPECT_EQ(simulated.getPort(), "USB003");
     EXPECT_FALSE(isLoaded(kClient));

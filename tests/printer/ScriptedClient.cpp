@@ -75,7 +75,8 @@ JswDeviceStatus open(JswDeviceStatus status) {
     return status;
 }
 
-JswDeviceStatus close() {
+JswDeviceStatus close(const char* name) {
+    if (script().onCall != nullptr) script().onCall(name);
     Sleep(script().closeMilliseconds);
     --script().opened;
     return script().callStatus;
@@ -138,10 +139,19 @@ EXPORTED PcsOpenPrinter(JswDeviceClientId, JswDeviceHandle) {
     return open(script().openStatus);
 }
 EXPORTED PcsClosePrinter(JswDeviceClientId, JswDeviceHandle) {
-    return close();
+    return close("PcsClosePrinter");
+}
+EXPORTED PcsOpenHid(JswDeviceClientId, JswDeviceHandle) {
+    return open(script().openStatus);
 }
 EXPORTED PcsCloseHid(JswDeviceClientId, JswDeviceHandle) {
-    return close();
+    return close("PcsCloseHid");
+}
+EXPORTED PcsOpenScanner(JswDeviceClientId, JswDeviceHandle) {
+    return open(script().openStatus);
+}
+EXPORTED PcsCloseScanner(JswDeviceClientId, JswDeviceHandle) {
+    return close("PcsCloseScanner");
 }
 EXPORTED PcsOpenCardReader(JswDeviceClientId, JswDeviceHandle) {
     return open(script().openStatus);

@@ -11,6 +11,7 @@
 #include "jsw/settings/Settings.h"
 #include "tests/support/FuzzSeeds.h"
 #include "tests/support/HostTest.h"
+#include "tests/support/ImportTable.h"
 
 #include <filesystem>
 #include <fstream>
@@ -203,6 +204,36 @@ TEST_F(IniTest, LongValuesArriveWhole) {
     EXPECT_THAT(pairs, ElementsAre(Pair("key", "string:" + longText)));
 }
 
+TEST_F(IniTest, AFileTooLargeForABufferIsNotRead) {
+    startLog();
+    const std::string large = folder_.write("large.loc", "[Section]\r\nkey=string:value");
+    std::filesystem::resize_file(large, (std::uintmax_t{1} << 32) + 100);  // takes no room
+    EXPECT_FALSE(IniReader(large).build());
+    EXPECT_TRUE(hasLine(concat("IniReader::build():Could not open the settings file.errorCode =",
+                               ERROR_FILE_TOO_LARGE)));
+}
+
+/// As when somebody else writes the file at the same time.
+TEST_F(IniTest, WhatVanishesWhileAFileIsReadIsLeftOut) {
+    startLog();
+    const std::string file = folder_.write("s.loc", "[Bare]\na=dword:1\n[S]\nb=dword:1\nc=dword:1");
+    const auto read = test::replaceImport<decltype(GetPrivateProfileStringA)>(
+        test::ImportTable(GetModuleHandleA(nullptr)), "GetPrivateProfileStringA",
+        [](auto original, const char* section, const char* key, auto... rest) -> DWORD {
+            if (key == nullptr && *section == 'B') return 1;  // a name without letters
+            if (key == nullptr || *key != 'b') return original(section, key, rest...);
+            SetLastError(ERROR_FILE_NOT_FOUND);
+            return 0;
+        });
+    IniReader reader(file);
+    EXPECT_TRUE(reader.build());
+    IniPairs pairs;
+    reader.getSectionData("S", pairs);
+    EXPECT_THAT(pairs, ElementsAre(Pair("c", "dword:1")));
+    EXPECT_TRUE(logContains("No key-value pairs found for section='Bare'"));
+    EXPECT_TRUE(logContains("Could not retrieve value for key='b' under section=S"));
+}
+
 TEST_F(IniTest, InstallsTypedValues) {
     startLog();
     const std::string file = folder_.write(
@@ -299,6 +330,16 @@ TEST_F(FirstRunTest, FailureIsAnInternalErrorAndIsLoggedAtOnce) {
     EXPECT_FALSE(installStoreIfMissing());
     EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INTERNAL_ERROR));
     EXPECT_TRUE(logContains("ERROR - unable to install all settings of " + file_));
+}
+
+TEST_F(FirstRunTest, AHostThatMayNotMakeAStoreSaysSo) {
+    writeSettings("DataPath=string:C:\\Data\r\n");
+    const auto refuse = test::replaceImport<decltype(RegCreateKeyExA)>(
+        test::ImportTable(GetModuleHandleA(nullptr)), "RegCreateKeyExA",
+        [](auto...) { return LSTATUS{ERROR_ACCESS_DENIED}; });
+    EXPECT_FALSE(installStoreIfMissing());
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INTERNAL_ERROR));
+    EXPECT_TRUE(logContains("ERROR - file:RegistryKey:73: RegistryKey::regCreateKeyEx(): Win32(5"));
 }
 
 }  // namespace jsw

@@ -85,8 +85,11 @@ TEST_F(SettingsTest, ValuesOfTheWrongTypeReadAsFalseWithTheOutputUntouched) {
     EXPECT_FALSE(settings.readOrWriteDefault(setting::kCheckForUpdates, number));
     EXPECT_NE(GetLastError(), static_cast<DWORD>(ERROR_SUCCESS));
     EXPECT_FALSE(settings.read(setting::kDataPath, text));
+    std::vector<std::uint8_t> bytes{9};
+    EXPECT_FALSE(settings.getBinaryValue("Settings\\", "DataPath", bytes));
     EXPECT_EQ(number, 4711u);
     EXPECT_EQ(text, "old");
+    EXPECT_THAT(bytes, ElementsAre(9));
     EXPECT_EQ(stored(settings, "Settings\\Updater", "CheckForUpdates"), "'1'");
 }
 

@@ -8,6 +8,7 @@
 #include "jsw/updates/AppUpdatesController.h"
 #include "tests/support/ChildProcess.h"
 #include "tests/support/HostTest.h"
+#include "tests/support/ImportTable.h"
 #include "tests/support/WindowsVersion.h"
 
 #include <filesystem>
@@ -232,6 +233,41 @@ TEST_F(LaunchTest, ConsoleUserLaunchReportsWhatFailed) {
     UserEnvironment ofUser;
     EXPECT_TRUE(controller.createEnvironment(ofUser, token.get()));
     EXPECT_NE(ofUser.block(), nullptr);
+}
+
+TEST_F(LaunchTest, AStepThatTheSystemRefusesIsNamedAndAnEnvironmentIsNotVital) {
+    const struct {
+        const char* function;
+        const char* line;
+        bool launches;
+    } rows[] = {
+        {"WTSQueryUserToken", "API WTSQueryUserToken failed, lastErr=5.", false},
+        {"DuplicateTokenEx", "API DuplicateTokenEx failed, lastErr=5.", false},
+        {"CreateEnvironmentBlock", "API GetProcAddr(CreateEnvironmentBlock) failed, lastErr=5",
+         true},
+    };
+    startLog();
+    std::string refused;
+    const auto refuse = [&](const char* name) {
+        SetLastError(ERROR_ACCESS_DENIED);
+        return refused == name;
+    };
+    const test::ImportTable imports(GetModuleHandleA(nullptr));
+    const auto find = test::replaceImport<decltype(GetProcAddress)>(
+        imports, "GetProcAddress", [&](auto original, HMODULE library, const char* name) {
+            return refuse(name) ? nullptr : original(library, name);
+        });
+    const auto duplicate = test::replaceImport<decltype(DuplicateTokenEx)>(
+        imports, "DuplicateTokenEx", [&](auto original, auto... arguments) {
+            return refuse("DuplicateTokenEx") ? FALSE : original(arguments...);
+        });
+    for (const auto& row : rows) {
+        refused = row.function;
+        DeleteFileA(logPath().c_str());
+        AppUpdatesController().checkForUpdatesXp(folder_.file("none.exe"));
+        EXPECT_TRUE(logContains(row.line)) << row.function;
+        EXPECT_EQ(logContains("Launching="), row.launches) << row.function;
+    }
 }
 
 TEST_F(LaunchTest, LaunchesGiveBackAllTheyTake) {
