@@ -144,6 +144,21 @@ TEST_F(ForeignExceptionTest, AFaultPassesEveryVisitOfItsThread) {
     expectNextJobWorks();
 }
 
+/// What a caller hands over is read before a lock is taken.
+TEST_F(ForeignExceptionTest, ABadPointerOfACallerHarmsNobodyElse) {
+    const auto* const bad = reinterpret_cast<const char*>(std::uintptr_t{1});
+    ASSERT_EQ(startJob(), 1);
+    ASSERT_TRUE(waitForRules());
+    for (const std::function<void()>& call :
+         {std::function<void()>([&] { startJob({.jobName = bad}); }),
+          std::function<void()>([&] { script_.clickBillboard(bad, 0); })}) {
+        EXPECT_EQ(test::HostGuard::exceptionOf(call), EXCEPTION_ACCESS_VIOLATION);
+        EXPECT_TRUE(anotherThreadGetsThrough());
+    }
+    endJob();
+    expectNextJobWorks();
+}
+
 /// Nobody further out handles it, or whoever asks first repairs the cause: nothing is stopped.
 TEST_F(ForeignExceptionTest, AnExceptionThatIsContinuedIsNoneOfTheLibrarysBusiness) {
     ASSERT_EQ(startJob(), 1);
