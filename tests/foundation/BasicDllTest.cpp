@@ -1,9 +1,12 @@
 #include "PublicLib/BasicDll.h"
 #include "PublicLib/win/Handles.h"
 #include "PublicLib/win/SystemFolders.h"
+#include "tests/support/ChildProcess.h"
+#include "tests/support/ImportTable.h"
 #include "tests/support/TempFolder.h"
 
 #include <gmock/gmock.h>
+#include <thread>
 
 namespace jsw {
 
@@ -11,17 +14,34 @@ namespace {
 
 int loads = 0;
 int unloads = 0;
+bool failOnLoad = false;
 bool failOnUnload = false;
 
+/// Expects the module to be there while it is told of it.
 struct CountingHandler : DllHandler {
-    void onLoad(LoadedModule& /*module*/) override { ++loads; }
-    void onUnload(LoadedModule& /*module*/) override {
+    void onLoad(LoadedModule& module) override {
+        ++loads;
+        EXPECT_EQ(GetModuleHandleA(module.name().c_str()), module.handle());
+        if (failOnLoad) throw Exception("hook failed", 0, "", 0);
+    }
+    void onUnload(LoadedModule& module) override {
         ++unloads;
+        EXPECT_EQ(GetModuleHandleA(module.name().c_str()), module.handle());
         if (failOnUnload) throw Exception("hook failed", 0, "", 0);
     }
 };
 
 using Dll = BasicDll<CountingHandler>;
+
+/// A process whose first word to the critical log is that a hook failed.
+const test::ChildRole failingHook("failing hook", [](const std::string& module) {
+    failOnUnload = true;
+    {
+        Dll dll;
+        dll.init(module);
+    }
+    return unloads;
+});
 
 }  // namespace
 
@@ -30,7 +50,7 @@ class BasicDllTest : public ::testing::Test {
   protected:
     BasicDllTest() {
         loads = unloads = 0;
-        failOnUnload = false;
+        failOnLoad = failOnUnload = false;
         module_ = folder_.file("module.dll");
         CopyFileA((systemFolder() + "\\msxml3.dll").c_str(), module_.c_str(), FALSE);
     }
@@ -94,13 +114,41 @@ TEST_F(BasicDllTest, AFailureNamesFileAndReason) {
     EXPECT_EQ(Dll::refCount(nullptr), 0);
 }
 
-TEST_F(BasicDllTest, AFailingHookNeverLeavesTheDestructor) {
-    failOnUnload = true;
+TEST_F(BasicDllTest, OneFileHasOneCountUnderEverySpelling) {
+    Dll first;
+    first.init(module_);
     {
-        Dll dll;
-        dll.init(module_);
+        // The system does not always know a loaded file by another spelling of its name.
+        const auto unknown = test::replaceImport<decltype(GetModuleHandleA)>(
+            test::ImportTable(GetModuleHandleA(nullptr)), "GetModuleHandleA",
+            [&](auto original, const char* name) {
+                return std::string(name) == module_ ? nullptr : original(name);
+            });
+        BasicDll<DllHandler> second;
+        // On a thread, because this function may have the system's own at hand already.
+        std::thread([&] { second.init(module_); }).join();
+        EXPECT_EQ(Dll::refCount(first.handle()), 2);
     }
-    EXPECT_EQ(unloads, 1);
+    EXPECT_EQ(Dll::refCount(first.handle()), 1);
+}
+
+TEST_F(BasicDllTest, AHookThatFailsAtTheLoadLetsTheModuleGo) {
+    failOnLoad = true;
+    Dll dll;
+    EXPECT_THROW(dll.init(module_), Exception);
+    EXPECT_EQ(dll.handle(), nullptr);
+    EXPECT_EQ(GetModuleHandleA(module_.c_str()), nullptr);
+}
+
+TEST_F(BasicDllTest, AFailingHookNeverLeavesTheDestructorButIsWrittenDown) {
+    constexpr char kLog[] = "C:\\dkab.log";
+    DeleteFileA(kLog);
+    EXPECT_EQ(test::ChildProcess("failing hook", module_).wait(30000), 1U);
+    EXPECT_THAT(test::readFile(kLog),
+                ::testing::EndsWith(" DebugData                 BasicDll<Handler>::~BasicDll(): "
+                                    "Caught exception on '" +
+                                    module_ + "'\r\n"));
+    DeleteFileA(kLog);
 }
 
 }  // namespace jsw

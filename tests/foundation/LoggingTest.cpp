@@ -1,5 +1,6 @@
 #include "PublicLib/errors/Exception.h"
 #include "PublicLib/logging/CriticalLog.h"
+#include "PublicLib/logging/Guard.h"
 #include "PublicLib/logging/LogLine.h"
 #include "PublicLib/logging/MethodTrace.h"
 #include "PublicLib/os/Localize.h"
@@ -16,6 +17,7 @@
 #include <gmock/gmock.h>
 #include <map>
 #include <sstream>
+#include <stdexcept>
 #include <thread>
 #include <vector>
 
@@ -150,6 +152,18 @@ TEST_F(LoggingTest, SwitchesDecideWhatIsWritten) {
     Settings().getValueNames(setting::kLoggerKey, names);
     EXPECT_THAT(names, ::testing::UnorderedElementsAre("startLog", "Clocktime_In_Header", "All",
                                                        "JSW", "Updater"));
+}
+
+TEST_F(LoggingTest, WhatAnEdgeCatchesIsToldInFull) {
+    startLog();
+    const auto& jsw = component::kJsw;
+    EXPECT_TRUE(runGuarded(jsw, "fine", [] {}));
+    EXPECT_FALSE(runGuarded(jsw, "own", [] { throw Exception("it failed", 0, "Place", 7); }));
+    EXPECT_FALSE(runGuarded(jsw, "other", [] { throw std::runtime_error("it broke"); }));
+    EXPECT_FALSE(runGuarded(jsw, "unknown", [] { throw 5; }));
+    EXPECT_THAT(logLines(),
+                ElementsAre("ERROR - own: file:Place:7: it failed", "ERROR - other: it broke",
+                            "ERROR - unknown: unknown exception"));
 }
 
 TEST_F(LoggingTest, HeadersFollowTheirSwitches) {

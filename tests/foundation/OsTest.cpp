@@ -69,8 +69,32 @@ TEST(OsVersionTest, AnswersForTheVersionThatRuns) {
     EXPECT_FALSE(OsVersion::isRunningUnderWow64());
 }
 
+/// Versions, too, that are newer than what the Windows that runs tells of itself.
+TEST(OsVersionTest, TellsOlderSystemsFromNewerOnes) {
+    const struct {
+        DWORD platformId, major, minor;
+        bool xp, version6;
+        const char* byMajor;
+    } rows[] = {{1, 4, 90, false, false, "\\2"}, {2, 4, 0, false, false, "\\2"},
+                {2, 5, 0, false, false, "\\3"},  {2, 5, 1, true, false, "\\3"},
+                {2, 6, 0, true, true, "\\3"},    {2, 10, 0, true, true, "\\3"},
+                {1, 10, 0, false, false, "\\3"}, {2, 3, 51, false, false, ""}};
+    for (const auto& row : rows) {
+        OSVERSIONINFOEXA record{};
+        record.dwPlatformId = row.platformId;
+        record.dwMajorVersion = row.major;
+        record.dwMinorVersion = row.minor;
+        const OsVersion os(record);
+        EXPECT_EQ(os.isXpOrLater(), row.xp) << row.major << "." << row.minor;
+        EXPECT_EQ(os.isVersion6OrLater(), row.version6) << row.major << "." << row.minor;
+        EXPECT_EQ(os.printerDriverFolderByMajorVersion(), printerDriverDirectory() + row.byMajor)
+            << row.major << "." << row.minor;
+    }
+}
+
 TEST(LocalizeTest, NamesComeFromTheHostProgram) {
     EXPECT_EQ(localIdOf("C:\\Program Files\\ABCDefg.exe"), "abcd");
+    EXPECT_EQ(localIdOf("C:\\x\\A@Z[.exe"), "a@z[");  // letters from the first to the last
     EXPECT_EQ(localIdOf("C:\\x\\Ab"), "ab");
     EXPECT_EQ(localIdOf("C:\\x\\"), "");
     EXPECT_THROW(Localize::getInstance(), Exception);
@@ -161,6 +185,21 @@ TEST(SystemFoldersTest, TheDriverFolderIsThisMachinesOwn) {
     EXPECT_EQ(OsVersion::instance().versionedPrinterDriverFolder(), "X:\\drivers\\3");
     succeeds = false;
     EXPECT_EQ(OsVersion::instance().versionedPrinterDriverFolder(), "");
+}
+
+TEST(SystemFoldersTest, TheNameOfAModuleIsNeverCut) {
+    std::string name;
+    const auto tell = test::replaceImport<decltype(GetModuleFileNameA)>(
+        test::ImportTable(GetModuleHandleA(nullptr)), "GetModuleFileNameA",
+        [&](HMODULE, char* buffer, DWORD size) {
+            const std::string fitted = name.substr(0, size - 1);
+            std::strcpy(buffer, fitted.c_str());
+            return static_cast<DWORD>(name.size() < size ? name.size() : size);
+        });
+    for (const std::size_t length : {259U, 260U, 261U, 262U, 522U, 30000U}) {
+        name.assign(length, 'n');
+        EXPECT_EQ(moduleFileName(nullptr), name) << length;
+    }
 }
 
 }  // namespace jsw
