@@ -4,6 +4,7 @@
 #include "PublicLib/logging/BasicLogger.h"
 #include "PublicLib/os/Localize.h"
 #include "PublicLib/text/Text.h"
+#include "PublicLib/win/Handles.h"
 #include "PublicLib/win/Paths.h"
 #include "PublicLib/win/SystemFolders.h"
 #include "jsw/FirstRun.h"
@@ -62,6 +63,8 @@ TEST(IniTextTest, NumbersAreTheLeadingOnesWithinThirtyTwoBits) {
     } rows[] = {{"10", 10},
                 {"-1x", 0xFFFFFFFF},
                 {" 7 8", 7},
+                {"010", 10},
+                {"0x10", 0},
                 {"abc", 0},
                 {"2147483647", 0x7FFFFFFF},
                 {"2147483648", 0x7FFFFFFF},
@@ -256,6 +259,24 @@ TEST_F(IniTest, InstallsTypedValues) {
         "IniReader::getValueType(value=dword:10):Parsed value for value='dword:10' is ='10'"));
 }
 
+TEST_F(IniTest, InstallsWithAllRightsWhileOthersReadTheFile) {
+    const std::string file = folder_.write("read.loc", "[Software\\F]\r\nx=dword:1\r\n");
+    const KernelHandle reader(CreateFileA(file.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
+                                          OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    std::string created;
+    const auto create = test::replaceImport<decltype(RegCreateKeyExA)>(
+        test::ImportTable(GetModuleHandleA(nullptr)), "RegCreateKeyExA",
+        [&](auto original, HKEY hive, const char* path, DWORD reserved, char* keyClass,
+            DWORD options, REGSAM rights, SECURITY_ATTRIBUTES* security, HKEY* key,
+            DWORD* disposition) -> LSTATUS {
+            created += concat(path, "|", options, "|", rights, "|", security == nullptr);
+            return original(hive, path, reserved, keyClass, options, rights, security, key,
+                            disposition);
+        });
+    EXPECT_TRUE(SettingsInstaller(file).installSettings());
+    EXPECT_EQ(created, concat("Software\\F|0|", KEY_ALL_ACCESS, "|true"));
+}
+
 TEST_F(IniTest, SkippedPairsMakeTheResultFalseButTheRestIsInstalled) {
     constexpr struct {
         const char* line;
@@ -285,7 +306,13 @@ TEST_F(IniTest, SkippedPairsMakeTheResultFalseButTheRestIsInstalled) {
         EXPECT_TRUE(logContains(row.logged)) << row.line;
         EXPECT_EQ(text("Software\\C", "last"), "x") << row.line;
         EXPECT_EQ(text("Software\\C", "Name"), "(none)") << row.line;
-        RegistryKey::recurseDeleteKey("Software\\C", HKEY_LOCAL_MACHINE);
+        // Nor does what is bad keep what follows it from being written.
+        const bool isPair = *row.line == 'N';
+        EXPECT_EQ(text("Software\\D", "last"), isPair ? "x" : "(none)") << row.line;
+        EXPECT_EQ(text("Software\\E", "last"), "x") << row.line;
+        for (const char* section : {"Software\\C", "Software\\D", "Software\\E"}) {
+            RegistryKey::recurseDeleteKey(section, HKEY_LOCAL_MACHINE);
+        }
     }
 }
 

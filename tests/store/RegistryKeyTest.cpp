@@ -1,8 +1,10 @@
 #include "PublicLib/errors/Exception.h"
 #include "PublicLib/locks/Security.h"
+#include "PublicLib/text/Text.h"
 #include "PublicLib/win/EntryPoint.h"
 #include "jsw/settings/RegistryKey.h"
 #include "tests/support/HostTest.h"
+#include "tests/support/ImportTable.h"
 
 #include <windows.h>
 
@@ -123,12 +125,23 @@ constexpr char kPath[] = "Software\\Test\\Key";
 class RegistryKeyTest : public test::HostTest {};
 
 TEST_F(RegistryKeyTest, KeepsNumbersTextsAndBytes) {
+    std::vector<std::string> given;
+    const auto set = test::replaceImport<decltype(RegSetValueExA)>(
+        test::ImportTable(GetModuleHandleA(nullptr)), "RegSetValueExA",
+        [&](auto original, HKEY key, const char* name, DWORD reserved, DWORD type, const BYTE* data,
+            DWORD size) {
+            given.push_back(concat(name, " ", type, " ", size));
+            return original(key, name, reserved, type, data, size);
+        });
     RegistryKey key(kPath, true);
     key.setValue("number", std::uint32_t{0xFFFFFFFF});
     key.setValue("text", std::string("some text"));
     key.setValue("empty", std::string());
     key.setValue("bytes", std::vector<std::uint8_t>{0, 255, 0});
     key.setValue("no bytes", std::vector<std::uint8_t>{});
+    // A text counts with its terminator, whether or not the system adds one that is missing.
+    EXPECT_THAT(given,
+                ElementsAre("number 4 4", "text 1 10", "empty 1 1", "bytes 3 3", "no bytes 3 0"));
 
     const RegistryKey again(kPath, false);
     std::uint32_t number = 0;
@@ -229,6 +242,16 @@ TEST_F(RegistryKeyTest, ListsUpToTheMaximum) {
     EXPECT_THAT(names, UnorderedElementsAre("a", "b", "c"));
     key.getValueNames(names, 0);
     EXPECT_EQ(names.size(), 3u);
+
+    const std::string longChild(230, 'k');
+    const std::string longValue(16383, 'v');  // no name of a value is longer
+    RegistryKey longNames(kPath + std::string("2"), true);
+    RegistryKey(kPath + ("2\\" + longChild), true);
+    longNames.setValue(longValue, std::uint32_t{1});
+    names.clear();
+    longNames.getChildrenNames(names, 100);
+    longNames.getValueNames(names, 100);
+    EXPECT_THAT(names, ElementsAre(longChild, longValue));
 }
 
 TEST_F(RegistryKeyTest, RecursiveDeleteTakesEverythingButSoftware) {

@@ -48,7 +48,9 @@ TEST_F(SettingsTest, FreshStoreGetsTheUpdaterDefaultsWhenTheyAreRead) {
     };
     for (const auto& [number, expected] : numbers) {
         std::uint32_t value = 4711;
+        SetLastError(ERROR_SUCCESS);
         EXPECT_FALSE(settings.read(*number, value)) << number->name;
+        EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_FILE_NOT_FOUND)) << number->name;
         EXPECT_EQ(stored(settings, number->key, number->name), "(none)");
         EXPECT_TRUE(settings.readOrWriteDefault(*number, value));
         EXPECT_EQ(value, expected) << number->name;
