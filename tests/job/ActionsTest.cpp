@@ -10,6 +10,7 @@
 #include <shellapi.h>
 #include <winspool.h>
 
+#include <atomic>
 #include <thread>
 
 namespace jsw {
@@ -188,7 +189,10 @@ TEST_F(ActionsTest, TheDefaultBillboardAndDataPathFollowTheRegistry) {
     Settings().write(setting::kDataPath, folder_.path() + "\\");
     runJob();
     EXPECT_THAT(viewCalls("DisplayBillboard"), ElementsAre("DisplayBillboard(A.bb,false,false)"));
-    EXPECT_THAT(viewCalls("SetDataPath"), ElementsAre("SetDataPath(" + folder_.path() + ")"));
+    Settings().write(setting::kDataPath, folder_.path() + "\\\\");
+    runJob();  // one backslash at the end goes, not more
+    EXPECT_THAT(viewCalls("SetDataPath"), ElementsAre("SetDataPath(" + folder_.path() + ")",
+                                                      "SetDataPath(" + folder_.path() + "\\)"));
     startJob();
     const setting::Text& dataPath = setting::kDataPath;
     Settings().deleteValue(dataPath.key, dataPath.name);
@@ -241,6 +245,34 @@ TEST_F(ActionsTest, AnAddressSpeaksOfOnePrinterThoughTheJobEndsMeanwhile) {
     ASSERT_TRUE(waitForRules());
     script_.clickBillboard("LAUNCH_URL", 0);
     EXPECT_EQ(opened, "jswnone:90");
+}
+
+TEST_F(ActionsTest, AClickThatOutlivesItsJobLeavesNoPrinterToTheNextOne) {
+    script_.billboards["DEFAULT"].actions = {"jswnone:_^L1^_"};
+    std::vector<std::string> opened;
+    const auto shell = test::replaceImport<decltype(ShellExecuteExA)>(
+        test::ImportTable(GetModuleHandleA("jsw.dll")), "ShellExecuteExA",
+        [&](SHELLEXECUTEINFOA* info) {
+            opened.emplace_back(info->lpFile);
+            return TRUE;
+        });
+    std::atomic<bool> isAsked{false};
+    std::atomic<bool> isOver{false};
+    script_.onCatalogCall = [&](const std::string& name) {
+        if (name != "GetBillboardActions") return;
+        isAsked = true;
+        test::eventually([&] { return isOver.load(); });
+    };
+    startJob();
+    ASSERT_TRUE(waitForRules());
+    std::thread click([&] { script_.clickBillboard("LAUNCH_URL", 0); });
+    ASSERT_TRUE(test::eventually([&] { return isAsked.load(); }));
+    endJob();
+    isOver = true;
+    click.join();
+    startJob({.friendlyName = "No such printer"});
+    script_.clickBillboard("LAUNCH_URL", 0);
+    EXPECT_THAT(opened, ElementsAre("jswnone:90", "jswnone:0"));
 }
 
 TEST_F(ActionsTest, AnApplicationIsStartedWithVariablesExpanded) {

@@ -197,8 +197,11 @@ TEST_F(WindowTest, AnOrdinaryCallServesTheWindowsOfItsThreadWhileItWaits) {
     sendDuring("DisplayBillboard(tip.bb");
     start();
     waitForSender();
-    endJob();  // waits for the rules thread
+    PostMessageA(window_, WM_APP, 0, 0);  // is for the message loop of the thread
+    endJob();                             // waits for the rules thread
     EXPECT_TRUE(isEnded());
+    MSG message;
+    EXPECT_TRUE(PeekMessageA(&message, window_, WM_APP, WM_APP, PM_REMOVE));
 
     script_.ruleResults.clear();
     script_.rules.clear();

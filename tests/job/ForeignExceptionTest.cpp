@@ -111,13 +111,18 @@ TEST_F(ForeignExceptionTest, AFaultGoesToTheHostAndLeavesNoLockHeld) {
         std::function<void()> work;
     } const rows[] = {
         {"UpdateInfo(", [] { api_.updateInfo(1, 2, 3, 0, 0, nullptr); }},
+        {"HideGui(", [] { api_.terminate(); }},
         {"Uninitialize(", [] { api_.terminate(); }},
     };
     for (const auto& row : rows) {
         ASSERT_EQ(startJob(), 1) << row.call;
         ASSERT_TRUE(waitForRules());
         misbehaveInView(row.call, test::fault);
-        EXPECT_EQ(test::HostGuard::exceptionOf(row.work), EXCEPTION_ACCESS_VIOLATION) << row.call;
+        const EXCEPTION_RECORD exception = test::HostGuard::recordOf(row.work);
+        EXPECT_EQ(exception.ExceptionCode, EXCEPTION_ACCESS_VIOLATION) << row.call;
+        EXPECT_EQ(exception.NumberParameters, 2U) << row.call;  // a read, and where
+        // No module was called any more on the way out.
+        EXPECT_THAT(script_.view.calls().back(), ::testing::StartsWith(row.call));
         behave();
         EXPECT_TRUE(anotherThreadGetsThrough()) << row.call;
         endJob();

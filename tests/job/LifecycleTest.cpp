@@ -1,5 +1,6 @@
 #include "PublicLib/text/Text.h"
 #include "jsw/modules/Catalog.h"
+#include "jsw/settings/OfnSettings.h"
 #include "tests/job/JobTest.h"
 #include "tests/support/ImportTable.h"
 #include "tests/support/ProcessState.h"
@@ -259,6 +260,10 @@ TEST_F(LifecycleTest, WhatTheUserChoosesComesBackAtTheNextJob) {
     script_.clickBillboard(nullptr, 0);
     script_.clickBillboard("", 0);
     endJob();
+    std::vector<std::string> names;
+    OfnSettings("").getValueNames(setting::kJobProgressMinimized.key, names);
+    EXPECT_THAT(names, ::testing::UnorderedElementsAre("JOB PROGRESS MINIMIZED",  // as it was given
+                                                       "Show Special Messages"));
     script_.view.clear();
     startJob();
     EXPECT_THAT(script_.view.calls(),
@@ -302,6 +307,21 @@ TEST_F(LifecycleTest, WithoutAViewTheJobFailsButEndsInOrder) {
     EXPECT_TRUE(hasLine("BillboardView::jswTerminate: ERROR - The GUI DLL is not loaded."));
     EXPECT_THAT(script_.view.calls(), IsEmpty());
     EXPECT_THAT(script_.rules.calls(), IsEmpty());
+}
+
+TEST_F(LifecycleTest, EmptyNamesOfModulesCountAsMissing) {
+    const Settings settings;
+    settings.write(setting::kCatalogModule, "");
+    settings.write(setting::kRulesEngineModule, "");
+    EXPECT_EQ(startJob(), 1);
+    endJob();
+    settings.write(setting::kViewModule, "");
+    EXPECT_EQ(startJob(), 0);
+    for (const char* module : {"jswv.dll", "bcat.dll", "reng.dll"}) {
+        EXPECT_TRUE(
+            hasLine(concat("ERROR - BasicDll<Handler>::init() Unable to load DLL=.\\qlte", module)))
+            << module;
+    }
 }
 
 TEST_F(LifecycleTest, ACatalogThatDoesNotStartIsNotAskedUntilItDoes) {
@@ -377,13 +397,24 @@ TEST_F(LifecycleTest, ALongDataPathAndWrongTypesInTheRegistryDoNoHarm) {
     const std::string longPath = folder_.path() + "\\" + std::string(400, 'x') + "\\";
     Settings settings;
     settings.write(setting::kDataPath, longPath);
-    settings.setStringValue("GUI\\JSW\\", "Show Process Window", "text");
     settings.setDwordValue(setting::kControllerKey, "Catalog", 5);
     settings.setStringValue(setting::kHistoryKey, "MaxSize", "text");
     settings.setDwordValue(setting::kHistoryIdsKey, "Id0", 1);
     settings.setStringValue(setting::kLoggerKey, "All", "text");
+    settings.setStringValue(setting::kUpdaterKey, "CheckForUpdates", "text");
+    for (const auto* number : {&setting::kShowProcessWindow, &setting::kJobProgressMinimized,
+                               &setting::kShowSpecialMessages, &setting::kCompleteToPrint}) {
+        OfnSettings("").setStringValue(number->key, number->name, "text");
+    }
     EXPECT_EQ(startJob(), 1);
     endJob();
+    EXPECT_THAT(script_.view.calls(),
+                ::testing::IsSupersetOf({"SetShowProcessWindow(1)", "SetJswProgressMinimized(0)",
+                                         "SetShowSpecialMessages(1)", "SetCompleteAPrintMode(0)",
+                                         "SetUpdateSoftware(0)", "ShowGui()"}));
+    EXPECT_TRUE(
+        hasLine("BillboardView::setUpdateSoftware: Unable to read the registry for "
+                "key='Settings\\Updater' and value name='CheckForUpdates'."));
     EXPECT_THAT(viewCalls("SetDataPath"),
                 ElementsAre("SetDataPath(" + longPath.substr(0, longPath.size() - 1) + ")"));
     EXPECT_TRUE(hasLine("History::read: Unable to read bbId for key=Id0"));

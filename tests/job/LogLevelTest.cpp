@@ -3,8 +3,15 @@
 
 #include "PublicLib/logging/LoggerComponent.h"
 #include "tests/job/JobTest.h"
+#include "tests/support/ImportTable.h"
+
+#include <windows.h>
+
+#include <process.h>
+#include <shellapi.h>
 
 #include <algorithm>
+#include <stdexcept>
 
 namespace jsw {
 
@@ -76,6 +83,7 @@ TEST_F(LogLevelTest, TracesDetailsAndTheLinesOfATraceAreToldApart) {
     EXPECT_THAT(traces, IsSupersetOf({"+Controller::jswInit: ", "-Controller::jswInit: ",
                                       "-BillboardView::jswInit:  rc=1",
                                       "-Catalog::getBillboardFileName:  rc=tip.bb"}));
+    EXPECT_EQ(std::count(traces.begin(), traces.end(), "+Controller::ProcessRules: "), 1);
     const auto details = linesAt(kLogDetail);
     ASSERT_THAT(details, Not(IsEmpty()));
     EXPECT_EQ(details.front(), "inkinfo:");
@@ -84,6 +92,46 @@ TEST_F(LogLevelTest, TracesDetailsAndTheLinesOfATraceAreToldApart) {
     auto both = linesAt(kLogTrace | kLogTraceLine);
     std::erase_if(both, isTrace);
     EXPECT_THAT(both, ::testing::Contains("BillboardView::jswInit: Showing GUI"));
+}
+
+TEST_F(LogLevelTest, ErrorsAreWrittenWithTheLogOff) {
+    const Settings settings;
+    settings.setDwordValue(setting::kLoggerKey, "startLog", 0);
+    script_.rulesNeverEnd = true;
+    script_.onEvaluateRule = [] { throw std::runtime_error("rule"); };
+    script_.billboards["DEFAULT"].actions = {"jswnone:_^L3^_"};
+    const test::ImportTable imports(GetModuleHandleA("jsw.dll"));
+    const auto shell = test::replaceImport<decltype(ShellExecuteExA)>(
+        imports, "ShellExecuteExA", [](SHELLEXECUTEINFOA*) -> BOOL { return TRUE; });
+    startJob();
+    ASSERT_TRUE(waitForRules());
+    script_.clickBillboard("LAUNCH_URL", 0);
+    api_.displayPrompt(1, 1);
+    {
+        const auto noThread = test::replaceImport<decltype(_beginthreadex)>(
+            imports, "_beginthreadex",
+            [](void*, unsigned, unsigned(__stdcall*)(void*), void*, unsigned,
+               unsigned*) -> std::uintptr_t {
+                SetLastError(ERROR_NOT_ENOUGH_MEMORY);
+                return 0;
+            });
+        EXPECT_EQ(startJob(), 0);
+    }
+    endJob();
+    settings.write(setting::kViewModule, "absent.dll");
+    EXPECT_EQ(startJob(), 0);
+    const std::string raised = "ERROR - the module raised an exception in EvaluateRule";
+    EXPECT_THAT(
+        logLines(),
+        ElementsAre(raised, raised, raised,
+                    "ERROR - exceptions in 3 rules in a row. NO more rules are processed.",
+                    "WARNING: Cartridge ink level tag 'L3' not valid.",
+                    ::testing::StartsWith("ERROR - BasicDll<Handler>::init() Unable to load DLL="),
+                    "jswInitEx called but GUI not loaded",
+                    "ERROR - unable to initialize old Jsw GUI.",
+                    "ERROR: unable to create rules processing thread.",
+                    ::testing::StartsWith("file:Thread:253: Thread::launch(): Win32(8"),
+                    "ERROR - BasicDll<Handler>::init() Unable to load DLL=.\\absent.dll"));
 }
 
 }  // namespace jsw

@@ -64,6 +64,20 @@ TEST_F(PromptTest, AMessageFromAnotherThreadWaitsForTheEndOfThePrompt) {
                                                     "JSWDisplayPrompt(1,1)", "JSWTerminate()"));
 }
 
+TEST_F(PromptTest, ACallThatWaitedUntilTheJobWasOverDoesNothing) {
+    startJob();
+    ASSERT_TRUE(waitForRules());
+    std::thread late;
+    script_.onPrompt = [&] {
+        late = std::thread([] { api_.updateInfo(1, 2, 3, 4, 5, nullptr); });
+        Sleep(200);  // it waits for the end of the prompt
+        api_.terminate();
+    };
+    api_.displayPrompt(1, 1);
+    late.join();
+    EXPECT_THAT(viewCalls("UpdateInfo"), IsEmpty());
+}
+
 TEST_F(PromptTest, EndingTheJobInsideAPromptKeepsTheSingletonsForTheNextJob) {
     addBillboard("TIP", {.file = "tip.bb", .type = "promotion"});
     statusCodes = 0;
@@ -149,6 +163,19 @@ TEST_F(PromptTest, TheJobAfterOneThatWasEndedInsideAPromptKnowsNothingOfIt) {
     EXPECT_FALSE(logContains("Printer::destroy"));
     api_.terminate();
     EXPECT_TRUE(hasLine("Printer::destroy: destroying Printer."));
+}
+
+TEST_F(PromptTest, AJobWithoutTheXmlParserAsksAboutItsOwnPrinter) {
+    startJob();
+    HKEY empty = nullptr;
+    RegCreateKeyA(HKEY_CURRENT_USER, "Software\\JswTests\\NoClasses", &empty);
+    ASSERT_EQ(RegOverridePredefKey(HKEY_CLASSES_ROOT, empty), ERROR_SUCCESS);
+    EXPECT_EQ(startJob({.friendlyName = "Second printer"}), 0);
+    RegOverridePredefKey(HKEY_CLASSES_ROOT, nullptr);
+    RegCloseKey(empty);
+    api_.displayPrompt(1, 1);
+    EXPECT_THAT(script_.legacy.calls(), ElementsAre("JSWInitEx(Second printer)",
+                                                    "JSWDisplayPrompt(1,1)", "JSWTerminate()"));
 }
 
 TEST_F(PromptTest, AModuleThatFailsIsReportedAndLetGo) {

@@ -1,3 +1,4 @@
+#include "jsw/modules/ModuleBinding.h"
 #include "jsw/settings/OfnSettings.h"
 #include "tests/job/JobTest.h"
 #include "tests/support/ProcessState.h"
@@ -144,6 +145,14 @@ TEST_F(RulesTest, ResultsLeadToWhatIsShownKeptAndReported) {
          "UpdateSettings(,false,false)",
          {}},
         {"ink status last", {"LEVELS"}, {}, true, true, "", "UpdateSettings(,true,false)", {}},
+        {"ink status, then nothing",
+         {"LEVELS", "NOBODY"},
+         {},
+         true,
+         true,
+         "",
+         "UpdateSettings(,false,false)",
+         {}},
         {"unknown id", {"NOBODY"}, {}, true, true, "", "UpdateSettings(,false,false)", {}},
     };
     for (const Row& row : rows) {
@@ -326,6 +335,13 @@ TEST_F(RulesTest, TheTextsOfModulesAreGivenBack) {
     const auto before = test::processState();
     runJob();
     EXPECT_LT(test::processState().heapBytes, before.heapBytes + kResults * kLength / 2);
+}
+
+TEST(ModuleMemoryTest, IsThereForEverySizeThatThereCanBe) {
+    for (const std::int32_t size : {0, 1, 100000}) {
+        EXPECT_TRUE(ModuleMemory<void>(allocateForModule(size))) << size;
+    }
+    EXPECT_EQ(allocateForModule(-1), nullptr);
 }
 
 }  // namespace jsw

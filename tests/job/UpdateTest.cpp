@@ -1,7 +1,14 @@
+#include "PublicLib/os/Localize.h"
 #include "PublicLib/win/Handles.h"
+#include "PublicLib/win/Paths.h"
 #include "PublicLib/win/SystemFolders.h"
 #include "tests/job/JobTest.h"
 #include "tests/support/ChildProcess.h"
+#include "tests/support/ImportTable.h"
+
+#include <windows.h>
+
+#include <shellapi.h>
 
 #include <filesystem>
 
@@ -20,6 +27,29 @@ const test::ChildRole slowUpdater("update slowly", [](const std::string&) {
     SetEvent(started.get());
     WaitForSingleObject(end.get(), kUpdateTime);
     return 0;
+});
+
+/// A host in another folder than the library, which has no folder of modules any more when the job
+/// ends: 0 when its updater is looked for beside it.
+const test::ChildRole elsewhere("host elsewhere", [](const std::string& registry) {
+    test::PrivateRegistry::join(registry);
+    test::Script script;
+    const std::string address = std::to_string(reinterpret_cast<std::uintptr_t>(&script));
+    SetEnvironmentVariableA(test::kScriptVariable, address.c_str());
+    Localize::createInstance(nullptr);
+    const HMODULE library = LoadLibraryA("jsw.dll");
+    const test::Exports api = test::findExports(library);
+    std::string asked;
+    const auto shell = test::replaceImport<decltype(ShellExecuteA)>(
+        test::ImportTable(library), "ShellExecuteA",
+        [&](HWND, const char*, const char* file, const char*, const char*, INT) -> HINSTANCE {
+            asked = file;
+            return nullptr;
+        });
+    api.init("SimulatedPrinter", "report.pdf", 0, 1, 1, 1, 1, nullptr, 0, 0, nullptr);
+    Settings().deleteValue(setting::kDllPath.key, setting::kDllPath.name);
+    api.terminate();
+    return asked == std::string(folderPart(moduleFileName(nullptr))) + "updater.exe" ? 0 : 1;
 });
 
 }  // namespace
@@ -68,6 +98,19 @@ TEST_F(UpdateTest, TheEndOfAJobStartsTheUpdaterAndDoesNotWaitForIt) {
     EXPECT_NE(date, "1/1/2000");
     EXPECT_TRUE(
         hasLine("AppUpdatesController::checkForUpdatesVista: Updater launched successfully."));
+}
+
+using UpdateOfHostTest = test::JobTest;
+
+TEST_F(UpdateOfHostTest, WithoutAFolderOfModulesTheUpdaterLiesBesideTheHost) {
+    const Settings settings;
+    settings.write(setting::kCheckForUpdates, 1);
+    settings.write(setting::kDateLastChecked, "1/1/2000");
+    settings.write(setting::kUpdaterExecutable, "updater.exe");
+    const std::string host = folder_.file("qltehost.exe");
+    std::filesystem::copy_file(moduleFileName(nullptr), host);
+    EXPECT_EQ(test::ChildProcess("host elsewhere", registryPath(), host).wait(60000), 0U);
+    settings.write(setting::kCheckForUpdates, 0);
 }
 
 }  // namespace jsw

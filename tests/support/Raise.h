@@ -27,23 +27,26 @@ class HostGuard : public FramedCall {
   public:
     explicit HostGuard(std::function<void()> work) : work_(std::move(work)) {}
 
-    /// The code of the exception that came out; 0 when none did.
-    static DWORD exceptionOf(const std::function<void()>& work) {
+    /// The exception that came out; its code is 0 when none did.
+    static EXCEPTION_RECORD recordOf(const std::function<void()>& work) {
         HostGuard guard(work);
         runInFrame(guard);
-        return guard.code_;
+        return guard.record_;
+    }
+    static DWORD exceptionOf(const std::function<void()>& work) {
+        return recordOf(work).ExceptionCode;
     }
 
     void run() override { work_(); }
     bool endsHere(const EXCEPTION_RECORD& exception) override {
-        code_ = exception.ExceptionCode;
+        record_ = exception;
         return true;
     }
     bool stopsHere(const EXCEPTION_RECORD& /*exception*/) override { return false; }
 
   private:
     std::function<void()> work_;
-    DWORD code_ = 0;
+    EXCEPTION_RECORD record_{};
 };
 
 }  // namespace jsw::test
