@@ -126,9 +126,11 @@ TEST_F(MacroResolverTest, InvalidCartridgeTagsAreLoggedWithoutAskingThePrinter) 
         const char* value;
         const char* topic;
     } cases[] = {
-        {"C3", "00", "capacity"},     {"C", "00", "capacity"},         {"Color", "00", "capacity"},
-        {"L3", "101", "ink level"},   {"l12", "101", "ink level"},     {"P0", "00", "part number"},
-        {"p 1", "00", "part number"}, {"Title", "01", "program type"},
+        {"C3", "00", "capacity"},      {"C", "00", "capacity"},
+        {"Color", "00", "capacity"},   {"L3", "101", "ink level"},
+        {"l12", "101", "ink level"},   {"P0", "00", "part number"},
+        {"p 1", "00", "part number"},  {"Title", "01", "program type"},
+        {"T20", "01", "program type"},
     };
     for (const auto& test : cases) {
         EXPECT_EQ(replace(std::string("_^") + test.name + "^_"), test.value);
@@ -184,6 +186,11 @@ TEST_F(MacroResolverTest, PartnerCodeComesFromTheRetailerFileOrThePrinterStore) 
                         OsVersion::instance().versionedPrinterDriverFolder()));
     EXPECT_TRUE(
         hasLine("MacroResolver::getPartnerCode()No Partner code read from ini file. retCode=0"));
+}
+
+TEST_F(MacroResolverTest, APartnerCodeMayHave259Characters) {
+    const RetailerFile file("[Skin]\r\nPartner1URL=" + std::string(300, 'p'));
+    EXPECT_EQ(replace("_^PartnerCode^_"), "&partner=" + std::string(259, 'p'));
 }
 
 TEST_F(MacroResolverTest, WithoutFileAndStoreThePartnerAndSerialNumberAreEmpty) {

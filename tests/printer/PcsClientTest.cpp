@@ -1,7 +1,11 @@
 #include "PublicLib/printer/PcsClient.h"
+#include "PublicLib/text/Text.h"
 #include "jsw/settings/RegistryKey.h"
 #include "tests/printer/ClientTest.h"
+#include "tests/support/ImportTable.h"
 #include "tests/support/Raise.h"
+
+#include <windows.h>
 
 #include <algorithm>
 #include <atomic>
@@ -10,6 +14,7 @@
 #include <gmock/gmock.h>
 #include <stdexcept>
 #include <thread>
+#include <winnetwk.h>
 
 namespace jsw {
 
@@ -260,6 +265,30 @@ TEST_F(PcsClientTest, AcceptsThisComputerAsItsServer) {
         EXPECT_EQ(client.checkServerName(), 0U) << server;
         EXPECT_EQ(calls.perCall(client), 0U) << server;
     }
+}
+
+/// What is asked for about the network, recorded.
+struct Network {
+    static inline std::vector<std::string> questions;
+
+    static DWORD look(NETRESOURCEA* resource, void* /*buffer*/, DWORD* size, char** /*path*/) {
+        questions.push_back(concat(resource->lpRemoteName, "|", resource->dwType, "|", *size));
+        return questions.size() == 1 ? ERROR_SUCCESS : ERROR_BAD_NET_NAME;
+    }
+};
+
+TEST_F(PcsClientTest, LooksAnotherServerUpAsAPrintResource) {
+    Network::questions.clear();
+    const auto find = test::replaceImport<decltype(GetProcAddress)>(
+        test::ImportTable(GetModuleHandleA(nullptr)), "GetProcAddress",
+        [](auto original, HMODULE module, const char* name) -> FARPROC {
+            return std::string(name) == "WNetGetResourceInformationA"
+                       ? reinterpret_cast<FARPROC>(reinterpret_cast<void*>(&Network::look))
+                       : original(module, name);
+        });
+    EXPECT_EQ(PcsClient(kClient, "server", false).checkServerName(), 0U);
+    EXPECT_EQ(PcsClient(kClient, "\\server", false).checkServerName(), DWORD{ERROR_BAD_NET_NAME});
+    EXPECT_EQ(Network::questions, (std::vector<std::string>{"\\\\server|2|261", "\\server|2|261"}));
 }
 
 TEST_F(PcsClientTest, LeavesTheClientIdLockedAfterARefusedServer) {

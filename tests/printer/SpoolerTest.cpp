@@ -2,6 +2,7 @@
 #include "PublicLib/printer/RealPrinter.h"
 #include "jsw/settings/RegistryKey.h"
 #include "tests/printer/ClientTest.h"
+#include "tests/support/ImportTable.h"
 #include "tests/support/SpoolerPrinter.h"
 
 namespace jsw {
@@ -21,7 +22,16 @@ TEST_F(SpoolerTest, ListsTheSpoolersPrinters) {
     const test::SpoolerPrinter shared("Shared Ink");
     setPort("Shared Ink", "\\\\server\\ink");
 
+    DWORD kinds = 0;
+    const auto list = test::replaceImport<decltype(EnumPrintersA)>(
+        test::ImportTable(GetModuleHandleA(nullptr)), "EnumPrintersA",
+        [&](auto original, DWORD flags, char* name, DWORD level, BYTE* buffer, DWORD size,
+            DWORD* needed, DWORD* count) {
+            kinds = name == nullptr ? flags : 0;
+            return original(flags, name, level, buffer, size, needed, count);
+        });
     const DeviceEnumerator all;
+    EXPECT_EQ(kinds, DWORD{PRINTER_ENUM_LOCAL | PRINTER_ENUM_CONNECTIONS});
     EXPECT_EQ(all.printers().size(), 2U);
     EXPECT_EQ(all.getPortName("Local Ink"), "LPT1:");
     EXPECT_EQ(all.getPortName("SHARED INK"), "\\\\server\\ink");

@@ -17,6 +17,7 @@
 
 namespace jsw {
 
+using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::Not;
 
@@ -213,7 +214,9 @@ TEST_F(LaunchTest, ConsoleUserLaunchReportsWhatFailed) {
     AppUpdatesController controller;
     controller.checkForUpdatesXp(folder_.file("none.exe"));
     EXPECT_TRUE(logContains("API CreateProcessAsUser failed, lastErr=2."));
-    controller.checkForUpdatesXp(folder_.file(std::string(300, 'u') + ".exe"));
+    controller.checkForUpdatesXp("C:\\" + std::string(257, 'u'));  // the longest path
+    EXPECT_FALSE(logContains("API CreateProcessAsUser failed, lastErr=206."));
+    controller.checkForUpdatesXp("C:\\" + std::string(258, 'u'));
     EXPECT_TRUE(logContains("API CreateProcessAsUser failed, lastErr=206."));
     controller.checkForUpdatesXp(updater_ + "\" -UAC");
     EXPECT_TRUE(logContains("API CreateProcessAsUser failed, lastErr=123."));
@@ -268,6 +271,40 @@ TEST_F(LaunchTest, AStepThatTheSystemRefusesIsNamedAndAnEnvironmentIsNotVital) {
         EXPECT_TRUE(logContains(row.line)) << row.function;
         EXPECT_EQ(logContains("Launching="), row.launches) << row.function;
     }
+}
+
+/// What the library takes of userenv.dll, recorded.
+struct Environments {
+    static inline std::vector<std::string> calls;
+    static inline wchar_t empty[2] = {};
+
+    static BOOL create(void** block, HANDLE /*token*/, BOOL inherit) {
+        *block = empty;
+        calls.push_back(inherit == FALSE ? "create" : "create and inherit");
+        return TRUE;
+    }
+    static BOOL destroy(void* block) {
+        calls.emplace_back(block == empty ? "destroy" : "destroy another");
+        return TRUE;
+    }
+};
+
+TEST_F(LaunchTest, TheUsersEnvironmentIsHisOwnAndGivenBack) {
+    Environments::calls.clear();
+    const auto find = test::replaceImport<decltype(GetProcAddress)>(
+        test::ImportTable(GetModuleHandleA(nullptr)), "GetProcAddress",
+        [](auto original, HMODULE module, const char* name) -> FARPROC {
+            const std::string_view wanted = name;
+            if (wanted == "CreateEnvironmentBlock") {
+                return reinterpret_cast<FARPROC>(reinterpret_cast<void*>(&Environments::create));
+            }
+            if (wanted == "DestroyEnvironmentBlock") {
+                return reinterpret_cast<FARPROC>(reinterpret_cast<void*>(&Environments::destroy));
+            }
+            return original(module, name);
+        });
+    AppUpdatesController().checkForUpdatesXp(folder_.file("none.exe"));
+    EXPECT_THAT(Environments::calls, ElementsAre("create", "destroy"));
 }
 
 TEST_F(LaunchTest, LaunchesGiveBackAllTheyTake) {
