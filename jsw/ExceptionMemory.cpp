@@ -61,8 +61,9 @@ constinit Reserve reserve;
 
 }  // namespace
 
-// The run-time library's own functions: linked in place of those in its archive.
+namespace __cxxabiv1 {
 
+// The run-time library's own functions: linked in place of those in its archive.
 extern "C" void* __cxa_allocate_exception(std::size_t thrownSize) noexcept {
     const std::size_t size = sizeof(Header) + thrownSize;
     void* memory = std::malloc(size);
@@ -76,5 +77,7 @@ extern "C" void __cxa_free_exception(void* thrown) noexcept {
     void* memory = static_cast<std::byte*>(thrown) - sizeof(Header);
     if (!reserve.giveBack(memory)) std::free(memory);
 }
+
+}  // namespace __cxxabiv1
 
 #endif
