@@ -93,9 +93,9 @@ class BasicDll : public LoadedModule {
             throw Win32Exception("BasicDll<Handler>::init() Unable to load DLL=" + name_, error,
                                  "../PublicLib\\BasicDll", 332);
         }
-        // The same file under another spelling may be in the table already.
-        table.counts.try_emplace(handle_, 0);
         try {
+            // The same file under another spelling may be in the table already.
+            table.counts.try_emplace(handle_, 0);
             handler_.onLoad(*this);
         } catch (...) {
             FreeLibrary(std::exchange(handle_, nullptr));

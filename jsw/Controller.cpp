@@ -216,7 +216,9 @@ void Controller::update(Subject* subject) {
             break;
     }
     const JobWatch* const watch = watch_;
-    if (watch == nullptr || !watch->isEndNoted()) reportStatus(status);
+    const bool isOver =
+        (watch != nullptr && watch->isEndNoted()) || BillboardView::isEventOutlived();
+    if (!isOver) reportStatus(status);
 }
 
 }  // namespace jsw

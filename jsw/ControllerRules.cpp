@@ -95,15 +95,12 @@ void Controller::chooseBillboard() {
 }
 
 void Controller::runRules(RulesEngine& engine, RuleOutcome& outcome) {
-    int emptyResults = 0;  // in a row
+    int results = 0;
     while (engine.isMoreRules() && !stop_ && !outcome.found) {
+        // An engine that never comes to an end must not take a processor.
+        if (++results > kManyResults) Sleep(1);
         const std::string ruleResult = engine.evaluateRule();
-        if (!ruleResult.empty()) {
-            emptyResults = 0;
-            processRule(engine, ruleResult, outcome);
-        } else if (++emptyResults > kManyResults) {
-            Sleep(1);  // an engine that never comes to an end must not take a processor
-        }
+        if (!ruleResult.empty()) processRule(engine, ruleResult, outcome);
     }
 }
 

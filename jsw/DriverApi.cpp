@@ -180,7 +180,10 @@ bool DriverApi::startJob(const Job& job) {
 
 void DriverApi::terminate() {
     const bool noteFirst = isInsideStatusCallback() && phase_ != Phase::ending;
-    if (noteFirst) endNoted_ = true;
+    if (noteFirst) {
+        setStatusCallback(nullptr);  // the driver hears no more of a job that it has ended there
+        endNoted_ = true;
+    }
     const Turn turn(*this);
     if (!turn) return;
     if (phase_ == Phase::starting) endNoted_ = true;
@@ -190,10 +193,11 @@ void DriverApi::terminate() {
 void DriverApi::endJob() {
     endNoted_ = false;
     const PhaseScope ending(phase_, Phase::ending);
-    if (initialised_) {
-        // Whatever goes wrong, the job is over and what it has built must go.
-        runGuarded(component::kJsw, "JSWTerminate", [] { Controller::instance()->jswTerminate(); });
-    }
+    // Whatever goes wrong, the job is over and what it has built must go.
+    runGuarded(component::kJsw, "JSWTerminate", [this] {
+        if (initialised_) Controller::instance()->jswTerminate();
+        BillboardView::closeWindow();  // a start that has raised may have left it open
+    });
     BillboardView::disconnectCallbacks();
     initialised_ = false;
     // From inside a prompt the driver is still in the middle of the objects.

@@ -42,17 +42,11 @@ uint8_t JSWInit(const char* friendlyName, const char* jobname, uint32_t jobType,
                 uint32_t secondsRemaining, JswStatusCallback statusCallback) {
     bool started = false;
     visit("JSWInit", [&] {
-        const InkInfo unknown = unknownInkInfo();
-        const jsw::Job job{textOf(friendlyName),
-                           textOf(jobname),
-                           jobType,
-                           currentPage,
-                           totalPages,
-                           currentCopy,
-                           totalCopies,
-                           inkInfo != nullptr ? inkInfo : &unknown,
-                           portType,
-                           secondsRemaining};
+        // Read before a lock is taken: the record may be anywhere.
+        const InkInfo ink = inkInfo != nullptr ? *inkInfo : unknownInkInfo();
+        const jsw::Job job{
+            textOf(friendlyName), textOf(jobname), jobType, currentPage, totalPages,
+            currentCopy,          totalCopies,     &ink,    portType,    secondsRemaining};
         started = DriverApi::instance().init(job, statusCallback);
     });
     return started ? 1 : 0;

@@ -20,8 +20,10 @@ class Singleton {
         const std::lock_guard lock(lock_);
         auto object = object_.load();
         if (!object) {
+            const unsigned ends = ends_;
             object = create();
             object_.store(object);
+            if (ends != ends_) object_.store(nullptr);  // the caller is the only one to have it
         }
         return object;
     }
@@ -29,10 +31,12 @@ class Singleton {
     /// The object, or null when there is none.
     std::shared_ptr<T> existing() const { return object_.load(); }
 
-    /// Calls announce() and lets go of the object, under the lock; does nothing without one, also
-    /// while another thread is making it, which may take a module's time.
+    /// Calls announce() and lets go of the object, under the lock; does nothing without one. An
+    /// object that another thread is making, which may take a module's time, is not waited for, and
+    /// does not stay.
     template <class Announce>
     void destroy(const Announce& announce) {
+        ++ends_;
         if (!object_.load()) return;
         const std::lock_guard lock(lock_);
         if (const auto object = object_.load()) {
@@ -44,6 +48,7 @@ class Singleton {
   private:
     CriticalSection lock_;
     std::atomic<std::shared_ptr<T>> object_;
+    std::atomic<unsigned> ends_{0};  // calls of destroy()
 };
 
 }  // namespace jsw

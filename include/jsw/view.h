@@ -19,10 +19,14 @@
  *     HideGui
  *     Uninitialize
  *
- * Threads: the calls come from the driver's thread, DisplayBillboard also from a worker thread and
- * from inside a billboard callback. The module may call back from any thread, also from inside an
- * entry point. After Uninitialize has returned it must not call back any more; callbacks that come
- * late all the same are ignored as long as jsw.dll is loaded.
+ * Threads: the calls come from the driver's threads, which may call the library from inside its
+ * status callback, so also from the module's own thread inside an event callback: every entry point
+ * must serve that, and HideGui and Uninitialize must not wait there for the thread they run on.
+ * DisplayBillboard comes from a worker thread and from inside a billboard callback, too; HideGui
+ * and Uninitialize may come from the worker thread. The module may call back from any thread, also
+ * from inside an entry point. After Uninitialize has returned it must not call back any more;
+ * callbacks that come late all the same are ignored as long as jsw.dll is loaded. A click that is
+ * being carried out at that moment may still lead to a DisplayBillboard, which is to do nothing.
  *
  * Memory: strings and records belong to jsw.dll and are valid only during the call. Strings passed
  * to a callback belong to the module and need to be valid only during the call.

@@ -60,6 +60,11 @@ BillboardView::~BillboardView() {
     MethodTrace trace(component::kJsw, "BillboardView::~BillboardView: ");
 }
 
+void BillboardView::closeWindow() {
+    const auto view = singleton->existing();
+    if (view && view->isUp_) view->jswTerminate();
+}
+
 template <class Entry, class... Args>
 void BillboardView::forward(const Entry& entry, const Args&... args) const {
     using Function = typename Entry::FunctionType;

@@ -43,6 +43,9 @@ class BillboardView : public Subject {
     static void connectCallbacks(std::shared_ptr<BillboardActions> actions);
     static void disconnectCallbacks();
 
+    /// Closes the window if it is up.
+    static void closeWindow();
+
     BillboardView();
     /// Leaves the module loaded until the process ends: a thread of its window may still be leaving
     /// its code. A later job shares it again.
@@ -62,6 +65,9 @@ class BillboardView : public Subject {
 
     /// The event that is being reported on this thread, or else the last one reported.
     std::int32_t jswEvent() const;
+    /// Whether the event that is being reported on this thread came before the end of its job,
+    /// which has ended meanwhile.
+    static bool isEventOutlived();
     bool showSpecialMessages() const { return showSpecialMessages_; }
 
   private:
@@ -77,7 +83,6 @@ class BillboardView : public Subject {
     void forwardMarked(const char* tag, const char* name, MethodTrace& trace,
                        const Args&... args) const;
 
-    void report(std::int32_t event);
     void logInkInfo(const InkInfo& inkInfo) const;
     void setUp(const Job& job, const FirstBillboard& first);
     void setDataPath(const std::string& dataPath) const;

@@ -5,6 +5,8 @@
 #include "PublicLib/win/Paths.h"
 #include "jsw/settings/Settings.h"
 
+#include <cstring>
+
 namespace jsw {
 
 namespace {
@@ -44,8 +46,13 @@ void* allocateForModule(std::int32_t size) {
 }
 
 std::string takeText(char* text) {
+    if (text == nullptr) return {};
+    CallEnd end{};
+    const std::size_t length = callOut(
+        component::kJsw, "a text that it returned", [&] { return std::strlen(text); }, end);
+    if (end != CallEnd::returned) return {};  // who knows whose memory it is
     const ModuleMemory<char> owner(text);
-    return text == nullptr ? std::string() : std::string(text);
+    return {text, length};
 }
 
 }  // namespace jsw

@@ -66,7 +66,8 @@ struct FreeModuleMemory {
 template <class T>
 using ModuleMemory = std::unique_ptr<T, FreeModuleMemory>;
 
-/// Copies a text that a module returned, null as an empty one, and frees it.
+/// Copies a text that a module returned, null as an empty one, and frees it. A pointer that leads
+/// nowhere is a fault of the module's.
 std::string takeText(char* text);
 
 }  // namespace jsw

@@ -22,8 +22,12 @@ struct CallbackTarget {
 
 NeverDestroyed<std::atomic<std::shared_ptr<CallbackTarget>>> connected;
 
-/// The events that are being reported.
-NeverDestroyed<ThreadScoped<std::int32_t>> events;
+/// An event that is being reported.
+struct Event {
+    std::int32_t code;
+    const CallbackTarget* target;
+};
+NeverDestroyed<ThreadScoped<Event>> events;
 
 /// Runs a callback's work on its target. Nothing that goes wrong reaches the module.
 template <class Work>
@@ -52,20 +56,21 @@ void BillboardView::disconnectCallbacks() {
 void BillboardView::jswCallback(std::int32_t event) {
     runCallback("jswCallback", [&](const CallbackTarget& target) {
         MethodTrace trace(component::kJsw, "BillboardView::jswCallback: ");
-        target.view->report(event);
+        target.view->jswEvent_ = event;
+        // Another thread may report at the same time; the observers of this one see its event.
+        const ThreadScoped<Event>::Scope ofThisThread(*events, Event{event, &target});
+        target.view->notify();
     });
 }
 
-/// Another thread may report at the same time; the observers of this one see this one's event.
-void BillboardView::report(std::int32_t event) {
-    jswEvent_ = event;
-    const ThreadScoped<std::int32_t>::Scope ofThisThread(*events, event);
-    notify();
+std::int32_t BillboardView::jswEvent() const {
+    const Event* ofThisThread = events->innermost();
+    return ofThisThread != nullptr ? ofThisThread->code : jswEvent_.load();
 }
 
-std::int32_t BillboardView::jswEvent() const {
-    const std::int32_t* ofThisThread = events->innermost();
-    return ofThisThread != nullptr ? *ofThisThread : jswEvent_.load();
+bool BillboardView::isEventOutlived() {
+    const Event* ofThisThread = events->innermost();
+    return ofThisThread != nullptr && connected->load().get() != ofThisThread->target;
 }
 
 void BillboardView::billboardCallback(const char* action, std::int32_t actionId) {

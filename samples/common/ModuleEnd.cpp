@@ -60,7 +60,8 @@ class ThreadNotes {
     std::atomic<Notes*> first_ = nullptr;
 };
 
-ThreadNotes threadNotes;
+/** Made before the other static objects, which may raise, and destroyed after them. */
+__attribute__((init_priority(101))) ThreadNotes threadNotes;
 
 /** The run-time library keeps some 70 KB for exceptions in a shortage of memory. */
 struct RuntimeReserve {

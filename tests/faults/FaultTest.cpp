@@ -77,6 +77,9 @@ void FaultTest::failInOneJob(std::uint32_t levels, const std::string& what, test
     wholeJob(kPatienceInFault);
     faults_ += gate.hasFailed() ? 1 : 0;
     gate.reset();
+    for (const char* module : {"scripted_catalog.dll", "scripted_rules.dll"}) {
+        EXPECT_EQ(GetModuleHandleA(module), nullptr) << module << " after " << what;
+    }
     EXPECT_EQ(asLines(job(levels)), asLines(expected_)) << "after " << what << " has failed";
 }
 

@@ -6,6 +6,7 @@
 #include "tests/support/ImportTable.h"
 
 #include <atomic>
+#include <latch>
 #include <thread>
 
 namespace jsw {
@@ -254,9 +255,65 @@ TEST_F(CallbackTest, AnEndAskedForDuringAStartThatRaisesIsNotLost) {
     };
     EXPECT_EQ(start(), 0);
     EXPECT_FALSE(failNext);
+    EXPECT_THAT(viewCalls("Uninitialize"), ElementsAre("Uninitialize()"));  // nothing stays open
     EXPECT_EQ(GetModuleHandleA("scripted_catalog.dll"), nullptr);  // what the job had built is gone
     script_.view.clear();
     expectNextJobWorks();
+}
+
+TEST_F(CallbackTest, NoStatusIsReportedAfterTheEndWasAskedFor) {
+    std::atomic<int> statuses{0};
+    onStatus = [&](std::uint32_t) {
+        ++statuses;
+        api_.terminate();
+    };
+    // At once, by the thread that starts the job, and by the rules thread.
+    for (const char* call : {"UpdateInfo(", "ShowGui(", "DisplayBillboard(tip.bb"}) {
+        statuses = 0;
+        script_.view.clear();
+        script_.ruleResults = {"TIP"};
+        script_.checkHistory = false;
+        script_.onViewCall = [&](const std::string& made) {
+            for (const char* reporting : {call, "HideGui(", "Uninitialize("}) {
+                if (made.starts_with(reporting)) script_.reportEvent(3);
+            }
+        };
+        start();
+        if (statuses == 0) api_.updateInfo(1, 2, 3, 0, 0, nullptr);
+        expectEndSoon();
+        EXPECT_EQ(statuses, 1) << call;
+    }
+    expectNextJobWorks();
+}
+
+/// A thread of the window comes with an event just when its job ends and the next one starts.
+TEST_F(CallbackTest, AnEventThatComesTooLateForItsJobReachesNobody) {
+    std::atomic<int> statuses{0};
+    onStatus = [&](std::uint32_t) { ++statuses; };
+    std::latch arrived(1);
+    std::latch goOn(1);
+    std::atomic<DWORD> windowThread{0};
+    const test::ImportTable imports(GetModuleHandleA("jsw.dll"));
+    const auto clock = test::replaceImport<decltype(GetTickCount)>(imports, "GetTickCount", [&] {
+        DWORD self = GetCurrentThreadId();
+        if (windowThread.compare_exchange_strong(self, 0)) {  // asks for its first line in the log
+            arrived.count_down();
+            goOn.wait();
+        }
+        return GetTickCount();
+    });
+    start();
+    std::thread window([&] {
+        windowThread = GetCurrentThreadId();
+        script_.reportEvent(3);
+    });
+    arrived.wait();
+    endJob();
+    start();
+    goOn.count_down();
+    window.join();
+    EXPECT_EQ(statuses, 0);
+    endJob();
 }
 
 TEST_F(CallbackTest, EventsReportedAtTheSameTimeAllReachTheDriver) {

@@ -45,6 +45,7 @@ class ForeignExceptionTest : public test::JobTest {
         script_.onCatalogCall = nullptr;
         script_.onEvaluateRule = nullptr;
         script_.onPrompt = nullptr;
+        script_.textsLeadNowhere = false;
         inCallback = nullptr;
     }
     void misbehaveInView(const std::string& callStart, const std::function<void()>& act) {
@@ -129,6 +130,26 @@ TEST_F(ForeignExceptionTest, AFaultGoesToTheHostAndLeavesNoLockHeld) {
         expectNextJobWorks();
     }
     EXPECT_TRUE(hasLine("ERROR - the module ended in a system exception in UpdateInfo"));
+}
+
+/// The library itself reads what the driver and the modules point at.
+TEST_F(ForeignExceptionTest, APointerThatLeadsNowhereLeavesNoLockHeld) {
+    const auto* nowhere = reinterpret_cast<const InkInfo*>(8);
+    EXPECT_EQ(test::HostGuard::exceptionOf(
+                  [&] { api_.init("P", "J", 7, 1, 3, 1, 1, nowhere, 4, 90, nullptr); }),
+              EXCEPTION_ACCESS_VIOLATION);
+    expectNextJobWorks();
+    Settings().deleteValue(
+        setting::kDefaultBillboardKey,
+        setting::kDefaultBillboardFile.name);  // as on the first run: it is asked for
+    script_.ruleResults.clear();               // no thread without a handler asks the catalog
+    script_.textsLeadNowhere = true;
+    EXPECT_EQ(test::HostGuard::exceptionOf([this] { startJob(); }), EXCEPTION_ACCESS_VIOLATION);
+    EXPECT_TRUE(anotherThreadGetsThrough());
+    endJob();
+    EXPECT_TRUE(
+        hasLine("ERROR - the module ended in a system exception in a text that it returned"));
+    expectNextJobWorks();
 }
 
 /// From the host through the view into a click that ends in the catalog: two visits, one fault.

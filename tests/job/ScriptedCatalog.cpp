@@ -22,6 +22,7 @@ void* allocate(std::size_t size) {
 }
 
 char* newText(const std::string& text) {
+    if (script().textsLeadNowhere) return reinterpret_cast<char*>(8);
     auto* copy = static_cast<char*>(allocate(text.size() + 1));
     if (copy == nullptr) return nullptr;
     std::memcpy(copy, text.c_str(), text.size() + 1);
