@@ -100,7 +100,7 @@ bool Controller::jswInit(const Job& job) {
     const FirstBillboard first{dataPath_, billboard.fileName, billboard.navigate,
                                billboard.restore};
     if (!view_->jswInit(job, first)) return false;
-    inkInfo_ = *job.inkInfo;
+    inkInfo_ = job.ink;
     jobPrinterName_ = job.friendlyName;
     jobName_ = job.jobName;
     totalPages_ = job.totalPages;

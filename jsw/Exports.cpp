@@ -44,9 +44,10 @@ uint8_t JSWInit(const char* friendlyName, const char* jobname, uint32_t jobType,
     visit("JSWInit", [&] {
         // Read before a lock is taken: the record may be anywhere.
         const InkInfo ink = inkInfo != nullptr ? *inkInfo : unknownInkInfo();
-        const jsw::Job job{
-            textOf(friendlyName), textOf(jobname), jobType, currentPage, totalPages,
-            currentCopy,          totalCopies,     &ink,    portType,    secondsRemaining};
+        const InkInfo* record = inkInfo != nullptr ? inkInfo : &ink;
+        const jsw::Job job{textOf(friendlyName), textOf(jobname), jobType, currentPage, totalPages,
+                           currentCopy,          totalCopies,     record,  ink,         portType,
+                           secondsRemaining};
         started = DriverApi::instance().init(job, statusCallback);
     });
     return started ? 1 : 0;

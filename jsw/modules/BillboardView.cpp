@@ -93,7 +93,7 @@ bool BillboardView::jswInit(const Job& job, const FirstBillboard& first) {
               ", totalCopies=", asSigned(job.totalCopies), ", portType=", asSigned(job.portType),
               ", dataPath=", first.dataPath, ", defaultBB=", first.defaultBillboard,
               ", navigate=", first.navigate, ", restore=", first.restore, ".");
-    if (isLogEnabled(component::kJsw, kLogDetail)) logInkInfo(*job.inkInfo);
+    if (isLogEnabled(component::kJsw, kLogDetail)) logInkInfo(job.ink);
     if (dll_ == nullptr) {
         trace.add("ERROR - The GUI DLL is not loaded");
         trace.setResult(0);

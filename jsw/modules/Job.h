@@ -16,7 +16,8 @@ struct Job {
     std::uint32_t totalPages;  ///< -1 or -2 when not known
     std::uint32_t currentCopy;
     std::uint32_t totalCopies;
-    const InkInfo* inkInfo;  ///< not null; the driver's
+    const InkInfo* inkInfo;  ///< for the view: the driver's, or one like it
+    InkInfo ink;             ///< what it says, -1 for what is not known
     std::uint32_t portType;
     std::uint32_t secondsRemaining;
 };

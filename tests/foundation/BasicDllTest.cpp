@@ -140,6 +140,30 @@ TEST_F(BasicDllTest, AHookThatFailsAtTheLoadLetsTheModuleGo) {
     EXPECT_EQ(GetModuleHandleA(module_.c_str()), nullptr);
 }
 
+TEST_F(BasicDllTest, ALoaderThatRunsOutOfMemoryLetsTheModuleGo) {
+    int left = -1;  // allocations until one fails; below 0 none does
+    const auto memory = test::replaceImport<void*(std::size_t)>(
+        test::ImportTable(GetModuleHandleA(nullptr)), "malloc",
+        [&](auto original, std::size_t size) -> void* {
+            return left >= 0 && left-- == 0 ? nullptr : original(size);
+        });
+    const std::string name = "msvfw32.dll";  // that nobody in this process needs
+    bool failed = true;
+    for (int first = 0; failed; ++first) {
+        {
+            BasicDll<DllHandler> dll;
+            left = first;
+            try {
+                dll.init(name);
+            } catch (const std::exception&) {
+            }
+            failed = left < 0;
+            left = -1;
+        }
+        EXPECT_EQ(GetModuleHandleA(name.c_str()), nullptr) << first;
+    }
+}
+
 TEST_F(BasicDllTest, AFailingHookNeverLeavesTheDestructorButIsWrittenDown) {
     constexpr char kLog[] = "C:\\dkab.log";
     DeleteFileA(kLog);
