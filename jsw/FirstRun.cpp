@@ -6,23 +6,47 @@
 #include "PublicLib/os/Localize.h"
 #include "PublicLib/win/Paths.h"
 #include "jsw/settings/RegistryKey.h"
-#include "jsw/settings/Settings.h"
+#include "jsw/settings/SettingNames.h"
 
 #include <windows.h>
+
+#include <cstdint>
 
 namespace jsw {
 
 namespace {
 
-bool createLocalStore(const Localize& names) {
+bool isMissing(std::uint32_t error) {
+    return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND;
+}
+
+/// Raises for a store that may be there but cannot be opened: nothing must be written over it.
+bool isInstallationDue(const std::string& store) {
     try {
-        const RegistryKey key(names.getRegistryPath(StoreKind::local), true);
-    } catch (const Exception& error) {
-        // Asks no switch: without a store there are none, and nobody would hear of it.
-        writeLogLine(component::kJsw, kLogError, concat("ERROR - ", error.text()));
-        return false;
+        std::uint32_t pending = 0;
+        const setting::Number& value = setting::kInstallationPending;
+        return RegistryKey(store, false).getValue(value.name, pending) && pending != 0;
+    } catch (const Win32Exception& error) {
+        if (isMissing(static_cast<std::uint32_t>(error.code()))) return true;
+        throw;
     }
-    return true;
+}
+
+bool mayExist(const std::string& file) {
+    return GetFileAttributesA(file.c_str()) != INVALID_FILE_ATTRIBUTES ||
+           !isMissing(GetLastError());
+}
+
+/// A file that is there but was not read to its end, such as one that another program had locked,
+/// is tried again by the next job.
+void notePending(RegistryKey& store, bool pending) {
+    const char* const name = setting::kInstallationPending.name;
+    std::uint32_t before = 0;
+    if (pending) {
+        store.setValue(name, std::uint32_t{1});
+    } else if (store.getValue(name, before)) {
+        store.deleteValue(name);
+    }
 }
 
 /// The log goes by what it last read for a while; now there are settings to read.
@@ -30,15 +54,18 @@ void recheckLog() {
     if (const auto logger = BasicLogger::existing()) logger->recheckStore();
 }
 
-bool installStore(const Localize& names) {
-    if (!createLocalStore(names)) return false;
+bool installStore(const std::string& path) {
+    RegistryKey store(path, true);
     recheckLog();
     const std::string file = settingsFilePath();
-    const bool installed = SettingsInstaller(file).installSettings();
+    SettingsInstaller installer(file);
+    const bool installed = installer.installSettings();
     recheckLog();
-    if (installed) return true;
-    logLine(component::kJsw, kLogError, "ERROR - unable to install all settings of ", file);
-    return false;
+    if (!installed) {
+        logLine(component::kJsw, kLogError, "ERROR - unable to install all settings of ", file);
+    }
+    notePending(store, !installer.isThrough() && mayExist(file));
+    return installed;
 }
 
 }  // namespace
@@ -49,8 +76,13 @@ std::string settingsFilePath() {
 }
 
 bool installStoreIfMissing() {
-    if (Settings().isValid()) return true;
-    if (installStore(*Localize::getInstance())) return true;
+    try {
+        const std::string store = Localize::getInstance()->getRegistryPath(StoreKind::local);
+        if (!isInstallationDue(store) || installStore(store)) return true;
+    } catch (const Exception& error) {
+        // Asks no switch: without a store there are none, and nobody would hear of it.
+        writeLogLine(component::kJsw, kLogError, concat("ERROR - ", error.text()));
+    }
     SetLastError(ERROR_INTERNAL_ERROR);
     return false;
 }

@@ -13,8 +13,10 @@ namespace jsw {
 /// The keys of a section with their values, in file order.
 using IniPairs = std::vector<std::pair<std::string, std::string>>;
 
-/// Reads a whole settings file into memory, through Windows' profile functions. Nothing is thrown:
-/// a file that cannot be read, or is none, gives false results and empty lists. Used by one thread.
+/// Reads a whole settings file into memory, through Windows' profile functions. A file that cannot
+/// be read, or is none, or is too large for the memory there is, gives false results and empty
+/// lists. Nothing but std::bad_alloc is thrown, and that only where names and values are copied: by
+/// the constructor and by what asks for values. Used by one thread.
 class IniReader {
   public:
     explicit IniReader(const std::string& fileName);

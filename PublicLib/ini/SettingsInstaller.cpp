@@ -101,6 +101,7 @@ bool SettingsInstaller::installSettings() {
     } catch (const std::exception&) {
         return false;  // no memory
     }
+    through_ = true;
     return complete;
 }
 

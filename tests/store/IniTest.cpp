@@ -369,4 +369,44 @@ TEST_F(FirstRunTest, AHostThatMayNotMakeAStoreSaysSo) {
     EXPECT_TRUE(logContains("ERROR - file:RegistryKey:73: RegistryKey::regCreateKeyEx(): Win32(5"));
 }
 
+/// What a user has changed since must not be lost because of one refusal.
+TEST_F(FirstRunTest, AStoreThatCannotBeOpenedIsLeftAsItIs) {
+    writeSettings("DataPath=string:C:\\Data\r\n");
+    EXPECT_TRUE(installStoreIfMissing());
+    Settings().write(setting::kDataPath, "D:\\mine");
+    int opens = 0;
+    const auto refuseOnce = test::replaceImport<decltype(RegOpenKeyExA)>(
+        test::ImportTable(GetModuleHandleA(nullptr)), "RegOpenKeyExA",
+        [&](auto original, auto... arguments) {
+            return ++opens == 1 ? LSTATUS{ERROR_ACCESS_DENIED} : original(arguments...);
+        });
+    EXPECT_FALSE(installStoreIfMissing());
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INTERNAL_ERROR));
+    EXPECT_EQ(text(store_ + "Settings", "DataPath"), "D:\\mine");
+    EXPECT_TRUE(logContains("ERROR - file:RegistryKey:61: RegistryKey::regOpenKeyEx(): Win32(5"));
+}
+
+TEST_F(FirstRunTest, AFileThatCouldNotBeReadIsInstalledLaterOneThatIsNotThereIsNot) {
+    writeSettings("DataPath=string:C:\\Data\r\n");
+    {
+        const KernelHandle locked(CreateFileA(file_.c_str(), GENERIC_READ, 0, nullptr,
+                                              OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+        ASSERT_TRUE(locked);
+        EXPECT_FALSE(installStoreIfMissing());
+    }
+    Settings().write(setting::kDataPath, "C:\\Program Files\\");  // as the job then does
+    EXPECT_TRUE(installStoreIfMissing());
+    EXPECT_EQ(text(store_ + "Settings", "DataPath"), "C:\\Data");
+    Settings().write(setting::kDataPath, "D:\\mine");
+    EXPECT_TRUE(installStoreIfMissing());
+    EXPECT_EQ(text(store_ + "Settings", "DataPath"), "D:\\mine");
+
+    RegistryKey::recurseDeleteKey(store_, HKEY_LOCAL_MACHINE);
+    std::filesystem::remove(file_);
+    EXPECT_FALSE(installStoreIfMissing());
+    writeSettings("DataPath=string:C:\\Data\r\n");
+    EXPECT_TRUE(installStoreIfMissing());
+    EXPECT_EQ(text(store_ + "Settings", "DataPath"), "(none)");
+}
+
 }  // namespace jsw

@@ -5,6 +5,7 @@
 
 #include <windows.h>
 
+#include <cstdint>
 #include <cstdio>
 #include <memory>
 
@@ -22,13 +23,17 @@ void requireSettingsFile(const std::string& file) {
 
 int install(const std::string& host) {
     nameExistingHost(host);
-    if (Settings().isValid()) {
+    const Settings settings;
+    std::uint32_t pending = 0;
+    settings.read(setting::kInstallationPending, pending);
+    const bool isThere = settings.isValid();
+    const DWORD error = GetLastError();  // why it cannot be opened
+    if (isThere && pending == 0) {
         std::printf("%s has its settings already; 'jswctl remove' takes them away.\n",
                     storeName().c_str());
         return kWell;
     }
-    const DWORD error = GetLastError();  // why it cannot be opened
-    if (error != ERROR_FILE_NOT_FOUND) {
+    if (!isThere && error != ERROR_FILE_NOT_FOUND) {
         throw std::runtime_error("cannot open " + storeName() + ": " + errorText(error));
     }
     const std::string file = settingsFilePath();
