@@ -9,7 +9,9 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <iterator>
 #include <span>
+#include <string_view>
 
 namespace jsw {
 
@@ -205,18 +207,22 @@ void RegistryKey::deleteValue(const std::string& name) {
 
 namespace {
 
-/// Appends the names that next(index, buffer, size) gives until it has no more or max is reached.
+/// Appends the names that next(index, buffer, size) gives until it has no more or max is reached;
+/// all or, when it fails, none.
 template <std::size_t bufferSize, class Next>
 void enumerate(std::vector<std::string>& names, std::uint32_t max, const char* failure,
                const Next& next) {
+    std::vector<std::string> found;
     std::string buffer(bufferSize, '\0');
     for (DWORD index = 0; index < max; ++index) {
         DWORD size = static_cast<DWORD>(buffer.size());
         const LSTATUS status = next(index, buffer.data(), &size);
-        if (status == ERROR_NO_MORE_ITEMS) return;
+        if (status == ERROR_NO_MORE_ITEMS) break;
         if (status != ERROR_SUCCESS) raise(failure, status, 196);
-        names.emplace_back(buffer.data(), size);
+        found.emplace_back(buffer.data(), size);
     }
+    names.insert(names.end(), std::make_move_iterator(found.begin()),
+                 std::make_move_iterator(found.end()));
 }
 
 constexpr std::size_t kKeyNameSize = 257;      // 256 characters and the terminator
@@ -244,9 +250,10 @@ namespace {
     raise("RegistryKey::recurseDeleteKey() RegOpenKey()", status, 226);
 }
 
-/// The one key that is emptied but never deleted.
-bool isProtected(const std::string& name) {
-    return equalsIgnoringCase(name, "SOFTWARE");
+/// The one key that is emptied but never deleted, wherever it lies.
+bool isProtected(std::string_view path) {
+    while (path.ends_with('\\')) path.remove_suffix(1);
+    return equalsIgnoringCase(path.substr(path.rfind('\\') + 1), "SOFTWARE");
 }
 
 /// Whether an open key is a link: it has no keys or values of its own but leads to another key.

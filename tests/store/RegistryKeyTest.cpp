@@ -268,6 +268,10 @@ TEST_F(RegistryKeyTest, RecursiveDeleteTakesEverythingButSoftware) {
     EXPECT_EQ(failureOf([] { RegistryKey::recurseDeleteKey("Other", HKEY_LOCAL_MACHINE); }),
               "RegistryKey::recurseDeleteKey() RegDeleteKey()");
     EXPECT_FALSE(exists("Other\\Software\\X"));
+    for (const char* path : {"Other\\Software", "Other\\SOFTWARE\\", "Software\\"}) {
+        RegistryKey::recurseDeleteKey(path, HKEY_LOCAL_MACHINE);
+        EXPECT_TRUE(exists(path));
+    }
     EXPECT_TRUE(exists("Keep"));
     EXPECT_EQ(failureOf([] { RegistryKey::recurseDeleteKey("None\\At all", HKEY_LOCAL_MACHINE); }),
               "(none)");
