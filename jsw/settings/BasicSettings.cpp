@@ -6,6 +6,7 @@
 #include <windows.h>
 
 #include <exception>
+#include <iterator>
 #include <utility>
 
 namespace jsw {
@@ -128,6 +129,11 @@ bool BasicSettings::getStringValueOrDefault(const std::string& subKey, const std
     return getOrDefault(subKey, name, defaultValue, value, shared);
 }
 
+bool BasicSettings::isUnreadable(std::uint32_t error) {
+    return error != ERROR_FILE_NOT_FOUND && error != ERROR_PATH_NOT_FOUND &&
+           error != ERROR_INVALID_DATATYPE && error != ERROR_INVALID_DATA;
+}
+
 bool BasicSettings::setDwordValue(const std::string& subKey, const std::string& name,
                                   std::uint32_t value, bool shared) const {
     return set(subKey, name, value, shared);
@@ -170,12 +176,15 @@ bool BasicSettings::getStringValues(const std::string& subKey, std::vector<Named
         if (!key) return false;
         std::vector<std::string> names;
         key->getValueNames(names, max);
+        std::vector<NamedText> found;
         for (std::string& name : names) {
             std::string text;
             const bool isText = guarded([&] { return key->getValue(name, text); });
-            texts.push_back(
+            found.push_back(
                 {std::move(name), isText ? std::optional(std::move(text)) : std::nullopt});
         }
+        texts.insert(texts.end(), std::make_move_iterator(found.begin()),
+                     std::make_move_iterator(found.end()));
         return true;
     });
 }

@@ -50,6 +50,10 @@ class BasicSettings {
                                  const std::string& defaultValue, std::string& value,
                                  bool shared = false) const;
 
+    /// Whether the Win32 error of a read that answered false says that nobody knows the value. Not
+    /// so for one that is missing or of another type: there a default counts.
+    static bool isUnreadable(std::uint32_t error);
+
     /// Create the key when it is missing.
     bool setDwordValue(const std::string& subKey, const std::string& name, std::uint32_t value,
                        bool shared = false) const;

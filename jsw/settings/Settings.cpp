@@ -38,9 +38,11 @@ bool Settings::write(const setting::Number& number, std::uint32_t value) const {
     return setDwordValue(number.key, number.name, value);
 }
 
-bool Settings::isUpdateCheckOn() const {
+std::optional<bool> Settings::isUpdateCheckOn() const {
     std::uint32_t enabled = setting::kCheckForUpdates.defaultValue;
-    readOrWriteDefault(setting::kCheckForUpdates, enabled);
+    if (!readOrWriteDefault(setting::kCheckForUpdates, enabled) && isUnreadable(GetLastError())) {
+        return std::nullopt;
+    }
     return enabled != 0;
 }
 
@@ -60,19 +62,19 @@ bool Settings::isCompleteSoftwareUpdated() const {
 
 bool Settings::setFlag(const setting::Number& flag, UpdateFlag state) const {
     std::uint32_t current = 0;
-    if (readOrWriteDefault(flag, current) &&
-        current == static_cast<std::uint32_t>(UpdateFlag::doNotChange)) {
-        return true;
-    }
+    if (!readOrWriteDefault(flag, current) && isUnreadable(GetLastError())) return false;
+    if (current == static_cast<std::uint32_t>(UpdateFlag::doNotChange)) return true;
     return write(flag, static_cast<std::uint32_t>(state));
 }
 
 std::string Settings::dataUpdatesFolder() const {
+    const std::string common = specialFolder(CSIDL_COMMON_APPDATA);
+    if (common.empty()) return {};  // the path would lead to the root of some drive
     std::string directory = setting::kDataUpdatesDirectory.defaultValue;
     readOrWriteDefault(setting::kDataUpdatesDirectory, directory);
     std::string driver;
     read(setting::kDriverName, driver);
-    return joinPath(joinPath(specialFolder(CSIDL_COMMON_APPDATA), directory), driver);
+    return joinPath(joinPath(common, directory), driver);
 }
 
 bool Settings::removeStore() const {

@@ -4,6 +4,7 @@
 #include "jsw/settings/SettingNames.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 namespace jsw {
@@ -27,15 +28,17 @@ class Settings : public BasicSettings {
     bool write(const setting::Number& number, std::uint32_t value) const;
 
     /// Whether updates are looked for and taken into use. On when nothing says otherwise, which is
-    /// then written.
-    bool isUpdateCheckOn() const;
+    /// then written; nothing, with the error in GetLastError(), when it cannot be read.
+    std::optional<bool> isUpdateCheckOn() const;
     /// True only when the flag is "updated"; a missing flag is written as "none".
     bool isDataUpdated() const;
     bool isCompleteSoftwareUpdated() const;
-    /// Writes the state unless the flag says "do not change".
+    /// Writes the state unless the flag says "do not change", or cannot be read and may say so,
+    /// which is a failure.
     bool setFlag(const setting::Number& flag, UpdateFlag state) const;
 
-    /// Folder into which the updater puts new billboard data.
+    /// Folder into which the updater puts new billboard data; empty when the shell does not know
+    /// the folder above it.
     std::string dataUpdatesFolder() const;
 
     /// Removes the local store and, when it was the last one and "DeleteStoreOnUninstall" says so,

@@ -24,6 +24,12 @@ std::time_t makeTime(std::tm* time) {
     return std::mktime(time);
 }
 
+/// A setting that nobody knows may say that no check is wanted yet, so none is made.
+void logUnreadable(const char* name, DWORD error) {
+    logLine(component::kUpdater, kLogError, "ERROR - unable to read the setting ", name,
+            ", error=", error);
+}
+
 /// Throws Exception for what must not be started. Whether there is such a program at all is left to
 /// the launch.
 void refuseUnlessUpdater(const std::string& path, const std::string& name) {
@@ -62,10 +68,7 @@ AppUpdatesController::AppUpdatesController(Clock clock)
 void AppUpdatesController::checkForUpdates() {
     MethodTrace trace(component::kUpdater, "AppUpdatesController::checkForUpdates() ");
     const Settings settings;
-    if (!settings.isUpdateCheckOn()) {
-        trace.add("The check for updates has been TURNED OFF!");
-        return;
-    }
+    if (!isTurnedOn(settings, trace, "The check for updates has been TURNED OFF!")) return;
     if (!isItTimeToCheckForUpdates()) {
         trace.add("It is not time to check for updates yet.");
         return;
@@ -84,6 +87,17 @@ void AppUpdatesController::checkForUpdates() {
     } catch (const Exception& error) {
         logLine(component::kUpdater, kLogError, "ERROR: Updater FAILED to Launch: ", error.text());
     }
+}
+
+bool AppUpdatesController::isTurnedOn(const Settings& settings, MethodTrace& trace,
+                                      const char* whenOff) {
+    const std::optional<bool> on = settings.isUpdateCheckOn();
+    if (!on) {
+        logUnreadable(setting::kCheckForUpdates.name, GetLastError());
+    } else if (!*on) {
+        trace.add(whenOff);
+    }
+    return on.value_or(false);
 }
 
 std::string AppUpdatesController::updaterFolder(const Settings& settings) {
@@ -121,25 +135,38 @@ bool AppUpdatesController::isItTimeToCheckForUpdates() {
     if (!currentTime(now)) return false;
 
     const Settings settings;
-    const std::string lastCheck = lastCheckDate(settings, formatCurrentDate(now.local));
-    trace.add("The last check for updates was performed on : ", lastCheck);
+    const auto lastCheck = lastCheckDate(settings, formatCurrentDate(now.local));
+    if (!lastCheck) return false;
+    trace.add("The last check for updates was performed on : ", *lastCheck);
     std::uint32_t interval = setting::kUpdatesCheckFrequency.defaultValue;
-    settings.readOrWriteDefault(setting::kUpdatesCheckFrequency, interval);
+    if (!settings.readOrWriteDefault(setting::kUpdatesCheckFrequency, interval)) {
+        const DWORD error = GetLastError();
+        if (BasicSettings::isUnreadable(error)) {
+            logUnreadable(setting::kUpdatesCheckFrequency.name, error);
+            return false;
+        }
+    }
     trace.add("Interval between checks is : ", interval);
 
-    const bool due = isCheckDue(lastCheck, interval, now.time, now.local, makeTime);
+    const bool due = isCheckDue(*lastCheck, interval, now.time, now.local, makeTime);
     trace.add(due ? "Time interval has expired, check for updates"
                   : "It is still not time to check for updates");
     return due;
 }
 
 /// Today's date for a store that has none yet, and while there is no store; empty, which is no
-/// date, for a value of the wrong type, so that the check is due and puts it right.
-std::string AppUpdatesController::lastCheckDate(const Settings& settings,
-                                                const std::string& today) const {
+/// date, for a value of the wrong type, so that the check is due and puts it right. Nothing, and
+/// logged, for one that cannot be read.
+std::optional<std::string> AppUpdatesController::lastCheckDate(const Settings& settings,
+                                                               const std::string& today) const {
     std::string date;
     const setting::Text& stored = setting::kDateLastChecked;
     if (settings.getStringValueOrDefault(stored.key, stored.name, today, date)) return date;
+    const DWORD error = GetLastError();
+    if (BasicSettings::isUnreadable(error)) {
+        logUnreadable(stored.name, error);
+        return std::nullopt;
+    }
     return settings.isValid() ? std::string() : today;
 }
 

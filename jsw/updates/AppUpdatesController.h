@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <ctime>
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace jsw {
@@ -65,7 +66,11 @@ class AppUpdatesController {
     struct Moment;
 
     bool currentTime(Moment& moment) const;
-    std::string lastCheckDate(const Settings& settings, const std::string& today) const;
+    /// Not when the setting cannot be read, which is logged. What to add to the trace when it says
+    /// that updates are off is given by the caller.
+    static bool isTurnedOn(const Settings& settings, MethodTrace& trace, const char* whenOff);
+    std::optional<std::string> lastCheckDate(const Settings& settings,
+                                             const std::string& today) const;
     static std::string updaterFolder(const Settings& settings);
     void launch(const std::string& folder, const std::string& name, MethodTrace& trace);
     void switchSoftware(const Settings& settings, MethodTrace& trace);

@@ -23,7 +23,22 @@ constexpr UpdatedFile kUpdatedFiles[] = {
     {"BillBoard Version", &setting::kBillBoardVersionFile},
 };
 
-/// Takes the file's new name into use; false, with the old name kept, when there is no such file.
+/// Hands on whether a setting was written; when not, says so.
+bool noteWritten(const char* name, bool written) {
+    if (!written) {
+        const DWORD error = GetLastError();
+        logLine(component::kUpdater, kLogError, "ERROR - unable to write the setting ", name,
+                ", error=", error);
+    }
+    return written;
+}
+
+void setFlag(const Settings& settings, const setting::Number& flag, UpdateFlag state) {
+    noteWritten(flag.name, settings.setFlag(flag, state));
+}
+
+/// Takes the file's new name into use; false, with the old name kept, when there is no such file or
+/// the name cannot be stored.
 bool switchFile(const Settings& settings, const UpdatedFile& file, const std::string& folder,
                 MethodTrace& trace) {
     std::string name;
@@ -34,8 +49,20 @@ bool switchFile(const Settings& settings, const UpdatedFile& file, const std::st
         return false;
     }
     trace.add(file.what, " file was updated, updating file name in setting to : ", name);
-    settings.write(*file.inUse, name);
-    return true;
+    return noteWritten(file.inUse->name, settings.write(*file.inUse, name));
+}
+
+/// Takes the folder of the new data into use; false, with the old one kept, when the catalog is not
+/// there or the folder cannot be stored.
+bool switchDataPath(const Settings& settings, const std::string& folder, const std::string& catalog,
+                    MethodTrace& trace) {
+    if (!isFileIn(folder, catalog)) {
+        trace.add("Catalog file does NOT exist : ", catalog);
+        return false;
+    }
+    trace.add("Data was updated successfully, file exists : ", catalog);
+    trace.add("Updating the data path to : ", folder);
+    return noteWritten(setting::kDataPath.name, settings.write(setting::kDataPath, folder));
 }
 
 bool isMissing(const Settings& settings, const setting::Text& path) {
@@ -84,8 +111,8 @@ void AppUpdatesController::performPostUpdateChangesIfRequired() {
         return;
     }
     const Settings settings;
-    if (!settings.isUpdateCheckOn()) {
-        trace.add("The check for updates has been TURNED OFF. No updates could be performed");
+    if (!isTurnedOn(settings, trace,
+                    "The check for updates has been TURNED OFF. No updates could be performed")) {
         return;
     }
     if (settings.isCompleteSoftwareUpdated()) {
@@ -99,11 +126,15 @@ void AppUpdatesController::performPostUpdateChangesIfRequired() {
 
 void AppUpdatesController::switchSoftware(const Settings& settings, MethodTrace& trace) {
     // A software package brings its data along.
-    settings.setFlag(setting::kDataUpdated, UpdateFlag::updated);
-    // No folder: setInitialPaths() could not write one, and the names alone would lead to the root
-    // of some drive. The flag stays for the next job.
+    setFlag(settings, setting::kDataUpdated, UpdateFlag::updated);
+    // setInitialPaths() could not write a folder, and the names alone would lead to the root of
+    // some drive. The flag stays for the next job.
     std::string folder;
-    if (!settings.read(setting::kDllPath, folder) || folder.empty()) return;
+    if (!settings.read(setting::kDllPath, folder) || folder.empty()) {
+        logLine(component::kUpdater, kLogError,
+                "ERROR - the folder of the updated modules is unknown");
+        return;
+    }
     bool complete = true;
     for (const UpdatedFile& file : kUpdatedFiles) {
         complete = switchFile(settings, file, folder, trace) && complete;
@@ -112,8 +143,8 @@ void AppUpdatesController::switchSoftware(const Settings& settings, MethodTrace&
                          "CompleteUpdateFlag to DO NOT CHANGE"
                        : "All the binaries have NOT been updated atleast once, "
                          "resetting the CompleteUpdateFlag");
-    settings.setFlag(setting::kCompleteSoftwareUpdated,
-                     complete ? UpdateFlag::doNotChange : UpdateFlag::none);
+    setFlag(settings, setting::kCompleteSoftwareUpdated,
+            complete ? UpdateFlag::doNotChange : UpdateFlag::none);
 }
 
 void AppUpdatesController::switchData(const Settings& settings, MethodTrace& trace) {
@@ -126,17 +157,18 @@ void AppUpdatesController::switchData(const Settings& settings, MethodTrace& tra
     std::string catalog;
     settings.read(setting::kCatalogFilename, catalog);
     const std::string folder = settings.dataUpdatesFolder();
-    if (!isFileIn(folder, catalog)) {
-        trace.add("Catalog file does NOT exist : ", catalog);
-        trace.add("Data update was not installed successfully, resetting Data Update flag");
-        settings.setFlag(setting::kDataUpdated, UpdateFlag::none);
+    if (folder.empty()) {  // the flag stays for the next job
+        logLine(component::kUpdater, kLogError,
+                "ERROR - the folder of the updated data is unknown");
         return;
     }
-    trace.add("Data was updated successfully, file exists : ", catalog);
-    trace.add("Updating the data path to : ", folder);
-    settings.write(setting::kDataPath, folder);
+    if (!switchDataPath(settings, folder, catalog, trace)) {
+        trace.add("Data update was not installed successfully, resetting Data Update flag");
+        setFlag(settings, setting::kDataUpdated, UpdateFlag::none);
+        return;
+    }
     trace.add("Updating the Data Updated flag to DO NOT CHANGE");
-    settings.setFlag(setting::kDataUpdated, UpdateFlag::doNotChange);
+    setFlag(settings, setting::kDataUpdated, UpdateFlag::doNotChange);
     resetCachedDefaultBillboardSettings();
 }
 

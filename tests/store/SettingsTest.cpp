@@ -123,6 +123,22 @@ TEST_F(SettingsTest, FlagsThatSayDoNotChangeAreKept) {
     }
 }
 
+TEST_F(SettingsTest, AFlagThatCannotBeReadIsNotWritten) {
+    const Settings settings;
+    settings.write(setting::kDataUpdated, 2);
+    {
+        const auto refuse = test::replaceImport<decltype(RegQueryValueExA)>(
+            test::ImportTable(GetModuleHandleA(nullptr)), "RegQueryValueExA",
+            [](auto...) { return LSTATUS{ERROR_ACCESS_DENIED}; });
+        EXPECT_FALSE(settings.setFlag(setting::kDataUpdated, UpdateFlag::updated));
+        EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_ACCESS_DENIED));
+    }
+    EXPECT_EQ(stored(settings, setting::kUpdaterKey, "DataUpdated"), "2");
+    settings.setStringValue(setting::kUpdaterKey, "DataUpdated", "2");
+    EXPECT_TRUE(settings.setFlag(setting::kDataUpdated, UpdateFlag::updated));
+    EXPECT_EQ(stored(settings, setting::kUpdaterKey, "DataUpdated"), "1");
+}
+
 TEST_F(SettingsTest, SharedAndRootlessStoresLieWhereTheyShould) {
     const Settings settings;
     EXPECT_EQ(settings.getKeyPath(false), "Software\\QuillonInkjet\\JSW\\Local\\qlte\\");
@@ -155,6 +171,22 @@ TEST_F(SettingsTest, ListsTextsAndPassesOverWhatIsNone) {
     std::map<std::string, std::string> found;
     for (const auto& [name, text] : texts) found[name] = text.value_or("(none)");
     EXPECT_THAT(found, ElementsAre(Pair("a", "1"), Pair("b", "(none)"), Pair("c", "")));
+}
+
+TEST_F(SettingsTest, AListThatBreaksOffLeavesTheOutputsAsTheyWere) {
+    const Settings settings;
+    for (const char* name : {"a", "b", "c"}) settings.setStringValue(setting::kGuiKey, name, "1");
+    const auto breakOff = test::replaceImport<decltype(RegEnumValueA)>(
+        test::ImportTable(GetModuleHandleA(nullptr)), "RegEnumValueA",
+        [](auto original, HKEY key, DWORD index, auto... rest) {
+            return index == 2 ? LSTATUS{ERROR_ACCESS_DENIED} : original(key, index, rest...);
+        });
+    std::vector<std::string> names{"before"};
+    std::vector<NamedText> texts;
+    EXPECT_FALSE(settings.getValueNames(setting::kGuiKey, names));
+    EXPECT_FALSE(settings.getStringValues(setting::kGuiKey, texts));
+    EXPECT_THAT(names, ElementsAre("before"));
+    EXPECT_TRUE(texts.empty());
 }
 
 /// Each access to the registry is a call into the system, made while a job waits.
@@ -202,6 +234,10 @@ TEST_F(SettingsTest, DataUpdatesFolderIsNamedAfterTheDriver) {
     EXPECT_EQ(settings.dataUpdatesFolder(), std::string(common) + "\\Else\\Drv 5");
     settings.write(setting::kDataUpdatesDirectory, "\\Else\\");
     EXPECT_EQ(settings.dataUpdatesFolder(), std::string(common) + "\\Else\\Drv 5");
+    const auto refuse = test::replaceImport<decltype(SHGetFolderPathA)>(
+        test::ImportTable(GetModuleHandleA(nullptr)), "SHGetFolderPathA",
+        [](auto...) { return E_FAIL; });
+    EXPECT_EQ(settings.dataUpdatesFolder(), "") << "a path in the root of some drive";
 }
 
 TEST_F(SettingsTest, RemovalTakesTheProductLineOnlyWithTheLastStore) {

@@ -1,6 +1,11 @@
 #include "PublicLib/logging/BasicLogger.h"
 #include "jsw/updates/AppUpdatesController.h"
 #include "tests/support/HostTest.h"
+#include "tests/support/ImportTable.h"
+
+#include <windows.h>
+
+#include <shlobj.h>
 
 #include <array>
 #include <filesystem>
@@ -211,6 +216,73 @@ TEST_F(PostUpdateTest, TurnedOffChangesNothing) {
                                         "could be performed"));
     EXPECT_EQ(flag(setting::kCompleteSoftwareUpdated), 1u);
     EXPECT_EQ(text(setting::kViewModule), "old");
+}
+
+/// A flag that is final although nothing was switched would keep the old files for ever.
+TEST_F(PostUpdateTest, WhatCannotBeStoredIsAFailedSwitch) {
+    const struct {
+        const char* value;
+        std::uint32_t softwareAfter, dataAfter;
+        const char* reset;
+    } rows[] = {
+        {"Catalog", 0, 2, "resetting the CompleteUpdateFlag"},
+        {"RulesEngine", 0, 2, "resetting the CompleteUpdateFlag"},
+        {"View", 0, 2, "resetting the CompleteUpdateFlag"},
+        {"BillBoardVersionInfoFileName", 0, 2, "resetting the CompleteUpdateFlag"},
+        {"DataPath", 2, 0, "resetting Data Update flag"},
+        {"CompleteSoftwareUpdated", 1, 2, "All the binaries have been updated at least once"},
+    };
+    startLog();
+    for (const char* name : kNewNames) folder_.write(name, "x");
+    put(updates_ + "\\catalog.xml", true);
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.value);
+        restore();
+        settings_->write(setting::kCompleteSoftwareUpdated, 1);
+        settings_->write(setting::kDataUpdated, 0);
+        BasicLogger::existing()->deleteLog();
+        {
+            const auto refuse = test::replaceImport<decltype(RegSetValueExA)>(
+                test::ImportTable(GetModuleHandleA(nullptr)), "RegSetValueExA",
+                [&](auto original, HKEY key, const char* name, auto... rest) {
+                    return std::string(name) == row.value ? LSTATUS{ERROR_ACCESS_DENIED}
+                                                          : original(key, name, rest...);
+                });
+            controller_.performPostUpdateChangesIfRequired();
+        }
+        EXPECT_EQ(flag(setting::kCompleteSoftwareUpdated), row.softwareAfter);
+        EXPECT_EQ(flag(setting::kDataUpdated), row.dataAfter);
+        EXPECT_TRUE(
+            hasLine(concat("ERROR - unable to write the setting ", row.value, ", error=5")));
+        EXPECT_TRUE(logContains(row.reset));
+    }
+}
+
+TEST_F(PostUpdateTest, AnUpdateWhoseFolderIsUnknownIsLeftForLaterWithALine) {
+    startLog();
+    const test::ImportTable imports(GetModuleHandleA(nullptr));
+    {
+        const auto refuse = test::replaceImport<decltype(RegSetValueExA)>(
+            imports, "RegSetValueExA", [](auto original, HKEY key, const char* name, auto... rest) {
+                return std::string(name) == "DllPath" ? LSTATUS{ERROR_ACCESS_DENIED}
+                                                      : original(key, name, rest...);
+            });
+        settings_->deleteValue(setting::kDllPath.key, setting::kDllPath.name);
+        settings_->write(setting::kCompleteSoftwareUpdated, 1);
+        settings_->write(setting::kDataUpdated, 2);
+        controller_.performPostUpdateChangesIfRequired();
+        EXPECT_TRUE(hasLine("ERROR - the folder of the updated modules is unknown"));
+        EXPECT_EQ(flag(setting::kCompleteSoftwareUpdated), 1u);
+    }
+    restore();
+    settings_->write(setting::kCompleteSoftwareUpdated, 0);
+    settings_->write(setting::kDataUpdated, 1);
+    const auto refuse = test::replaceImport<decltype(SHGetFolderPathA)>(
+        imports, "SHGetFolderPathA", [](auto...) { return E_FAIL; });
+    controller_.performPostUpdateChangesIfRequired();
+    EXPECT_TRUE(hasLine("ERROR - the folder of the updated data is unknown"));
+    EXPECT_EQ(flag(setting::kDataUpdated), 1u);
+    EXPECT_EQ(text(setting::kDataPath), "old data");
 }
 
 /// An empty name joined with a folder names the folder, which exists; a folder is no module.

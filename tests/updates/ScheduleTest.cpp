@@ -3,6 +3,7 @@
 #include "jsw/updates/InstalledFile.h"
 #include "jsw/updates/UpdateSchedule.h"
 #include "tests/support/HostTest.h"
+#include "tests/support/ImportTable.h"
 
 #include <gmock/gmock.h>
 #include <optional>
@@ -236,6 +237,28 @@ TEST_F(UpdateCheckTest, ValuesOfTheWrongTypeAreDueAndPutRight) {
     EXPECT_TRUE(hasLine(std::string(kCheckTag) +
                         "It it time to check for updates. Attempting to initiate the update "
                         "process"));
+}
+
+/// It may say that the user wants no updates.
+TEST_F(UpdateCheckTest, AValueThatCannotBeReadStartsNoCheck) {
+    for (const char* value :
+         {"CheckForUpdates", "DateLastCheckedForUpdates", "UpdatesCheckFrequency"}) {
+        SCOPED_TRACE(value);
+        settings_->write(setting::kDateLastChecked, "1/1/2000");
+        const auto refuse = test::replaceImport<decltype(RegQueryValueExA)>(
+            test::ImportTable(GetModuleHandleA(nullptr)), "RegQueryValueExA",
+            [&](auto original, HKEY key, const char* name, auto... rest) {
+                return std::string(name) == value ? LSTATUS{ERROR_ACCESS_DENIED}
+                                                  : original(key, name, rest...);
+            });
+        controller_.checkForUpdates();
+        EXPECT_FALSE(logContains("It it time"));
+        EXPECT_TRUE(hasLine(concat("ERROR - unable to read the setting ", value, ", error=5")));
+        BasicLogger::existing()->deleteLog();
+        controller_.performPostUpdateChangesIfRequired();
+        EXPECT_FALSE(logContains("TURNED OFF"));
+    }
+    EXPECT_EQ(storedDate(), "1/1/2000");
 }
 
 TEST_F(UpdateCheckTest, WithoutAStoreNothingIsDueAndNoneIsMade) {
