@@ -48,18 +48,18 @@ Mutex::Mutex(bool initialOwner, const std::string& name, bool withEveryoneAccess
         handle_ = createMutex(nullptr, initialOwner, name);
     }
     // Asking for ownership of a mutex that another process has created already is in vain.
-    owned_ = initialOwner && GetLastError() != ERROR_ALREADY_EXISTS;
+    if (initialOwner && GetLastError() != ERROR_ALREADY_EXISTS) timesHeld_ = 1;
 }
 
 Mutex::~Mutex() {
-    if (owned_) ReleaseMutex(handle_.get());
+    for (; timesHeld_ > 0; --timesHeld_) ReleaseMutex(handle_.get());
 }
 
 bool Mutex::acquire(std::uint32_t timeoutMilliseconds) {
     switch (WaitForSingleObject(handle_.get(), timeoutMilliseconds)) {
         case WAIT_OBJECT_0:
         case WAIT_ABANDONED:
-            owned_ = true;
+            ++timesHeld_;
             return true;
         case WAIT_TIMEOUT:
             return false;
@@ -70,7 +70,8 @@ bool Mutex::acquire(std::uint32_t timeoutMilliseconds) {
 }
 
 void Mutex::release() {
-    owned_ = false;  // while the mutex is still held: the next thread may have it at once
+    // While the mutex is still held: the next thread may have it at once.
+    if (timesHeld_ > 0) --timesHeld_;
     if (ReleaseMutex(handle_.get()) == FALSE) {
         throw Win32Exception("Mutex::release() ReleaseMutex failed", GetLastError(), "Mutex", 90);
     }

@@ -3,11 +3,13 @@
 namespace jsw {
 
 MethodTrace::MethodTrace(Logger* logger, const LoggerComponent& component, std::string tag,
-                         std::uint32_t level, bool announce) {
-    if (announce && logger != nullptr && logger->isEnabled(component, level)) {
+                         std::uint32_t level, bool announce) noexcept {
+    if (!announce || logger == nullptr) return;
+    withoutRaising([&] {
+        if (!logger->isEnabled(component, level)) return;
         const std::shared_ptr<void> notOwned;
         start({notOwned, logger}, component, std::move(tag), level);
-    }
+    });
 }
 
 void MethodTrace::start(std::shared_ptr<Logger> logger, const LoggerComponent& component,

@@ -32,7 +32,7 @@ class MethodTrace {
     /// A trace of any log and level. With announce false it is silent: it never logs anything.
     /// @param logger  must outlive the trace
     MethodTrace(Logger* logger, const LoggerComponent& component, std::string tag,
-                std::uint32_t level, bool announce);
+                std::uint32_t level, bool announce) noexcept;
 
     /// A silent trace.
     MethodTrace() = default;

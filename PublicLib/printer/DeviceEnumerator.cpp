@@ -26,6 +26,7 @@ struct SpoolerAnswer {
 
 SpoolerAnswer askSpooler() {
     SpoolerAnswer answer;
+    DWORD error = ERROR_SUCCESS;
     for (int i = 0; i < kMaxTries; ++i) {
         DWORD needed = 0;
         const auto size = static_cast<DWORD>(answer.buffer.size());
@@ -34,13 +35,11 @@ SpoolerAnswer askSpooler() {
                           &answer.count)) {
             return answer;
         }
-        const DWORD error = GetLastError();
-        if (error != ERROR_INSUFFICIENT_BUFFER) {
-            logLine(component::kJsw, kLogError, "ERROR - EnumPrinters failed with rc =", error);
-            break;
-        }
+        error = GetLastError();
+        if (error != ERROR_INSUFFICIENT_BUFFER) break;
         answer.buffer.resize(needed);
     }
+    logLine(component::kJsw, kLogError, "ERROR - EnumPrinters failed with rc =", error);
     return {};
 }
 

@@ -16,10 +16,15 @@ namespace jsw {
 /// is loaded and initialised, and a client id taken, while a call or an open handle needs them.
 ///
 /// Every operation answers a Win32 error number: the library's own when the call was made, else
-/// 126 (the library cannot be loaded or initialised), 127 (it lacks the entry point), 1 (the handle
-/// was not opened through this object) or the error of getting a client id; 8 when memory is short,
-/// 574 when the library raised an exception. No operation throws. Any thread may call; the bound
-/// functions are called outside the locks.
+/// 126 (the library cannot be loaded or initialised; acquire() and install() answer the system's
+/// own number for that), 127 (it lacks the entry point), 1 (the handle was not opened through this
+/// object) or the error of the server's name or of getting a client id; 8 when memory is short, 574
+/// when the library raised an exception. No operation throws.
+///
+/// Any thread may call. The bound functions are called outside the locks, but the library's start
+/// and end and its client ids are asked for inside them: there it must not wait for another caller
+/// of this object. Where the server's name was refused, only that thread can use client ids from
+/// then on.
 class PcsClient {
   public:
     /// Loads nothing yet.

@@ -29,7 +29,9 @@ bool isThisComputer(const std::string& serverName) {
 }
 
 std::uint32_t lookUpPrintResource(std::string remoteName) {
-    const ModuleHandle library = loadLibraryQuietly(joinPath(systemFolder(), "mpr.dll"));
+    const std::string folder = systemFolder();
+    if (folder.empty()) return ERROR_PATH_NOT_FOUND;  // else one in the root of some drive is taken
+    const ModuleHandle library = loadLibraryQuietly(joinPath(folder, "mpr.dll"));
     if (!library) return GetLastError();
     auto* const look = findEntryPoint<decltype(WNetGetResourceInformationA)>(
         library.get(), "WNetGetResourceInformationA");

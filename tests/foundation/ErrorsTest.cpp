@@ -85,6 +85,9 @@ TEST(MutexTest, AnOwnerKeepsOthersOutUntilItGoes) {
     owner.emplace(false, kName, false);
     EXPECT_TRUE(owner->acquire(0));
     EXPECT_FALSE(isFree());
+    EXPECT_TRUE(owner->acquire(0));
+    owner->release();
+    EXPECT_FALSE(isFree()) << "it was taken twice";
     owner.reset();
     EXPECT_TRUE(isFree());
 }

@@ -8,6 +8,7 @@
 #include "jsw/settings/Settings.h"
 #include "jsw/settings/macros/MacroResolver.h"
 #include "tests/support/HostTest.h"
+#include "tests/support/ImportTable.h"
 #include "tests/support/SpoolerPrinter.h"
 
 #include <windows.h>
@@ -16,6 +17,7 @@
 #include <gmock/gmock.h>
 #include <map>
 #include <memory>
+#include <new>
 #include <utility>
 
 namespace jsw {
@@ -216,6 +218,16 @@ TEST_F(MacroResolverTest, ValuesThatLeadBackToThemselvesEndWithAWarning) {
     EXPECT_EQ(result.substr(0, 3), "axx");
     EXPECT_EQ(result.substr(result.size() - 7), "b_^L9^_");
     EXPECT_TRUE(logContains("WARNING: MacroResolver::replaceMacros: "));
+}
+
+TEST_F(MacroResolverTest, ATagWithoutMemoryGetsItsFallbackAndTheOthersTheirValues) {
+    startLog();
+    Settings().write(setting::kPrinterCode, "Q2000");
+    const auto runOut = test::replaceImport<decltype(GetSystemDefaultLangID)>(
+        test::ImportTable(GetModuleHandleA(nullptr)), "GetSystemDefaultLangID",
+        []() -> LANGID { throw std::bad_alloc(); });
+    EXPECT_EQ(replace("_^CountryCode^_|_^PrinterCode^_"), "_^CountryCode^_|Q2000");
+    EXPECT_TRUE(logContains("ERROR - MacroResolver::resolveTag: std::bad_alloc"));
 }
 
 TEST_F(MacroResolverTest, TracesTextsTagsAndResults) {

@@ -311,6 +311,20 @@ TEST_F(PcsClientTest, LeavesTheClientIdLockedAfterARefusedServer) {
     }
 }
 
+TEST_F(PcsClientTest, WithoutASystemFolderNothingIsLoadedFromTheRootOfADrive) {
+    const test::ImportTable imports(GetModuleHandleA(nullptr));
+    std::vector<std::string> loaded;
+    const auto folder = test::replaceImport<decltype(GetSystemDirectoryA)>(
+        imports, "GetSystemDirectoryA", [](char*, UINT) { return UINT{0}; });
+    const auto load = test::replaceImport<decltype(LoadLibraryA)>(
+        imports, "LoadLibraryA", [&](auto original, const char* name) {
+            loaded.emplace_back(name);
+            return original(name);
+        });
+    EXPECT_EQ(PcsClient(kClient, "server", false).checkServerName(), 3U);
+    EXPECT_THAT(loaded, ::testing::IsEmpty());
+}
+
 TEST_F(PcsClientTest, ALibraryThatRaisesHasFailedAndIsLetGo) {
     startLog();
     static void (*raise)() = nullptr;

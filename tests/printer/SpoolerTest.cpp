@@ -47,6 +47,19 @@ TEST_F(SpoolerTest, ListsTheSpoolersPrinters) {
     EXPECT_TRUE(DeviceEnumerator().printers().empty());
 }
 
+TEST_F(SpoolerTest, AListThatGrowsFasterThanItsBufferIsGivenUpWithALine) {
+    startLog();
+    const auto grow = test::replaceImport<decltype(EnumPrintersA)>(
+        test::ImportTable(GetModuleHandleA(nullptr)), "EnumPrintersA",
+        [](DWORD, char*, DWORD, BYTE*, DWORD size, DWORD* needed, DWORD*) -> BOOL {
+            *needed = size + 1;
+            SetLastError(ERROR_INSUFFICIENT_BUFFER);
+            return FALSE;
+        });
+    EXPECT_TRUE(DeviceEnumerator().printers().empty());
+    EXPECT_TRUE(hasLine("ERROR - EnumPrinters failed with rc =122"));
+}
+
 TEST_F(SpoolerTest, ASharedPrinterIsKnownWithoutTheClient) {
     startLog();
     const test::SpoolerPrinter shared("Shared Ink");

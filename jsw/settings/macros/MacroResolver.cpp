@@ -1,6 +1,7 @@
 #include "jsw/settings/macros/MacroResolver.h"
 
 #include "PublicLib/errors/Exception.h"
+#include "PublicLib/logging/Guard.h"
 #include "PublicLib/logging/MethodTrace.h"
 #include "PublicLib/os/Localize.h"
 #include "PublicLib/os/OsVersion.h"
@@ -14,6 +15,7 @@
 
 #include <windows.h>
 
+#include <exception>
 #include <optional>
 #include <utility>
 
@@ -108,8 +110,10 @@ Value guarded(const Source& source) {
         return source();
     } catch (const Exception& error) {
         logLine(component::kJsw, kLogError, error.text());
-        return std::nullopt;
+    } catch (const std::exception&) {  // most often for want of memory, which another tag may have
+        reportException(component::kJsw, "MacroResolver::resolveTag");
     }
+    return std::nullopt;
 }
 
 }  // namespace
@@ -134,7 +138,7 @@ std::string_view MacroResolver::resolveTag(std::string_view tagText, std::string
     MethodTrace trace(component::kJsw, "MacroResolver::resolveTag:");
     trace.add("    resolveTag( strTagText=", tagText, ", strTag=", tagName, ")");
     const std::string_view value = tagText.empty() ? tagName : findValue(tagText, tagName);
-    if (trace.isActive()) trace.setResult(std::string(value));
+    if (trace.isActive()) withoutRaising([&] { trace.setResult(std::string(value)); });
     return value;
 }
 
