@@ -28,17 +28,6 @@ SettingRow rowOf(const setting::Number& number, const StoreImage& image) {
             effective.source};
 }
 
-/// Values that the library leaves to others: the updater, the sample modules.
-struct ForeignValue {
-    const char* key;
-    const char* name;
-};
-constexpr ForeignValue kForeignValues[] = {
-    {"Settings\\RulesEngine", "RulesFilename"},
-    {"Settings\\RulesEngine", "SpecialShown"},
-    {"Settings\\RulesEngine", "InkShown"},
-};
-
 /// What a job takes for a missing text when that depends on the host; empty when it does not.
 std::string hostDefault(const setting::Text& text, const HostFacts& facts) {
     if (text.key == setting::kControllerKey) return facts.localId + text.defaultValue;
