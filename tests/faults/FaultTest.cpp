@@ -46,9 +46,9 @@ class FaultTest : public test::WholeJobTest {
     /// @param fewest  functions that are called less often are left out
     void failEachCall(std::uint32_t levels, std::uint32_t step, std::uint32_t most,
                       std::uint32_t fewest);
-    /// Lets the memory run out at the allocations 1, 1 + step, …, at most so many, each in a job of
-    /// its own, which gets no more of it to its end.
-    void runOutOfMemory(std::uint32_t levels, std::uint32_t step, std::uint32_t most);
+    /// Lets the memory run out at some of a job's allocations, about so many, each in a job of its
+    /// own, which gets no more of it to its end.
+    void runOutOfMemory(std::uint32_t levels, std::uint32_t shortages);
 
   private:
     std::vector<std::string> job(std::uint32_t levels) {
@@ -110,13 +110,13 @@ void FaultTest::failEachCall(std::uint32_t levels, std::uint32_t step, std::uint
         faults_, static_cast<unsigned long>(levels));
 }
 
-void FaultTest::runOutOfMemory(std::uint32_t levels, std::uint32_t step, std::uint32_t most) {
+void FaultTest::runOutOfMemory(std::uint32_t levels, std::uint32_t shortages) {
     learnWhatIsExpected(levels);
     test::ImportGate gate(imports_);
     job(levels);
     const std::uint32_t calls = gate.calls("malloc");
     const test::Failure noMemory = *test::failureOf("malloc");
-    const std::uint32_t stride = std::max(step, calls / most);
+    const std::uint32_t stride = std::max(1U, calls / shortages);
     for (std::uint32_t call = 1; call <= calls; call += stride) {
         failInOneJob(levels, concat("every allocation from the ", call, ". on"), gate, [&] {
             gate.failFrom("malloc", call, noMemory);
@@ -144,13 +144,12 @@ TEST_F(FaultTest, TheSameWithTheLogOn) {
 }
 
 TEST_F(FaultTest, TheJobAfterOneThatRanOutOfMemoryIsServedAsEver) {
-    const std::uint32_t step = number("JSW_FAULT_STEP", 40);
-    withoutStarting([&] { runOutOfMemory(0, step, number("JSW_FAULT_MOST", 40)); });
+    withoutStarting([this] { runOutOfMemory(0, number("JSW_FAULT_SHORTAGES", 10)); });
 }
 
 TEST_F(FaultTest, TheSameOfMemoryWithTheLogOn) {
     const std::uint32_t levels = number("JSW_FAULT_LEVELS", kFewLevels);
-    withoutStarting([&] { runOutOfMemory(levels, 1, 10); });
+    withoutStarting([&] { runOutOfMemory(levels, 10); });
 }
 
 }  // namespace jsw
