@@ -44,6 +44,12 @@ HWND ourWindow(const char* className) {
     return search.found;
 }
 
+/** The job window when it can be seen, or null. */
+HWND visibleJobWindow() {
+    const HWND window = ourWindow(JSW_SAMPLE_VIEW_CLASS);
+    return IsWindowVisible(window) != FALSE ? window : nullptr;
+}
+
 enum class Way { kButton, kCheckBox, kSystemMenu, kWindow };
 
 struct Control {
@@ -113,14 +119,14 @@ Press pressControl(HWND window, int id, bool checkBox) {
 }  // namespace
 
 Press press(Target target, uint32_t pageButton) {
-    HWND window = ourWindow(JSW_SAMPLE_VIEW_CLASS);
+    HWND window = visibleJobWindow();
     // Whoever wants the window in front waits for it to appear.
     for (int tries = target == Target::kActivate ? kTriesForWindow : 0;
-         tries > 0 && (window == nullptr || IsWindowVisible(window) == FALSE); --tries) {
+         tries > 0 && window == nullptr; --tries) {
         Sleep(kWindowTick);
-        window = ourWindow(JSW_SAMPLE_VIEW_CLASS);
+        window = visibleJobWindow();
     }
-    if (window == nullptr || IsWindowVisible(window) == FALSE) {
+    if (window == nullptr) {
         return {{}, "there is no job window"};
     }
     for (const Control& control : kControls) {
@@ -158,8 +164,8 @@ std::vector<std::string> readJobWindow() {
                   {JSW_VIEW_SIMULATED, "note"},      {JSW_VIEW_CANCEL, "button"},
                   {JSW_VIEW_QUESTION, "question"}};
     std::vector<std::string> lines;
-    const HWND window = ourWindow(JSW_SAMPLE_VIEW_CLASS);
-    if (window == nullptr || IsWindowVisible(window) == FALSE) {
+    const HWND window = visibleJobWindow();
+    if (window == nullptr) {
         return lines;
     }
     for (const auto& entry : kTexts) {
