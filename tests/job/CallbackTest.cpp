@@ -6,7 +6,6 @@
 #include "tests/support/ImportTable.h"
 
 #include <atomic>
-#include <latch>
 #include <thread>
 
 namespace jsw {
@@ -106,7 +105,8 @@ TEST_F(CallbackTest, NoCallFromTheCallbackWaitsForTheThreadThatEndsTheJob) {
     std::atomic<bool> inside{false};
     onStatus = [&](std::uint32_t) {
         inside = true;
-        Sleep(200);  // by now the other thread holds the lock and waits for this one
+        // The other thread holds the lock and waits for this one.
+        EXPECT_TRUE(test::eventually([] { return logContains("<<< Controller::jswTerminate: "); }));
         api_.updateInfo(1, 2, 3, 0, 0, nullptr);
         api_.postDlgMsg(nullptr);
         api_.terminate();
@@ -290,15 +290,15 @@ TEST_F(CallbackTest, NoStatusIsReportedAfterTheEndWasAskedFor) {
 TEST_F(CallbackTest, AnEventThatComesTooLateForItsJobReachesNobody) {
     std::atomic<int> statuses{0};
     onStatus = [&](std::uint32_t) { ++statuses; };
-    std::latch arrived(1);
-    std::latch goOn(1);
+    std::atomic<bool> hasArrived{false};
+    std::atomic<bool> mayGoOn{false};
     std::atomic<DWORD> windowThread{0};
     const test::ImportTable imports(GetModuleHandleA("jsw.dll"));
     const auto clock = test::replaceImport<decltype(GetTickCount)>(imports, "GetTickCount", [&] {
         DWORD self = GetCurrentThreadId();
         if (windowThread.compare_exchange_strong(self, 0)) {  // asks for its first line in the log
-            arrived.count_down();
-            goOn.wait();
+            hasArrived = true;
+            EXPECT_TRUE(test::eventually([&] { return mayGoOn.load(); }));
         }
         return GetTickCount();
     });
@@ -307,10 +307,10 @@ TEST_F(CallbackTest, AnEventThatComesTooLateForItsJobReachesNobody) {
         windowThread = GetCurrentThreadId();
         script_.reportEvent(3);
     });
-    arrived.wait();
+    EXPECT_TRUE(test::eventually([&] { return hasArrived.load(); }));
     endJob();
     start();
-    goOn.count_down();
+    mayGoOn = true;
     window.join();
     EXPECT_EQ(statuses, 0);
     endJob();

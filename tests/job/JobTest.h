@@ -66,11 +66,12 @@ class JobTest : public HostTest {
 /// Polls until done() or ten seconds have gone by.
 template <class Done>
 bool eventually(const Done& done) {
-    for (int i = 0; i < 1000; ++i) {
-        if (done()) return true;
-        Sleep(10);
+    const ULONGLONG start = GetTickCount64();
+    while (!done()) {
+        if (GetTickCount64() - start >= 10000) return false;
+        Sleep(1);
     }
-    return false;
+    return true;
 }
 
 }  // namespace jsw::test
