@@ -7,7 +7,9 @@
 #include "PublicLib/locks/Singleton.h"
 #include "PublicLib/logging/MethodTrace.h"
 #include "PublicLib/os/OsVersion.h"
+#include "jsw/BillboardChoice.h"
 #include "jsw/StatusCallback.h"
+#include "jsw/XmlParserLibrary.h"
 #include "jsw/modules/LegacyJswGui.h"
 #include "jsw/settings/Settings.h"
 
@@ -18,6 +20,21 @@ namespace jsw {
 namespace {
 
 NeverDestroyed<Singleton<Controller>> singleton;
+
+/// Tells the watch, at its end, that the rules thread has left the last module. The driver may have
+/// ended the job meanwhile: the watch may end it now, and let go of the controller.
+class RulesRun {
+  public:
+    explicit RulesRun(JobWatch* watch) : watch_(watch) {}
+    ~RulesRun() {
+        if (watch_ != nullptr) watch_->rulesEnd();
+    }
+    RulesRun(const RulesRun&) = delete;
+    RulesRun& operator=(const RulesRun&) = delete;
+
+  private:
+    JobWatch* watch_;
+};
 
 }  // namespace
 
@@ -100,11 +117,8 @@ bool Controller::jswInit(const Job& job) {
     const FirstBillboard first{dataPath_, billboard.fileName, billboard.navigate,
                                billboard.restore};
     if (!view_->jswInit(job, first)) return false;
-    inkInfo_ = job.ink;
-    jobPrinterName_ = job.friendlyName;
-    jobName_ = job.jobName;
-    totalPages_ = job.totalPages;
-    totalCopies_ = job.totalCopies;
+    job_ = job;
+    job_.inkInfo = &job_.ink;  // the driver's lives no longer than its call
     return startRules();
 }
 
@@ -130,6 +144,12 @@ void Controller::launchRules() {
         if (watch != nullptr) watch->rulesEnd();
         throw;
     }
+}
+
+void Controller::ProcessRules() {
+    const RulesRun run(watch_);
+    const std::shared_ptr<Controller> self = weak_from_this().lock();
+    if (self) chooseBillboard(job_, *this, *view_, texts_, stop_);  // else it is over already
 }
 
 void Controller::stopRules() {

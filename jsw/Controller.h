@@ -2,21 +2,18 @@
 
 #include "jsw/JobTexts.h"
 #include "jsw/Thread.h"
-#include "jsw/jsw.h"
 #include "jsw/modules/BillboardView.h"
+#include "jsw/modules/Job.h"
 
 #include <atomic>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
-#include <vector>
 
 namespace jsw {
 
-class Catalog;
-class History;
 class LegacyJswGui;
-class RulesEngine;
 
 /// What is known of one billboard.
 struct BillboardData {
@@ -78,47 +75,30 @@ class Controller : public Observer,
     void changeBillboard(const std::string& bbId);
     /// Whether the catalog has a file for the id and the file can be read.
     bool isBillboardIdValid(const std::string& bbId);
-    /// Leaves data as it was when the id is not valid.
-    void getBillboardData(const std::string& bbId, BillboardData& data);
-    BillboardData getDefaultBillboardData();
 
     // What the user clicks (ControllerActions.cpp).
 
     void doBillboardCallback(const std::string& action, std::uint32_t actionId) override;
-    void launchApp(std::uint32_t actionId);
-    void launchUrl(std::uint32_t actionId);
-
-    // The choice of a billboard (ControllerRules.cpp).
-
-    void ProcessRules();
-
-    // Whether the XML parser is there and recent enough (ControllerXmlParser.cpp).
-
-    static bool isMsXmlValid();
-    static bool IsSupportedMsXmlVersion();
 
   private:
-    struct RuleOutcome;
-    class RulesRun;
-
     std::string determineDataPath() const;
     std::string determineInitialBillboard() const;
     void setDataPath(const std::string& path);
     void stopRules();
     bool startRules();
     void launchRules();
+    void ProcessRules();
     void runLegacyPrompt(std::uint32_t promptType, std::uint32_t totalPages);
 
-    void lookUpDefaultBillboard(BillboardData& data);
-    void readDefaultBillboard(BillboardData& data);
-    void walkHistory(const std::string& bbId, MethodTrace& trace);
+    /// Nothing when the id is not valid.
+    std::optional<BillboardData> getBillboardData(const std::string& bbId);
+    BillboardData getDefaultBillboardData();
+    BillboardData lookUpDefaultBillboard();
+    BillboardData readDefaultBillboard(const std::string& fileName);
 
-    void chooseBillboard();
-    void runRules(RulesEngine& engine, RuleOutcome& outcome);
-    void processRule(RulesEngine& engine, const std::string& ruleResult, RuleOutcome& outcome);
-    void chooseCandidate(const std::vector<std::string>& candidates, bool checkHistory,
-                         RuleOutcome& outcome);
-    void showChosen(RuleOutcome& outcome);
+    void launchApp(std::uint32_t actionId);
+    void launchUrl(std::uint32_t actionId);
+    void walkHistory(const std::string& bbId, MethodTrace& trace);
 
     std::atomic<JobWatch*> watch_{nullptr};
     std::shared_ptr<BillboardView> view_;  // kept until this object has detached from it
@@ -128,13 +108,7 @@ class Controller : public Observer,
     std::string defaultBillboardId_;
     JobTexts texts_;
 
-    // The job as the rules see it: written before their thread starts.
-    InkInfo inkInfo_{};
-    std::string jobPrinterName_;
-    std::string jobName_;
-    std::uint32_t totalPages_ = 0;
-    std::uint32_t totalCopies_ = 0;
-
+    Job job_{};  // as the rules see it: written before their thread starts
     std::unique_ptr<RunnableMethod<Controller>> rulesRunnable_;
     std::unique_ptr<Thread> rulesThread_;  // goes first, which waits for its end
 };

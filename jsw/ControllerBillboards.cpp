@@ -22,17 +22,16 @@ void Controller::changeBillboard(const std::string& bbId) {
         logLine(component::kJsw, kLogError, "ERROR - bbId is empty string.");
         return;
     }
-    BillboardData data;
-    getBillboardData(bbId, data);
-    if (data.fileName.empty()) {
+    const auto data = getBillboardData(bbId);
+    if (!data || data->fileName.empty()) {
         trace.add("no filename for bbId='", bbId, "'");
         return;
     }
     logLine(component::kJsw, kLogRules, "Controller::changeBillboard: Billboard id=", bbId,
-            ", fileName=", data.fileName, ".");
-    if (!equalsIgnoringCase(data.type, "ink_status")) texts_.setCurrentId(bbId);
+            ", fileName=", data->fileName, ".");
+    if (!equalsIgnoringCase(data->type, "ink_status")) texts_.setCurrentId(bbId);
     texts_.setDisplayedId(bbId);
-    view_->displayBillboard(data.fileName, data.navigate, data.restore);
+    view_->displayBillboard(data->fileName, data->navigate, data->restore);
 }
 
 bool Controller::isBillboardIdValid(const std::string& bbId) {
@@ -62,39 +61,39 @@ bool Controller::isBillboardIdValid(const std::string& bbId) {
     return true;
 }
 
-void Controller::getBillboardData(const std::string& bbId, BillboardData& data) {
+std::optional<BillboardData> Controller::getBillboardData(const std::string& bbId) {
     MethodTrace trace(component::kJsw, "Controller::getBillboardData: bbId=", bbId, ".");
     if (!isBillboardIdValid(bbId)) {
         trace.add("bbId is not valid, bbId=", bbId, "'");
-        return;
+        return std::nullopt;
     }
     const auto catalog = Catalog::instance();
+    BillboardData data;
     data.fileName = catalog->getBillboardFileName(bbId);
     data.type = catalog->getBillboardType(bbId);
     if (History::instance()->size() > 0) data.navigate = catalog->getEnableNavigation(bbId);
     data.restore = catalog->getRestoreWindow(bbId);
     trace.add("fileName=", data.fileName, ",type=", data.type, ",navigate=", data.navigate,
               ",restore=", data.restore, ".");
+    return data;
 }
 
 BillboardData Controller::getDefaultBillboardData() {
     MethodTrace trace(component::kJsw, "Controller::getDefaultBillboardData: ");
-    BillboardData data;
-    if (!Settings().read(setting::kDefaultBillboardFile, data.fileName) || data.fileName.empty()) {
-        lookUpDefaultBillboard(data);
-    } else {
-        readDefaultBillboard(data);
-    }
+    std::string fileName;
+    Settings().read(setting::kDefaultBillboardFile, fileName);
+    BillboardData data =
+        fileName.empty() ? lookUpDefaultBillboard() : readDefaultBillboard(fileName);
     trace.add("fileName=", data.fileName, ",navigate=", data.navigate, ",restore=", data.restore,
               ".");
     return data;
 }
 
 /// The first run, or the first one after an update.
-void Controller::lookUpDefaultBillboard(BillboardData& data) {
+BillboardData Controller::lookUpDefaultBillboard() {
     History::instance()->clear();
-    getBillboardData(defaultBillboardId_, data);
-    if (data.fileName.empty()) return;
+    BillboardData data = getBillboardData(defaultBillboardId_).value_or(BillboardData{});
+    if (data.fileName.empty()) return data;
     // What is kept is the catalog's answer; shown is "no navigation", as the history is empty.
     const bool navigate = Catalog::instance()->getEnableNavigation(defaultBillboardId_);
     const Settings settings;
@@ -106,9 +105,12 @@ void Controller::lookUpDefaultBillboard(BillboardData& data) {
     keep(setting::kDefaultBillboardFile, data.fileName);
     keep(setting::kDefaultBillboardRestore, data.restore ? 1U : 0U);
     keep(setting::kDefaultBillboardNavigate, navigate ? 1U : 0U);
+    return data;
 }
 
-void Controller::readDefaultBillboard(BillboardData& data) {
+BillboardData Controller::readDefaultBillboard(const std::string& fileName) {
+    BillboardData data;
+    data.fileName = fileName;
     const Settings settings;
     const auto isSet = [&](const setting::Number& number) {
         std::uint32_t value = 0;
@@ -116,6 +118,7 @@ void Controller::readDefaultBillboard(BillboardData& data) {
     };
     if (History::instance()->size() > 0) data.navigate = isSet(setting::kDefaultBillboardNavigate);
     data.restore = isSet(setting::kDefaultBillboardRestore);
+    return data;
 }
 
 }  // namespace jsw

@@ -1,13 +1,23 @@
 #include "jsw/XmlParserLibrary.h"
 
+#include "PublicLib/win/Handles.h"
+
 #include <windows.h>
 
+#include <shlwapi.h>
+
+#include <array>
 #include <new>
 #include <vector>
 
 namespace jsw {
 
 namespace {
+
+bool answer(MethodTrace& trace, bool result) {
+    trace.setResult(result ? "true" : "false");
+    return result;
+}
 
 /// The version record inside the version information, or null.
 const VS_FIXEDFILEINFO* fixedFileInfo(const std::vector<BYTE>& versionInfo) {
@@ -21,6 +31,32 @@ const VS_FIXEDFILEINFO* fixedFileInfo(const std::vector<BYTE>& versionInfo) {
 }
 
 }  // namespace
+
+bool isMsXmlValid() {
+    MethodTrace trace(component::kJsw, "Controller::isMsXmlValid: ");
+    KeyHandle key;
+    if (RegOpenKeyA(HKEY_CLASSES_ROOT, kXmlParserClass, key.put()) != ERROR_SUCCESS) {
+        trace.add("MSXML 3.0 registry key not found, MSXML 3.0 not installed.");
+        return answer(trace, false);
+    }
+    key.reset();
+    return answer(trace, IsSupportedMsXmlVersion());
+}
+
+bool IsSupportedMsXmlVersion() {
+    MethodTrace trace(component::kJsw, "Controller::IsSupportedMsXmlVersion: ");
+    std::array<char, MAX_PATH> path{};
+    const UINT length = GetSystemDirectoryA(path.data(), static_cast<UINT>(path.size()));
+    if (length == 0 || length >= path.size()) {
+        trace.add("Unable to get the system directory");
+        return answer(trace, false);
+    }
+    if (PathAppendA(path.data(), kXmlParserFile) == FALSE) {
+        trace.add("Unable to append msxml3.dll to the system directory");
+        return answer(trace, false);
+    }
+    return answer(trace, isSupportedParserLibrary(path.data(), trace));
+}
 
 std::optional<std::uint32_t> parserLibraryVersion(const std::string& path, MethodTrace& trace) {
     DWORD ignored = 0;

@@ -15,6 +15,11 @@ inline constexpr std::uint32_t kMinXmlParserVersion = 524318;
 inline constexpr char kXmlParserClass[] = "MSXML2.DomDocument.3.0";
 inline constexpr char kXmlParserFile[] = "msxml3.dll";
 
+/// Whether the XML parser that views and catalogs rely on is registered, and recent enough. What is
+/// missing is said in the log.
+bool isMsXmlValid();
+bool IsSupportedMsXmlVersion();
+
 /// Major and minor part of a library's file version, in its resources. What is missing is added to
 /// the trace.
 std::optional<std::uint32_t> parserLibraryVersion(const std::string& path, MethodTrace& trace);
