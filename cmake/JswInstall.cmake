@@ -1,9 +1,10 @@
 # What the kit consists of and where it lies, for `cmake --install` and for the package.
 #
-#   bin/          jsw.dll with its symbols beside it, sample modules, tools, the demonstration
+#   bin/          jsw.dll with its symbols beside it, the modules, tools, the demonstration
 #   include/jsw/  the public headers
 #   lib/          import library, lib/cmake/jsw the CMake package
 #   samples/      the sources of the samples; the kit's root is the project that builds them
+#   window/       the sources of the job window and the prompt, which it builds, too
 #   docs/         the documents
 include(CMakePackageConfigHelpers)
 
@@ -28,19 +29,18 @@ install(
   FILES_MATCHING
   PATTERN *.h)
 
-# The tool, the sample modules and programs, ready to run, and what they read.
+# The tools, the modules and the updater, ready to run, and what they read.
 install(
   TARGETS jswctl jswv bcat reng jswo comc qldemo qlupdater
   RUNTIME DESTINATION bin
   LIBRARY DESTINATION bin)
-install(FILES samples/demo/qldejsw.loc DESTINATION bin)
-install(DIRECTORY samples/demo/scripts DESTINATION bin)
+install(FILES tools/qldemo/qldejsw.loc DESTINATION bin)
+install(DIRECTORY tools/qldemo/scripts DESTINATION bin)
 install(DIRECTORY samples/content/ DESTINATION bin/data)
 
-install(DIRECTORY samples DESTINATION .)
+install(DIRECTORY samples window DESTINATION .)
 install(FILES cmake/HeaderPackages.cmake cmake/JswTargets.cmake cmake/mingw-w64.cmake DESTINATION cmake)
 install(FILES cmake/kit/CMakeLists.txt README.md CHANGELOG.md DESTINATION .)
-install(FILES PublicLib/win/EntryPoint.h DESTINATION PublicLib/win) # which samples share
 install(DIRECTORY docs DESTINATION .)
 
 install(

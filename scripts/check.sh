@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Checks the format of all C++ files and runs clang-tidy over the product and the samples.
+# Checks the format of all C++ files and runs clang-tidy over all but the tests.
 #
 #   scripts/check.sh           format and tidy
 #   scripts/check.sh format    the format alone
@@ -8,7 +8,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 
 scripts/setup.sh --checks
-mapfile -t sources < <(git ls-files 'PublicLib/*.cpp' 'jsw/*.cpp' 'samples/*.cpp' 'tools/*.cpp' 'tests/*.cpp' 'bench/*.cpp')
+mapfile -t sources < <(git ls-files 'PublicLib/*.cpp' 'jsw/*.cpp' 'window/*.cpp' 'samples/*.cpp' 'tools/*.cpp' 'tests/*.cpp' 'bench/*.cpp')
 mapfile -t headers < <(git ls-files '*.h')
 
 if [[ "${1:-}" == fix ]]; then
@@ -35,7 +35,7 @@ for folder in "$mingw/$version/include/c++" "$mingw/$version/include/c++/x86_64-
   /usr/x86_64-w64-mingw32/include; do
   extra+=("--extra-arg=-isystem$folder")
 done
-mapfile -t tidied < <(git ls-files 'PublicLib/*.cpp' 'jsw/*.cpp' 'samples/*.cpp' 'tools/*.cpp')
+mapfile -t tidied < <(git ls-files 'PublicLib/*.cpp' 'jsw/*.cpp' 'window/*.cpp' 'samples/*.cpp' 'tools/*.cpp')
 printf '%s\n' "${tidied[@]}" |
   xargs -P 2 -n 4 clang-tidy -p "$database" --quiet "${extra[@]}"
 echo "tidy: clean (${#tidied[@]} sources)"

@@ -71,7 +71,7 @@ function checkWord(word) {
     gsub(/^[("'=]+|[)"',;:.=]+$/, "", word)
     if (word == "" || isForeign(word)) return
     if (word ~ /^%[A-Z]+%/ || word ~ /^[0-9]/ || word ~ /…/) return
-    if (word ~ /^(scripts|docs|include|jsw|PublicLib|samples|tests|tools|bench|cmake)\//) {
+    if (word ~ /^(scripts|docs|include|jsw|PublicLib|window|samples|tests|tools|bench|cmake)\//) {
         sub(/\/\*.*$/, "/", word)
         if (word !~ /[{*]/ && !isFile(word)) fail("no such file: " word)
         return

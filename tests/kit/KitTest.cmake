@@ -7,7 +7,7 @@ file(MAKE_DIRECTORY ${WORK})
 set(work_folder ${WORK})
 run(0 ${CMAKE_COMMAND} --install ${BUILD} --prefix ${kit})
 foreach(file bin/jsw.dll bin/jswctl.exe bin/qldemo.exe bin/qldejsw.loc bin/data/catalog.xml
-             include/jsw/version.h samples/view/EntryPoints.cpp docs/logging.md README.md)
+             include/jsw/version.h window/view/EntryPoints.cpp docs/logging.md README.md)
   if(NOT EXISTS ${kit}/${file})
     message(FATAL_ERROR "the kit lacks ${file}")
   endif()
@@ -22,9 +22,9 @@ if(EXISTS ${BUILD}/bin/jsw.dll.debug)
   endif()
 endif()
 
-# The samples build from the kit's own sources; that all of them are there is enough here, and all
+# The samples and windows build from the kit's own sources; that all of them are there is enough here, and all
 # that they include.
-file(GLOB_RECURSE sources ${kit}/samples/*.cpp ${kit}/samples/*.h)
+file(GLOB_RECURSE sources ${kit}/samples/*.cpp ${kit}/samples/*.h ${kit}/window/*.cpp ${kit}/window/*.h)
 foreach(source ${sources})
   file(STRINGS ${source} lines REGEX "^#include \"")
   foreach(line ${lines})

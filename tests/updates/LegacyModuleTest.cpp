@@ -3,7 +3,7 @@
 #include "PublicLib/win/Paths.h"
 #include "PublicLib/win/SystemFolders.h"
 #include "jsw/legacy.h"
-#include "samples/legacy/ControlIds.h"
+#include "window/prompt/ControlIds.h"
 
 #include <windows.h>
 

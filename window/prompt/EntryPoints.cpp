@@ -1,0 +1,58 @@
+/**
+ * The module's entry points. One prompt at a time, on one thread; messages for it come from any.
+ */
+#include "jsw/legacy.h"
+#include "window/prompt/ControlIds.h"
+#include "window/prompt/Prompt.h"
+
+#include <algorithm>
+#include <string>
+
+JSW_LEGACY_ENTRY_POINTS(JSW_MODULE_DECLARE)
+JSW_LEGACY_REQUIRE_ENTRY_POINTS
+
+namespace {
+
+constexpr size_t kLongestName = 220;  // that a spooler knows
+
+/** Printer between JSWInitEx and JSWTerminate. */
+std::string& printer() {
+    static std::string name;
+    return name;
+}
+
+bool initialised = false;
+
+}  // namespace
+
+uint32_t JSWInitEx(const char* friendlyName) {
+    try {
+        printer().assign(friendlyName != nullptr ? friendlyName : "");
+        printer().resize(std::min(printer().size(), kLongestName));
+        initialised = true;
+    } catch (...) {
+        initialised = false;  // out of memory
+    }
+    return initialised ? 1 : 0;
+}
+
+void JSWDisplayPrompt(int32_t promptType, int32_t totalPages) {
+    if (!initialised) {
+        return;
+    }
+    try {
+        jsw::prompt::runPrompt(printer(), promptType, totalPages);
+    } catch (...) {
+        // Out of memory: the user is not asked.
+    }
+}
+
+void JSWPostDlgMsg(void* message) {
+    jsw::prompt::postToPrompt(reinterpret_cast<uintptr_t>(message));
+}
+
+/** From inside the dialog's message loop, too: the prompt is then taken away. */
+void JSWTerminate(void) {
+    jsw::prompt::postToPrompt(JSW_LEGACY_CLOSE);
+    initialised = false;
+}

@@ -1,0 +1,38 @@
+/**
+ * @file ButtonPainter.h
+ * Draws push buttons, check boxes and links in the window's colours, which the system's own drawing
+ * does not know. The controls themselves stay the system's: keyboard, focus, screen readers.
+ */
+#pragma once
+
+#include "window/ui/Canvas.h"
+#include "window/ui/Colours.h"
+#include "window/ui/Geometry.h"
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+namespace jsw::ui {
+
+/** What the controls of a window look like. */
+struct ButtonLook {
+    const Palette& palette;
+    const Fonts& fonts;
+    Scale scale;
+    Colour ground; /**< behind the control */
+    bool isDefault = false;
+    bool showsFocus = true; /**< if the system, too, has it shown */
+    bool showsKeys = true;  /**< likewise, the underlines of access keys */
+};
+
+/**
+ * Answers a button's NM_CUSTOMDRAW: draws a push button or check box in light or dark colours, and
+ * leaves high contrast to the system. Without visual styles buttons do not ask, and are classic.
+ */
+[[nodiscard]] LRESULT customDrawButton(const NMCUSTOMDRAW& notice, const ButtonLook& look);
+
+/** Draws an owner-drawn button as a link in a text. */
+void drawLink(const DRAWITEMSTRUCT& item, const ButtonLook& look);
+
+}  // namespace jsw::ui

@@ -1,0 +1,38 @@
+/**
+ * @file Fonts.h
+ * The fonts of a window, and measuring with them.
+ */
+#pragma once
+
+#include "window/ui/Gdi.h"
+#include "window/ui/TextFit.h"
+
+#include <array>
+
+namespace jsw::ui {
+
+/** In the system's face, for a screen of this many dots per inch. */
+class Fonts {
+  public:
+    explicit Fonts(int dotsPerInch);
+    [[nodiscard]] HFONT get(Font font) const {
+        return fonts_[static_cast<std::size_t>(font)].get();
+    }
+
+  private:
+    std::array<GdiObject<HFONT>, 4> fonts_;
+};
+
+/** Measures with the fonts; one at a time, on the thread that made it. */
+class FontMeasure : public TextMeasure {
+  public:
+    explicit FontMeasure(const Fonts& fonts) : fonts_(fonts), dc_(nullptr) {}
+    [[nodiscard]] int width(std::string_view text, Font font) const override;
+    [[nodiscard]] int lineHeight(Font font) const override;
+
+  private:
+    const Fonts& fonts_;
+    MemoryDc dc_;
+};
+
+}  // namespace jsw::ui

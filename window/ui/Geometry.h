@@ -1,0 +1,65 @@
+/**
+ * @file Geometry.h
+ * Sizes and boxes in pixels, and what they are at the scale of a screen. No Windows in it.
+ */
+#pragma once
+
+#include <algorithm>
+
+namespace jsw::ui {
+
+/** Dots per inch of a screen at 100 %. */
+inline constexpr int kBaseDpi = 96;
+
+/** Translates lengths at 100 % to pixels of a screen. */
+class Scale {
+  public:
+    explicit Scale(int dotsPerInch = kBaseDpi) : dotsPerInch_(std::max(dotsPerInch, 1)) {}
+    [[nodiscard]] int operator()(int length) const {
+        return (length * dotsPerInch_ + kBaseDpi / 2) / kBaseDpi;
+    }
+    /** The way back. */
+    [[nodiscard]] int unscaled(int pixels) const {
+        return (pixels * kBaseDpi + dotsPerInch_ / 2) / dotsPerInch_;
+    }
+    [[nodiscard]] int dotsPerInch() const { return dotsPerInch_; }
+
+  private:
+    int dotsPerInch_;
+};
+
+struct Size {
+    int width = 0;
+    int height = 0;
+    bool operator==(const Size&) const = default;
+};
+
+/** A rectangle; right and bottom are the first pixels outside. */
+struct Box {
+    int left = 0;
+    int top = 0;
+    int right = 0;
+    int bottom = 0;
+
+    [[nodiscard]] int width() const { return right - left; }
+    [[nodiscard]] int height() const { return bottom - top; }
+    [[nodiscard]] bool empty() const { return right <= left || bottom <= top; }
+    [[nodiscard]] Box inset(int x, int y) const {
+        return {left + x, top + y, right - x, bottom - y};
+    }
+    [[nodiscard]] Box moved(int x, int y) const {
+        return {left + x, top + y, right + x, bottom + y};
+    }
+    /** Only boxes with something in them overlap. */
+    [[nodiscard]] bool overlaps(const Box& other) const {
+        return !empty() && !other.empty() && left < other.right && other.left < right &&
+               top < other.bottom && other.top < bottom;
+    }
+    [[nodiscard]] bool contains(const Box& other) const {
+        return left <= other.left && top <= other.top && right >= other.right &&
+               bottom >= other.bottom;
+    }
+    bool operator==(const Box&) const = default;
+};
+
+}  // namespace jsw::ui

@@ -1,0 +1,80 @@
+/**
+ * @file Language.h
+ * Texts by language: each language of a module is one table in one source file, which makes itself
+ * known. No Windows in it.
+ */
+#pragma once
+
+#include <cstdint>
+#include <initializer_list>
+#include <string>
+#include <string_view>
+
+namespace jsw::ui {
+
+/** The primary part of a Windows language id. */
+[[nodiscard]] constexpr std::uint16_t primaryLanguage(std::uint16_t languageId) {
+    return languageId & 0x3FFU;
+}
+
+inline constexpr std::uint16_t kEnglish = 0x09;
+
+/**
+ * One language's table of texts. A file defines one with static lifetime, and with that the
+ * language exists:
+ *
+ *     const Language<Strings> german(0x07, "de", {...});
+ */
+template <typename Strings>
+class Language {
+  public:
+    /**
+     * @param primaryId primary part of the Windows language id
+     * @param code the language's two letters, lower case
+     */
+    Language(std::uint16_t primaryId, const char* code, const Strings& strings)
+        : primaryId_(primaryId), code_(code), strings_(strings), next_(first_) {
+        first_ = this;
+    }
+    Language(const Language&) = delete;
+    Language& operator=(const Language&) = delete;
+
+    /** The language with this id, of whatever country; English where there is none. */
+    [[nodiscard]] static const Language& choose(std::uint16_t languageId) {
+        const Language* chosen = first_;
+        for (const Language* language = first_; language; language = language->next_) {
+            if (language->primaryId_ == primaryLanguage(languageId)) return *language;
+            if (language->primaryId_ == kEnglish) chosen = language;
+        }
+        return *chosen;  // NOLINT(clang-analyzer-core.uninitialized.UndefReturn): English exists
+    }
+    [[nodiscard]] static const Language* first() { return first_; }
+    [[nodiscard]] const Language* next() const { return next_; }
+
+    [[nodiscard]] const char* code() const { return code_; }
+    [[nodiscard]] const Strings& strings() const { return strings_; }
+
+  private:
+    static inline const Language* first_ = nullptr;
+
+    std::uint16_t primaryId_;
+    const char* code_;
+    Strings strings_;
+    const Language* next_;
+};
+
+/** A text that depends on a number: "1 page", "2 pages". */
+struct Plural {
+    const char* one;
+    const char* other;
+    [[nodiscard]] const char* form(std::int64_t count) const { return count == 1 ? one : other; }
+};
+
+/** Puts the values in the places of {0}, {1}, ... of the pattern. */
+[[nodiscard]] std::string fillIn(std::string_view pattern,
+                                 std::initializer_list<std::string_view> values);
+
+/** The number in groups of three digits: 12,345; four digits stay together. */
+[[nodiscard]] std::string grouped(std::int64_t number, std::string_view separator);
+
+}  // namespace jsw::ui

@@ -1,0 +1,50 @@
+#include "window/view/InkPainter.h"
+
+#include <algorithm>
+
+namespace jsw::view {
+namespace {
+
+/** Where high contrast leaves no colour for the unfilled part, a line shows where it ends. */
+void paintTrack(const Canvas& canvas, const Box& box, const Look& look) {
+    const int radius = box.height() / 2;
+    canvas.fillRound(box, radius, look.palette.track);
+    if (look.palette.appearance == ui::Appearance::highContrast) {
+        canvas.frameRound(box, radius, std::max(look.scale(1), 1), look.palette.line);
+    }
+}
+
+}  // namespace
+
+void paintBar(const Canvas& canvas, const Box& box, int permille, Colour colour, const Look& look) {
+    paintTrack(canvas, box, look);
+    if (permille <= 0) return;
+    Box filled = box;
+    filled.right = box.left + box.width() * std::min(permille, 1000) / 1000;
+    // A round bar narrower than its height would not look like one.
+    filled.right = std::max(filled.right, filled.left + box.height());
+    canvas.fillRound(filled, box.height() / 2, colour);
+}
+
+void paintRunningBar(const Canvas& canvas, const Box& box, int step, const Look& look) {
+    paintTrack(canvas, box, look);
+    // It comes in on the left and goes out on the right.
+    const int length = box.width() / 4;
+    const int left =
+        box.left - length + (box.width() + length) * (step % kRunningBarSteps) / kRunningBarSteps;
+    const Box part{std::max(left, box.left), box.top, std::min(left + length, box.right),
+                   box.bottom};
+    if (part.width() >= box.height()) canvas.fillRound(part, box.height() / 2, look.palette.accent);
+}
+
+void paintInk(const Canvas& canvas, Box origin, const InkLayout& ink, const Look& look) {
+    if (ink.sentence) paintText(canvas, onCanvas(*ink.sentence, origin), look);
+    for (const InkCell& cell : ink.cells) {
+        paintText(canvas, onCanvas(cell.label, origin), look);
+        paintText(canvas, onCanvas(cell.level, origin), look);
+        paintBar(canvas, cell.bar.moved(-origin.left, -origin.top), cell.percent.value_or(0) * 10,
+                 cell.isLow ? look.palette.warning : look.palette.ink, look);
+    }
+}
+
+}  // namespace jsw::view

@@ -1,0 +1,33 @@
+/**
+ * @file InkPainter.h
+ * Draws ink levels and progress as bars.
+ */
+#pragma once
+
+#include "window/ui/TextPainter.h"
+#include "window/view/InkLayout.h"
+
+namespace jsw::view {
+
+using ui::Canvas;
+using ui::Colour;
+using ui::colourOf;
+using ui::Fonts;
+using ui::Look;
+using ui::onCanvas;
+using ui::paintText;
+using ui::Palette;
+
+/** A bar of which this many thousandths, from the left, are filled. */
+void paintBar(const Canvas& canvas, const Box& box, int permille, Colour colour, const Look& look);
+
+/** A bar that only says that something is going on; step counts up while it is shown. */
+void paintRunningBar(const Canvas& canvas, const Box& box, int step, const Look& look);
+
+/** Steps after which a running bar looks as in the beginning. */
+inline constexpr int kRunningBarSteps = 90;
+
+/** @param origin of the canvas in the layout's coordinates */
+void paintInk(const Canvas& canvas, Box origin, const InkLayout& ink, const Look& look);
+
+}  // namespace jsw::view

@@ -1,0 +1,49 @@
+/**
+ * @file JobData.h
+ * What the host has told about one job, and what the user has done to it. No Windows in it.
+ */
+#pragma once
+
+#include "jsw/types.h"
+#include "window/view/StatusText.h"
+#include "window/view/WindowPlace.h"
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace jsw::view {
+
+/** Everything the window shows. Texts are UTF-8 unless they say otherwise. */
+struct JobData {
+    std::string dataPath; /**< in the ANSI code page, as file functions take it */
+    std::string jobName;
+    std::string printerName;
+    Progress progress;
+    std::array<std::int32_t, JSW_INK_SLOTS> inkPercents = noInkLevels();
+    bool inkTold = false;              /**< whether the host has said anything about ink */
+    std::array<bool, 2> reserveMode{}; /**< of cartridge 1 and 2 */
+
+    std::string billboard;             /**< file name in the ANSI code page; empty: none */
+    std::uint32_t billboardSerial = 0; /**< counts the requests to display one */
+    bool navigation = false;
+
+    bool visible = false;
+    bool startMinimized = false;
+    bool restoreWanted = false; /**< a billboard asked for the window since it was shown */
+    bool showSpecialMessages = true;
+    bool updateSoftware = false;
+    bool cancelling = false;
+    bool closingExplained = false; /**< the user knows that closing does not cancel */
+
+    SavedPlace savedPlace; /**< from an earlier job */
+
+    static constexpr std::array<std::int32_t, JSW_INK_SLOTS> noInkLevels() {
+        std::array<std::int32_t, JSW_INK_SLOTS> levels{};
+        for (auto& level : levels) level = -1;
+        return levels;
+    }
+};
+
+}  // namespace jsw::view

@@ -1,0 +1,215 @@
+#include "window/view/Pictures.h"
+
+#include "window/view/BillboardFile.h"
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+
+namespace jsw::view {
+namespace {
+
+using ui::MemoryDc;
+using ui::RoundBox;
+
+constexpr Colour kWhite{255, 255, 255};
+constexpr Colour kShade{222, 229, 238};
+
+/** Translates the coordinates of a drawing of 100 by 100 units to the area it goes to. */
+class Drawing {
+  public:
+    Drawing(const Canvas& canvas, const Box& area)
+        : canvas_(canvas), size_(std::min(area.width(), area.height())) {
+        left_ = (area.left + area.right - size_) / 2;
+        top_ = (area.top + area.bottom - size_) / 2;
+    }
+
+    void box(int left, int top, int right, int bottom, int radius, Colour colour) const {
+        canvas_.fillRound(area(left, top, right, bottom), scaled(radius), colour);
+    }
+    void ellipse(int left, int top, int right, int bottom, Colour colour) const {
+        const double middleX = (left + right) / 2.0;
+        const double middleY = (top + bottom) / 2.0;
+        const double halfX = (right - left) / 2.0;
+        const double halfY = (bottom - top) / 2.0;
+        fill(left, top, right, bottom, colour, [=](double x, double y) {
+            const double dx = (x - middleX) / halfX;
+            const double dy = (y - middleY) / halfY;
+            return dx * dx + dy * dy <= 1;
+        });
+    }
+    /** Fills the points of the units' square for which inside(x, y) holds. */
+    template <typename Inside>
+    void fill(int left, int top, int right, int bottom, Colour colour, Inside&& inside) const {
+        canvas_.fillInside(
+            area(left, top, right, bottom),
+            [&](double x, double y) {
+                return inside((x - left_) * 100 / size_, (y - top_) * 100 / size_);
+            },
+            colour);
+    }
+
+  private:
+    [[nodiscard]] int scaled(int units) const { return units * size_ / 100; }
+    [[nodiscard]] Box area(int left, int top, int right, int bottom) const {
+        return {left_ + scaled(left), top_ + scaled(top), left_ + scaled(right),
+                top_ + scaled(bottom)};
+    }
+
+    const Canvas& canvas_;
+    int size_;
+    int left_;
+    int top_;
+};
+
+void drawPrinter(const Drawing& drawing, Colour accent) {
+    drawing.box(26, 8, 74, 42, 2, kWhite);
+    drawing.box(8, 34, 92, 72, 7, kShade);
+    drawing.box(8, 34, 92, 52, 7, kWhite);
+    drawing.ellipse(78, 40, 84, 46, accent);
+    drawing.box(20, 60, 80, 66, 2, accent);
+    drawing.box(26, 62, 74, 94, 2, kWhite);
+    for (int line = 0; line < 3; ++line) {
+        drawing.box(33, 71 + 7 * line, line == 2 ? 54 : 67, 74 + 7 * line, 1, accent);
+    }
+}
+
+/** A circle below; above it, sides that touch the circle and meet in the tip. */
+bool isInDrop(double x, double y) {
+    constexpr double kMiddle = 64;
+    constexpr double kRadius = 27;
+    constexpr double kTip = 4;
+    const double dx = std::abs(x - 50);
+    const double dy = y - kMiddle;
+    if (dx * dx + dy * dy <= kRadius * kRadius) return true;
+    const double sine = kRadius / (kMiddle - kTip);
+    const double touch = kMiddle - kRadius * sine;
+    const double widest = kRadius * std::sqrt(1 - sine * sine);
+    return y >= kTip && y <= touch && dx <= widest * (y - kTip) / (touch - kTip);
+}
+
+void drawDrop(const Drawing& drawing, Colour accent) {
+    drawing.fill(20, 4, 80, 96, kWhite, isInDrop);
+    drawing.fill(30, 52, 62, 88, mixed(accent, kWhite, 90), [](double x, double y) {
+        const auto inCircle = [&](double middleX, double middleY, double radius) {
+            const double dx = x - middleX;
+            const double dy = y - middleY;
+            return dx * dx + dy * dy <= radius * radius;
+        };
+        return inCircle(50, 64, 19) && !inCircle(54, 61, 19);
+    });
+}
+
+void drawBulb(const Drawing& drawing, Colour accent) {
+    drawing.ellipse(22, 6, 78, 62, kWhite);
+    drawing.box(36, 52, 64, 72, 4, kWhite);
+    drawing.box(48, 30, 52, 68, 1, accent);
+    drawing.fill(40, 28, 60, 46, accent, [](double x, double y) {
+        return y >= 30 && y <= 44 && std::abs(x - 50) <= (44 - y) * 10 / 14;
+    });
+    drawing.box(36, 76, 64, 81, 2, kWhite);
+    drawing.box(36, 84, 64, 89, 2, kWhite);
+    drawing.box(43, 92, 57, 97, 2, kWhite);
+}
+
+void drawCartridges(const Drawing& drawing, Colour accent) {
+    for (const int left : {10, 54}) {
+        drawing.box(left + 8, 12, left + 28, 24, 3, kShade);
+        drawing.box(left, 20, left + 36, 86, 5, kWhite);
+        drawing.box(left + 7, 34, left + 29, 78, 3, accent);
+        drawing.box(left + 7, left == 10 ? 34 : 56, left + 29, left == 10 ? 46 : 66, 3, kShade);
+    }
+}
+
+}  // namespace
+
+ThemeColours themeColours(Theme theme, const Palette& palette) {
+    struct Entry {
+        Theme theme;
+        Colour light;
+        Colour dark;
+    };
+    constexpr Entry kEntries[] = {
+        {Theme::blue, {72, 148, 214}, {20, 86, 156}},
+        {Theme::green, {78, 172, 128}, {18, 104, 78}},
+        {Theme::amber, {240, 168, 76}, {176, 84, 16}},
+        {Theme::violet, {146, 122, 208}, {80, 56, 150}},
+    };
+    const auto* const entry = std::find_if(std::begin(kEntries), std::end(kEntries),
+                                           [&](const Entry& each) { return each.theme == theme; });
+    switch (palette.appearance) {
+        case ui::Appearance::dark:
+            // Less glaring, and the title light enough for a dark ground.
+            return {mixed(entry->light, palette.card, 70), mixed(entry->dark, palette.card, 60),
+                    mixed(entry->light, kWhite, 90)};
+        case ui::Appearance::highContrast:
+            return {palette.text, palette.text, palette.text};
+        case ui::Appearance::light:
+            break;
+    }
+    return {entry->light, entry->dark, entry->dark};
+}
+
+void paintPicture(const Canvas& canvas, const Box& area, Picture picture, Colour accent) {
+    const Drawing drawing(canvas, area);
+    switch (picture) {
+        case Picture::printer:
+            return drawPrinter(drawing, accent);
+        case Picture::drop:
+            return drawDrop(drawing, accent);
+        case Picture::bulb:
+            return drawBulb(drawing, accent);
+        case Picture::ink:
+            return drawCartridges(drawing, accent);
+        case Picture::none:
+        case Picture::file:
+            return;
+    }
+}
+
+HICON makeIcon(int size) {
+    const MemoryDc dc(nullptr);
+    const ui::Picture picture(dc.get(), {size, size});
+    const GdiObject<HBITMAP> noMask(CreateBitmap(size, size, 1, 1, nullptr));
+    if (!dc.get() || !picture.bitmap() || !noMask.get()) return nullptr;
+    const Box box{0, 0, size, size};
+    const RoundBox tile(box, size / 5.0);
+    {
+        const ui::Selection selection(dc.get(), picture.bitmap());
+        const Canvas canvas(dc.get(), picture.pixels());
+        canvas.fill(box, ui::lightPalette().accent);
+        paintPicture(canvas, box.inset(size / 10, size / 10), Picture::drop,
+                     ui::lightPalette().accent);
+        GdiFlush();
+    }
+    ui::setOpacity(picture.pixels(), tile);
+    ICONINFO info{TRUE, 0, 0, noMask.get(), picture.bitmap()};
+    return CreateIconIndirect(&info);
+}
+
+GdiObject<HBITMAP> loadPicture(const std::string& path) {
+    if (!isPictureFileAcceptable(path)) return {};
+    return GdiObject<HBITMAP>(static_cast<HBITMAP>(LoadImageA(
+        nullptr, path.c_str(), IMAGE_BITMAP, 0, 0, LR_LOADFROMFILE | LR_CREATEDIBSECTION)));
+}
+
+void paintBitmap(const Canvas& canvas, const Box& area, HBITMAP bitmap) {
+    BITMAP info{};
+    if (!GetObjectW(bitmap, sizeof(info), &info) || info.bmWidth < 1 || info.bmHeight < 1) return;
+    const bool wide = info.bmWidth * area.height() > info.bmHeight * area.width();
+    const int width =
+        wide ? area.width() : static_cast<int>(info.bmWidth * area.height() / info.bmHeight);
+    const int height =
+        wide ? static_cast<int>(info.bmHeight * area.width() / info.bmWidth) : area.height();
+
+    const MemoryDc source(canvas.dc());
+    if (!source.get()) return;
+    const ui::Selection selection(source.get(), bitmap);
+    SetStretchBltMode(canvas.dc(), HALFTONE);
+    SetBrushOrgEx(canvas.dc(), 0, 0, nullptr);
+    StretchBlt(canvas.dc(), area.left + (area.width() - width) / 2,
+               area.top + (area.height() - height) / 2, std::max(width, 1), std::max(height, 1),
+               source.get(), 0, 0, info.bmWidth, info.bmHeight, SRCCOPY);
+}
+
+}  // namespace jsw::view

@@ -1,0 +1,73 @@
+#include "window/view/Tooltips.h"
+
+#include "window/ui/Canvas.h"
+#include "window/ui/Text.h"
+
+#include <commctrl.h>
+
+#include <string>
+
+namespace jsw::view {
+namespace {
+
+/** A tip is a hint, not a page. */
+constexpr std::size_t kLongestTip = 1000;  // bytes
+constexpr int kTipWidth = 600;             // pixels, before it is wrapped
+
+/** The size that all versions of the common controls take. */
+const UINT kToolSize = TTTOOLINFOW_V1_SIZE;
+
+}  // namespace
+
+void Tooltips::create(HWND window, HINSTANCE instance) {
+    window_ = window;
+    tips_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr,
+                            WS_POPUP | TTS_NOPREFIX | TTS_ALWAYSTIP, CW_USEDEFAULT, CW_USEDEFAULT,
+                            CW_USEDEFAULT, CW_USEDEFAULT, window, nullptr, instance, nullptr);
+    SendMessageW(tips_, TTM_SETMAXTIPWIDTH, 0, kTipWidth);
+}
+
+void Tooltips::update(const WindowLayout& layout) {
+    TOOLINFOW tool{};
+    tool.cbSize = kToolSize;
+    tool.hwnd = window_;
+    while (SendMessageW(tips_, TTM_ENUMTOOLSW, 0, reinterpret_cast<LPARAM>(&tool))) {
+        SendMessageW(tips_, TTM_DELTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+    }
+    for (const auto& [id, text] : layout.texts) add(text.box, nullptr, text.full);
+    for (const PlacedText& line : layout.questionLines) add(line.box, nullptr, line.full);
+    for (const InkCell& cell : layout.inkLayout.cells) {
+        add(cell.label.box, nullptr, cell.label.full);
+        add(cell.level.box, nullptr, cell.level.full);
+    }
+    if (layout.hasPage) {
+        for (const PlacedText& line : layout.page.lines) add(line.box, nullptr, line.full);
+        add(layout.page.textArea, nullptr, layout.page.full);
+    }
+    for (const auto* buttons :
+         {&layout.page.links, &layout.page.buttons, &layout.buttons, &layout.checkBoxes}) {
+        for (const PlacedButton& button : *buttons) {
+            add(button.box, GetDlgItem(window_, button.id), button.full);
+        }
+    }
+}
+
+void Tooltips::add(const Box& box, HWND control, const std::string& text) {
+    if (text.empty()) return;
+    std::wstring words =
+        ui::wide(std::string_view(text).substr(0, ui::characterStart(text, kLongestTip)));
+    TOOLINFOW tool{};
+    tool.cbSize = kToolSize;
+    tool.hwnd = window_;
+    tool.uFlags = TTF_SUBCLASS;
+    tool.uId = ++count_;
+    tool.rect = ui::rect(box);
+    if (control) {
+        tool.uFlags |= TTF_IDISHWND;
+        tool.uId = reinterpret_cast<UINT_PTR>(control);
+    }
+    tool.lpszText = words.data();
+    SendMessageW(tips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+}
+
+}  // namespace jsw::view
