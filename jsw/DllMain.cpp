@@ -1,15 +1,16 @@
-// What happens when the library is freed.
+// What happens when the library is loaded.
 
-#include "PublicLib/NeverDestroyed.h"
+#include "jsw/LibraryPin.h"
 
 #include <windows.h>
 
-/// The first job keeps the library loaded until the process ends. So it is freed before (reserved
-/// is null then) only while no job has ever run, and nothing of it can be in use.
+/// Pins the library: threads of the view may still be in its code after the last job.
 // NOLINTNEXTLINE(readability-identifier-naming): the name that the loader calls
-extern "C" BOOL WINAPI DllMain(HINSTANCE /*library*/, DWORD reason, void* reserved) {
-    if (reason == DLL_PROCESS_DETACH && reserved == nullptr) {
-        jsw::isLibraryFreed = true;
-    }
+extern "C" BOOL WINAPI DllMain(HINSTANCE library, DWORD reason, void* /*reserved*/) {
+    if (reason != DLL_PROCESS_ATTACH) return TRUE;
+    HMODULE pinned = nullptr;
+    if (GetModuleHandleExA(GET_MODULE_HANDLE_EX_FLAG_PIN | GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,
+                           reinterpret_cast<const char*>(library), &pinned) == FALSE)
+        jsw::pinError = GetLastError();
     return TRUE;
 }

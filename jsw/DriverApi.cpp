@@ -3,10 +3,9 @@
 #include "PublicLib/NeverDestroyed.h"
 #include "PublicLib/logging/BasicLogger.h"
 #include "PublicLib/logging/Guard.h"
+#include "jsw/LibraryPin.h"
 #include "jsw/StatusCallback.h"
 #include "jsw/modules/BillboardView.h"
-
-#include <windows.h>
 
 #include <mutex>
 #include <utility>
@@ -27,18 +26,6 @@ class FlagScope {
     std::atomic<bool>& flag_;
     bool before_;
 };
-
-/// Keeps the library loaded until the process ends, since a thread of the view may still be in its
-/// code after the last job. Answers the error of a system that refuses.
-DWORD keepLibraryLoaded() {
-    HMODULE module = nullptr;
-    const auto* anyPlaceInIt = reinterpret_cast<const char*>(&keepLibraryLoaded);
-    return GetModuleHandleExA(
-               GET_MODULE_HANDLE_EX_FLAG_PIN | GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS, anyPlaceInIt,
-               &module) != FALSE
-               ? ERROR_SUCCESS
-               : GetLastError();
-}
 
 // Never destroyed when the process ends: tearing a job down at that moment would call into modules
 // under the loader's lock. A driver ends its jobs with JSWTerminate.
@@ -164,7 +151,6 @@ bool DriverApi::init(const Job& job, JswStatusCallback callback) {
 
 bool DriverApi::startJob(const Job& job) {
     const PhaseScope starting(phase_, Phase::starting);
-    const DWORD pinError = keepLibraryLoaded();
     createSingletons();
     if (pinError != ERROR_SUCCESS) {
         logLine(component::kJsw, kLogError,

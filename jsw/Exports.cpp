@@ -3,7 +3,7 @@
 // Another one is also declared and described in include/jsw/jsw.h, which drivers compile against,
 // and named in jsw.def: what is not named there is not exported.
 
-#include "PublicLib/calls/Visit.h"
+#include "PublicLib/calls/EntryGuard.h"
 #include "jsw/Controller.h"
 #include "jsw/DriverApi.h"
 #include "jsw/jsw.h"
@@ -13,12 +13,8 @@
 namespace {
 
 using jsw::DriverApi;
-
-/// Runs an exported function's work. No exception of the library's reaches the driver.
-template <class Work>
-void visit(const char* function, const Work& work) {
-    jsw::Visit::run(jsw::component::kJsw, function, work);
-}
+using jsw::EntryGuard;
+using jsw::component::kJsw;
 
 std::string textOf(const char* text) {
     return text == nullptr ? "" : text;
@@ -41,7 +37,7 @@ uint8_t JSWInit(const char* friendlyName, const char* jobname, uint32_t jobType,
                 uint32_t totalCopies, const InkInfo* inkInfo, uint32_t portType,
                 uint32_t secondsRemaining, JswStatusCallback statusCallback) {
     bool started = false;
-    visit("JSWInit", [&] {
+    EntryGuard::run(kJsw, "JSWInit", [&] {
         // Read before a lock is taken: the record may be anywhere.
         const InkInfo ink = inkInfo != nullptr ? *inkInfo : unknownInkInfo();
         const InkInfo* record = inkInfo != nullptr ? inkInfo : &ink;
@@ -54,21 +50,23 @@ uint8_t JSWInit(const char* friendlyName, const char* jobname, uint32_t jobType,
 }
 
 void JSWTerminate(void) {
-    visit("JSWTerminate", [] { DriverApi::instance().terminate(); });
+    EntryGuard::run(kJsw, "JSWTerminate", [] { DriverApi::instance().terminate(); });
 }
 
 void JSWUpdateInfo(uint32_t value1, uint32_t value2, uint32_t value3, uint32_t value4,
                    uint32_t value5, void* data) {
-    visit("JSWUpdateInfo",
-          [&] { DriverApi::instance().updateInfo(value1, value2, value3, value4, value5, data); });
+    EntryGuard::run(kJsw, "JSWUpdateInfo", [&] {
+        DriverApi::instance().updateInfo(value1, value2, value3, value4, value5, data);
+    });
 }
 
 void JSWDisplayPrompt(uint32_t promptType, uint32_t totalPages) {
-    visit("JSWDisplayPrompt", [&] { DriverApi::instance().displayPrompt(promptType, totalPages); });
+    EntryGuard::run(kJsw, "JSWDisplayPrompt",
+                    [&] { DriverApi::instance().displayPrompt(promptType, totalPages); });
 }
 
 uint32_t JSWPostDlgMsg(void* message) {
-    visit("JSWPostDlgMsg", [&] { DriverApi::instance().postDlgMsg(message); });
+    EntryGuard::run(kJsw, "JSWPostDlgMsg", [&] { DriverApi::instance().postDlgMsg(message); });
     return 1;
 }
 

@@ -1,8 +1,6 @@
 #include "jsw/StatusCallback.h"
 
-#include "PublicLib/NeverDestroyed.h"
-#include "PublicLib/calls/ModuleCall.h"
-#include "PublicLib/locks/ThreadScoped.h"
+#include "PublicLib/calls/ForeignCall.h"
 #include "PublicLib/logging/Guard.h"
 
 #include <atomic>
@@ -13,8 +11,7 @@ namespace {
 
 std::atomic<JswStatusCallback> current{nullptr};
 
-struct Inside {};
-NeverDestroyed<ThreadScoped<Inside>> callbacks;
+constexpr char kName[] = "the driver's status callback";
 
 }  // namespace
 
@@ -25,15 +22,14 @@ void setStatusCallback(JswStatusCallback callback) {
 void reportStatus(std::uint32_t status) {
     const JswStatusCallback callback = current;
     if (callback == nullptr) return;
-    const ThreadScoped<Inside>::Scope inside(*callbacks);
     CallEnd end{};
-    callOut(
-        component::kJsw, "the driver's status callback",
+    callForeign(
+        component::kJsw, kName,
         [&] { runGuarded(component::kJsw, "jswCallback", [&] { callback(status); }); }, end);
 }
 
 bool isInsideStatusCallback() {
-    return callbacks->innermost() != nullptr;
+    return ForeignCall::isInside(kName);
 }
 
 }  // namespace jsw

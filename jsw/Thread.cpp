@@ -1,6 +1,6 @@
 #include "jsw/Thread.h"
 
-#include "PublicLib/calls/Visit.h"
+#include "PublicLib/calls/EntryGuard.h"
 #include "PublicLib/errors/Exception.h"
 #include "PublicLib/win/Wait.h"
 
@@ -41,7 +41,7 @@ bool Thread::wait(std::uint32_t timeoutMilliseconds) const {
 unsigned __stdcall Thread::entry(void* argument) {
     // Read first: the block may be gone when the runnable ends the job that owns this thread.
     Runnable* const runnable = static_cast<StartBlock*>(argument)->runnable;
-    Visit::run(component::kJsw, "a thread", [runnable] { runnable->run(); });
+    EntryGuard::run(component::kJsw, "a thread", [runnable] { runnable->run(); });
     return 0;
 }
 

@@ -17,7 +17,7 @@ JSW_OWN_DISPLAY=yes  # nobody needs to see the windows of tests
 start_wine coverage
 # What fails leads to lines that nothing else reaches: more calls than in scripts/test.sh. With
 # counters in it the library is slower.
-export JSW_FAULT_STEP=1 JSW_FAULT_MOST=1000000 JSW_FAULT_SHORTAGES=100 JSW_TEST_SECONDS=300
+export JSW_FAULT_STEP=1 JSW_FAULT_MOST=1000000 JSW_TEST_SECONDS=300
 failed=
 ctest --preset coverage "$@" || failed=yes
 

@@ -19,7 +19,6 @@ export JSW_SOAK_PERCENT=$((minutes * 100 / whole))
 # Of the calls that fail one by one: every one, or every so many.
 export JSW_FAULT_STEP=$((minutes < whole ? (whole + minutes - 1) / minutes : 1))
 export JSW_FAULT_MOST=1000000 JSW_FAULT_MOST_LOGGED=6 JSW_FAULT_LEVELS=0xffffffff
-export JSW_FAULT_SHORTAGES=$JSW_SOAK_PERCENT
 
 scripts/setup.sh
 scripts/build.sh release

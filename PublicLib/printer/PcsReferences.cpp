@@ -1,6 +1,6 @@
 // What PcsClient holds: the library, the client id and the open handles.
 
-#include "PublicLib/calls/ModuleCall.h"
+#include "PublicLib/calls/ForeignCall.h"
 #include "PublicLib/logging/Guard.h"
 #include "PublicLib/printer/PcsClient.h"
 #include "PublicLib/win/LoadLibrary.h"
@@ -168,7 +168,7 @@ PcsClient::EntryPoint PcsClient::findIn(HMODULE library, const char* operation) 
 PcsStatus PcsClient::callLibrary(const char* operation, const Call& call, EntryPoint entryPoint,
                                  JswDeviceClientId clientId) {
     CallEnd end{};
-    const PcsStatus status = callOut(
+    const PcsStatus status = callForeign(
         component::kJsw, entryPointName(operation).data(),
         [&] { return call(entryPoint, clientId); }, end);
     return end == CallEnd::returned ? status : kLibraryRaised;

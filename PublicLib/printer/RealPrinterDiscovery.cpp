@@ -1,6 +1,6 @@
 // How RealPrinter finds its device among those that the client knows.
 
-#include "PublicLib/calls/Visit.h"
+#include "PublicLib/calls/EntryGuard.h"
 #include "PublicLib/logging/MethodTrace.h"
 #include "PublicLib/printer/DeviceEnumerator.h"
 #include "PublicLib/printer/DeviceProperty.h"
@@ -94,7 +94,7 @@ void RealPrinter::findScanner(PcsClient& client, MethodTrace& trace) {
 
 std::int32_t RealPrinter::enumPrtCallback(JswDeviceClientId clientId, JswDeviceHandle handle,
                                           const char* friendlyName, const char* port) {
-    Visit::run(component::kJsw, "RealPrinter::enumPrtCallback", [&] {
+    EntryGuard::run(component::kJsw, "RealPrinter::enumPrtCallback", [&] {
         MethodTrace trace(component::kJsw, "RealPrinter::enumPrtCallback(clientId=", clientId,
                           ", handle=", handle, ", friendlyName = ", friendlyName, ", port = ", port,
                           "): ");
@@ -106,7 +106,7 @@ std::int32_t RealPrinter::enumPrtCallback(JswDeviceClientId clientId, JswDeviceH
 }
 
 std::int32_t RealPrinter::enumHidCallback(JswDeviceClientId clientId, JswDeviceHandle handle) {
-    Visit::run(component::kJsw, "RealPrinter::enumHidCallback", [&] {
+    EntryGuard::run(component::kJsw, "RealPrinter::enumHidCallback", [&] {
         MethodTrace trace(component::kJsw, "RealPrinter::enumHidCallback(clientId=", clientId,
                           ", handle=", handle, "): ");
         DiscoveredDevices::instance().addHid(handle);
@@ -115,7 +115,7 @@ std::int32_t RealPrinter::enumHidCallback(JswDeviceClientId clientId, JswDeviceH
 }
 
 std::int32_t RealPrinter::enumScanCallback(JswDeviceClientId clientId, JswDeviceHandle handle) {
-    Visit::run(component::kJsw, "RealPrinter::enumScanCallback", [&] {
+    EntryGuard::run(component::kJsw, "RealPrinter::enumScanCallback", [&] {
         MethodTrace trace(component::kJsw, "RealPrinter::enumScanCallback(clientId=", clientId,
                           ", handle=", handle, "): ");
         DiscoveredDevices::instance().addScanner(handle);

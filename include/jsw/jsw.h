@@ -19,12 +19,13 @@
  *
  * Errors: no function raises an exception or ends the process; what fails is written to the log. A
  * C++ exception of a module, of whatever compiler, stays inside. Another structured exception, such
- * as an access violation in a module, comes out to the caller's handler, if there is one; the
- * library works on afterwards.
+ * as an access violation in a module, is written to the log with its place and comes out to the
+ * caller's handler, if there is one; the library works on afterwards. Any single call of the system
+ * and any single allocation may fail; a host whose memory stays exhausted may be ended.
  *
- * Loading: the first JSWInit keeps the library loaded until the process ends, because a window may
- * still be on its way out of it after the last job. FreeLibrary after a job is allowed, and only
- * lowers the count. While no job has run it unloads the library, which then leaves nothing behind.
+ * Loading: the library stays loaded until the process ends, because a window may still be on its
+ * way out of it after the last job. FreeLibrary after a job is allowed, and only lowers the count;
+ * loading and freeing it for each job costs nothing.
  *
  * Strings are zero-terminated and in the ANSI code page. The library keeps copies: everything
  * passed in may be freed as soon as the call has returned. A null string counts as empty.
@@ -52,6 +53,10 @@ extern "C" {
  * a billboard is going on, has that thread do it when it comes back; no status code is reported any
  * more from then on. JSWInit answers 0 at such a time, the other functions do nothing while another
  * thread is inside.
+ *
+ * It must return: throwing a C++ exception out of it, leaving it by longjmp(), or ending the thread
+ * inside it is not allowed, nor is longjmp() over a function of this library from anywhere else. An
+ * exception is contained all the same; after the others locks may stay held and memory be lost.
  */
 typedef void (*JswStatusCallback)(uint32_t status);
 

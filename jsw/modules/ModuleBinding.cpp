@@ -48,7 +48,7 @@ void* allocateForModule(std::int32_t size) {
 std::string takeText(char* text) {
     if (text == nullptr) return {};
     CallEnd end{};
-    const std::size_t length = callOut(
+    const std::size_t length = callForeign(
         component::kJsw, "a text that it returned", [&] { return std::strlen(text); }, end);
     if (end != CallEnd::returned) return {};  // who knows whose memory it is
     const ModuleMemory<char> owner(text);

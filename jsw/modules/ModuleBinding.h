@@ -1,7 +1,7 @@
 #pragma once
 
 #include "PublicLib/BasicDll.h"
-#include "PublicLib/calls/ModuleCall.h"
+#include "PublicLib/calls/ForeignCall.h"
 #include "PublicLib/logging/MethodTrace.h"
 #include "PublicLib/win/EntryPoint.h"
 #include "jsw/settings/SettingNames.h"

@@ -28,7 +28,7 @@ auto RulesEngine::forward(const char* name, MethodTrace& trace, const Args&... a
     }
     auto* entry = findEntry<Function>(dll_.get(), name, trace);
     if (entry == nullptr) return decltype(entry(args...))();
-    return callOut(
+    return callForeign(
         component::kRulesEngine, name, [&] { return entry(args...); }, lastCall_);
 }
 

@@ -1,7 +1,7 @@
 // The functions that the view module calls back, on threads of its own.
 
 #include "PublicLib/NeverDestroyed.h"
-#include "PublicLib/calls/Visit.h"
+#include "PublicLib/calls/EntryGuard.h"
 #include "PublicLib/locks/ThreadScoped.h"
 #include "jsw/modules/BillboardView.h"
 #include "jsw/settings/OfnSettings.h"
@@ -32,7 +32,7 @@ NeverDestroyed<ThreadScoped<Event>> events;
 /// Runs a callback's work on its target. Nothing that goes wrong reaches the module.
 template <class Work>
 void runCallback(const char* name, const Work& work) {
-    Visit::run(component::kJsw, name, [&] {
+    EntryGuard::run(component::kJsw, name, [&] {
         const auto target = connected->load();
         if (target) work(*target);
     });

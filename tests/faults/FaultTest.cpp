@@ -48,9 +48,6 @@ class FaultTest : public test::WholeJobTest {
     /// @param fewest  functions that are called less often are left out
     void failEachCall(std::uint32_t levels, std::uint32_t step, std::uint32_t most,
                       std::uint32_t fewest);
-    /// Lets the memory run out at some of a job's allocations, about so many, each in a job of its
-    /// own, which gets no more of it to its end.
-    void runOutOfMemory(std::uint32_t levels, std::uint32_t shortages);
 
   private:
     std::vector<std::string> job(std::uint32_t levels) {
@@ -116,30 +113,8 @@ void FaultTest::failEachCall(std::uint32_t levels, std::uint32_t step, std::uint
         faults_, static_cast<unsigned long>(levels));
 }
 
-void FaultTest::runOutOfMemory(std::uint32_t levels, std::uint32_t shortages) {
-    learnWhatIsExpected(levels);
-    test::ImportGate gate(imports_);
-    job(levels);
-    const std::uint32_t calls = gate.calls("malloc");
-    const test::Failure noMemory = *test::failureOf("malloc");
-    const std::uint32_t stride = std::max(1U, calls / shortages);
-    for (std::uint32_t call = 1; call <= calls; call += stride) {
-        failInOneJob(levels, concat("every allocation from the ", call, ". on"), gate, [&] {
-            gate.failFrom("malloc", call, noMemory);
-            gate.failFrom("calloc", 1, noMemory);
-            gate.failFrom("realloc", 1, noMemory);
-        });
-    }
-    EXPECT_GT(faults_, 5);
-    std::printf(
-        "%d jobs ran out of memory, log levels 0x%lx: every job after them as ever; expected: no "
-        "other\n",
-        faults_, static_cast<unsigned long>(levels));
-}
-
-// First those with the log on: without its mutex, which is one of the failures of the others, the
-// log ends for the rest of the process.
-
+// First that with the log on: without its mutex, which is one of the failures of the other, the log
+// ends for the rest of the process.
 TEST_F(FaultTest, AnyFailureOfTheLog) {
     withoutStarting([this] {
         failEachCall(number("JSW_FAULT_LEVELS", kFewLevels), 1, number("JSW_FAULT_MOST_LOGGED", 2),
@@ -147,18 +122,9 @@ TEST_F(FaultTest, AnyFailureOfTheLog) {
     });
 }
 
-TEST_F(FaultTest, AJobThatRunsOutOfMemoryWithTheLogOn) {
-    const std::uint32_t levels = number("JSW_FAULT_LEVELS", kFewLevels);
-    withoutStarting([&] { runOutOfMemory(levels, 10); });
-}
-
 TEST_F(FaultTest, TheJobAfterAnyFailureIsServedAsEver) {
     withoutStarting(
         [this] { failEachCall(0, number("JSW_FAULT_STEP", 7), number("JSW_FAULT_MOST", 40), 1); });
-}
-
-TEST_F(FaultTest, TheJobAfterOneThatRanOutOfMemoryIsServedAsEver) {
-    withoutStarting([this] { runOutOfMemory(0, number("JSW_FAULT_SHORTAGES", 10)); });
 }
 
 }  // namespace jsw

@@ -1,11 +1,12 @@
 #pragma once
 
-#include "PublicLib/calls/FramedCall.h"
+#include "PublicLib/calls/SehFrame.h"
 
 #include <windows.h>
 
 #include <functional>
 #include <utility>
+#include <vector>
 
 namespace jsw::test {
 
@@ -23,30 +24,44 @@ inline void fault() {
 
 /// What a host has around a call of a library that it does not trust: handles whatever structured
 /// exception comes out of the work.
-class HostGuard : public FramedCall {
+class HostGuard : public SehFrame {
   public:
-    explicit HostGuard(std::function<void()> work) : work_(std::move(work)) {}
+    /// How the host has the frames in between taken away.
+    enum class Unwind {
+        withRecord,    ///< as __except does
+        withoutOne,    ///< as RtlUnwind(…, nullptr, …)
+        consolidating  ///< as Microsoft's catch (...)
+    };
 
-    /// The exception that came out; its code is 0 when none did.
-    static EXCEPTION_RECORD recordOf(const std::function<void()>& work) {
-        HostGuard guard(work);
-        runInFrame(guard);
-        return guard.record_;
+    /// The exceptions that the host was asked to handle, the last of which ended the work.
+    /// @param whenAsked  called before the host decides
+    static std::vector<EXCEPTION_RECORD> handle(
+        const std::function<void()>& work, Unwind unwind = Unwind::withRecord,
+        const std::function<void()>& whenAsked = [] {}) {
+        HostGuard guard(work, unwind, whenAsked);
+        jswRunInSehFrame(guard, &HostGuard::run);
+        return guard.asked_;
     }
+    /// The code of the exception that came out; 0 when none did.
     static DWORD exceptionOf(const std::function<void()>& work) {
-        return recordOf(work).ExceptionCode;
+        const auto asked = handle(work);
+        return asked.empty() ? 0 : asked.back().ExceptionCode;
     }
 
-    void run() override { work_(); }
-    bool endsHere(const EXCEPTION_RECORD& exception) override {
-        record_ = exception;
-        return true;
-    }
-    bool stopsHere(const EXCEPTION_RECORD& /*exception*/) override { return false; }
+    bool catchNow(const EXCEPTION_RECORD& exception) override;
+    bool catchOnUnwind() override { return false; }
 
   private:
-    std::function<void()> work_;
-    EXCEPTION_RECORD record_{};
+    HostGuard(const std::function<void()>& work, Unwind unwind,
+              const std::function<void()>& whenAsked)
+        : work_(work), whenAsked_(whenAsked), unwind_(unwind) {}
+    static void run(SehFrame& frame);
+
+    const std::function<void()>& work_;
+    const std::function<void()>& whenAsked_;
+    const Unwind unwind_;
+    void* base_ = nullptr;  // of the stack frame that stays
+    std::vector<EXCEPTION_RECORD> asked_;
 };
 
 }  // namespace jsw::test

@@ -38,10 +38,11 @@ constexpr KnownText kTexts[] = {
     {"ERROR - the module raised an exception in ", stops, "The module's part of the job is missing",
      "The module let an exception out of the entry point named",
      "Mend the module: nothing may leave an entry point"},
-    {"ERROR - the module ended in a system exception in ", stops,
-     "The module's part of the job is missing",
-     "The module crashed in the entry point named, such as by reading freed memory",
-     "Mend the module; run it in a debugger"},
+    {"ERROR - the module raised exception ", stops,
+     "The module's part of the job is missing, or the host has crashed",
+     "The code at the place named crashed while the module's entry point ran, such as by reading "
+     "freed memory",
+     "Mend the module; the offset finds the line in its symbols"},
     {"ERROR - exceptions in ", stops, "Every job shows the default page",
      "The rules engine raised an exception at each rule", "Mend the rules engine"},
     {" called but GUI not loaded", stops, "The driver's prompt is not shown",
@@ -58,9 +59,8 @@ constexpr KnownText kTexts[] = {
 
     // The job and its window.
     {"ERROR - unable to keep the library loaded, error=", hinders,
-     "The host may crash when it frees the library in the middle of a job",
-     "The system refused to keep it loaded; the number is its error",
-     "End the job with JSWTerminate before the library is freed"},
+     "The host may crash after it has freed the library",
+     "The system refused to keep it loaded; the number is its error", "Do not free the library"},
     {"ERROR: unable to create rules processing thread.", stops,
      "JSWInit answers 0 and no billboard is chosen", "The system could not start a thread",
      "Look at the host's memory and number of threads"},

@@ -1,0 +1,105 @@
+#include "PublicLib/calls/ForeignCall.h"
+
+#include "PublicLib/logging/BasicLogger.h"
+#include "PublicLib/win/Paths.h"
+#include "PublicLib/win/SystemFolders.h"
+
+#include <array>
+#include <charconv>
+#include <cstdint>
+#include <string>
+
+namespace jsw {
+
+namespace {
+
+constexpr DWORD kCppExceptionOfMicrosoft = 0xE06D7363;
+
+std::string hex(std::uintptr_t number) {
+    std::array<char, 2 * sizeof number> digits;
+    const auto end = std::to_chars(digits.begin(), digits.end(), number, 16).ptr;
+    return "0x" + std::string(digits.begin(), end);
+}
+
+/// "jswv.dll+0x1234"; the bare address when it lies in no module.
+std::string placeOf(const void* address) {
+    const auto number = reinterpret_cast<std::uintptr_t>(address);
+    HMODULE module = nullptr;
+    if (GetModuleHandleExA(
+            GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+            static_cast<const char*>(address), &module) == FALSE)
+        return hex(number);
+    return concat(fileNamePart(moduleFileName(module)), "+",
+                  hex(number - reinterpret_cast<std::uintptr_t>(module)));
+}
+
+}  // namespace
+
+ForeignCall::ForeignCall(const LoggerComponent& component, const char* name)
+    : component_(component),
+      name_(name),
+      guard_(EntryGuard::current()),
+      outer_(guard_ != nullptr ? guard_->call_ : nullptr) {
+    if (guard_ == nullptr) return;
+    guard_->call_ = this;
+    if (guard_->mustReraise_) end_ = CallEnd::skipped;
+}
+
+CallEnd ForeignCall::finish() {
+    if (guard_ != nullptr) guard_->call_ = outer_;
+    if (end_ == CallEnd::raised)
+        logLine(component_, kLogError, "ERROR - the module raised an exception in ", name_);
+    return end_;
+}
+
+bool ForeignCall::isInside(const char* name) {
+    for (const EntryGuard* guard = EntryGuard::current(); guard != nullptr; guard = guard->outer_) {
+        for (const ForeignCall* call = guard->call_; call != nullptr; call = call->outer_) {
+            if (call->name_ == name) return true;
+        }
+    }
+    return false;
+}
+
+bool ForeignCall::catchNow(const EXCEPTION_RECORD& exception) {
+    if (exception.ExceptionCode == kCppExceptionOfMicrosoft) {
+        end_ = CallEnd::raised;
+        return true;
+    }
+    const DWORD lastError = GetLastError();  // whoever handles the exception may let the code go on
+    const bool isNew = guard_ == nullptr || guard_->note(exception);
+    if (isNew && exception.ExceptionCode != EXCEPTION_STACK_OVERFLOW) logFault(exception);
+    SetLastError(lastError);
+    return false;
+}
+
+/// Without a search before, as by longjmp(), there is nothing to raise again.
+bool ForeignCall::catchOnUnwind() {
+    if (guard_ == nullptr || !guard_->exception_) return false;
+    guard_->mustReraise_ = true;
+    end_ = CallEnd::faulted;
+    return true;
+}
+
+/// Written while the fault is still unhandled, so that it is in the log even if the process dies.
+/// What faults in turn, such as a broken heap, costs the line.
+void ForeignCall::logFault(const EXCEPTION_RECORD& exception) const {
+    struct Report final : SehFrame {
+        const ForeignCall& call;
+        const EXCEPTION_RECORD& exception;
+        Report(const ForeignCall& c, const EXCEPTION_RECORD& e) : call(c), exception(e) {}
+        bool catchNow(const EXCEPTION_RECORD& /*another*/) override { return true; }
+        bool catchOnUnwind() override { return false; }
+        static void write(SehFrame& frame) {
+            const auto& self = static_cast<Report&>(frame);
+            withoutRaising([&] {
+                logLine(self.call.component_, kLogError, "ERROR - the module raised exception ",
+                        hex(self.exception.ExceptionCode), " at ",
+                        placeOf(self.exception.ExceptionAddress), " in ", self.call.name_);
+            });
+        }
+    } report(*this, exception);
+    jswRunInSehFrame(report, &Report::write);
+}
+
+}  // namespace jsw
