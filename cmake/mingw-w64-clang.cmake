@@ -1,0 +1,25 @@
+# Cross-builds as mingw-w64.cmake does, with clang and lld on the headers and libraries of its GCC.
+include(${CMAKE_CURRENT_LIST_DIR}/mingw-w64.cmake)
+
+execute_process(
+  COMMAND ${CMAKE_CXX_COMPILER} -print-libgcc-file-name
+  OUTPUT_VARIABLE gcc_folder
+  OUTPUT_STRIP_TRAILING_WHITESPACE)
+get_filename_component(gcc_folder ${gcc_folder} DIRECTORY)
+
+set(CMAKE_C_COMPILER clang)
+set(CMAKE_CXX_COMPILER clang++)
+set(CMAKE_C_COMPILER_TARGET x86_64-w64-windows-gnu)
+set(CMAKE_CXX_COMPILER_TARGET x86_64-w64-windows-gnu)
+
+# Left alone, clang takes the headers and libraries of the GCC without POSIX threads.
+set(CMAKE_CXX_FLAGS_INIT -nostdinc++)
+foreach(folder c++ c++/x86_64-w64-mingw32 c++/backward)
+  string(APPEND CMAKE_CXX_FLAGS_INIT " -isystem ${gcc_folder}/include/${folder}")
+endforeach()
+foreach(kind EXE SHARED MODULE)
+  set(CMAKE_${kind}_LINKER_FLAGS_INIT
+      "--start-no-unused-arguments -fuse-ld=lld -L${gcc_folder} -L/usr/x86_64-w64-mingw32/lib --end-no-unused-arguments")
+endforeach()
+set(CMAKE_CXX_STANDARD_LIBRARIES_INIT
+    "-Wl,--start-group -lpthread -lstdc++ -lgcc -lgcc_eh -lmingwex -lmingw32 -Wl,--end-group")
