@@ -15,14 +15,10 @@ install(
   EXPORT jswTargets
   RUNTIME DESTINATION bin
   ARCHIVE DESTINATION lib)
-if(MSVC)
-  set(jsw_symbols $<TARGET_PDB_FILE:jsw>)
-else()
-  set(jsw_symbols $<TARGET_FILE:jsw>.debug)
-endif()
-install(FILES ${jsw_symbols} DESTINATION bin OPTIONAL)  # a debug build keeps them in the library
-# For linkers that want an import library of their own.
-install(FILES jsw/jsw.def DESTINATION lib)
+# One of the two, and none of a debug build, which keeps its symbols in the library.
+install(FILES $<TARGET_FILE:jsw>.debug $<TARGET_FILE_DIR:jsw>/jsw.pdb DESTINATION bin OPTIONAL)
+# For Visual Studio's linker, and for those that want an import library of their own.
+install(FILES $<TARGET_PROPERTY:jsw_lib,FILE> jsw/jsw.def DESTINATION lib)
 install(
   DIRECTORY include/jsw ${PROJECT_BINARY_DIR}/include/jsw
   DESTINATION include

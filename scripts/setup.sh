@@ -6,6 +6,7 @@ set -euo pipefail
 
 packages=(
   g++-mingw-w64-x86-64-posix cmake ninja-build  # the build
+  llvm                                          # the import library for Visual Studio's linker
   googletest                                    # tests
   libspdlog-dev python3                         # benchmarks: what to compare with, and their picture
   libcli11-dev nlohmann-json3-dev               # command lines and JSON of tools and samples
@@ -15,11 +16,12 @@ packages=(
 )
 if [[ "${1:-}" == --tests || "${1:-}" == --coverage ]]; then
   packages+=(chromium)
+  packages+=(clang lld)  # what the kit's test takes for Visual Studio
 fi
 if [[ "${1:-}" == --coverage ]]; then
   packages+=(gcovr)
 elif [[ "${1:-}" == --checks ]]; then
-  packages+=(clang clang-format clang-tidy libclang-rt-14-dev)  # for check.sh and fuzz.sh
+  packages+=(clang lld clang-format clang-tidy libclang-rt-14-dev)  # for check.sh and fuzz.sh
 fi
 
 missing=()
