@@ -88,6 +88,16 @@ TEST(TimeAxis, KeepsTheOrderOfTimesAndFoldsWhatIsIdle) {
     }
 }
 
+TEST(TimeAxis, ALabelBeforeAFoldHasTheRoomItNeeds) {
+    const TimeAxis axis({0, 10'000}, {{0, 1}, {600, 2000}, {9000, 10'000}}, 1000);
+    ASSERT_FALSE(axis.folds().empty());
+    for (const TimeAxis::Tick& tick : axis.ticks()) {
+        for (const TimeAxis::Fold& fold : axis.folds()) {
+            EXPECT_TRUE(tick.x + 40 <= fold.x || tick.x >= fold.x + fold.width) << tick.label;
+        }
+    }
+}
+
 TEST(TimeAxis, TakesAJobWithoutDuration) {
     const TimeAxis axis({5, 5}, {}, 100);
     EXPECT_DOUBLE_EQ(axis.x(5), 0);

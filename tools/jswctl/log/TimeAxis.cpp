@@ -113,7 +113,9 @@ std::vector<TimeAxis::Tick> TimeAxis::ticks() const {
         const Milliseconds to = segment.time.end - whole_.start;
         for (Milliseconds time = (from + step - 1) / step * step; time <= to; time += step) {
             const double place = x(whole_.start + time);
-            if (place < free || (place > 0 && place + kLabelWidth > end)) continue;
+            // Time 0 has a label even where nothing has room, on an axis that has no other.
+            const bool isOnly = place == 0 && folds_.empty();
+            if (place < free || (place + kLabelWidth > end && !isOnly)) continue;
             result.push_back({place, tickLabel(time, step)});
             free = place + kLabelWidth;
         }
