@@ -1,0 +1,38 @@
+/*
+ * A driver's side to start from: prints a job of three pages, one a second, and stops when the user
+ * cancels it. Its settings file, qlhojsw.loc, lies beside the program.
+ */
+#include <jsw/jsw.h>
+
+#include <windows.h>
+
+#include <stdio.h>
+
+static volatile LONG cancelled;
+
+/* Called on whatever thread the window reports on. */
+static void onStatus(uint32_t status) {
+    if (status == JSW_STATUS_JOB_CANCELLED) InterlockedExchange(&cancelled, 1);
+}
+
+int main(void) {
+    enum { PAGES = 3 };
+    InkInfo ink = {0};
+    uint32_t page;
+    int slot;
+    for (slot = 0; slot < JSW_INK_SLOTS; ++slot) ink.InkPercent[slot] = -1; /* not known */
+    ink.InkPercent[0] = 90;
+    ink.InkPercent[1] = 15;
+
+    if (!JSWInit("Office printer", "report.pdf", 0, 1, PAGES, 1, 1, &ink, 0, PAGES, onStatus)) {
+        printf("There is no window; the log says why. The job prints all the same.\n");
+    }
+    for (page = 1; page <= PAGES && !cancelled; ++page) {
+        JSWUpdateInfo(page, 1, PAGES - page, 0, 0, NULL); /* page, copy, seconds left */
+        printf("Printing page %u\n", (unsigned)page);
+        Sleep(1000);
+    }
+    printf(cancelled ? "Cancelled.\n" : "Done.\n");
+    JSWTerminate();
+    return 0;
+}
