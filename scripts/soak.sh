@@ -19,6 +19,7 @@ export JSW_SOAK_PERCENT=$((minutes * 100 / whole))
 # Of the calls that fail one by one: every one, or every so many.
 export JSW_FAULT_STEP=$((minutes < whole ? (whole + minutes - 1) / minutes : 1))
 export JSW_FAULT_MOST=1000000 JSW_FAULT_MOST_LOGGED=6 JSW_FAULT_LEVELS=0xffffffff
+export JSW_WALK_SIZES=$((200 * JSW_SOAK_PERCENT / 100))
 
 scripts/setup.sh
 scripts/build.sh release
@@ -50,5 +51,6 @@ part random qltest-soak.exe 'RandomSoak.*'
 part log qltest-soak.exe 'LogSoak.*'
 part exit qltest-soak.exe 'ExitSoak.*'
 part faults qltest-faults.exe '*'
-echo "$faults of 7 parts with faults, in $(((SECONDS - start) / 60)) min $(((SECONDS - start) % 60)) s"
+part window qltest-windows.exe '*AnyResizing*'
+echo "$faults of 8 parts with faults, in $(((SECONDS - start) / 60)) min $(((SECONDS - start) % 60)) s"
 ((faults == 0))

@@ -1,189 +1,12 @@
-#include "PublicLib/win/EntryPoint.h"
-#include "PublicLib/win/Handles.h"
-#include "PublicLib/win/Paths.h"
-#include "PublicLib/win/SystemFolders.h"
-#include "jsw/view.h"
-#include "tests/support/TempFolder.h"
-#include "window/view/ControlIds.h"
-
-#include <windows.h>
-
-#include <gtest/gtest.h>
+#include "tests/window/JobWindowTest.h"
 
 #include <algorithm>
-#include <array>
-#include <atomic>
 #include <cstdint>
-#include <iterator>
-#include <mutex>
-#include <oleacc.h>
 #include <string>
 #include <vector>
 
+namespace jsw::test {
 namespace {
-
-constexpr DWORD kPatience = 15000;  // milliseconds
-
-template <class Condition>
-bool within(DWORD milliseconds, const Condition& condition) {
-    const DWORD start = GetTickCount();
-    while (!condition()) {
-        if (GetTickCount() - start > milliseconds) return false;
-        Sleep(5);
-    }
-    return true;
-}
-
-/// What the window has told its host, in order.
-class Reports {
-  public:
-    void add(const std::string& report) {
-        const std::lock_guard lock(mutex_);
-        reports_.push_back(report);
-    }
-    std::vector<std::string> take() {
-        const std::lock_guard lock(mutex_);
-        return std::exchange(reports_, {});
-    }
-    bool has(const std::string& report) {
-        const std::lock_guard lock(mutex_);
-        return std::find(reports_.begin(), reports_.end(), report) != reports_.end();
-    }
-
-  private:
-    std::mutex mutex_;
-    std::vector<std::string> reports_;
-};
-
-Reports reports;
-HANDLE hostBusy = nullptr;  ///< while set, the host waits for it in its status callback
-
-void onEvent(std::int32_t event) {
-    reports.add("event " + std::to_string(event));
-    if (hostBusy) WaitForSingleObject(hostBusy, kPatience);
-}
-void onBillboard(const char* action, std::int32_t id) {
-    reports.add(std::string(action) + " " + std::to_string(id));
-}
-void onValue(const char* key, const char* value) {
-    reports.add(std::string(key) + "=" + value);
-}
-void onAppearance(const char* key, std::int32_t value) {
-    reports.add(std::string(key) + "=" + std::to_string(value));
-}
-void onUpdateSoftware(std::int32_t value) {
-    reports.add("updates " + std::to_string(value));
-}
-
-/// The view module as the library calls it, with a real window.
-class JobWindowTest : public ::testing::Test {
-  protected:
-    void SetUp() override {
-        const std::string path =
-            std::string(jsw::folderPart(jsw::moduleFileName(nullptr))) + "jswv.dll";
-        module_.reset(LoadLibraryA(path.c_str()));
-        ASSERT_TRUE(module_);
-#define JSW_FIND(name, type)                                \
-    name = jsw::findEntryPoint<type>(module_.get(), #name); \
-    ASSERT_TRUE(name) << #name;
-        JSW_VIEW_ENTRY_POINTS(JSW_FIND)
-#undef JSW_FIND
-        folder_.write("Scripts\\page.jbb",
-                      "title = A page\nbutton = &Order | LAUNCH_URL | 3\n\nText with [a link | "
-                      "LAUNCH_APP | 1].\n");
-        reports.take();
-    }
-
-    void TearDown() override {
-        if (Uninitialize) Uninitialize();
-        within(kPatience, [] { return FindWindowA(JSW_SAMPLE_VIEW_CLASS, nullptr) == nullptr; });
-    }
-
-    void startJob(int totalPages = 3) {
-        Initialize();
-        SetDataPath(folder_.path().c_str());
-        SetJobName("report.pdf");
-        SetPrinterFriendlyName("SimulatedPrinter");
-        SetTotalPages(totalPages);
-        SetShowPageInfo(totalPages >= 0);
-        SetTotalCopies(1);
-        InkInfo ink{};
-        std::fill(std::begin(ink.InkPercent), std::end(ink.InkPercent), -1);
-        ink.InkPercent[0] = 90;
-        ink.InkPercent[1] = 10;
-        SetInkInfo(&ink);
-        SetJswCallback(onEvent);
-        SetBillboardCallback(onBillboard);
-        DisplayBillboard("page.jbb", 1, 0);
-        SetSaveAppearanceCallback(onAppearance);
-        SetSaveValueCallback(onValue);
-        SetUpdateSoftwareCallback(onUpdateSoftware);
-    }
-
-    void show() {
-        ShowGui();
-        UpdateInfo(1, 1, 60, nullptr);
-        ASSERT_TRUE(within(kPatience, [&] {
-            window_ = FindWindowA(JSW_SAMPLE_VIEW_CLASS, nullptr);
-            return window_ && IsWindowVisible(window_) && text(JSW_VIEW_PROGRESS_TEXT) != "";
-        }));
-    }
-
-    [[nodiscard]] HWND control(int id) const {
-        return GetDlgItem(window_, id);
-    }
-    [[nodiscard]] bool isShown(int id) const {
-        return IsWindowVisible(control(id)) != FALSE;
-    }
-    [[nodiscard]] std::string text(int id) const {
-        std::array<char, 512> letters{};
-        SendMessageA(control(id), WM_GETTEXT, letters.size(),
-                     reinterpret_cast<LPARAM>(letters.data()));
-        return letters.data();
-    }
-    void press(int id) const {
-        PostMessageA(window_, WM_COMMAND, static_cast<WPARAM>(id),
-                     reinterpret_cast<LPARAM>(control(id)));
-    }
-    /// Everything posted so far has been dealt with.
-    void settle() const {
-        SendMessageA(window_, WM_NULL, 0, 0);
-    }
-    [[nodiscard]] bool isAsked(const std::string& question) const {
-        return within(kPatience, [&] {
-            return isShown(JSW_VIEW_QUESTION) && text(JSW_VIEW_QUESTION) == question;
-        });
-    }
-    [[nodiscard]] int focus() const {
-        GUITHREADINFO info{};
-        info.cbSize = sizeof(info);
-        GetGUIThreadInfo(GetWindowThreadProcessId(window_, nullptr), &info);
-        return info.hwndFocus ? GetDlgCtrlID(info.hwndFocus) : 0;
-    }
-    void key(WPARAM key) const {
-        GUITHREADINFO info{};
-        info.cbSize = sizeof(info);
-        GetGUIThreadInfo(GetWindowThreadProcessId(window_, nullptr), &info);
-        PostMessageA(info.hwndFocus ? info.hwndFocus : window_, WM_KEYDOWN, key, 1);
-    }
-
-    /// The colour just inside the left edge of a button.
-    [[nodiscard]] COLORREF edgeOf(int id) const {
-        RECT area;
-        GetClientRect(control(id), &area);
-        const HDC dc = GetDC(control(id));
-        const COLORREF colour = GetPixel(dc, 1, area.bottom / 2);
-        ReleaseDC(control(id), dc);
-        return colour;
-    }
-
-#define JSW_DECLARE(name, type) type* name = nullptr;
-    JSW_VIEW_ENTRY_POINTS(JSW_DECLARE)
-#undef JSW_DECLARE
-    jsw::ModuleHandle module_;
-    jsw::test::TempFolder folder_;
-    HWND window_ = nullptr;
-};
 
 TEST_F(JobWindowTest, CancelAsksBackAndASecondClickDoesNothing) {
     startJob();
@@ -245,7 +68,7 @@ TEST_F(JobWindowTest, ClosingSaysOnceThatItDoesNotCancel) {
 }
 
 TEST_F(JobWindowTest, AHostThatTakesItsTimeHoldsNothingUp) {
-    const jsw::KernelHandle busy(CreateEventA(nullptr, TRUE, FALSE, nullptr));
+    const KernelHandle busy(CreateEventA(nullptr, TRUE, FALSE, nullptr));
     hostBusy = busy.get();
     startJob();
     show();
@@ -373,84 +196,6 @@ TEST_F(JobWindowTest, FollowsTheScreensScaleAndKeepsItsPlaceAndSize) {
     EXPECT_NEAR(std::stoi(saved->substr(12)), 600, 10);
 }
 
-/// What a screen reader is told of a control or, from 1, of a part of it.
-struct Spoken {
-    std::string name;
-    std::string value;
-    std::string description;
-    long role = 0;
-    long parts = 0;
-};
-
-std::string taken(BSTR text) {
-    std::string letters;
-    for (const wchar_t* letter = text; letter && *letter; ++letter) {
-        letters += *letter < 128 ? static_cast<char>(*letter) : '?';
-    }
-    SysFreeString(text);
-    return letters;
-}
-
-Spoken speak(HWND control, long part = CHILDID_SELF) {
-    Spoken spoken;
-    IAccessible* object = nullptr;
-    if (FAILED(AccessibleObjectFromWindow(control, static_cast<DWORD>(OBJID_CLIENT),
-                                          __uuidof(IAccessible),
-                                          reinterpret_cast<void**>(&object)))) {
-        return spoken;
-    }
-    VARIANT which{};
-    which.vt = VT_I4;
-    which.lVal = part;
-    BSTR text = nullptr;
-    if (object->get_accName(which, &text) == S_OK) spoken.name = taken(text);
-    if (object->get_accValue(which, &text) == S_OK) spoken.value = taken(text);
-    if (object->get_accDescription(which, &text) == S_OK) spoken.description = taken(text);
-    VARIANT role{};
-    if (object->get_accRole(which, &role) == S_OK) spoken.role = role.lVal;
-    object->get_accChildCount(&spoken.parts);
-    object->Release();
-    return spoken;
-}
-
-TEST_F(JobWindowTest, TellsScreenReadersWhatItShows) {
-    ASSERT_TRUE(SUCCEEDED(CoInitializeEx(nullptr, COINIT_MULTITHREADED)));
-    startJob();
-    show();
-    const Spoken progress = speak(control(JSW_VIEW_PROGRESS_BAR));
-    EXPECT_EQ(progress.role, ROLE_SYSTEM_PROGRESSBAR);
-    EXPECT_EQ(progress.name, "Progress");
-    EXPECT_EQ(progress.value, "33%");
-    UpdateInfo(3, 1, 5, nullptr);
-    settle();
-    EXPECT_EQ(speak(control(JSW_VIEW_PROGRESS_BAR)).value, "100%");
-
-    const Spoken ink = speak(control(JSW_VIEW_INK));
-    EXPECT_EQ(ink.name, "Ink levels");
-    ASSERT_EQ(ink.parts, 2);
-    const Spoken second = speak(control(JSW_VIEW_INK), 2);
-    EXPECT_EQ(second.name, "Cartridge 2");
-    EXPECT_EQ(second.value, "10% low");
-    EXPECT_EQ(second.role, ROLE_SYSTEM_PROGRESSBAR);
-    EXPECT_EQ(speak(control(JSW_VIEW_INK), 3).name, "");
-
-    const Spoken page = speak(control(JSW_VIEW_BILLBOARD));
-    EXPECT_EQ(page.name, "A page");
-    EXPECT_EQ(page.description, "Text with a link.");
-    EXPECT_EQ(speak(control(JSW_VIEW_BILLBOARD), 1).name, "Text with a link.");
-    const Spoken link = speak(control(JSW_VIEW_CONTENT_LINK));
-    EXPECT_EQ(link.role, ROLE_SYSTEM_LINK);
-    EXPECT_EQ(link.name, "a link");
-
-    EXPECT_EQ(speak(control(JSW_VIEW_PROGRESS_TEXT)).name, "Page 3 of 3");
-    EXPECT_NE(speak(control(JSW_VIEW_CANCEL)).name, "");
-    for (int id = JSW_VIEW_PREVIOUS; id <= JSW_VIEW_INK_STATUS; ++id) {
-        EXPECT_NE(speak(control(id)).name, "") << id;
-    }
-    Uninitialize();
-    CoUninitialize();
-}
-
 TEST_F(JobWindowTest, ManyJobsLeaveNothingBehind) {
     const auto job = [&] {
         startJob();
@@ -469,3 +214,4 @@ TEST_F(JobWindowTest, ManyJobsLeaveNothingBehind) {
 }
 
 }  // namespace
+}  // namespace jsw::test

@@ -1,4 +1,5 @@
 #include "window/ui/Colours.h"
+#include "window/view/AccessKeys.h"
 #include "window/view/StatusText.h"
 #include "window/view/WindowContent.h"
 #include "window/view/WindowPlace.h"
@@ -13,6 +14,7 @@
 #include <set>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace {
 
@@ -59,6 +61,22 @@ TEST(Strings, GiveEveryControlAnAccessKeyOfItsOwn) {
         EXPECT_TRUE(areDistinct({strings.cancelYes, strings.cancelNo})) << language->code();
         EXPECT_TRUE(areDistinct({strings.closeYes, strings.closeNo})) << language->code();
     }
+}
+
+TEST(AccessKeys, AreTheWindowsFirstAndNobodyElsesTwice) {
+    const auto keysFor = [](std::vector<std::string> labels) {
+        Page page;
+        for (std::string& label : labels) page.buttons.push_back({std::move(label), "NEXT", 0});
+        const std::size_t clashes = giveAccessKeys(page, english()).size();
+        std::vector<std::string> given;
+        for (const ContentButton& button : page.buttons) given.push_back(button.label);
+        return std::pair(given, clashes);
+    };
+    using Labels = std::vector<std::string>;
+    EXPECT_EQ(keysFor({"&Order", "Plain", "&Web && more"}),
+              std::pair(Labels{"&Order", "Plain", "&Web && more"}, std::size_t{0}));
+    EXPECT_EQ(keysFor({"&Next tip", "T&ext", "&Pick && ink"}),
+              std::pair(Labels{"N&ext tip", "&Text", "Pick && ink"}, std::size_t{3}));
 }
 
 TEST(Strings, GiveAReasonForEveryProblem) {
@@ -167,6 +185,9 @@ TEST(StatusText, TimeIsReadable) {
         EXPECT_EQ(timeText(progress, english()), row.english);
         EXPECT_EQ(timeText(progress, german()), row.german);
     }
+    // A driver without an estimate says 0 while pages are left.
+    EXPECT_EQ(timeText({2, 3, 1, 1, true, 0U}, english()), "Time remaining not known");
+    EXPECT_EQ(timeText({3, 3, 1, 1, true, 0U}, english()), "Finishing");
 }
 
 TEST(StatusText, InkIsKnownOrSaidNotToBe) {

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <set>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -34,16 +35,23 @@ std::vector<std::pair<std::string, Box>> partsOf(const WindowLayout& layout) {
     for (const PlacedText& line : layout.questionLines) addText(line);
     parts.emplace_back("progress bar", layout.progressBar);
     addInk(layout.inkLayout);
-    if (layout.hasPage) {
-        if (!layout.page.panel.empty()) parts.emplace_back("panel", layout.page.panel);
-        for (const Box& dot : layout.page.dots) parts.emplace_back("dot", dot);
-        for (const PlacedText& line : layout.page.lines) addText(line);
-        addInk(layout.page.ink);
-    }
-    for (const auto* buttons :
-         {&layout.page.links, &layout.page.buttons, &layout.buttons, &layout.checkBoxes}) {
+    if (!layout.page.panel.empty()) parts.emplace_back("panel", layout.page.panel);
+    if (!layout.page.scrollBar.empty()) parts.emplace_back("scroll bar", layout.page.scrollBar);
+    for (const auto* buttons : {&layout.page.buttons, &layout.buttons, &layout.checkBoxes}) {
         for (const PlacedButton& button : *buttons) parts.emplace_back(button.label, button.box);
     }
+    // Of what is scrolled, the part that is seen.
+    const std::size_t scrolled = parts.size();
+    for (const Box& dot : layout.page.dots) parts.emplace_back("dot", dot);
+    for (const PlacedText& line : layout.page.lines) addText(line);
+    addInk(layout.page.ink);
+    for (const PlacedButton& control : layout.page.inText) {
+        parts.emplace_back(control.label, control.box);
+    }
+    for (std::size_t i = scrolled; i < parts.size(); ++i) {
+        parts[i].second = parts[i].second.clippedTo(layout.page.textArea);
+    }
+    std::erase_if(parts, [](const auto& part) { return part.second.empty(); });
     return parts;
 }
 
@@ -57,7 +65,7 @@ std::vector<PlacedText> textsOf(const WindowLayout& layout) {
     }
     texts.insert(texts.end(), layout.page.lines.begin(), layout.page.lines.end());
     for (const auto* buttons :
-         {&layout.page.links, &layout.page.buttons, &layout.buttons, &layout.checkBoxes}) {
+         {&layout.page.inText, &layout.page.buttons, &layout.buttons, &layout.checkBoxes}) {
         for (const PlacedButton& button : *buttons) {
             texts.push_back({button.box, jsw::ui::withoutAccessKey(button.label), button.full,
                              Font::normal, Tone::usual, Side::left});
@@ -71,7 +79,6 @@ void expectGood(const WindowLayout& layout, const TextMeasure& measure, const st
     const auto parts = partsOf(layout);
     for (std::size_t i = 0; i < parts.size(); ++i) {
         EXPECT_TRUE(window.contains(parts[i].second)) << what << ": " << parts[i].first;
-        EXPECT_FALSE(parts[i].second.empty()) << what << ": " << parts[i].first;
         for (std::size_t j = 0; j < i; ++j) {
             EXPECT_FALSE(parts[i].second.overlaps(parts[j].second))
                 << what << ": " << parts[i].first << " lies on " << parts[j].first;
@@ -84,12 +91,29 @@ void expectGood(const WindowLayout& layout, const TextMeasure& measure, const st
             EXPECT_TRUE(text.text.ends_with(jsw::ui::kEllipsis)) << what << ": " << text.text;
         }
     }
-    // What is left out of a page is in its tooltip.
-    const auto& lines = layout.page.lines;
-    const bool pageIsCut = std::any_of(lines.begin(), lines.end(), [](const PlacedText& line) {
-        return line.font == Font::normal && line.text.ends_with(jsw::ui::kEllipsis);
-    });
-    EXPECT_TRUE(!pageIsCut || !layout.page.full.empty()) << what;
+    // What does not fit a page can be scrolled to.
+    EXPECT_EQ(layout.page.textHeight > layout.page.textArea.height(),
+              !layout.page.scrollBar.empty())
+        << what;
+    EXPECT_GE(layout.page.textArea.height(), measure.lineHeight(Font::normal)) << what;
+}
+
+/** That nothing which can be pressed is missing. */
+void expectEverythingReachable(const WindowLayout& layout, const Page& page, Question question,
+                               const std::string& what) {
+    std::set<int> ids;
+    for (const auto* buttons :
+         {&layout.page.inText, &layout.page.buttons, &layout.buttons, &layout.checkBoxes}) {
+        for (const PlacedButton& button : *buttons) ids.insert(button.id);
+    }
+    std::set<std::size_t> links;
+    for (const Paragraph& paragraph : page.paragraphs) {
+        for (const Piece& piece : paragraph.pieces) {
+            if (piece.link) links.insert(*piece.link);
+        }
+    }
+    const std::size_t inFooter = question == Question::none ? 3 : 2;
+    EXPECT_EQ(ids.size(), links.size() + page.buttons.size() + 4 + inFooter) << what;
 }
 
 struct Case {
@@ -171,7 +195,7 @@ std::vector<Case> cases(const Strings& strings) {
     return all;
 }
 
-constexpr Size kSizes[] = {kLeastSize, {440, 560}, kUsualSize, {1600, 1000}};
+constexpr Size kSizes[] = {{0, 0}, {392, 258}, {440, 460}, kUsualSize, {1600, 1000}};
 
 TEST(WindowLayout, NothingOverlapsAndEveryTextFitsOrIsCut) {
     for (const Language* language = Language::first(); language; language = language->next()) {
@@ -181,14 +205,17 @@ TEST(WindowLayout, NothingOverlapsAndEveryTextFitsOrIsCut) {
             for (const int percent : {100, 125, 150, 200}) {
                 const Scale scale(jsw::ui::kBaseDpi * percent / 100);
                 const EvenMeasure measure(scale);
-                for (const Size& size : kSizes) {
-                    const WindowLayout layout =
-                        layoutWindow(content, each.page, {scale(size.width), scale(size.height)},
-                                     language->strings(), measure, scale);
-                    expectGood(layout, measure,
-                               each.name + ", " + language->code() + ", " +
-                                   std::to_string(percent) + " %, " + std::to_string(size.width) +
-                                   " x " + std::to_string(size.height));
+                const Size least = leastSize(content, language->strings(), measure, scale);
+                for (const Size& room : kSizes) {
+                    const Size size{std::max(scale(room.width), least.width),
+                                    std::max(scale(room.height), least.height)};
+                    const WindowLayout layout = layoutWindow(content, each.page, size, 0,
+                                                             language->strings(), measure, scale);
+                    const std::string what =
+                        each.name + ", " + language->code() + ", " + std::to_string(percent) +
+                        " %, " + std::to_string(size.width) + " x " + std::to_string(size.height);
+                    expectGood(layout, measure, what);
+                    expectEverythingReachable(layout, each.page, each.question, what);
                 }
             }
         }
@@ -196,17 +223,16 @@ TEST(WindowLayout, NothingOverlapsAndEveryTextFitsOrIsCut) {
 }
 
 WindowLayout usualLayout(const JobData& data, const Page& page, Size size = kUsualSize,
-                         Question question = Question::none) {
+                         Question question = Question::none, int scrolled = 0) {
     const Strings& strings = Language::choose(0x409).strings();
-    return layoutWindow(describeJob(data, question, strings), page, size, strings,
+    return layoutWindow(describeJob(data, question, strings), page, size, scrolled, strings,
                         EvenMeasure(Scale()), Scale());
 }
 
 TEST(WindowLayout, ShowsTheWholeSamplePageAtItsUsualSize) {
     const WindowLayout layout = usualLayout(usualJob(2), samplePage());
-    ASSERT_TRUE(layout.hasPage);
-    EXPECT_EQ(layout.page.full, "");
-    EXPECT_EQ(layout.page.links.size(), 2U);
+    EXPECT_TRUE(layout.page.scrollBar.empty());
+    EXPECT_EQ(layout.page.inText.size(), 2U);
     EXPECT_EQ(layout.page.dots.size(), 2U);
     ASSERT_EQ(layout.page.buttons.size(), 2U);
     EXPECT_EQ(layout.page.buttons[1].label, "&Ink && more");
@@ -224,14 +250,23 @@ TEST(WindowLayout, TheQuestionTakesThePlaceOfTheChoices) {
     EXPECT_FALSE(has(JSW_VIEW_CANCEL));
 }
 
-TEST(WindowLayout, MoreRoomGoesToThePage) {
+TEST(WindowLayout, WhatDoesNotFitThePageCanBeScrolledTo) {
     Page page = samplePage();
     for (int i = 0; i < 8; ++i) page.paragraphs.push_back(page.paragraphs[1]);
-    EXPECT_NE(usualLayout(usualJob(2), page).page.full, "");
-    EXPECT_EQ(usualLayout(usualJob(2), page, {900, 900}).page.full, "");
-    JobData manyCartridges = usualJob(2);
-    manyCartridges.inkPercents.fill(10);
-    EXPECT_FALSE(usualLayout(manyCartridges, page, kLeastSize).hasPage);
+    page.paragraphs.push_back(page.paragraphs[2]);
+    const PageLayout top = usualLayout(usualJob(2), page).page;
+    const PlacedButton& last = top.inText.back();
+    EXPECT_EQ(top.scrolled, 0);
+    EXPECT_TRUE(top.seenOf(last).empty());
+    const auto scrolledTo = [&](int pixels) {
+        return usualLayout(usualJob(2), page, kUsualSize, Question::none, pixels).page;
+    };
+    const PageLayout there = scrolledTo(top.scrolledTo(last));
+    EXPECT_EQ(there.seenOf(there.inText.back()), there.inText.back().box);
+    const PageLayout end = scrolledTo(100000);
+    EXPECT_EQ(end.lines.back().box.bottom, end.textArea.bottom);
+    EXPECT_EQ(scrolledTo(-5).scrolled, 0);
+    EXPECT_TRUE(usualLayout(usualJob(2), page, {900, 900}).page.scrollBar.empty());
 }
 
 TEST(TextFit, CutsAtCharactersAndWrapsAtBlanks) {

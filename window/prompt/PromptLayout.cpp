@@ -77,9 +77,8 @@ PromptLayout layoutPrompt(const std::string& printer, const std::string& text,
     const int most = (right - margin - scale(ui::kButtonGap)) / 2;
     const auto place = [&](int id, const char* label, int end) {
         const int width = std::min(ui::buttonWidth(label, measure, scale), most);
-        layout.buttons.push_back(ui::placeButton(id, {end - width, top, end, top + button},
-                                                 width - 2 * scale(ui::kButtonPadding) + scale(8),
-                                                 label, measure));
+        layout.buttons.push_back(
+            ui::placePushButton(id, {end - width, top, end, top + button}, label, measure, scale));
         return end - width - scale(ui::kButtonGap);
     };
     const int left = place(JSW_LEGACY_CANCEL, strings.cancelLabel, right);

@@ -115,17 +115,17 @@ LRESULT customDrawButton(const NMCUSTOMDRAW& notice, const ButtonLook& look) {
     return CDRF_SKIPDEFAULT;
 }
 
-void drawLink(const DRAWITEMSTRUCT& item, const ButtonLook& look) {
+void drawLink(const DRAWITEMSTRUCT& item, const Box& whole, const ButtonLook& look) {
     const ButtonState state(item.hwndItem, look);
     paintBuffered(item.hDC, item.rcItem, [&](const Canvas& canvas, const Box& box) {
         const HFONT font = look.fonts.get(Font::normal);
         canvas.fill(box, look.ground);
-        canvas.label(box, state.text, font, look.palette.accent, DT_LEFT, false);
+        canvas.label(whole, state.text, font, look.palette.accent, DT_LEFT, false);
         const int thin = std::max(look.scale(1), 1);
-        const int line = box.bottom - std::max(box.height() / 8, thin);
-        canvas.fill({box.left, line, box.right, line + thin}, look.palette.accent);
+        const int line = whole.bottom - std::max(whole.height() / 8, thin);
+        canvas.fill({whole.left, line, whole.right, line + thin}, look.palette.accent);
         if ((item.itemState & ODS_FOCUS) && state.showsFocus) {
-            canvas.frameRound(box, 0, thin, look.palette.text);
+            canvas.frameRound(whole, 0, thin, look.palette.text);
         }
     });
 }

@@ -32,7 +32,10 @@ struct ButtonLook {
  */
 [[nodiscard]] LRESULT customDrawButton(const NMCUSTOMDRAW& notice, const ButtonLook& look);
 
-/** Draws an owner-drawn button as a link in a text. */
-void drawLink(const DRAWITEMSTRUCT& item, const ButtonLook& look);
+/**
+ * Draws an owner-drawn button as a link in a text.
+ * @param whole where the link is in the control, which may show only a part of it
+ */
+void drawLink(const DRAWITEMSTRUCT& item, const Box& whole, const ButtonLook& look);
 
 }  // namespace jsw::ui

@@ -59,6 +59,16 @@ struct Box {
         return left <= other.left && top <= other.top && right >= other.right &&
                bottom >= other.bottom;
     }
+    /** The part within the other box; without any, nothing at the other's nearest edge. */
+    [[nodiscard]] Box clippedTo(const Box& other) const {
+        const auto x = [&](int value) {
+            return std::max(std::min(value, other.right), other.left);
+        };
+        const auto y = [&](int value) {
+            return std::max(std::min(value, other.bottom), other.top);
+        };
+        return {x(left), y(top), x(right), y(bottom)};
+    }
     bool operator==(const Box&) const = default;
 };
 

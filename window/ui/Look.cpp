@@ -79,6 +79,11 @@ void matchTitleBar(HWND window, const Palette& palette) {
     FreeLibrary(manager);
 }
 
+void matchScrollBar(HWND scrollBar, const Palette& palette) {
+    const bool dark = palette.appearance == Appearance::dark;
+    SetWindowTheme(scrollBar, dark ? L"DarkMode_Explorer" : nullptr, nullptr);
+}
+
 bool animationsWanted() {
     BOOL wanted = TRUE;
     SystemParametersInfoW(SPI_GETCLIENTAREAANIMATION, 0, &wanted, 0);

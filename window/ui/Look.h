@@ -36,6 +36,9 @@ class VisualStyles {
 /** Makes the title bar dark or light like the palette, where the system can. */
 void matchTitleBar(HWND window, const Palette& palette);
 
+/** The same for a scroll bar. */
+void matchScrollBar(HWND scrollBar, const Palette& palette);
+
 /** Whether the user wants things on the screen to move. */
 [[nodiscard]] bool animationsWanted();
 

@@ -1,8 +1,14 @@
 #include "window/ui/Placed.h"
 
 #include <algorithm>
+#include <numeric>
 
 namespace jsw::ui {
+namespace {
+
+constexpr int kLeastPadding = 12; /**< left and right of a label, where there is little room */
+
+}  // namespace
 
 PlacedText placeText(const Box& box, std::string_view text, Font font, Tone tone, Side side,
                      const TextMeasure& measure) {
@@ -26,6 +32,32 @@ int buttonWidth(std::string_view label, const TextMeasure& measure, const Scale&
     constexpr int kLeast = 92;
     const int text = measure.width(withoutAccessKey(label), Font::normal);
     return std::max(text + 2 * scale(kButtonPadding), scale(kLeast));
+}
+
+int leastButtonWidth(std::string_view label, const TextMeasure& measure, const Scale& scale) {
+    return measure.width(withoutAccessKey(label), Font::normal) + 2 * scale(kLeastPadding);
+}
+
+std::vector<int> buttonWidths(const std::vector<std::string>& labels, int room,
+                              const TextMeasure& measure, const Scale& scale) {
+    const auto fit = [&](const auto& widthOf) {
+        std::vector<int> widths;
+        for (const std::string& label : labels) widths.push_back(widthOf(label, measure, scale));
+        const int left = room - std::accumulate(widths.begin(), widths.end(), 0);
+        return left < 0 ? std::vector<int>() : widths;
+    };
+    if (auto usual = fit(buttonWidth); !usual.empty()) return usual;
+    const int count = std::max(static_cast<int>(labels.size()), 1);
+    auto least = fit(leastButtonWidth);
+    if (least.empty()) return std::vector<int>(labels.size(), std::max(room / count, 1));
+    const int rest = room - std::accumulate(least.begin(), least.end(), 0);
+    for (int& width : least) width += rest / count;
+    return least;
+}
+
+PlacedButton placePushButton(int id, const Box& box, std::string_view label,
+                             const TextMeasure& measure, const Scale& scale) {
+    return placeButton(id, box, box.width() - 2 * scale(kLeastPadding), label, measure);
 }
 
 }  // namespace jsw::ui

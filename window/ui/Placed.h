@@ -9,6 +9,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace jsw::ui {
 
@@ -57,5 +58,20 @@ inline constexpr int kBarHeight = 8;
 /** Width of a push button that shows this label in full. */
 [[nodiscard]] int buttonWidth(std::string_view label, const TextMeasure& measure,
                               const Scale& scale);
+
+/**
+ * Widths of push buttons in a row with this much room for them: the usual ones, else narrower ones
+ * that still show the labels, else equal shares.
+ */
+[[nodiscard]] std::vector<int> buttonWidths(const std::vector<std::string>& labels, int room,
+                                            const TextMeasure& measure, const Scale& scale);
+
+/** The least width of a push button that shows this label in full. */
+[[nodiscard]] int leastButtonWidth(std::string_view label, const TextMeasure& measure,
+                                   const Scale& scale);
+
+/** A push button, whose label is cut where it has no room. */
+[[nodiscard]] PlacedButton placePushButton(int id, const Box& box, std::string_view label,
+                                           const TextMeasure& measure, const Scale& scale);
 
 }  // namespace jsw::ui

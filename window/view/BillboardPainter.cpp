@@ -18,7 +18,7 @@ void paintPanel(const Canvas& canvas, const Box& origin, const Billboard& billbo
     if (billboard.bitmap.get()) {
         paintBitmap(canvas, inner, billboard.bitmap.get());
     } else {
-        paintPicture(canvas, inner, billboard.page.picture, colours.dark);
+        paintPicture(canvas, inner, billboard.page.picture, colours);
     }
 }
 
@@ -31,9 +31,6 @@ void paintBillboard(const Canvas& canvas, const Box& origin, const Billboard& bi
     const int radius = look.scale(kCardRadius);
     canvas.fill(card, look.palette.ground);
     canvas.fillRound(card, radius, look.palette.card);
-    paintPanel(canvas, origin, billboard, layout, look);
-    canvas.frameRound(card, radius, thin, look.palette.line);
-
     const Colour title = themeColours(billboard.page.theme, look.palette).title;
     for (const Box& dot : layout.dots) {
         const Box place = dot.moved(-origin.left, -origin.top);
@@ -48,6 +45,12 @@ void paintBillboard(const Canvas& canvas, const Box& origin, const Billboard& bi
         }
     }
     paintInk(canvas, origin, layout.ink, look);
+    // What is scrolled out of its area goes.
+    const Box area = layout.textArea.moved(-origin.left, -origin.top);
+    canvas.fill({area.left, card.top, area.right, area.top}, look.palette.card);
+    canvas.fill({area.left, area.bottom, area.right, card.bottom}, look.palette.card);
+    paintPanel(canvas, origin, billboard, layout, look);
+    canvas.frameRound(card, radius, thin, look.palette.line);
 }
 
 }  // namespace jsw::view

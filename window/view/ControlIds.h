@@ -26,6 +26,7 @@ enum JswSampleViewControl {
     JSW_VIEW_PROGRESS_BAR = 1006,
     JSW_VIEW_INK = 1007,
     JSW_VIEW_BILLBOARD = 1008,
+    JSW_VIEW_PAGE_SCROLL = 1009, /**< a scroll bar, visible when the page does not fit */
 
     /* Billboard navigation */
     JSW_VIEW_PREVIOUS = 1020,

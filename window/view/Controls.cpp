@@ -1,5 +1,6 @@
 #include "window/view/Controls.h"
 
+#include "window/ui/Canvas.h"
 #include "window/ui/Text.h"
 #include "window/view/ControlIds.h"
 
@@ -23,9 +24,12 @@ struct Control {
 
 constexpr const wchar_t* kStatic = L"STATIC";
 constexpr const wchar_t* kButton = L"BUTTON";
+constexpr const wchar_t* kScrollBar = L"SCROLLBAR";
 constexpr DWORD kDrawn = WS_CLIPSIBLINGS | SS_OWNERDRAW;
 constexpr DWORD kPush = WS_TABSTOP | BS_PUSHBUTTON;
-constexpr DWORD kLink = WS_TABSTOP | BS_OWNERDRAW;
+// What may be scrolled out of sight tells when the keyboard comes to it.
+constexpr DWORD kPagePush = kPush | BS_NOTIFY;
+constexpr DWORD kLink = WS_TABSTOP | BS_OWNERDRAW | BS_NOTIFY;
 // Not the automatic kind: the box follows the choice that the state holds.
 constexpr DWORD kCheck = WS_TABSTOP | BS_CHECKBOX;
 
@@ -45,9 +49,10 @@ constexpr Control kControls[] = {
     {JSW_VIEW_CONTENT_LINK + 3, kButton, kLink},
     {JSW_VIEW_CONTENT_LINK + 4, kButton, kLink},
     {JSW_VIEW_CONTENT_LINK + 5, kButton, kLink},
-    {JSW_VIEW_CONTENT_BUTTON, kButton, kPush},
-    {JSW_VIEW_CONTENT_BUTTON + 1, kButton, kPush},
-    {JSW_VIEW_CONTENT_BUTTON + 2, kButton, kPush},
+    {JSW_VIEW_CONTENT_BUTTON, kButton, kPagePush},
+    {JSW_VIEW_CONTENT_BUTTON + 1, kButton, kPagePush},
+    {JSW_VIEW_CONTENT_BUTTON + 2, kButton, kPagePush},
+    {JSW_VIEW_PAGE_SCROLL, kScrollBar, SBS_VERT},
     {JSW_VIEW_PREVIOUS, kButton, kPush},
     {JSW_VIEW_CURRENT, kButton, kPush},
     {JSW_VIEW_NEXT, kButton, kPush},
@@ -83,7 +88,22 @@ bool isOwn(int id) {
     return std::find(std::begin(kOwn), std::end(kOwn), id) != std::end(kOwn);
 }
 
-/** Collects moves and carries them out at once, so that nothing is seen half done. */
+/** Where the control is in its window, shown or not. */
+Box placeOf(HWND control) {
+    RECT place{};
+    GetWindowRect(control, &place);
+    MapWindowPoints(nullptr, GetParent(control), reinterpret_cast<POINT*>(&place), 2);
+    return ui::boxOf(place);
+}
+
+bool isShown(HWND control) {
+    return (GetWindowLongPtrW(control, GWL_STYLE) & WS_VISIBLE) != 0;
+}
+
+/**
+ * Collects moves and carries them out at once, so that nothing is seen half done. What moves is
+ * drawn anew: the pixels it had may by then be those of another control.
+ */
 class Moves {
   public:
     explicit Moves(HWND window)
@@ -92,7 +112,7 @@ class Moves {
         for (const Control& control : kControls) {
             const bool used =
                 std::find(placed_.begin(), placed_.end(), control.id) != placed_.end();
-            if (!used) move(control.id, {}, SWP_HIDEWINDOW | SWP_NOMOVE | SWP_NOSIZE);
+            if (!used) hide(GetDlgItem(window_, control.id));
         }
         if (moves_) EndDeferWindowPos(moves_);
     }
@@ -101,18 +121,22 @@ class Moves {
 
     void place(int id, const Box& box) {
         placed_.push_back(id);
-        move(id, box, SWP_SHOWWINDOW);
+        const HWND control = GetDlgItem(window_, id);
+        if (isShown(control) && placeOf(control) == box) return;
+        move(control, box, SWP_SHOWWINDOW | SWP_NOCOPYBITS);
     }
 
   private:
-    void move(int id, const Box& box, UINT flags) {
-        const HWND control = GetDlgItem(window_, id);
+    void hide(HWND control) {
+        if (!isShown(control)) return;
         // Pages and buttons come and go; what has the keyboard must not go with it unnoticed.
-        if ((flags & SWP_HIDEWINDOW) != 0 && GetFocus() == control) SetFocus(window_);
-        if (moves_) {
-            moves_ = DeferWindowPos(moves_, control, nullptr, box.left, box.top, box.width(),
-                                    box.height(), flags | SWP_NOZORDER | SWP_NOACTIVATE);
-        }
+        if (GetFocus() == control) SetFocus(window_);
+        move(control, {}, SWP_HIDEWINDOW | SWP_NOMOVE | SWP_NOSIZE);
+    }
+    void move(HWND control, const Box& box, UINT flags) {
+        if (!moves_) return;
+        moves_ = DeferWindowPos(moves_, control, nullptr, box.left, box.top, box.width(),
+                                box.height(), flags | SWP_NOZORDER | SWP_NOACTIVATE);
     }
 
     HWND window_;
@@ -131,6 +155,44 @@ void placeButtons(HWND window, Moves& moves, const std::vector<PlacedButton>& bu
     }
 }
 
+/**
+ * Places the page with what lies on it. The page comes before its links and buttons, as a screen
+ * reader goes through them, and has holes where they are.
+ */
+void placePage(HWND window, Moves& moves, const PageLayout& page) {
+    moves.place(JSW_VIEW_BILLBOARD, page.card);
+    std::vector<PlacedButton> onPage = page.buttons;
+    for (PlacedButton control : page.inText) {
+        const Box seen = page.seenOf(control);
+        // A link draws itself in part, a button only as a whole.
+        const bool isSeen = isLink(control.id) || seen == control.box;
+        control.box = isSeen ? seen : Box{seen.left, seen.top, seen.left, seen.top};
+        onPage.push_back(control);
+    }
+    placeButtons(window, moves, onPage);
+    const auto addHole = [&, hole = ui::GdiObject<HRGN>(CreateRectRgn(0, 0, 0, 0))](HRGN region,
+                                                                                    Box box) {
+        box = box.moved(-page.card.left, -page.card.top);
+        SetRectRgn(hole.get(), box.left, box.top, box.right, box.bottom);
+        CombineRgn(region, region, hole.get(), RGN_DIFF);
+    };
+    const HRGN region = CreateRectRgn(0, 0, page.card.width(), page.card.height());
+    for (const PlacedButton& control : onPage) addHole(region, control.box);
+    if (!page.scrollBar.empty()) {
+        moves.place(JSW_VIEW_PAGE_SCROLL, page.scrollBar);
+        addHole(region, page.scrollBar);
+        SCROLLINFO info{sizeof(info),
+                        SIF_ALL,
+                        0,
+                        page.textHeight - 1,
+                        static_cast<UINT>(page.textArea.height()),
+                        page.scrolled,
+                        0};
+        SetScrollInfo(GetDlgItem(window, JSW_VIEW_PAGE_SCROLL), SB_CTL, &info, TRUE);
+    }
+    SetWindowRgn(GetDlgItem(window, JSW_VIEW_BILLBOARD), region, FALSE);
+}
+
 }  // namespace
 
 void createControls(HWND window, HINSTANCE instance) {
@@ -139,9 +201,6 @@ void createControls(HWND window, HINSTANCE instance) {
                         reinterpret_cast<HMENU>(static_cast<INT_PTR>(control.id)), instance,
                         nullptr);
     }
-    // The page's buttons lie on the billboard.
-    SetWindowPos(GetDlgItem(window, JSW_VIEW_BILLBOARD), HWND_BOTTOM, 0, 0, 0, 0,
-                 SWP_NOMOVE | SWP_NOSIZE);
 }
 
 void setControlFont(HWND window, HFONT font) {
@@ -158,13 +217,9 @@ void applyLayout(HWND window, const WindowLayout& layout) {
         setControlText(window, id, meant(text.full, text.text));
     }
     moves.place(JSW_VIEW_PROGRESS_BAR, layout.progressBar);
-    moves.place(JSW_VIEW_INK, layout.ink);
-    if (layout.hasPage) moves.place(JSW_VIEW_BILLBOARD, layout.page.card);
+    if (!layout.ink.empty()) moves.place(JSW_VIEW_INK, layout.ink);
+    placePage(window, moves, layout.page);
     if (!layout.question.empty()) moves.place(JSW_VIEW_QUESTION, layout.question);
-    if (layout.hasPage) {
-        placeButtons(window, moves, layout.page.links);
-        placeButtons(window, moves, layout.page.buttons);
-    }
     placeButtons(window, moves, layout.buttons);
     placeButtons(window, moves, layout.checkBoxes);
 }

@@ -3,7 +3,6 @@
 #include "window/view/ControlIds.h"
 
 #include <algorithm>
-#include <optional>
 #include <string_view>
 
 namespace jsw::view {
@@ -11,59 +10,93 @@ namespace {
 
 constexpr int kPanelWidth = 150;
 constexpr int kPageMargin = 18;
+constexpr int kTightMargin = 8;
 constexpr int kPicturePadding = 26;
 constexpr int kParagraphGap = 7;
 constexpr int kItemIndent = 15;
-constexpr int kMostTitleLines = 2;
+constexpr int kScrollBarWidth = 17;
 
-/** Puts words, and links that stay in one piece, one after another into lines. */
+/**
+ * Puts words, and links that stay in one piece, one after another into lines, as far down as they
+ * go.
+ */
 class TextFlow {
   public:
-    TextFlow(const Box& area, const TextMeasure& measure, PageLayout& layout)
+    TextFlow(const Box& area, const TextMeasure& measure, const Scale& scale, PageLayout& layout)
         : area_(area),
           measure_(measure),
+          scale_(scale),
           layout_(layout),
           line_(measure.lineHeight(Font::normal)),
           blank_(measure.width(" ", Font::normal)),
           top_(area.top) {}
 
-    /** False when no line is left for it, or not for all of it. */
-    bool addParagraph(const Paragraph& paragraph, const Scale& scale) {
+    void addTitle(const std::string& title) {
+        const int line = measure_.lineHeight(Font::title);
+        const auto wrapped = ui::wrapToWidth(title, Font::title, area_.width(),
+                                             static_cast<int>(kMaxTitleLength), measure_);
+        for (const std::string& text : wrapped.lines) {
+            layout_.lines.push_back({{area_.left, top_, area_.right, top_ + line},
+                                     text,
+                                     "",
+                                     Font::title,
+                                     Tone::accent,
+                                     Side::left});
+            top_ += line;
+        }
+        bottom_ = top_;
+        top_ += scale_(kParagraphGap);
+    }
+
+    void addParagraph(const Paragraph& paragraph) {
         left_ = area_.left;
-        if (!startLine()) return false;
-        if (paragraph.isItem) addDot(scale);
+        startLine();
+        if (paragraph.isItem) addDot();
         for (const Piece& piece : paragraph.pieces) {
-            if (piece.link ? !addLink(*piece.link, piece.text) : !addWords(piece.text)) {
-                return false;
+            if (piece.link) {
+                addLink(*piece.link, piece.text);
+            } else {
+                addWords(piece.text);
             }
         }
         flush();
-        top_ += line_ + scale(kParagraphGap);
-        return true;
+        bottom_ = top_ + line_;
+        top_ = bottom_ + scale_(kParagraphGap);
     }
 
-    [[nodiscard]] int top() const { return top_; }
+    void addInk(const WindowContent& content) {
+        const int top = top_ + scale_(kParagraphGap);
+        layout_.ink = layoutInk(content, {area_.left, top, area_.right, top}, measure_, scale_);
+        bottom_ = layout_.ink.bottom;
+        top_ = bottom_ + scale_(kParagraphGap);
+    }
+
+    /** A row of buttons as high as this. */
+    [[nodiscard]] Box addRow(int height) {
+        bottom_ = top_ + height;
+        return {area_.left, top_, area_.right, bottom_};
+    }
+
+    [[nodiscard]] int bottom() const { return bottom_; }
 
   private:
-    /** Begins a line at top_; false when it would not be in the area any more. */
-    bool startLine() {
+    void startLine() {
         x_ = left_;
         wantsBlank_ = false;
-        return top_ + line_ <= area_.bottom;
     }
 
-    bool nextLine() {
+    void nextLine() {
         flush();
         top_ += line_;
-        return startLine();
+        startLine();
     }
 
-    void addDot(const Scale& scale) {
+    void addDot() {
         const int size = std::max(line_ / 4, 3);
-        const int left = area_.left + scale(2);
-        const int top = top_ + (line_ - size) / 2 + scale(1);
+        const int left = area_.left + scale_(2);
+        const int top = top_ + (line_ - size) / 2 + scale_(1);
         layout_.dots.push_back({left, top, left + size, top + size});
-        left_ = x_ = area_.left + scale(kItemIndent);
+        left_ = x_ = area_.left + scale_(kItemIndent);
     }
 
     [[nodiscard]] int room() const { return area_.right - x_; }
@@ -82,7 +115,7 @@ class TextFlow {
         run_.clear();
     }
 
-    bool addWords(std::string_view text) {
+    void addWords(std::string_view text) {
         while (!text.empty()) {
             if (text.starts_with(' ')) {
                 wantsBlank_ = true;
@@ -90,13 +123,12 @@ class TextFlow {
                 continue;
             }
             const std::string_view word = text.substr(0, text.find(' '));
-            if (!addWord(word)) return false;
+            addWord(word);
             text.remove_prefix(word.size());
         }
-        return true;
     }
 
-    bool addWord(std::string_view word) {
+    void addWord(std::string_view word) {
         while (true) {
             const bool atStart = run_.empty() && x_ == left_;
             std::string longer = run_;
@@ -105,150 +137,146 @@ class TextFlow {
             if (measure_.width(longer, Font::normal) <= room()) {
                 run_ = std::move(longer);
                 wantsBlank_ = false;
-                return true;
+                return;
             }
             if (atStart) {
-                const ui::WrappedText parts =
-                    ui::wrapToWidth(word, Font::normal, room(), 2, measure_);
-                const std::size_t taken = parts.lines.front().size();
-                run_ = parts.lines.front();
-                if (taken >= word.size()) return true;
-                word.remove_prefix(taken);
+                // Wider than a line: broken.
+                run_ = ui::wrapToWidth(word, Font::normal, room(), 2, measure_).lines.front();
+                if (run_.size() >= word.size()) return;
+                word.remove_prefix(run_.size());
             }
-            if (isLastLine()) return endWithEllipsis(word);
-            if (!nextLine()) return false;
+            nextLine();
         }
     }
 
-    [[nodiscard]] bool isLastLine() const { return top_ + 2 * line_ > area_.bottom; }
-
-    bool endWithEllipsis(std::string_view rest) {
-        const std::string longer =
-            run_ + (wantsBlank_ ? " " : "") + std::string(rest) + " " + std::string(ui::kEllipsis);
-        run_ = ui::cutToWidth(longer, Font::normal, room(), measure_);
-        flush();
-        return false;
-    }
-
-    bool addLink(std::size_t index, const std::string& label) {
+    void addLink(std::size_t index, const std::string& label) {
         const bool blankBefore = wantsBlank_;
         flush();
         int left = x_ + (blankBefore && x_ > left_ ? blank_ : 0);
         const int width = measure_.width(label, Font::normal);
         if (left + width > area_.right && x_ > left_) {
-            if (isLastLine()) {
-                wantsBlank_ = blankBefore;
-                return endWithEllipsis(label);
-            }
-            if (!nextLine()) return false;
+            nextLine();
             left = x_;
         }
         const int right = std::min(left + width, area_.right);
-        layout_.links.push_back(placeButton(JSW_VIEW_CONTENT_LINK + static_cast<int>(index),
-                                            {left, top_, right, top_ + line_}, right - left,
-                                            ui::asLabel(label), measure_));
+        layout_.inText.push_back(placeButton(JSW_VIEW_CONTENT_LINK + static_cast<int>(index),
+                                             {left, top_, right, top_ + line_}, right - left,
+                                             ui::asLabel(label), measure_));
         x_ = right;
         wantsBlank_ = false;
-        return true;
     }
 
     const Box area_;
     const TextMeasure& measure_;
+    const Scale& scale_;
     PageLayout& layout_;
     const int line_;
     const int blank_;
     int top_;
+    int bottom_ = 0; /**< of the last thing added, without the gap below it */
     int left_ = 0;
     int x_ = 0;
     std::string run_;
     bool wantsBlank_ = false;
 };
 
-/** In one row at the lower edge; they share the room when there is not enough for all. */
-int layoutButtons(const Page& page, const Box& area, const TextMeasure& measure, const Scale& scale,
-                  PageLayout& layout) {
-    if (page.buttons.empty()) return area.bottom;
-    const int height = buttonHeight(measure, scale);
+/** The page's buttons in a row. */
+std::vector<PlacedButton> placeButtons(const Page& page, const Box& row, const TextMeasure& measure,
+                                       const Scale& scale) {
+    std::vector<std::string> labels;
+    for (const ContentButton& button : page.buttons) labels.push_back(button.label);
     const int gap = scale(kButtonGap);
-    const int count = static_cast<int>(page.buttons.size());
-    const int share = std::max((area.width() - gap * (count - 1)) / count, 1);
-    int needed = gap * (count - 1);
-    for (const ContentButton& button : page.buttons) {
-        needed += buttonWidth(button.label, measure, scale);
+    const int gaps = gap * (static_cast<int>(labels.size()) - 1);
+    const std::vector<int> widths = ui::buttonWidths(labels, row.width() - gaps, measure, scale);
+    std::vector<PlacedButton> placed;
+    int left = row.left;
+    for (std::size_t i = 0; i < labels.size(); ++i) {
+        placed.push_back(ui::placePushButton(JSW_VIEW_CONTENT_BUTTON + static_cast<int>(i),
+                                             {left, row.top, left + widths[i], row.bottom},
+                                             labels[i], measure, scale));
+        left += widths[i] + gap;
     }
-    int left = area.left;
-    for (int i = 0; i < count; ++i) {
-        const ContentButton& button = page.buttons[static_cast<std::size_t>(i)];
-        const int wanted = buttonWidth(button.label, measure, scale);
-        const int width = needed <= area.width() ? wanted : share;
-        const Box box{left, area.bottom - height, left + width, area.bottom};
-        layout.buttons.push_back(placeButton(JSW_VIEW_CONTENT_BUTTON + i, box,
-                                             width - 2 * scale(kButtonPadding) + scale(8),
-                                             button.label, measure));
-        left += width + gap;
-    }
-    return area.bottom - height - scale(kPageMargin) / 2;
+    return placed;
 }
 
-int layoutTitle(const Page& page, const Box& area, const TextMeasure& measure, PageLayout& layout) {
-    const int line = measure.lineHeight(Font::title);
-    const int room = std::max(area.height() / std::max(line, 1), 1);
-    const auto title = ui::wrapToWidth(page.title, Font::title, area.width(),
-                                       std::min(room, kMostTitleLines), measure);
-    int top = area.top;
-    for (const std::string& text : title.lines) {
-        layout.lines.push_back({{area.left, top, area.right, top + line},
-                                text,
-                                title.cut && &text == &title.lines.back() ? page.title : "",
-                                Font::title,
-                                Tone::accent,
-                                Side::left});
-        top += line;
+/** Lays the page's text out at its full height, without regard to how much of it is seen. */
+void layoutText(const Page& page, const WindowContent& content, const TextMeasure& measure,
+                const Scale& scale, bool isTight, PageLayout& layout) {
+    layout.lines.clear();
+    layout.dots.clear();
+    layout.inText.clear();
+    TextFlow flow(layout.textArea, measure, scale, layout);
+    flow.addTitle(page.title);
+    for (const Paragraph& paragraph : page.paragraphs) flow.addParagraph(paragraph);
+    if (page.picture == Picture::ink || isTight) flow.addInk(content);
+    if (isTight && !page.buttons.empty()) {
+        const Box row = flow.addRow(buttonHeight(measure, scale));
+        const auto buttons = placeButtons(page, row, measure, scale);
+        layout.inText.insert(layout.inText.end(), buttons.begin(), buttons.end());
     }
-    return top;
+    layout.textHeight = flow.bottom() - layout.textArea.top;
 }
 
-/** With some air above where there is room for it; nothing where the levels do not fit. */
-InkLayout layoutPageInk(const WindowContent& content, const Box& area, const TextMeasure& measure,
-                        const Scale& scale) {
-    for (const int air : {scale(2 * kParagraphGap), 0}) {
-        InkLayout ink = layoutInk(content, {area.left, area.top + air, area.right, area.bottom},
-                                  measure, scale);
-        if (ink.bottom <= area.bottom) return ink;
+void scrollText(int wanted, PageLayout& layout) {
+    const int most = std::max(layout.textHeight - layout.textArea.height(), 0);
+    layout.scrolled = std::clamp(wanted, 0, most);
+    const auto move = [up = -layout.scrolled](Box& box) { box = box.moved(0, up); };
+    for (PlacedText& line : layout.lines) move(line.box);
+    for (Box& dot : layout.dots) move(dot);
+    for (PlacedButton& control : layout.inText) move(control.box);
+    if (layout.ink.sentence) move(layout.ink.sentence->box);
+    for (InkCell& cell : layout.ink.cells) {
+        move(cell.label.box);
+        move(cell.level.box);
+        move(cell.bar);
     }
-    return {};
 }
 
 }  // namespace
 
-PageLayout layoutPage(const Page& page, const WindowContent& content, const Box& card,
+PageLayout layoutPage(const Page& page, const WindowContent& content, const PageRoom& room,
                       const TextMeasure& measure, const Scale& scale) {
     PageLayout layout;
-    layout.card = card;
-    const int margin = scale(kPageMargin);
+    const Box& card = layout.card = room.card;
+    const bool isTight = room.isTight;
+    const int margin = scale(isTight ? kTightMargin : kPageMargin);
     // A narrow page gives its room to the text.
-    const int panel = page.picture == Picture::none ? 0 : scale(kPanelWidth);
-    layout.panel = {card.left, card.top, card.left + std::min(panel, card.width() / 3),
-                    card.bottom};
+    const int panel = page.picture == Picture::none || isTight
+                          ? 0
+                          : std::min(scale(kPanelWidth), card.width() / 3);
+    layout.panel = {card.left, card.top, card.left + panel, card.bottom};
     layout.picture = layout.panel.inset(scale(kPicturePadding), scale(kPicturePadding));
+
     Box& area = layout.textArea;
     area = {layout.panel.right + margin, card.top + margin - scale(4), card.right - margin,
             card.bottom - margin};
-    area.bottom = layoutButtons(page, area, measure, scale, layout);
-    Box rest = area;
-    rest.top = layoutTitle(page, area, measure, layout) + scale(kParagraphGap);
-
-    TextFlow flow(rest, measure, layout);
-    for (const Paragraph& paragraph : page.paragraphs) {
-        if (flow.addParagraph(paragraph, scale)) continue;
-        layout.full = pageText(page);
-        break;
+    if (!isTight && !page.buttons.empty()) {
+        const Box row{area.left, area.bottom - buttonHeight(measure, scale), area.right,
+                      area.bottom};
+        layout.buttons = placeButtons(page, row, measure, scale);
+        area.bottom = row.top - margin / 2;
     }
-    if (page.picture == Picture::ink && layout.full.empty()) {
-        rest.top = flow.top();
-        layout.ink = layoutPageInk(content, rest, measure, scale);
+    area.right = std::max(area.right, area.left);
+    area.bottom = std::max(area.bottom, area.top);
+    layoutText(page, content, measure, scale, isTight, layout);
+    if (layout.textHeight > area.height()) {
+        const int thin = std::max(scale(1), 1);
+        const int right = card.right - 2 * thin;
+        layout.scrollBar = {right - scale(kScrollBarWidth), area.top, right, area.bottom};
+        area.right = std::max(std::min(area.right, layout.scrollBar.left - scale(6)), area.left);
+        layoutText(page, content, measure, scale, isTight, layout);
     }
+    scrollText(room.scrolled, layout);
     return layout;
+}
+
+Box PageLayout::seenOf(const PlacedButton& control) const {
+    return control.box.clippedTo(textArea);
+}
+
+int PageLayout::scrolledTo(const PlacedButton& control) const {
+    if (control.box.top < textArea.top) return scrolled + control.box.top - textArea.top;
+    return scrolled + std::max(control.box.bottom - textArea.bottom, 0);
 }
 
 std::string pageText(const Page& page) {

@@ -62,15 +62,15 @@ class Drawing {
     int top_;
 };
 
-void drawPrinter(const Drawing& drawing, Colour accent) {
-    drawing.box(26, 8, 74, 42, 2, kWhite);
-    drawing.box(8, 34, 92, 72, 7, kShade);
-    drawing.box(8, 34, 92, 52, 7, kWhite);
-    drawing.ellipse(78, 40, 84, 46, accent);
-    drawing.box(20, 60, 80, 66, 2, accent);
-    drawing.box(26, 62, 74, 94, 2, kWhite);
+void drawPrinter(const Drawing& drawing, const ThemeColours& colours) {
+    drawing.box(26, 8, 74, 42, 2, colours.paper);
+    drawing.box(8, 34, 92, 72, 7, colours.shade);
+    drawing.box(8, 34, 92, 52, 7, colours.paper);
+    drawing.ellipse(78, 40, 84, 46, colours.accent);
+    drawing.box(20, 60, 80, 66, 2, colours.accent);
+    drawing.box(26, 62, 74, 94, 2, colours.paper);
     for (int line = 0; line < 3; ++line) {
-        drawing.box(33, 71 + 7 * line, line == 2 ? 54 : 67, 74 + 7 * line, 1, accent);
+        drawing.box(33, 71 + 7 * line, line == 2 ? 54 : 67, 74 + 7 * line, 1, colours.accent);
     }
 }
 
@@ -88,9 +88,9 @@ bool isInDrop(double x, double y) {
     return y >= kTip && y <= touch && dx <= widest * (y - kTip) / (touch - kTip);
 }
 
-void drawDrop(const Drawing& drawing, Colour accent) {
-    drawing.fill(20, 4, 80, 96, kWhite, isInDrop);
-    drawing.fill(30, 52, 62, 88, mixed(accent, kWhite, 90), [](double x, double y) {
+void drawDrop(const Drawing& drawing, const ThemeColours& colours) {
+    drawing.fill(20, 4, 80, 96, colours.paper, isInDrop);
+    drawing.fill(30, 52, 62, 88, colours.tint, [](double x, double y) {
         const auto inCircle = [&](double middleX, double middleY, double radius) {
             const double dx = x - middleX;
             const double dy = y - middleY;
@@ -100,24 +100,25 @@ void drawDrop(const Drawing& drawing, Colour accent) {
     });
 }
 
-void drawBulb(const Drawing& drawing, Colour accent) {
-    drawing.ellipse(22, 6, 78, 62, kWhite);
-    drawing.box(36, 52, 64, 72, 4, kWhite);
-    drawing.box(48, 30, 52, 68, 1, accent);
-    drawing.fill(40, 28, 60, 46, accent, [](double x, double y) {
+void drawBulb(const Drawing& drawing, const ThemeColours& colours) {
+    drawing.ellipse(22, 6, 78, 62, colours.paper);
+    drawing.box(36, 52, 64, 72, 4, colours.paper);
+    drawing.box(48, 30, 52, 68, 1, colours.accent);
+    drawing.fill(40, 28, 60, 46, colours.accent, [](double x, double y) {
         return y >= 30 && y <= 44 && std::abs(x - 50) <= (44 - y) * 10 / 14;
     });
-    drawing.box(36, 76, 64, 81, 2, kWhite);
-    drawing.box(36, 84, 64, 89, 2, kWhite);
-    drawing.box(43, 92, 57, 97, 2, kWhite);
+    drawing.box(36, 76, 64, 81, 2, colours.paper);
+    drawing.box(36, 84, 64, 89, 2, colours.paper);
+    drawing.box(43, 92, 57, 97, 2, colours.paper);
 }
 
-void drawCartridges(const Drawing& drawing, Colour accent) {
+void drawCartridges(const Drawing& drawing, const ThemeColours& colours) {
     for (const int left : {10, 54}) {
-        drawing.box(left + 8, 12, left + 28, 24, 3, kShade);
-        drawing.box(left, 20, left + 36, 86, 5, kWhite);
-        drawing.box(left + 7, 34, left + 29, 78, 3, accent);
-        drawing.box(left + 7, left == 10 ? 34 : 56, left + 29, left == 10 ? 46 : 66, 3, kShade);
+        drawing.box(left + 8, 12, left + 28, 24, 3, colours.shade);
+        drawing.box(left, 20, left + 36, 86, 5, colours.paper);
+        drawing.box(left + 7, 34, left + 29, 78, 3, colours.accent);
+        drawing.box(left + 7, left == 10 ? 34 : 56, left + 29, left == 10 ? 46 : 66, 3,
+                    colours.shade);
     }
 }
 
@@ -138,29 +139,40 @@ ThemeColours themeColours(Theme theme, const Palette& palette) {
     const auto* const entry = std::find_if(std::begin(kEntries), std::end(kEntries),
                                            [&](const Entry& each) { return each.theme == theme; });
     switch (palette.appearance) {
-        case ui::Appearance::dark:
+        case ui::Appearance::dark: {
             // Less glaring, and the title light enough for a dark ground.
-            return {mixed(entry->light, palette.card, 70), mixed(entry->dark, palette.card, 60),
-                    mixed(entry->light, kWhite, 90)};
+            const Colour dark = mixed(entry->dark, palette.card, 60);
+            return {mixed(entry->light, palette.card, 70),
+                    dark,
+                    mixed(entry->light, kWhite, 90),
+                    kWhite,
+                    kShade,
+                    mixed(dark, kWhite, 90),
+                    dark};
+        }
         case ui::Appearance::highContrast:
-            return {palette.text, palette.text, palette.text};
+            // A panel of the text's colour, with the picture cut out of it.
+            return {palette.text, palette.text, palette.text, palette.card,
+                    palette.card, palette.text, palette.text};
         case ui::Appearance::light:
             break;
     }
-    return {entry->light, entry->dark, entry->dark};
+    return {entry->light, entry->dark, entry->dark, kWhite, kShade, mixed(entry->dark, kWhite, 90),
+            entry->dark};
 }
 
-void paintPicture(const Canvas& canvas, const Box& area, Picture picture, Colour accent) {
+void paintPicture(const Canvas& canvas, const Box& area, Picture picture,
+                  const ThemeColours& colours) {
     const Drawing drawing(canvas, area);
     switch (picture) {
         case Picture::printer:
-            return drawPrinter(drawing, accent);
+            return drawPrinter(drawing, colours);
         case Picture::drop:
-            return drawDrop(drawing, accent);
+            return drawDrop(drawing, colours);
         case Picture::bulb:
-            return drawBulb(drawing, accent);
+            return drawBulb(drawing, colours);
         case Picture::ink:
-            return drawCartridges(drawing, accent);
+            return drawCartridges(drawing, colours);
         case Picture::none:
         case Picture::file:
             return;
@@ -174,12 +186,13 @@ HICON makeIcon(int size) {
     if (!dc.get() || !picture.bitmap() || !noMask.get()) return nullptr;
     const Box box{0, 0, size, size};
     const RoundBox tile(box, size / 5.0);
+    ThemeColours colours = themeColours(Theme::blue, ui::lightPalette());
+    colours.accent = ui::lightPalette().accent;
     {
         const ui::Selection selection(dc.get(), picture.bitmap());
         const Canvas canvas(dc.get(), picture.pixels());
-        canvas.fill(box, ui::lightPalette().accent);
-        paintPicture(canvas, box.inset(size / 10, size / 10), Picture::drop,
-                     ui::lightPalette().accent);
+        canvas.fill(box, colours.accent);
+        paintPicture(canvas, box.inset(size / 10, size / 10), Picture::drop, colours);
         GdiFlush();
     }
     ui::setOpacity(picture.pixels(), tile);

@@ -17,17 +17,22 @@ using ui::Colour;
 using ui::GdiObject;
 using ui::Palette;
 
-/** The colours of a theme: of the side panel's top and bottom, and of the title. */
+/** The colours of a theme. */
 struct ThemeColours {
-    Colour light;
-    Colour dark;
+    Colour light; /**< of the side panel, at its top */
+    Colour dark;  /**< at its bottom */
     Colour title;
+    Colour paper; /**< of a picture on the panel */
+    Colour shade; /**< of its parts that are turned away */
+    Colour tint;  /**< in between paper and accent */
+    Colour accent;
 };
 
 [[nodiscard]] ThemeColours themeColours(Theme theme, const Palette& palette);
 
-/** Draws the built-in picture in white into the middle of the area; nothing for none and file. */
-void paintPicture(const Canvas& canvas, const Box& area, Picture picture, Colour accent);
+/** Draws the built-in picture into the middle of the area; nothing for none and file. */
+void paintPicture(const Canvas& canvas, const Box& area, Picture picture,
+                  const ThemeColours& colours);
 
 /** The window's icon: a drop on a tile. The caller destroys it; null when there is none. */
 [[nodiscard]] HICON makeIcon(int size);

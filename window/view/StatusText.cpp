@@ -90,7 +90,9 @@ std::string timeText(const Progress& progress, const Strings& strings) {
         return strings.timeUnknown;
     }
     const std::uint32_t seconds = *progress.secondsRemaining;
-    if (seconds == 0) return strings.finishing;
+    // A driver that has no estimate says 0 all along.
+    if (seconds == 0)
+        return pagesLeft(progress).value_or(0) > 0 ? strings.timeUnknown : strings.finishing;
     if (seconds < 60) return fillIn(strings.secondsLeft, {std::to_string(seconds)});
     if (seconds < 3600) {
         return fillIn(strings.minutesLeft,

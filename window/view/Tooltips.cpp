@@ -40,12 +40,8 @@ void Tooltips::update(const WindowLayout& layout) {
         add(cell.label.box, nullptr, cell.label.full);
         add(cell.level.box, nullptr, cell.level.full);
     }
-    if (layout.hasPage) {
-        for (const PlacedText& line : layout.page.lines) add(line.box, nullptr, line.full);
-        add(layout.page.textArea, nullptr, layout.page.full);
-    }
     for (const auto* buttons :
-         {&layout.page.links, &layout.page.buttons, &layout.buttons, &layout.checkBoxes}) {
+         {&layout.page.inText, &layout.page.buttons, &layout.buttons, &layout.checkBoxes}) {
         for (const PlacedButton& button : *buttons) {
             add(button.box, GetDlgItem(window_, button.id), button.full);
         }

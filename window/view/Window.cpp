@@ -69,9 +69,8 @@ void Window::run() {
 
 bool Window::create() {
     data_ = state_->takeData();
-    scale_ = Scale(ui::dotsPerInch(nullptr));
-    RECT frame =
-        initialFrame(ui::frameSize(savedSize(), kStyle, kExtendedStyle, scale_.dotsPerInch()));
+    setScale(ui::dotsPerInch(nullptr));
+    RECT frame = initialFrame();
     window_ = CreateWindowExW(kExtendedStyle, JSW_SAMPLE_VIEW_CLASS_W, L"", kStyle, frame.left,
                               frame.top, frame.right - frame.left, frame.bottom - frame.top,
                               nullptr, nullptr, instance_, nullptr);
@@ -79,8 +78,8 @@ bool Window::create() {
     // The screen that it has come to may be of another scale.
     const int dots = ui::dotsPerInch(window_);
     if (dots != scale_.dotsPerInch()) {
-        scale_ = Scale(dots);
-        frame = initialFrame(ui::frameSize(savedSize(), kStyle, kExtendedStyle, dots));
+        setScale(dots);
+        frame = initialFrame();
         SetWindowPos(window_, nullptr, frame.left, frame.top, frame.right - frame.left,
                      frame.bottom - frame.top, SWP_NOZORDER | SWP_NOACTIVATE);
     }
@@ -89,7 +88,6 @@ bool Window::create() {
 }
 
 void Window::createContent() {
-    fonts_ = std::make_unique<Fonts>(scale_.dotsPerInch());
     setIcons();
     createControls(window_, instance_);
     setControlFont(window_, fonts_->get(Font::normal));
@@ -106,6 +104,11 @@ void Window::createContent() {
     SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
 }
 
+void Window::setScale(int dotsPerInch) {
+    scale_ = Scale(dotsPerInch);
+    fonts_ = std::make_unique<Fonts>(dotsPerInch);
+}
+
 void Window::setIcons() {
     largeIcon_.reset(makeIcon(scale_(32)));
     smallIcon_.reset(makeIcon(scale_(16)));
@@ -113,14 +116,30 @@ void Window::setIcons() {
     SendMessageW(window_, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(smallIcon_.get()));
 }
 
-SIZE Window::savedSize() const {
+SIZE Window::savedFrame() const {
     const SavedPlace& saved = data_.savedPlace;
-    return {scale_(std::max(saved.width.value_or(kUsualSize.width), kLeastSize.width)),
-            scale_(std::max(saved.height.value_or(kUsualSize.height), kLeastSize.height))};
+    const SIZE wanted{scale_(saved.width.value_or(kUsualSize.width)),
+                      scale_(saved.height.value_or(kUsualSize.height))};
+    const SIZE frame = ui::frameSize(wanted, kStyle, kExtendedStyle, scale_.dotsPerInch());
+    const SIZE least = leastFrame();
+    return {std::max(frame.cx, least.cx), std::max(frame.cy, least.cy)};
 }
 
-RECT Window::initialFrame(SIZE size) const {
+SIZE Window::leastFrame() const {
+    const Size least = leastSize(describeJob(data_, question_, strings_), strings_,
+                                 ui::FontMeasure(*fonts_), scale_);
+    const SIZE frame =
+        ui::frameSize({least.width, least.height}, kStyle, kExtendedStyle, scale_.dotsPerInch());
+    // A screen may be smaller still.
+    RECT place{};
+    GetWindowRect(window_, &place);
+    const Box desktop = workArea(place);
+    return {std::min<LONG>(frame.cx, desktop.width()), std::min<LONG>(frame.cy, desktop.height())};
+}
+
+RECT Window::initialFrame() const {
     const SavedPlace& saved = data_.savedPlace;
+    const SIZE size = savedFrame();
     const RECT wanted{saved.x.value_or(0), saved.y.value_or(0), saved.x.value_or(0) + 1,
                       saved.y.value_or(0) + 1};
     const Box desktop = workArea(wanted);
@@ -153,7 +172,15 @@ LRESULT Window::handle(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_COMMAND:
             if (HIWORD(wParam) == BN_CLICKED || HIWORD(wParam) == BN_DOUBLECLICKED) {
                 pressed(LOWORD(wParam));
+            } else if (HIWORD(wParam) == BN_SETFOCUS) {
+                showFocused(LOWORD(wParam));
             }
+            return 0;
+        case WM_VSCROLL:
+            scrollBarMoved(LOWORD(wParam));
+            return 0;
+        case WM_MOUSEWHEEL:
+            wheelTurned(static_cast<short>(HIWORD(wParam)));
             return 0;
         case WM_SYSCOMMAND:
             return systemCommand(wParam, lParam);
@@ -171,8 +198,7 @@ LRESULT Window::handle(UINT message, WPARAM wParam, LPARAM lParam) {
             state_->savePlaceLater();
             return 0;
         case WM_GETMINMAXINFO: {
-            const SIZE least = ui::frameSize({scale_(kLeastSize.width), scale_(kLeastSize.height)},
-                                             kStyle, kExtendedStyle, scale_.dotsPerInch());
+            const SIZE least = leastFrame();
             reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {least.cx, least.cy};
             return 0;
         }
@@ -239,10 +265,9 @@ LRESULT Window::handlePainting(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 void Window::changeScale(int dotsPerInch, const RECT& frame) {
-    scale_ = Scale(dotsPerInch);
-    auto fonts = std::make_unique<Fonts>(dotsPerInch);
-    setControlFont(window_, fonts->get(Font::normal));
-    fonts_ = std::move(fonts);
+    const auto fontsInUse = std::move(fonts_);
+    setScale(dotsPerInch);
+    setControlFont(window_, fonts_->get(Font::normal));
     setIcons();
     SetWindowPos(window_, nullptr, frame.left, frame.top, frame.right - frame.left,
                  frame.bottom - frame.top, SWP_NOZORDER | SWP_NOACTIVATE);
@@ -256,6 +281,7 @@ void Window::changeLook() {
     cardBrush_ = GdiObject<HBRUSH>(CreateSolidBrush(ui::rgb(palette_.card)));
     footerBrush_ = GdiObject<HBRUSH>(CreateSolidBrush(ui::rgb(palette_.footer)));
     ui::matchTitleBar(window_, palette_);
+    ui::matchScrollBar(GetDlgItem(window_, JSW_VIEW_PAGE_SCROLL), palette_);
     RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 

@@ -50,8 +50,10 @@ class Window {
     bool create();
     void createContent();
     void setIcons();
-    [[nodiscard]] RECT initialFrame(SIZE size) const;
-    [[nodiscard]] SIZE savedSize() const;
+    void setScale(int dotsPerInch);
+    [[nodiscard]] RECT initialFrame() const;
+    [[nodiscard]] SIZE savedFrame() const;
+    [[nodiscard]] SIZE leastFrame() const;
     void changeScale(int dotsPerInch, const RECT& frame);
     void changeLook();
     void notePlace();
@@ -65,6 +67,7 @@ class Window {
     void refreshVisibility();
     void paintGround(HDC dc) const;
     void drawItem(const DRAWITEMSTRUCT& item) const;
+    void drawLink(const DRAWITEMSTRUCT& item) const;
     void drawOwn(const Canvas& canvas, const Box& box, int id) const;
     [[nodiscard]] LRESULT controlBrush(HWND control, HDC dc) const;
     [[nodiscard]] Colour groundOf(int id) const;
@@ -87,6 +90,13 @@ class Window {
     void focusFirst();
     LRESULT systemCommand(WPARAM wParam, LPARAM lParam);
 
+    // WindowScroll.cpp: a page that does not fit
+    void scrollTo(int position);
+    void scrollBarMoved(int request);
+    void wheelTurned(int delta);
+    [[nodiscard]] bool scrollsByKey(WPARAM key);
+    void showFocused(int id);
+
     std::shared_ptr<ViewState> state_;
     HINSTANCE instance_;
     const Language& language_;
@@ -106,6 +116,8 @@ class Window {
     WindowContent content_;
     WindowLayout layout_;
     Billboard billboard_;
+    int scrolled_ = 0;   /**< pixels of the page's text above its area */
+    int wheelTurns_ = 0; /**< of the mouse wheel, not yet enough for a pixel */
     std::optional<std::uint32_t> billboardSerial_; /**< of the page shown */
     Tooltips tooltips_;
     WindowSpeech speech_;

@@ -60,6 +60,7 @@ bool Window::pressedKey(const MSG& message) {
         !(message.hwnd == window_ || IsChild(window_, message.hwnd))) {
         return false;
     }
+    if (scrollsByKey(message.wParam)) return true;
     const bool isAsking = question_ != Question::none;
     if (message.wParam == VK_RETURN) {
         const HWND focus = GetFocus();

@@ -3,20 +3,30 @@
 #include "window/view/ControlIds.h"
 
 #include <algorithm>
-#include <optional>
+#include <array>
+#include <numeric>
 
 namespace jsw::view {
 namespace {
 
-constexpr int kTop = 16;
+/** Gaps that give way in a low window. */
+struct Gaps {
+    int top;
+    int section;
+    int footer; /**< above and below what is in it */
+    int navigation;
+};
+constexpr Gaps kUsualGaps{16, 18, 14, 10};
+constexpr Gaps kTightGaps{8, 8, 8, 6};
+
 constexpr int kSmallGap = 6;
-constexpr int kSectionGap = 18;
-constexpr int kFooterMargin = 14;
 constexpr int kBadgePadding = 10;
 constexpr int kCheckBoxGap = 20; /**< between two check boxes in a row */
 constexpr int kCheckMark = 22;   /**< the box of a check box and the space behind it */
-constexpr int kLeastPage = 120;  /**< a lower billboard is left out */
+constexpr int kLeastPage = 120;  /**< rather than have a lower one the window gets tight */
+constexpr int kLeastTightPage = 80;
 constexpr int kMostQuestionLines = 3;
+constexpr int kLeastQuestion = 180; /**< a narrower question stands above its buttons */
 
 /** Lays the window out from the top down and from the bottom up; the page gets what is left. */
 class WindowBuilder {
@@ -29,28 +39,66 @@ class WindowBuilder {
           measure_(measure),
           scale_(scale),
           line_(measure.lineHeight(Font::normal)),
+          size_(size),
           left_(scale(kMargin)),
-          right_(std::max(size.width - scale(kMargin), scale(kMargin))),
-          top_(scale(kTop)) {
-        layout_.size = size;
-    }
+          right_(std::max(size.width - scale(kMargin), scale(kMargin))) {}
 
-    WindowLayout build() {
-        placeFooter();
-        placeNames();
-        placeProgress();
+    WindowLayout build(int scrolled) {
+        start(false);
         placeInk();
-        placePage();
+        const bool isTight = pageBottom() - top_ < scale_(kLeastPage);
+        if (isTight) start(true);
+        placePage(scrolled, isTight);
+        placeNavigation();
         return std::move(layout_);
     }
 
+    [[nodiscard]] Size least() {
+        start(true);
+        const auto labels = navigationLabels();
+        const int navigation = std::accumulate(
+            labels.begin(), labels.end(), 4 * scale_(kButtonGap),
+            [&](int sum, const std::string& label) { return sum + leastWidth(label); });
+        const int checkBoxes = std::max(checkBoxWidth(strings_.updateAutomatically),
+                                        checkBoxWidth(strings_.specialMessages));
+        const int choices = checkBoxes + scale_(kCheckBoxGap) + usualWidth(content_.cancel);
+        const int answers = scale_(kButtonGap) +
+                            std::max(usualWidth(strings_.cancelYes) + usualWidth(strings_.cancelNo),
+                                     usualWidth(strings_.closeYes) + usualWidth(strings_.closeNo));
+        return {2 * scale_(kMargin) + std::max({navigation, choices, answers}),
+                size_.height - (pageBottom() - top_) + scale_(kLeastTightPage)};
+    }
+
   private:
+    /** All but the levels, the page and the navigation. */
+    void start(bool isTight) {
+        gaps_ = isTight ? kTightGaps : kUsualGaps;
+        layout_ = {};
+        layout_.size = size_;
+        top_ = scale_(gaps_.top);
+        placeFooter();
+        placeNames(!isTight);
+        placeProgress();
+    }
+
+    [[nodiscard]] int pageBottom() const {
+        return layout_.footer.top - scale_(gaps_.section) - buttonHeight(measure_, scale_) -
+               scale_(gaps_.navigation);
+    }
+
+    [[nodiscard]] int usualWidth(std::string_view label) const {
+        return buttonWidth(label, measure_, scale_);
+    }
+    [[nodiscard]] int leastWidth(std::string_view label) const {
+        return ui::leastButtonWidth(label, measure_, scale_);
+    }
+
     void addText(int id, const Box& box, const std::string& text, Font font, Tone tone,
                  Side side = Side::left) {
         layout_.texts.push_back({id, placeText(box, text, font, tone, side, measure_)});
     }
 
-    void placeNames() {
+    void placeNames(bool withJob) {
         const int heading = measure_.lineHeight(Font::heading);
         int end = right_;
         if (content_.isSimulated) {
@@ -66,9 +114,12 @@ class WindowBuilder {
         addText(JSW_VIEW_PRINTER_NAME, {left_, top_, end, top_ + heading}, content_.printer,
                 Font::heading, Tone::usual);
         top_ = std::max(top_ + heading, layout_.badge.bottom) + scale_(1);
-        addText(JSW_VIEW_JOB_NAME, {left_, top_, right_, top_ + line_}, content_.job, Font::normal,
-                Tone::faint);
-        top_ += line_ + scale_(kSectionGap);
+        if (withJob) {
+            addText(JSW_VIEW_JOB_NAME, {left_, top_, right_, top_ + line_}, content_.job,
+                    Font::normal, Tone::faint);
+            top_ += line_;
+        }
+        top_ += scale_(gaps_.section);
     }
 
     void placeProgress() {
@@ -82,51 +133,44 @@ class WindowBuilder {
                 Font::normal, Tone::faint, Side::right);
         top_ += bold + scale_(kSmallGap);
         layout_.progressBar = {left_, top_, right_, top_ + scale_(kBarHeight)};
-        top_ = layout_.progressBar.bottom + scale_(kSectionGap);
+        top_ = layout_.progressBar.bottom + scale_(gaps_.section);
     }
 
     void placeInk() {
         const Box area{left_, top_, right_, top_};
         layout_.inkLayout = layoutInk(content_, area, measure_, scale_);
         layout_.ink = {left_, top_, right_, layout_.inkLayout.bottom};
-        top_ = layout_.ink.bottom + scale_(kSectionGap);
+        top_ = layout_.ink.bottom + scale_(gaps_.section);
     }
 
-    void placePage() {
-        const int navigation = buttonHeight(measure_, scale_);
-        const int bottom =
-            layout_.footer.top - scale_(kSectionGap) - navigation - scale_(kButtonGap + 2);
-        if (bottom - top_ < scale_(kLeastPage)) return;
-        layout_.hasPage = true;
-        const Box card{left_, top_, right_, bottom};
-        layout_.page = layoutPage(page_, content_, card, measure_, scale_);
-        const int row = bottom + scale_(kButtonGap + 2);
-        placeNavigation({left_, row, right_, row + navigation});
+    void placePage(int scrolled, bool isTight) {
+        const Box card{left_, top_, right_, std::max(pageBottom(), top_)};
+        layout_.page = layoutPage(page_, content_, {card, scrolled, isTight}, measure_, scale_);
     }
 
-    void placeNavigation(const Box& row) {
-        const struct {
-            int id;
-            const char* label;
-        } entries[] = {{JSW_VIEW_PREVIOUS, strings_.previous},
-                       {JSW_VIEW_CURRENT, strings_.current},
-                       {JSW_VIEW_NEXT, strings_.next},
-                       {JSW_VIEW_INK_STATUS, strings_.inkStatus}};
+    [[nodiscard]] std::vector<std::string> navigationLabels() const {
+        return {strings_.previous, strings_.current, strings_.next, strings_.inkStatus};
+    }
+
+    void placeNavigation() {
+        constexpr std::array kIds{JSW_VIEW_PREVIOUS, JSW_VIEW_CURRENT, JSW_VIEW_NEXT,
+                                  JSW_VIEW_INK_STATUS};
+        const auto labels = navigationLabels();
         const int gap = scale_(kButtonGap);
-        const int share = (row.width() - 4 * gap) / 4;
-        int left = row.left;
-        for (const auto& entry : entries) {
-            const int width = std::min(buttonWidth(entry.label, measure_, scale_), share);
+        const auto widths = ui::buttonWidths(labels, right_ - left_ - 4 * gap, measure_, scale_);
+        const int top = layout_.page.card.bottom + scale_(gaps_.navigation);
+        int left = left_;
+        for (std::size_t i = 0; i < kIds.size(); ++i) {
             // The last one stands apart, at the other end: it belongs to no order of pages.
-            if (entry.id == JSW_VIEW_INK_STATUS) left = row.right - width;
-            addButton(entry.id, {left, row.top, left + width, row.bottom}, entry.label);
-            left += width + gap;
+            if (kIds[i] == JSW_VIEW_INK_STATUS) left = right_ - widths[i];
+            addButton(kIds[i], {left, top, left + widths[i], top + buttonHeight(measure_, scale_)},
+                      labels[i]);
+            left += widths[i] + gap;
         }
     }
 
     void addButton(int id, const Box& box, const std::string& label) {
-        const int room = box.width() - 2 * scale_(kButtonPadding) + scale_(8);
-        layout_.buttons.push_back(placeButton(id, box, room, label, measure_));
+        layout_.buttons.push_back(ui::placePushButton(id, box, label, measure_, scale_));
     }
 
     void placeFooter() {
@@ -139,27 +183,31 @@ class WindowBuilder {
 
     /** A footer with content of this height; answers where that content is. */
     Box makeFooter(int height) {
-        const int margin = scale_(kFooterMargin);
+        const int margin = scale_(gaps_.footer);
         layout_.footer = {0, layout_.size.height - height - 2 * margin, layout_.size.width,
                           layout_.size.height};
         return {left_, layout_.footer.top + margin, right_, layout_.footer.bottom - margin};
     }
 
+    /** The question beside its buttons or, where it has no room for that, above them. */
     void placeQuestion() {
         const int height = buttonHeight(measure_, scale_);
         const int gap = scale_(kButtonGap);
-        const int share = (right_ - left_) / 3;
-        const int yes = std::min(buttonWidth(content_.yes, measure_, scale_), share);
-        const int no = std::min(buttonWidth(content_.no, measure_, scale_), share);
-        const int textRight = right_ - yes - no - gap - scale_(kCheckBoxGap);
+        const auto widths =
+            ui::buttonWidths({content_.yes, content_.no}, right_ - left_ - gap, measure_, scale_);
+        const int buttonsLeft = right_ - widths[0] - gap - widths[1];
+        const int beside = buttonsLeft - scale_(kCheckBoxGap) - left_;
+        const bool isAbove = beside < scale_(kLeastQuestion);
+        const int textRight = isAbove ? right_ : left_ + beside;
         const auto text =
             ui::wrapToWidth(content_.questionText, Font::bold, std::max(textRight - left_, 1),
                             kMostQuestionLines, measure_);
         const int line = measure_.lineHeight(Font::bold);
-        const int lines = static_cast<int>(text.lines.size());
-        const Box row = makeFooter(std::max(height, lines * line));
-        int top = row.top + (row.height() - lines * line) / 2;
-        layout_.question = {left_, top, textRight, top + lines * line};
+        const int textHeight = static_cast<int>(text.lines.size()) * line;
+        const Box row = makeFooter(isAbove ? textHeight + scale_(kSmallGap) + height
+                                           : std::max(height, textHeight));
+        int top = isAbove ? row.top : row.top + (row.height() - textHeight) / 2;
+        layout_.question = {left_, top, textRight, top + textHeight};
         for (const std::string& part : text.lines) {
             const bool isCut = text.cut && &part == &text.lines.back();
             layout_.questionLines.push_back({{left_, top, textRight, top + line},
@@ -170,11 +218,12 @@ class WindowBuilder {
                                              Side::left});
             top += line;
         }
-        const int buttonTop = row.top + (row.height() - height) / 2;
+        const int buttonTop = isAbove ? row.bottom - height : row.top + (row.height() - height) / 2;
         addButton(JSW_VIEW_YES,
-                  {right_ - no - gap - yes, buttonTop, right_ - no - gap, buttonTop + height},
+                  {buttonsLeft, buttonTop, buttonsLeft + widths[0], buttonTop + height},
                   content_.yes);
-        addButton(JSW_VIEW_NO, {right_ - no, buttonTop, right_, buttonTop + height}, content_.no);
+        addButton(JSW_VIEW_NO, {right_ - widths[1], buttonTop, right_, buttonTop + height},
+                  content_.no);
     }
 
     /** The check boxes side by side or, where they have no room for that, one above the other. */
@@ -185,8 +234,7 @@ class WindowBuilder {
         } boxes[] = {{JSW_VIEW_UPDATE_AUTOMATICALLY, strings_.updateAutomatically},
                      {JSW_VIEW_SPECIAL_MESSAGES, strings_.specialMessages}};
         const int height = buttonHeight(measure_, scale_);
-        const int cancel =
-            std::min(buttonWidth(content_.cancel, measure_, scale_), (right_ - left_) / 2);
+        const int cancel = std::min(usualWidth(content_.cancel), (right_ - left_) / 2);
         const int room = right_ - left_ - cancel - scale_(kCheckBoxGap);
         const int first = checkBoxWidth(boxes[0].label);
         const int second = checkBoxWidth(boxes[1].label);
@@ -225,17 +273,28 @@ class WindowBuilder {
     const TextMeasure& measure_;
     const Scale& scale_;
     const int line_;
+    const Size size_;
     const int left_;
     const int right_;
-    int top_;
+    Gaps gaps_{};
+    int top_ = 0;
     WindowLayout layout_;
 };
 
 }  // namespace
 
-WindowLayout layoutWindow(const WindowContent& content, const Page& page, Size size,
+WindowLayout layoutWindow(const WindowContent& content, const Page& page, Size size, int scrolled,
                           const Strings& strings, const TextMeasure& measure, const Scale& scale) {
-    return WindowBuilder(content, page, size, strings, measure, scale).build();
+    return WindowBuilder(content, page, size, strings, measure, scale).build(scrolled);
+}
+
+Size leastSize(const WindowContent& content, const Strings& strings, const TextMeasure& measure,
+               const Scale& scale) {
+    // The narrower the window, the higher its footer.
+    const Size any{scale(kUsualSize.width), scale(kUsualSize.height)};
+    const Page none;
+    const int width = WindowBuilder(content, none, any, strings, measure, scale).least().width;
+    return WindowBuilder(content, none, {width, any.height}, strings, measure, scale).least();
 }
 
 }  // namespace jsw::view

@@ -13,9 +13,8 @@
 
 namespace jsw::view {
 
-/** Sizes of the window without its frame, in pixels at 96 dots per inch. */
+/** Size of the window without its frame, in pixels at 96 dots per inch. */
 inline constexpr Size kUsualSize{640, 544};
-inline constexpr Size kLeastSize{440, 420};
 
 struct WindowLayout {
     Size size;
@@ -31,10 +30,8 @@ struct WindowLayout {
     Box question; /**< what the question in the footer takes; empty when there is none */
     std::vector<PlacedText> questionLines;
     Box progressBar;
-    Box ink; /**< what the levels take */
+    Box ink; /**< what the levels take; empty when they are on the page */
     InkLayout inkLayout;
-
-    bool hasPage = false; /**< false: the window is too low for a billboard */
     PageLayout page;
 
     std::vector<PlacedButton> buttons;    /**< below the page and in the footer */
@@ -42,8 +39,17 @@ struct WindowLayout {
     bool operator==(const WindowLayout&) const = default;
 };
 
+/**
+ * Lays a window of this size out. A low one gives its room to the page: it leaves the document's
+ * name to the title bar, and the ink levels are on the page.
+ * @param scrolled as in PageRoom
+ */
 [[nodiscard]] WindowLayout layoutWindow(const WindowContent& content, const Page& page, Size size,
-                                        const Strings& strings, const TextMeasure& measure,
-                                        const Scale& scale);
+                                        int scrolled, const Strings& strings,
+                                        const TextMeasure& measure, const Scale& scale);
+
+/** The least size, in pixels, at which every button shows its label and the page some lines. */
+[[nodiscard]] Size leastSize(const WindowContent& content, const Strings& strings,
+                             const TextMeasure& measure, const Scale& scale);
 
 }  // namespace jsw::view

@@ -1,6 +1,7 @@
 /**
  * How the window shows the state of the job.
  */
+#include "window/view/AccessKeys.h"
 #include "window/view/BillboardFile.h"
 #include "window/view/ControlIds.h"
 #include "window/view/Controls.h"
@@ -9,6 +10,7 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <string>
 #include <utility>
 
 namespace jsw::view {
@@ -31,7 +33,11 @@ void Window::refresh() {
 void Window::refreshBillboard() {
     if (billboardSerial_ == data_.billboardSerial) return;
     billboardSerial_ = data_.billboardSerial;
+    scrolled_ = 0;
     billboard_.page = loadBillboard(data_.dataPath, data_.billboard, language_);
+    for (const std::string& clash : giveAccessKeys(billboard_.page, strings_)) {
+        OutputDebugStringA(("jswv.dll: " + data_.billboard + ": " + clash + "\n").c_str());
+    }
     billboard_.bitmap = billboard_.page.picture == Picture::file
                             ? loadPicture(scriptPath(data_.dataPath, billboard_.page.pictureFile))
                             : GdiObject<HBITMAP>();
@@ -45,8 +51,9 @@ void Window::refreshLayout() {
     const WindowLayout before = std::move(layout_);
     const WindowContent contentBefore = std::move(content_);
     content_ = describeJob(data_, question_, strings_);
-    layout_ = layoutWindow(content_, billboard_.page, {area.right, area.bottom}, strings_,
-                           ui::FontMeasure(*fonts_), scale_);
+    layout_ = layoutWindow(content_, billboard_.page, {area.right, area.bottom}, scrolled_,
+                           strings_, ui::FontMeasure(*fonts_), scale_);
+    scrolled_ = layout_.page.scrolled;
     if (layout_ == before && content_ == contentBefore) return;
     setControlText(window_, 0, content_.title);
     applyLayout(window_, layout_);
@@ -62,7 +69,7 @@ void Window::invalidateChanges(const WindowLayout& before, const WindowContent& 
         InvalidateRect(GetDlgItem(window_, id), nullptr, FALSE);
     };
     const bool groundChanged = layout_.size != before.size || layout_.footer != before.footer ||
-                               layout_.badge != before.badge || layout_.hasPage != before.hasPage ||
+                               layout_.badge != before.badge ||
                                layout_.page.card != before.page.card;
     // Controls that have not changed keep their pixels.
     if (groundChanged) InvalidateRect(window_, nullptr, TRUE);
@@ -75,7 +82,10 @@ void Window::invalidateChanges(const WindowLayout& before, const WindowContent& 
         invalidate(JSW_VIEW_PROGRESS_BAR);
     }
     if (layout_.inkLayout != before.inkLayout) invalidate(JSW_VIEW_INK);
-    if (layout_.page != before.page) invalidate(JSW_VIEW_BILLBOARD);
+    if (layout_.page != before.page) {
+        invalidate(JSW_VIEW_BILLBOARD);
+        for (const PlacedButton& control : layout_.page.inText) invalidate(control.id);
+    }
     if (layout_.questionLines != before.questionLines) invalidate(JSW_VIEW_QUESTION);
 }
 
@@ -128,14 +138,19 @@ void Window::paintGround(HDC dc) const {
 
 void Window::drawItem(const DRAWITEMSTRUCT& item) const {
     const int id = static_cast<int>(item.CtlID);
-    if (isLink(id)) {
-        ui::drawLink(item, buttonLook(id));
-        return;
-    }
+    if (isLink(id)) return drawLink(item);
     ui::paintBuffered(item.hDC, item.rcItem, [&](const Canvas& canvas, const Box& box) {
         canvas.fill(box, groundOf(id));
         drawOwn(canvas, box, id);
     });
+}
+
+void Window::drawLink(const DRAWITEMSTRUCT& item) const {
+    for (const PlacedButton& link : layout_.page.inText) {
+        if (link.id != static_cast<int>(item.CtlID)) continue;
+        const Box seen = layout_.page.seenOf(link);
+        ui::drawLink(item, link.box.moved(-seen.left, -seen.top), buttonLook(link.id));
+    }
 }
 
 void Window::drawOwn(const Canvas& canvas, const Box& box, int id) const {

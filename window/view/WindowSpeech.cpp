@@ -93,9 +93,11 @@ void WindowSpeech::update(const WindowContent& content, const WindowLayout& layo
         inkParts(content, layout));
     AccessibleItem billboard = readOnly(ROLE_SYSTEM_PANE, page.title);
     billboard.description = pageText(page);
+    if (!layout.page.ink.cells.empty()) billboard.description += "\n" + content.inkSentence;
     say(JSW_VIEW_BILLBOARD, std::move(billboard), pageParts(page, layout));
     say(JSW_VIEW_QUESTION, readOnly(ROLE_SYSTEM_ALERT, content.questionText), {});
-    for (const PlacedButton& link : layout.page.links) {
+    for (const PlacedButton& link : layout.page.inText) {
+        if (!isLink(link.id)) continue;
         AccessibleItem item = readOnly(
             ROLE_SYSTEM_LINK, ui::withoutAccessKey(link.full.empty() ? link.label : link.full));
         item.state = STATE_SYSTEM_FOCUSABLE | STATE_SYSTEM_LINKED;

@@ -1,0 +1,214 @@
+#include "tests/support/ImportTable.h"
+#include "tests/window/JobWindowTest.h"
+#include "window/ui/Gdi.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace jsw::test {
+namespace {
+
+/// A part of a window as it is on the screen.
+struct Picture {
+    LONG width = 0;
+    std::vector<std::uint32_t> pixels;
+    bool operator==(const Picture&) const = default;
+
+    [[nodiscard]] LONG count(COLORREF colour) const {
+        const auto pixel = static_cast<std::uint32_t>(GetRValue(colour) << 16 |
+                                                      GetGValue(colour) << 8 | GetBValue(colour));
+        return static_cast<LONG>(std::count(pixels.begin(), pixels.end(), pixel));
+    }
+};
+
+Picture pictureOf(HWND window, const RECT& area) {
+    Picture picture{area.right - area.left, {}};
+    const LONG height = area.bottom - area.top;
+    const HDC screen = GetDC(window);
+    {
+        BITMAPINFO info{};
+        info.bmiHeader = {
+            sizeof(info.bmiHeader), picture.width, -height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+        void* bits = nullptr;
+        const ui::GdiObject<HBITMAP> bitmap(
+            CreateDIBSection(screen, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
+        const ui::MemoryDc memory(screen);
+        const ui::Selection selection(memory.get(), bitmap.get());
+        BitBlt(memory.get(), 0, 0, picture.width, height, screen, area.left, area.top, SRCCOPY);
+        GdiFlush();
+        const auto* const first = static_cast<const std::uint32_t*>(bits);
+        picture.pixels.assign(first, first + picture.width * height);
+        for (std::uint32_t& pixel : picture.pixels) pixel &= 0xFFFFFF;
+    }
+    ReleaseDC(window, screen);
+    return picture;
+}
+
+class JobWindowPictureTest : public JobWindowTest {
+  protected:
+    [[nodiscard]] Picture content() const {
+        settle();
+        RedrawWindow(window_, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+        RECT area;
+        GetClientRect(window_, &area);
+        return pictureOf(window_, area);
+    }
+    [[nodiscard]] Picture drawnAfresh() const {
+        RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+        return content();
+    }
+    void resize(int width, int height) const {
+        SetWindowPos(window_, nullptr, 0, 0, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
+    }
+    void changeScale(int dotsPerInch) const {
+        constexpr UINT kDpiChanged = 0x02E0;
+        const RECT frame{0, 0, 700, 600};
+        SendMessageA(window_, kDpiChanged, MAKEWPARAM(dotsPerInch, dotsPerInch),
+                     reinterpret_cast<LPARAM>(&frame));
+    }
+    [[nodiscard]] SIZE sizeOf(int id) const {
+        RECT area;
+        GetClientRect(control(id), &area);
+        return {area.right, area.bottom};
+    }
+    void writeLongPage() {
+        std::string text =
+            "title = A page\nbutton = &Next tip | NEXT_TIP | 3\n\nSee [first | A | 1].\n";
+        for (int i = 0; i < 8; ++i) text += "\nA paragraph that takes a line or two of the page.\n";
+        folder_.write("Scripts\\page.jbb", text + "\nSee [last | B | 2].\n");
+    }
+};
+
+// A dozen sizes; scripts/soak.sh walks through 200.
+TEST_F(JobWindowPictureTest, AnyResizingLeavesThePixelsOfAFreshDrawing) {
+    const char* const wanted = std::getenv("JSW_WALK_SIZES");
+    const int sizes = wanted ? std::atoi(wanted) : 12;
+    writeLongPage();
+    const ImportTable imports(module_.get());
+    for (const LANGID language : {LANGID{0x409}, LANGID{0x407}}) {
+        const auto asked = replaceImport<decltype(GetUserDefaultUILanguage)>(
+            imports, "GetUserDefaultUILanguage", [&] { return language; });
+        startJob();
+        show();
+        for (const int dotsPerInch : {96, 144, 192}) {
+            changeScale(dotsPerInch);
+            for (int i = 0; i < sizes / 3; ++i) {
+                // Down and up, the height at another pace than the width.
+                const int width = 440 + std::abs((i * 36 + 12) % 1100 - 550);
+                resize(width, 300 + std::abs((i * 92) % 800 - 400));
+                if (i % 3 == 1) press(JSW_VIEW_CANCEL);
+                if (i % 3 == 2) press(JSW_VIEW_NO);
+                const Picture seen = content();
+                RECT area;
+                GetClientRect(window_, &area);
+                ASSERT_TRUE(seen == drawnAfresh()) << "language " << language << ", " << dotsPerInch
+                                                   << " dpi, " << area.right << "x" << area.bottom;
+            }
+        }
+        Uninitialize();
+        ASSERT_TRUE(within(kPatience,
+                           [] { return FindWindowA(JSW_SAMPLE_VIEW_CLASS, nullptr) == nullptr; }));
+    }
+}
+
+TEST_F(JobWindowPictureTest, PicturesAreSeenInEverySchemeOfHighContrast) {
+    struct Scheme {
+        COLORREF window;
+        COLORREF text;
+    };
+    Scheme scheme{};
+    bool isOn = true;
+    const ImportTable imports(module_.get());
+    const auto parameters = replaceImport<decltype(SystemParametersInfoW)>(
+        imports, "SystemParametersInfoW",
+        [&](auto original, UINT action, UINT size, void* data, UINT update) -> BOOL {
+            if (action != SPI_GETHIGHCONTRAST) return original(action, size, data, update);
+            static_cast<HIGHCONTRASTW*>(data)->dwFlags = isOn ? HCF_HIGHCONTRASTON : 0;
+            return TRUE;
+        });
+    const auto colours =
+        replaceImport<decltype(GetSysColor)>(imports, "GetSysColor", [&](int index) -> DWORD {
+            const bool isGround = index == COLOR_WINDOW || index == COLOR_BTNFACE;
+            return isGround ? scheme.window : scheme.text;
+        });
+    startJob();
+    show();
+    for (const std::string picture : {"printer", "drop", "bulb", "ink"}) {
+        folder_.write("Scripts\\" + picture + ".jbb",
+                      "title = " + picture + "\npicture = " + picture + "\n\nText.\n");
+        DisplayBillboard((picture + ".jbb").c_str(), 1, 0);
+        ASSERT_TRUE(within(kPatience, [&] { return text(JSW_VIEW_BILLBOARD) == picture; }));
+        for (const Scheme& each :
+             {Scheme{RGB(0, 0, 0), RGB(255, 255, 0)}, Scheme{RGB(0, 0, 0), RGB(0, 255, 0)},
+              Scheme{RGB(0, 0, 0), RGB(255, 255, 255)}, Scheme{RGB(255, 255, 255), RGB(0, 0, 0)}}) {
+            scheme = each;
+            SendMessageA(window_, WM_SYSCOLORCHANGE, 0, 0);
+            (void)drawnAfresh();
+            // The middle of the panel at the page's side.
+            const LONG middle = sizeOf(JSW_VIEW_BILLBOARD).cy / 2;
+            const Picture seen =
+                pictureOf(control(JSW_VIEW_BILLBOARD), {26, middle - 49, 124, middle + 49});
+            EXPECT_GT(seen.count(scheme.window), 98 * 98 / 6) << picture << scheme.text;
+            EXPECT_GT(seen.count(scheme.text), 98 * 98 / 6) << picture << scheme.text;
+        }
+    }
+    Uninitialize();
+}
+
+TEST_F(JobWindowPictureTest, APageThatDoesNotFitIsScrolledByKeysWheelAndFocus) {
+    writeLongPage();
+    startJob();
+    show();
+    resize(640, 500);
+    const auto isSeen = [&](int link) { return sizeOf(JSW_VIEW_CONTENT_LINK + link).cy > 0; };
+    EXPECT_TRUE(isShown(JSW_VIEW_PAGE_SCROLL));
+    EXPECT_TRUE(isSeen(0) && !isSeen(1));
+    SetForegroundWindow(window_);
+    ASSERT_TRUE(within(kPatience, [&] { return focus() == JSW_VIEW_CURRENT; }));
+    const Picture top = content();
+    key(VK_END);
+    EXPECT_TRUE(within(kPatience, [&] { return isSeen(1) && !isSeen(0); }));
+    key(VK_HOME);
+    EXPECT_TRUE(within(kPatience, [&] { return isSeen(0) && !isSeen(1); }));
+    EXPECT_TRUE(content() == top);
+    constexpr WORD kTwentyNotches = 0x10000 - 20 * WHEEL_DELTA;  // towards the user
+    PostMessageA(control(JSW_VIEW_CURRENT), WM_MOUSEWHEEL, MAKEWPARAM(0, kTwentyNotches), 0);
+    EXPECT_TRUE(within(kPatience, [&] { return isSeen(1) && !isSeen(0); }));
+    for (int next = 0; next != JSW_VIEW_CONTENT_LINK; next = focus()) {
+        const int before = focus();
+        key(VK_TAB);
+        ASSERT_TRUE(within(kPatience, [&] { return focus() != before; }));
+    }
+    EXPECT_TRUE(within(kPatience, [&] { return isSeen(0); }));
+    EXPECT_TRUE(content() == drawnAfresh());
+    // At another size everything fits.
+    resize(1000, 760);
+    settle();
+    EXPECT_TRUE(isSeen(0) && isSeen(1));
+    EXPECT_FALSE(isShown(JSW_VIEW_PAGE_SCROLL));
+}
+
+TEST_F(JobWindowPictureTest, AKeyBelongsToOneButtonAndThePageComesBeforeTheRest) {
+    writeLongPage();
+    startJob();
+    show();
+    PostMessageA(control(JSW_VIEW_CURRENT), WM_SYSCHAR, 'n', 1 << 29);
+    EXPECT_TRUE(within(kPatience, [] { return reports.has("NEXT 0"); }));
+    EXPECT_EQ(text(JSW_VIEW_CONTENT_BUTTON), "N&ext tip");
+
+    std::map<int, int> order;
+    int place = 0;
+    for (HWND child = GetWindow(window_, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+        order[GetDlgCtrlID(child)] = ++place;
+    }
+    EXPECT_LT(order[JSW_VIEW_INK], order[JSW_VIEW_BILLBOARD]);
+    EXPECT_LT(order[JSW_VIEW_BILLBOARD], order[JSW_VIEW_CONTENT_LINK]);
+    EXPECT_LT(order[JSW_VIEW_CONTENT_BUTTON], order[JSW_VIEW_CANCEL]);
+}
+
+}  // namespace
+}  // namespace jsw::test

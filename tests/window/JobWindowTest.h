@@ -1,0 +1,92 @@
+#pragma once
+
+#include "PublicLib/win/Handles.h"
+#include "jsw/view.h"
+#include "tests/support/TempFolder.h"
+#include "window/view/ControlIds.h"
+
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <mutex>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace jsw::test {
+
+inline constexpr DWORD kPatience = 15000;  // milliseconds
+
+template <class Condition>
+bool within(DWORD milliseconds, const Condition& condition) {
+    const DWORD start = GetTickCount();
+    while (!condition()) {
+        if (GetTickCount() - start > milliseconds) return false;
+        Sleep(5);
+    }
+    return true;
+}
+
+/// What the window has told its host, in order.
+class Reports {
+  public:
+    void add(const std::string& report) {
+        const std::lock_guard lock(mutex_);
+        reports_.push_back(report);
+    }
+    std::vector<std::string> take() {
+        const std::lock_guard lock(mutex_);
+        return std::exchange(reports_, {});
+    }
+    bool has(const std::string& report) {
+        const std::lock_guard lock(mutex_);
+        return std::find(reports_.begin(), reports_.end(), report) != reports_.end();
+    }
+
+  private:
+    std::mutex mutex_;
+    std::vector<std::string> reports_;
+};
+
+extern Reports reports;
+extern HANDLE hostBusy;  ///< while set, the host waits for it in its status callback
+
+/// The view module as the library calls it, with a real window.
+class JobWindowTest : public ::testing::Test {
+  protected:
+    void SetUp() override;
+    void TearDown() override;
+    void startJob(int totalPages = 3);
+    void show();
+
+    [[nodiscard]] HWND control(int id) const { return GetDlgItem(window_, id); }
+    [[nodiscard]] bool isShown(int id) const { return IsWindowVisible(control(id)) != FALSE; }
+    [[nodiscard]] std::string text(int id) const;
+    void press(int id) const {
+        PostMessageA(window_, WM_COMMAND, static_cast<WPARAM>(id),
+                     reinterpret_cast<LPARAM>(control(id)));
+    }
+    /// Everything posted so far has been dealt with.
+    void settle() const { SendMessageA(window_, WM_NULL, 0, 0); }
+    [[nodiscard]] bool isAsked(const std::string& question) const {
+        return within(kPatience, [&] {
+            return isShown(JSW_VIEW_QUESTION) && text(JSW_VIEW_QUESTION) == question;
+        });
+    }
+    [[nodiscard]] int focus() const;
+    void key(WPARAM key) const;
+
+    /// The colour just inside the left edge of a button.
+    [[nodiscard]] COLORREF edgeOf(int id) const;
+
+#define JSW_DECLARE(name, type) type* name = nullptr;
+    JSW_VIEW_ENTRY_POINTS(JSW_DECLARE)
+#undef JSW_DECLARE
+    ModuleHandle module_;
+    TempFolder folder_;
+    HWND window_ = nullptr;
+};
+
+}  // namespace jsw::test
