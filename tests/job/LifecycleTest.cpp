@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <atomic>
 #include <mutex>
+#include <stdexcept>
 #include <thread>
 
 namespace jsw {
@@ -425,6 +426,11 @@ TEST_F(LifecycleTest, AThousandJobsLeaveTheProcessAsItWas) {
     Settings().setDwordValue(setting::kLoggerKey, "startLog", 0);
     addBillboard("TIP", {.file = "tip.bb", .type = "special"});
     script_.ruleResults = {"TIP"};
+    bool raises = false;
+    script_.onEvaluateRule = [&] {  // on a new thread of each job: that takes memory, too
+        raises = !raises;
+        if (raises) throw std::runtime_error("first rule");
+    };
     const auto jobs = [&](int count) {
         for (int i = 0; i < count; ++i) {
             if (i % 50 == 0) test::allowSeconds(30);
