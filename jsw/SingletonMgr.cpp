@@ -37,13 +37,19 @@ void destroyJobObjects() {
     BillboardView::destroy();
 }
 
+/// The folders that an installed store still lacks belong to its first run.
+void setUpStore() {
+    FirstRun firstRun;
+    firstRun.installStoreIfMissing();
+    logMarker(">>> SingletonMgr::SingletonMgr: ");
+    AppUpdatesController::instance()->performPostUpdateChangesIfRequired();
+}
+
 void build() {
     destroyJobObjects();  // that a callback, late in the job before, may have left behind
     Localize::createInstance(nullptr);
     BasicLogger::createInstance(kLogMask);
-    installStoreIfMissing();
-    logMarker(">>> SingletonMgr::SingletonMgr: ");
-    AppUpdatesController::instance()->performPostUpdateChangesIfRequired();
+    setUpStore();
     logBuilt("AppUpdatesController");
     BillboardView::instance();
     logBuilt("BillboardView");

@@ -101,7 +101,6 @@ bool SettingsInstaller::installSettings() {
     } catch (const std::exception&) {
         return false;  // no memory
     }
-    through_ = true;
     return complete;
 }
 

@@ -18,13 +18,9 @@ class SettingsInstaller {
     /// True when every value of the file has been written.
     bool installSettings();
 
-    /// Whether installSettings() went through the whole file. When not, another try may do better.
-    bool isThrough() const { return through_; }
-
   private:
     std::unique_ptr<IniReader> reader_;
     bool parsed_ = false;
-    bool through_ = false;
 };
 
 }  // namespace jsw

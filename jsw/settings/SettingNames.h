@@ -43,8 +43,9 @@ inline constexpr Text kPrinterCode{kSettingsKey, "PrinterCode", ""};
 inline constexpr Text kPcsClient{kSettingsKey, "PcsClient", ""};
 inline constexpr Number kDeleteStoreOnUninstall{kSettingsKey, "DeleteStoreOnUninstall", 0};
 
-/// In the store's own key: 1 after a first run that could not read the settings file.
-inline constexpr Number kInstallationPending{"", "InstallationPending", 0};
+/// Above the local store, after the local id: a number that is there during a first run, and after
+/// one whose process was killed.
+inline constexpr char kInstallationPending[] = "InstallationPending";
 
 // The modules in use; the default is appended to the local id. The updater leaves the names of new
 // ones in kUpdatedFilesKey under the same value names.
@@ -117,7 +118,6 @@ inline constexpr const Text* kHostTexts[] = {
     &kDefaultBillboardFile,
 };
 inline constexpr const Number* kHostNumbers[] = {
-    &kInstallationPending,
     &kDeleteStoreOnUninstall,
     &kDefaultBillboardNavigate,
     &kDefaultBillboardRestore,

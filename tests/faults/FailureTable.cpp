@@ -47,7 +47,7 @@ const Family kFamilies[] = {
      "_write fputc fputs signal"},
     {kErrorCode,
      "GetPrinterDataA RegCreateKeyExA RegDeleteKeyA RegDeleteValueA RegEnumKeyExA RegEnumValueA "
-     "RegOpenKeyA RegOpenKeyExA RegQueryValueExA RegSetValueExA SetSecurityInfo"},
+     "RegGetValueA RegOpenKeyA RegOpenKeyExA RegQueryValueExA RegSetValueExA SetSecurityInfo"},
     {kNotGivenBack,
      "CloseHandle ClosePrinter CryptReleaseContext FreeLibrary FreeSid LocalFree ReleaseMutex "
      "RemoveVectoredExceptionHandler TlsFree _close"},

@@ -329,6 +329,8 @@ class FirstRunTest : public IniTest {
         EXPECT_FALSE(isLogEnabled(component::kJsw, kLogError));
     }
 
+    static bool installStoreIfMissing() { return FirstRun().installStoreIfMissing(); }
+
     void TearDown() override {
         std::filesystem::remove(file_);
         IniTest::TearDown();
@@ -383,30 +385,28 @@ TEST_F(FirstRunTest, AStoreThatCannotBeOpenedIsLeftAsItIs) {
     EXPECT_FALSE(installStoreIfMissing());
     EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INTERNAL_ERROR));
     EXPECT_EQ(text(store_ + "Settings", "DataPath"), "D:\\mine");
-    EXPECT_TRUE(logContains("ERROR - file:RegistryKey:61: RegistryKey::regOpenKeyEx(): Win32(5"));
+    EXPECT_TRUE(logContains("ERROR - unable to open the store " + store_ + ": Win32(5"));
 }
 
-TEST_F(FirstRunTest, AFileThatCouldNotBeReadIsInstalledLaterOneThatIsNotThereIsNot) {
-    writeSettings("DataPath=string:C:\\Data\r\n");
-    {
-        const KernelHandle locked(CreateFileA(file_.c_str(), GENERIC_READ, 0, nullptr,
-                                              OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
-        ASSERT_TRUE(locked);
+/// Whatever it found: what a job stores afterwards is not written over.
+TEST_F(FirstRunTest, AFirstRunThatHasComeToItsEndIsNotDoneAgain) {
+    for (const std::string found : {"no file", "an empty file", "a locked file"}) {
+        SCOPED_TRACE(found);
+        RegistryKey::recurseDeleteKey(store_, HKEY_LOCAL_MACHINE);
+        std::filesystem::remove(file_);
+        KernelHandle locked;
+        if (found == "an empty file") std::ofstream(file_, std::ios::binary);
+        if (found == "a locked file") {
+            writeSettings("DataPath=string:C:\\Data\r\n");
+            locked.reset(CreateFileA(file_.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING,
+                                     FILE_ATTRIBUTE_NORMAL, nullptr));
+        }
         EXPECT_FALSE(installStoreIfMissing());
+        locked.reset();
+        writeSettings("DataPath=string:C:\\Data\r\n");
+        EXPECT_TRUE(installStoreIfMissing());
+        EXPECT_EQ(text(store_ + "Settings", "DataPath"), "(none)");
     }
-    Settings().write(setting::kDataPath, "C:\\Program Files\\");  // as the job then does
-    EXPECT_TRUE(installStoreIfMissing());
-    EXPECT_EQ(text(store_ + "Settings", "DataPath"), "C:\\Data");
-    Settings().write(setting::kDataPath, "D:\\mine");
-    EXPECT_TRUE(installStoreIfMissing());
-    EXPECT_EQ(text(store_ + "Settings", "DataPath"), "D:\\mine");
-
-    RegistryKey::recurseDeleteKey(store_, HKEY_LOCAL_MACHINE);
-    std::filesystem::remove(file_);
-    EXPECT_FALSE(installStoreIfMissing());
-    writeSettings("DataPath=string:C:\\Data\r\n");
-    EXPECT_TRUE(installStoreIfMissing());
-    EXPECT_EQ(text(store_ + "Settings", "DataPath"), "(none)");
 }
 
 }  // namespace jsw

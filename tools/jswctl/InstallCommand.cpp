@@ -24,11 +24,9 @@ void requireSettingsFile(const std::string& file) {
 int install(const std::string& host) {
     nameExistingHost(host);
     const Settings settings;
-    std::uint32_t pending = 0;
-    settings.read(setting::kInstallationPending, pending);
     const bool isThere = settings.isValid();
     const DWORD error = GetLastError();  // why it cannot be opened
-    if (isThere && pending == 0) {
+    if (isThere && !isFirstRunPending()) {
         std::printf("%s has its settings already; 'jswctl remove' takes them away.\n",
                     storeName().c_str());
         return kWell;
@@ -38,7 +36,7 @@ int install(const std::string& host) {
     }
     const std::string file = settingsFilePath();
     requireSettingsFile(file);
-    if (!installStoreIfMissing()) {
+    if (!FirstRun().installStoreIfMissing()) {
         throw std::runtime_error("not all settings of " + file + " could be installed in " +
                                  storeName() + "; 'jswctl check' says which");
     }

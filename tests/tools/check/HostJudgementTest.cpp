@@ -104,6 +104,12 @@ TEST(HostJudgementTest, EachMistakeIsNamedWithItsRemedy) {
              for (FileEntry& entry : facts.firstRun.entries) entry.isInRegistry = false;
          },
          Severity::error, "first run: was missed"},
+        {"cut off",
+         [](HostFacts& facts) {
+             facts.firstRun.isPending = true;
+             facts.firstRun.entries[0].isInRegistry = false;
+         },
+         Severity::warning, "first run: was cut off"},
         {"file changed later",
          [](HostFacts& facts) { facts.firstRun.entries[0].isInRegistry = false; },
          Severity::warning, "1 of 2 values of C:\\h\\qlabjsw.loc are not in the store"},

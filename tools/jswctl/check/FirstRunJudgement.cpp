@@ -68,7 +68,12 @@ void judgeInstalled(const HostFacts& facts, Report& report) {
         std::count_if(entries.begin(), entries.end(),
                       [](const FileEntry& entry) { return !entry.isInRegistry; }));
     const std::string& file = facts.firstRun.settingsFile;
-    if (entries.empty() || missing == 0) {
+    if (facts.firstRun.isPending) {
+        report.warn(kTopic,
+                    concat("was cut off, unless it is going on now; the next job installs ", file,
+                           " once more"),
+                    concat("Let a job begin, or run 'jswctl install \"", facts.hostPath, "\"'"));
+    } else if (entries.empty() || missing == 0) {
         report.note(kTopic, concat("has been; the values of ", file, " are in the store"));
     } else if (missing == entries.size()) {
         report.error(kTopic,

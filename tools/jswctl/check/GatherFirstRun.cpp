@@ -98,6 +98,7 @@ void gatherFirstRun(HostFacts& facts) {
     FirstRunFacts& run = facts.firstRun;
     run.storeOpens = Settings().isValid();
     run.storeError = run.storeOpens ? 0 : GetLastError();
+    run.isPending = run.storeOpens && isFirstRunPending();
     run.settingsFile = settingsFilePath();
     readSettingsFile(run);
     if (run.storeOpens) {

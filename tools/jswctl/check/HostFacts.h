@@ -21,6 +21,7 @@ struct FileEntry {
 /// The store and the file that the first run installs in it.
 struct FirstRunFacts {
     bool storeOpens = false;
+    bool isPending = false;        ///< the store's first run is going on, or was cut off
     std::uint32_t storeError = 0;  ///< when it does not open: ERROR_FILE_NOT_FOUND, or what else
     std::string settingsFile;
     bool fileExists = false;
