@@ -15,7 +15,11 @@ namespace jsw {
 namespace {
 
 constexpr char kTag[] = "Controller::ProcessRules: ";
-constexpr int kManyResults = 1000;
+
+// What keeps an engine that never comes to an end from doing harm.
+constexpr int kMostRaises = 3;
+constexpr int kResultsBetweenPauses = 100;
+constexpr DWORD kPause = 10;  // milliseconds
 
 /// One run of the rules and what it has come to.
 class BillboardChoice {
@@ -29,6 +33,7 @@ class BillboardChoice {
   private:
     void runRules();
     void processRule(const std::string& ruleResult);
+    void countRaise();
     void chooseCandidate(const std::vector<std::string>& candidates, bool checkHistory);
     void showChosen();
     void logBypassed(const std::string& bbId);
@@ -42,6 +47,7 @@ class BillboardChoice {
     std::shared_ptr<Catalog> catalog_ = Catalog::instance();
     std::shared_ptr<History> history_ = History::instance();
 
+    int raises_ = 0;
     bool found_ = false;
     std::string chosenId_;
     /// While rules are asked: the last result was an ink status page. Then: an ink billboard.
@@ -85,12 +91,20 @@ void BillboardChoice::make(const Job& job) {
 
 void BillboardChoice::runRules() {
     int results = 0;
-    while (engine_.isMoreRules() && !stop_ && !found_) {
-        // An engine that never comes to an end must not take a processor.
-        if (++results > kManyResults) Sleep(1);
+    while (raises_ < kMostRaises && engine_.isMoreRules() && !stop_ && !found_) {
+        if (++results % kResultsBetweenPauses == 0) Sleep(kPause);  // others need the processor
         const std::string ruleResult = engine_.evaluateRule();
+        countRaise();
         if (!ruleResult.empty()) processRule(ruleResult);
     }
+    if (raises_ < kMostRaises) return;
+    logLine(component::kRulesEngine, kLogError, "ERROR - ", raises_,
+            " exceptions in one run of the rules. NO more rules are processed.");
+}
+
+/// Each one is a line in the log, whether the log is on or off.
+void BillboardChoice::countRaise() {
+    if (engine_.lastCall() == CallEnd::raised) ++raises_;
 }
 
 void BillboardChoice::processRule(const std::string& ruleResult) {
@@ -107,6 +121,7 @@ void BillboardChoice::processRule(const std::string& ruleResult) {
     catalog_->getBillboardIds(ruleResult, candidates);
     if (candidates.empty()) candidates.push_back(ruleResult);
     const bool checkHistory = engine_.isHistoryChecked();
+    countRaise();
     logCandidates(ruleResult, candidates, checkHistory);
     chooseCandidate(candidates, checkHistory);
 }

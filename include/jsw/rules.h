@@ -12,6 +12,9 @@
  *     UpdateSettings                                 what was shown; not after a failed start
  *     UnInitialize
  *
+ * Rules may be without end: after every hundred results the library pauses for 10 milliseconds. An
+ * engine that raises a third C++ exception in a run is asked for no more rules.
+ *
  * Memory: InitializeEngine hands over an allocation function; the text that EvaluateRule returns
  * must be allocated with it and is freed by jsw.dll. What is passed in is valid only during the
  * call: copy what is needed later.

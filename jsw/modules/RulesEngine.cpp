@@ -2,12 +2,6 @@
 
 namespace jsw {
 
-namespace {
-
-constexpr int kMostRaises = 3;
-
-}  // namespace
-
 RulesEngine::RulesEngine() {
     MethodTrace trace(component::kRulesEngine, "RulesEngine::RulesEngine: ");
     const std::string fileName = moduleFilePath(setting::kRulesEngineModule);
@@ -62,11 +56,6 @@ std::string RulesEngine::evaluateRule() {
     MethodTrace trace(component::kRulesEngine, "RulesEngine::evaluateRule: ");
     std::string result = takeText(forward<JswRulesEvaluateRule>("EvaluateRule", trace));
     trace.setResult(result);
-    raisesInARow_ = lastCall_ == CallEnd::raised ? raisesInARow_ + 1 : 0;
-    if (raisesInARow_ == kMostRaises) {
-        logLine(component::kRulesEngine, kLogError, "ERROR - exceptions in ", kMostRaises,
-                " rules in a row. NO more rules are processed.");
-    }
     return result;
 }
 
@@ -78,7 +67,7 @@ bool RulesEngine::askFlag(const char* tag, const char* name) {
 }
 
 bool RulesEngine::isMoreRules() {
-    return raisesInARow_ < kMostRaises && askFlag("RulesEngine::isMoreRules: ", "IsMoreRules");
+    return askFlag("RulesEngine::isMoreRules: ", "IsMoreRules");
 }
 
 bool RulesEngine::isHistoryChecked() {

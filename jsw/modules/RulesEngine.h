@@ -23,11 +23,12 @@ class RulesEngine {
     void updateSettings(const std::string& carts, bool inkBillboard, bool specialBillboard);
     /// A category or billboard id; empty when the rule does not apply.
     std::string evaluateRule();
-    /// Also false when the module has raised an exception in three rules in a row: it would do so
-    /// in every other.
     bool isMoreRules();
     bool isHistoryChecked();
     void uninitialize();
+
+    /// How the last call of the module came to its end.
+    CallEnd lastCall() const { return lastCall_; }
 
   private:
     template <class Function, class... Args>
@@ -37,7 +38,6 @@ class RulesEngine {
 
     std::unique_ptr<ModuleDll> dll_;
     CallEnd lastCall_ = CallEnd::returned;
-    int raisesInARow_ = 0;
 };
 
 }  // namespace jsw

@@ -124,7 +124,7 @@ TEST_F(LogLevelTest, ErrorsAreWrittenWithTheLogOff) {
     EXPECT_THAT(
         logLines(),
         ElementsAre(raised, raised, raised,
-                    "ERROR - exceptions in 3 rules in a row. NO more rules are processed.",
+                    "ERROR - 3 exceptions in one run of the rules. NO more rules are processed.",
                     "WARNING: Cartridge ink level tag 'L3' not valid.",
                     ::testing::StartsWith("ERROR - BasicDll<Handler>::init() Unable to load DLL="),
                     "jswInitEx called but GUI not loaded",
