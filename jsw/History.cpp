@@ -10,7 +10,6 @@
 #include <windows.h>
 
 #include <algorithm>
-#include <limits>
 #include <mutex>
 #include <string_view>
 
@@ -79,11 +78,10 @@ void History::read() {
     readMaxSize();
     ids_.clear();
     std::vector<NamedText> entries;
-    settings_.getStringValues(setting::kHistoryIdsKey, entries,
-                              std::numeric_limits<std::uint32_t>::max());
+    const std::size_t most = std::max<std::size_t>(BasicSettings::kMaxNames, maxSize_);
+    settings_.getStringValues(setting::kHistoryIdsKey, entries, most);
     trace.add(entries.empty() ? "No entries in history" : "Adding billboards");
     ownNames_.clear();
-    const std::size_t most = std::max<std::size_t>(BasicSettings::kMaxNames, maxSize_);
     for (const auto& [name, bbId] : entries) {
         ownNames_.insert(toLower(name));
         if (ownNames_.size() > most) continue;  // not read, but this list's to remove
@@ -123,17 +121,23 @@ void History::save() {
 /// earlier, longer list, and foreign ones, which are in the list under names of their own by now.
 /// What another process has added meanwhile stays.
 void History::removeStaleIds(MethodTrace& trace) {
-    std::set<std::string> stale = ownNames_;
+    std::set<std::string> current;
     for (std::uint32_t position = 0; position < count(); ++position) {
-        stale.erase(toLower(valueName(position)));
+        current.insert(toLower(valueName(position)));
     }
-    for (const std::string& name : stale) {
-        if (settings_.deleteValue(setting::kHistoryIdsKey, name)) continue;
-        const DWORD error = GetLastError();
-        if (error == ERROR_FILE_NOT_FOUND) continue;
-        trace.add("Unable to remove an entry of an earlier history, name=", name,
-                  ", error=", error);
+    auto key = RegistryKey::openExisting(idsPath());  // one for all: there may be thousands
+    if (!key) return;
+    for (const std::string& name : ownNames_) {
+        if (current.contains(name)) continue;
+        try {
+            key->deleteValue(name);
+        } catch (const Exception& error) {
+            if (error.code() == ERROR_FILE_NOT_FOUND) continue;
+            trace.add("Unable to remove an entry of an earlier history, name=", name,
+                      ", error=", error.code());
+        }
     }
+    ownNames_ = std::move(current);
 }
 
 void History::add(const std::string& bbId) {
@@ -202,10 +206,9 @@ void History::clear() {
     MethodTrace trace(component::kJsw, "History::clear: ");
     const std::lock_guard lock(lock_);
     ids_.clear();
-    ownNames_.clear();
     try {
-        RegistryKey::recurseDeleteKey(settings_.getKeyPath(false) + setting::kHistoryIdsKey,
-                                      HKEY_LOCAL_MACHINE);
+        RegistryKey::recurseDeleteKey(idsPath(), HKEY_LOCAL_MACHINE);
+        ownNames_.clear();  // else save() removes them
     } catch (const Exception& error) {
         trace.add("Unable to clear history from the registry");
         trace.add(error.text());

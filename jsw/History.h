@@ -47,12 +47,13 @@ class History {
   private:
     std::uint32_t count() const { return static_cast<std::uint32_t>(ids_.size()); }
     void readMaxSize();
+    std::string idsPath() const { return settings_.getKeyPath(false) + setting::kHistoryIdsKey; }
     void removeStaleIds(MethodTrace& trace);
     std::string moveTo(std::uint32_t (History::*neighbour)(std::uint32_t) const);
 
     mutable CriticalSection lock_;
     std::deque<std::string> ids_;
-    std::set<std::string> ownNames_;  // of its values, lowered: the registry takes them for equal
+    std::set<std::string> ownNames_;  // of the stored values, lowered as the registry takes them
     std::int32_t current_ = -1;
     std::uint32_t maxSize_ = setting::kHistoryMaxSize.defaultValue;
     bool dirty_ = false;

@@ -7,6 +7,7 @@
 
 #include <exception>
 #include <iterator>
+#include <limits>
 #include <utility>
 
 namespace jsw {
@@ -170,16 +171,17 @@ bool BasicSettings::getValueNames(const std::string& subKey, std::vector<std::st
 }
 
 bool BasicSettings::getStringValues(const std::string& subKey, std::vector<NamedText>& texts,
-                                    std::uint32_t max, bool shared) const {
+                                    std::size_t mostTexts, bool shared) const {
     return guarded([&] {
         const auto key = RegistryKey::openExisting(getKeyPath(shared) + subKey);
         if (!key) return false;
         std::vector<std::string> names;
-        key->getValueNames(names, max);
+        key->getValueNames(names, std::numeric_limits<std::uint32_t>::max());
         std::vector<NamedText> found;
         for (std::string& name : names) {
             std::string text;
-            const bool isText = guarded([&] { return key->getValue(name, text); });
+            const bool isText =
+                found.size() < mostTexts && guarded([&] { return key->getValue(name, text); });
             found.push_back(
                 {std::move(name), isText ? std::optional(std::move(text)) : std::nullopt});
         }

@@ -12,7 +12,7 @@ namespace jsw {
 /// A value of a key that was listed.
 struct NamedText {
     std::string name;
-    std::optional<std::string> text;  ///< nothing: the value is no text or cannot be read
+    std::optional<std::string> text;  ///< nothing: the value is no text, or was not read
 };
 
 /// Values below one root key of HKEY_LOCAL_MACHINE, in a store shared by all host programs or in
@@ -66,10 +66,10 @@ class BasicSettings {
     /// Appends the names of the key's values, kMaxNames at most; false when there is no such key.
     bool getValueNames(const std::string& subKey, std::vector<std::string>& names,
                        bool shared = false) const;
-    /// Appends the key's values, up to max of them, with their texts; false when there is no such
-    /// key.
+    /// Appends all of the key's values, the first ones with their texts; false when there is no
+    /// such key.
     bool getStringValues(const std::string& subKey, std::vector<NamedText>& texts,
-                         std::uint32_t max = kMaxNames, bool shared = false) const;
+                         std::size_t mostTexts = kMaxNames, bool shared = false) const;
 
     /// Where the keys of a store lie, below HKEY_LOCAL_MACHINE; ends with "\".
     std::string getKeyPath(bool shared) const;

@@ -1,6 +1,7 @@
 #include "PublicLib/text/Text.h"
 #include "jsw/History.h"
 #include "tests/support/HostTest.h"
+#include "tests/support/ImportGate.h"
 #include "tests/support/ImportTable.h"
 
 #include <windows.h>
@@ -96,7 +97,11 @@ TEST_F(HistoryTest, AShorterListRemovesWhatALongerOneLeft) {
     settings.setStringValue(setting::kHistoryIdsKey, "Identity", "a foreign value");
     for (const std::uint32_t maxSize : {120U, 2U}) {
         settings.write(setting::kHistoryMaxSize, maxSize);
+        test::ImportGate gate{test::ImportTable(GetModuleHandleA(nullptr))};
         { History history; }
+        // While a job waits: what is too much is neither read nor opened one by one.
+        EXPECT_LE(gate.calls("RegQueryValueExA"), 1 + maxSize + 100);
+        EXPECT_LE(gate.calls("RegOpenKeyExA"), 5 + maxSize);
         EXPECT_EQ(storedNames().size(), std::min(maxSize, BasicSettings::kMaxNames));
     }
     EXPECT_THAT(storedNames(), ElementsAre("Id0", "Id1"));
@@ -144,6 +149,21 @@ TEST_F(HistoryTest, WhatCannotBeRemovedIsToldToTheLog) {
     History().clear();
     EXPECT_TRUE(hasLine("History::clear: Unable to clear history from the registry"));
     EXPECT_TRUE(logContains("RegistryKey::recurseDeleteKey() RegDeleteKey(): Win32(5"));
+}
+
+TEST_F(HistoryTest, AClearThatTheRegistryRefusesIsMadeGoodAtTheEnd) {
+    for (const char* name : {"Id0", "Id1", "Id2"}) {
+        Settings().setStringValue(setting::kHistoryIdsKey, name, name);
+    }
+    const auto keyStays = test::replaceImport<decltype(RegDeleteKeyA)>(
+        test::ImportTable(GetModuleHandleA(nullptr)), "RegDeleteKeyA",
+        [](HKEY, const char*) { return LSTATUS{ERROR_ACCESS_DENIED}; });
+    {
+        History history;
+        history.clear();
+        history.add("B");
+    }
+    EXPECT_THAT(storedNames(), ElementsAre("Id0"));
 }
 
 TEST_F(HistoryTest, ClearDeletesTheKeyForGood) {
