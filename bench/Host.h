@@ -17,7 +17,7 @@ class Host {
     explicit Host(std::uint32_t startLog) {
         Localize::createInstance(nullptr);
         RegistryKey(Localize::getInstance()->getRegistryPath(StoreKind::local), true);
-        Settings().setDwordValue(setting::kLoggerKey, "startLog", startLog);
+        Settings().setValue(setting::kLoggerKey, "startLog", startLog);
         BasicLogger::createInstance(15);
     }
     ~Host() {

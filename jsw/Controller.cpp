@@ -70,7 +70,8 @@ Controller::~Controller() {
 std::string Controller::determineDataPath() const {
     MethodTrace trace(component::kJsw, "Controller::determineDataPath: ");
     std::string path;
-    if (!Settings().read(setting::kDataPath, path) || path.empty()) {
+    Settings().read(setting::kDataPath, path);
+    if (path.empty()) {
         trace.add(
             "DataPath NOT set in registry. Using the PrinterDriver directory for the data path.");
         path = OsVersion::instance().printerDriverFolderByMajorVersion();
@@ -91,7 +92,7 @@ void Controller::setDataPath(const std::string& path) {
 std::string Controller::determineInitialBillboard() const {
     MethodTrace trace(component::kJsw, "Controller::determineInitialBillboard: ");
     std::string id = setting::kDefaultBillboard.defaultValue;
-    if (Settings().read(setting::kDefaultBillboard, id)) {
+    if (Settings().read(setting::kDefaultBillboard, id) == Read::found) {
         trace.add("Using registry override for default billboard ID.");
         trace.add(id);
     }

@@ -114,7 +114,8 @@ BillboardData Controller::readDefaultBillboard(const std::string& fileName) {
     const Settings settings;
     const auto isSet = [&](const setting::Number& number) {
         std::uint32_t value = 0;
-        return settings.read(number, value) && value != 0;
+        settings.read(number, value);
+        return value != 0;
     };
     if (History::instance()->size() > 0) data.navigate = isSet(setting::kDefaultBillboardNavigate);
     data.restore = isSet(setting::kDefaultBillboardRestore);

@@ -105,7 +105,7 @@ void History::save() {
     for (std::uint32_t position = 0; position < count(); ++position) {
         const std::string& bbId = ids_[position];
         const std::string name = valueName(position);
-        if (settings_.setStringValue(setting::kHistoryIdsKey, name, bbId)) {
+        if (settings_.setValue(setting::kHistoryIdsKey, name, bbId)) {
             ownNames_.insert(toLower(name));
         } else {
             trace.add("Unable to save history, bbId=", bbId);

@@ -57,7 +57,7 @@ void BasicLogger::readSwitch(const std::string& name, std::uint32_t& value,
                              std::uint32_t defaultValue) {
     value = defaultValue;
     try {
-        Settings().getDwordValue(setting::kLoggerKey, name, value);
+        Settings().getValue(setting::kLoggerKey, name, value);
     } catch (const Exception&) {
         value = defaultValue;  // a late line, after the host's names are gone
     }

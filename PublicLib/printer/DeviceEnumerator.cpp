@@ -65,7 +65,8 @@ DeviceEnumerator::DeviceEnumerator() {
     MethodTrace trace(component::kJsw, "DeviceEnumerator::DeviceEnumerator: ");
     printers_ = spoolerPrinters();
     std::string driver;
-    if (Settings().read(setting::kDriverName, driver) && !driver.empty()) {
+    Settings().read(setting::kDriverName, driver);
+    if (!driver.empty()) {
         std::erase_if(printers_, [&](const SpoolerPrinter& printer) {
             return !equalsIgnoringCase(printer.driver, driver);
         });

@@ -21,7 +21,7 @@ namespace {
 /// it is: a printer shared from elsewhere needs no client, and for others none can be loaded.
 std::optional<std::string> pcsClientName() {
     std::string name;
-    if (Settings().read(setting::kPcsClient, name)) return name;
+    if (Settings().read(setting::kPcsClient, name) == Read::found) return name;
     logLine(component::kJsw, kLogError,
             "Error - settings.getStringValue(keyName=", setting::kPcsClient.key,
             ", valueName=", setting::kPcsClient.name, ", rc=false.");

@@ -268,7 +268,7 @@ void BillboardView::setUpdateSoftware() const {
     if (entry == nullptr) return;
     std::uint32_t updateSoftware = 0;
     const setting::Number& check = setting::kCheckForUpdates;
-    if (!Settings().read(check, updateSoftware)) {
+    if (Settings().read(check, updateSoftware) != Read::found) {
         trace.add("Unable to read the registry for key='", check.key, "' and value name='",
                   check.name, "'.");
     }
@@ -290,7 +290,7 @@ void BillboardView::setSavedValues() const {
     trace.add("Setting saved values.");
     for (const std::string& name : names) {
         std::string value;
-        if (settings.getStringValue(setting::kGuiKey, name, value)) {
+        if (settings.getValue(setting::kGuiKey, name, value)) {
             trace.add("ValueName=", name, ". Value=", value, ".");
             callEntry(component::kJsw, kName, entry, name.c_str(), value.c_str());
         } else {

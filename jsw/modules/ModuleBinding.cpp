@@ -13,7 +13,8 @@ namespace {
 
 std::string readOr(const setting::Text& text, const std::string& fallback) {
     std::string value;
-    return Settings().read(text, value) && !value.empty() ? value : fallback;
+    Settings().read(text, value);
+    return value.empty() ? fallback : value;
 }
 
 /// The local id followed by the name of the module's kind.

@@ -103,7 +103,7 @@ void BillboardView::saveAppearance(const std::string& key, std::int32_t value) {
                                                           &setting::kShowSpecialMessages};
     for (const setting::Number* number : supported) {
         if (!equalsIgnoringCase(key, number->name)) continue;
-        OfnSettings(ofnPath_).setDwordValue(number->key, key, static_cast<std::uint32_t>(value));
+        OfnSettings(ofnPath_).setValue(number->key, key, static_cast<std::uint32_t>(value));
         if (number == &setting::kShowSpecialMessages) showSpecialMessages_ = value != 0;
         return;
     }
@@ -118,7 +118,7 @@ void BillboardView::saveValueCallback(const char* key, const char* value) {
             trace.add("ERROR - key pointer is NULL");
             return;
         }
-        Settings().setStringValue(setting::kGuiKey, key, orEmpty(value));
+        Settings().setValue(setting::kGuiKey, key, orEmpty(value));
     });
 }
 

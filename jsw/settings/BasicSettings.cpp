@@ -1,7 +1,6 @@
 #include "jsw/settings/BasicSettings.h"
 
 #include "PublicLib/errors/Exception.h"
-#include "jsw/settings/RegistryKey.h"
 
 #include <windows.h>
 
@@ -21,9 +20,9 @@ void endWithBackslash(std::string& path) {
     if (path.empty() || path.back() != '\\') path += '\\';
 }
 
-/// Runs one access to the registry; a failure becomes false and the thread's last error.
+/// Runs one access to the registry; what it raises becomes false and the thread's last error.
 template <class Access>
-bool guarded(const Access& access) {
+bool orLastError(const Access& access) {
     try {
         return access();
     } catch (const Exception& error) {
@@ -32,6 +31,14 @@ bool guarded(const Access& access) {
         SetLastError(ERROR_NOT_ENOUGH_MEMORY);  // a value or name too large to be held
     }
     return false;
+}
+
+template <class Value>
+bool writeValue(const std::string& path, const std::string& name, const Value& value) {
+    return orLastError([&] {
+        RegistryKey(path, kCreate).setValue(name, value);
+        return true;
+    });
 }
 
 }  // namespace
@@ -56,9 +63,9 @@ bool BasicSettings::rootExists() const {
 }
 
 template <class Value>
-bool BasicSettings::get(const std::string& subKey, const std::string& name, Value& value,
+Read BasicSettings::get(const std::string& subKey, const std::string& name, Value& value,
                         bool shared) const {
-    return guarded([&] {
+    const bool found = orLastError([&] {
         // A missing key is ordinary: nothing is raised for it.
         const auto key = RegistryKey::openExisting(getKeyPath(shared) + subKey);
         if (!key) return false;
@@ -66,95 +73,68 @@ bool BasicSettings::get(const std::string& subKey, const std::string& name, Valu
         SetLastError(ERROR_FILE_NOT_FOUND);
         return false;
     });
+    return found ? Read::found : readOutcome(GetLastError());
 }
 
-template <class Value>
-bool BasicSettings::getOrDefault(const std::string& subKey, const std::string& name,
-                                 const Value& defaultValue, Value& value, bool shared) const {
-    return guarded([&] {
-        const std::string path = getKeyPath(shared) + subKey;
-        // A key that is there has a root above it: only a missing one asks for it.
-        auto key = RegistryKey::openExisting(path);
-        if (!key) {
-            if (!rootExists()) return false;
-            key.emplace(path, kCreate);
-        }
-        if (key->getValue(name, value)) return true;
-        key->setValue(name, defaultValue);
-        value = defaultValue;
-        return true;
-    });
+template Read BasicSettings::get(const std::string&, const std::string&, std::uint32_t&,
+                                 bool) const;
+template Read BasicSettings::get(const std::string&, const std::string&, std::string&, bool) const;
+template Read BasicSettings::get(const std::string&, const std::string&, std::vector<std::uint8_t>&,
+                                 bool) const;
+
+bool BasicSettings::setValue(const std::string& subKey, const std::string& name,
+                             std::uint32_t value, bool shared) const {
+    return writeValue(getKeyPath(shared) + subKey, name, value);
 }
 
-template <class Value>
-bool BasicSettings::set(const std::string& subKey, const std::string& name, const Value& value,
-                        bool shared) const {
-    return guarded([&] {
-        RegistryKey(getKeyPath(shared) + subKey, kCreate).setValue(name, value);
-        return true;
-    });
+bool BasicSettings::setValue(const std::string& subKey, const std::string& name,
+                             const std::string& value, bool shared) const {
+    return writeValue(getKeyPath(shared) + subKey, name, value);
 }
 
-bool BasicSettings::getDwordValue(const std::string& subKey, const std::string& name,
-                                  std::uint32_t& value, bool shared) const {
-    return get(subKey, name, value, shared);
+Read BasicSettings::read(const setting::Text& text, std::string& value) const {
+    return get(text.key, text.name, value, false);
 }
 
-bool BasicSettings::getStringValue(const std::string& subKey, const std::string& name,
-                                   std::string& value, bool shared) const {
-    return get(subKey, name, value, shared);
+Read BasicSettings::read(const setting::Number& number, std::uint32_t& value) const {
+    return get(number.key, number.name, value, false);
 }
 
-bool BasicSettings::read(const setting::Text& text, std::string& value) const {
-    return getStringValue(text.key, text.name, value);
+template <class Setting, class Value>
+Read BasicSettings::getOrDefault(const Setting& setting, Value& value) const {
+    const Read outcome = read(setting, value);
+    if (outcome != Read::missing || !rootExists()) return outcome;
+    if (!write(setting, setting.defaultValue)) return Read::missing;
+    value = setting.defaultValue;
+    return Read::found;
 }
 
-bool BasicSettings::read(const setting::Number& number, std::uint32_t& value) const {
-    return getDwordValue(number.key, number.name, value);
+Read BasicSettings::readOrWriteDefault(const setting::Text& text, std::string& value) const {
+    return getOrDefault(text, value);
 }
 
-bool BasicSettings::getBinaryValue(const std::string& subKey, const std::string& name,
-                                   std::vector<std::uint8_t>& value, bool shared) const {
-    return get(subKey, name, value, shared);
+Read BasicSettings::readOrWriteDefault(const setting::Number& number, std::uint32_t& value) const {
+    return getOrDefault(number, value);
 }
 
-bool BasicSettings::getDwordValueOrDefault(const std::string& subKey, const std::string& name,
-                                           std::uint32_t defaultValue, std::uint32_t& value,
-                                           bool shared) const {
-    return getOrDefault(subKey, name, defaultValue, value, shared);
+bool BasicSettings::write(const setting::Text& text, const std::string& value) const {
+    return setValue(text.key, text.name, value);
 }
 
-bool BasicSettings::getStringValueOrDefault(const std::string& subKey, const std::string& name,
-                                            const std::string& defaultValue, std::string& value,
-                                            bool shared) const {
-    return getOrDefault(subKey, name, defaultValue, value, shared);
-}
-
-bool BasicSettings::isUnreadable(std::uint32_t error) {
-    return error != ERROR_FILE_NOT_FOUND && error != ERROR_PATH_NOT_FOUND &&
-           error != ERROR_INVALID_DATATYPE && error != ERROR_INVALID_DATA;
-}
-
-bool BasicSettings::setDwordValue(const std::string& subKey, const std::string& name,
-                                  std::uint32_t value, bool shared) const {
-    return set(subKey, name, value, shared);
-}
-
-bool BasicSettings::setStringValue(const std::string& subKey, const std::string& name,
-                                   const std::string& value, bool shared) const {
-    return set(subKey, name, value, shared);
+bool BasicSettings::write(const setting::Number& number, std::uint32_t value) const {
+    return setValue(number.key, number.name, value);
 }
 
 bool BasicSettings::deleteValue(const std::string& subKey, const std::string& name,
                                 bool shared) const {
-    return guarded([&] {
+    return orLastError([&] {
         RegistryKey(getKeyPath(shared) + subKey, kOpenOnly).deleteValue(name);
         return true;
     });
 }
 
 bool BasicSettings::deleteKey(const std::string& subKey, bool shared) const {
-    return guarded([&] {
+    return orLastError([&] {
         RegistryKey::recurseDeleteKey(getKeyPath(shared) + subKey, HKEY_LOCAL_MACHINE);
         return true;
     });
@@ -162,7 +142,7 @@ bool BasicSettings::deleteKey(const std::string& subKey, bool shared) const {
 
 bool BasicSettings::getValueNames(const std::string& subKey, std::vector<std::string>& names,
                                   bool shared) const {
-    return guarded([&] {
+    return orLastError([&] {
         const auto key = RegistryKey::openExisting(getKeyPath(shared) + subKey);
         if (!key) return false;
         key->getValueNames(names, kMaxNames);
@@ -172,7 +152,7 @@ bool BasicSettings::getValueNames(const std::string& subKey, std::vector<std::st
 
 bool BasicSettings::getStringValues(const std::string& subKey, std::vector<NamedText>& texts,
                                     std::size_t mostTexts, bool shared) const {
-    return guarded([&] {
+    return orLastError([&] {
         const auto key = RegistryKey::openExisting(getKeyPath(shared) + subKey);
         if (!key) return false;
         std::vector<std::string> names;
@@ -181,7 +161,7 @@ bool BasicSettings::getStringValues(const std::string& subKey, std::vector<Named
         for (std::string& name : names) {
             std::string text;
             const bool isText =
-                found.size() < mostTexts && guarded([&] { return key->getValue(name, text); });
+                found.size() < mostTexts && orLastError([&] { return key->getValue(name, text); });
             found.push_back(
                 {std::move(name), isText ? std::optional(std::move(text)) : std::nullopt});
         }

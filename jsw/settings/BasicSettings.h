@@ -1,5 +1,6 @@
 #pragma once
 
+#include "jsw/settings/RegistryKey.h"
 #include "jsw/settings/SettingNames.h"
 
 #include <cstdint>
@@ -30,35 +31,31 @@ class BasicSettings {
     /// @param localName  name of the host's own store, or empty: then all keys lie below the root
     BasicSettings(std::string root, std::string localName);
 
-    /// Read only; false when the key or value is missing or the value has another type.
-    bool getDwordValue(const std::string& subKey, const std::string& name, std::uint32_t& value,
-                       bool shared = false) const;
-    bool getStringValue(const std::string& subKey, const std::string& name, std::string& value,
-                        bool shared = false) const;
-    bool getBinaryValue(const std::string& subKey, const std::string& name,
-                        std::vector<std::uint8_t>& value, bool shared = false) const;
+    /// Read only. The value is a number (std::uint32_t), a text (std::string) or bytes
+    /// (std::vector<std::uint8_t>); false when the key or value is missing or of another type.
+    template <class Value>
+    bool getValue(const std::string& subKey, const std::string& name, Value& value,
+                  bool shared = false) const {
+        return get(subKey, name, value, shared) == Read::found;
+    }
 
-    bool read(const setting::Text& text, std::string& value) const;
-    bool read(const setting::Number& number, std::uint32_t& value) const;
+    /// The same for a setting of the local store, with what the look came to.
+    Read read(const setting::Text& text, std::string& value) const;
+    Read read(const setting::Number& number, std::uint32_t& value) const;
 
-    /// The same, but a value that is missing is written with its default and returned; false,
-    /// without writing, when the root key does not exist.
-    bool getDwordValueOrDefault(const std::string& subKey, const std::string& name,
-                                std::uint32_t defaultValue, std::uint32_t& value,
-                                bool shared = false) const;
-    bool getStringValueOrDefault(const std::string& subKey, const std::string& name,
-                                 const std::string& defaultValue, std::string& value,
-                                 bool shared = false) const;
-
-    /// Whether the Win32 error of a read that answered false says that nobody knows the value. Not
-    /// so for one that is missing or of another type: there a default counts.
-    static bool isUnreadable(std::uint32_t error);
+    /// The same, but a value that is missing is written with its default and returned. It stays
+    /// Read::missing when the root key does not exist, which is not created, or when the default
+    /// cannot be written.
+    Read readOrWriteDefault(const setting::Text& text, std::string& value) const;
+    Read readOrWriteDefault(const setting::Number& number, std::uint32_t& value) const;
 
     /// Create the key when it is missing.
-    bool setDwordValue(const std::string& subKey, const std::string& name, std::uint32_t value,
-                       bool shared = false) const;
-    bool setStringValue(const std::string& subKey, const std::string& name,
-                        const std::string& value, bool shared = false) const;
+    bool setValue(const std::string& subKey, const std::string& name, std::uint32_t value,
+                  bool shared = false) const;
+    bool setValue(const std::string& subKey, const std::string& name, const std::string& value,
+                  bool shared = false) const;
+    bool write(const setting::Text& text, const std::string& value) const;
+    bool write(const setting::Number& number, std::uint32_t value) const;
 
     bool deleteValue(const std::string& subKey, const std::string& name, bool shared = false) const;
     /// Deletes the key and everything below it; one that does not exist is no failure.
@@ -81,13 +78,9 @@ class BasicSettings {
 
   private:
     template <class Value>
-    bool get(const std::string& subKey, const std::string& name, Value& value, bool shared) const;
-    template <class Value>
-    bool getOrDefault(const std::string& subKey, const std::string& name, const Value& defaultValue,
-                      Value& value, bool shared) const;
-    template <class Value>
-    bool set(const std::string& subKey, const std::string& name, const Value& value,
-             bool shared) const;
+    Read get(const std::string& subKey, const std::string& name, Value& value, bool shared) const;
+    template <class Setting, class Value>
+    Read getOrDefault(const Setting& setting, Value& value) const;
 
     std::string root_;
     std::string localName_;

@@ -24,57 +24,62 @@ namespace {
 
 constexpr REGSAM kAllRights = KEY_ALL_ACCESS;
 
-/// A value as it lies in the registry. One query is enough for a value of ordinary length; a longer
-/// one is read by a second, and only when it is wanted.
-class StoredValue {
-  public:
-    StoredValue(HKEY key, const std::string& name) : key_(key), name_(name) {
-        status_ = query(short_);
-        isLong_ = status_ == ERROR_MORE_DATA;
-        if (isLong_) status_ = ERROR_SUCCESS;
-    }
-
-    bool exists() const { return status_ != ERROR_FILE_NOT_FOUND; }
-    bool is(DWORD wanted) const { return status_ == ERROR_SUCCESS && type_ == wanted; }
-    bool hasOtherTypeThan(DWORD wanted) const {
-        return status_ == ERROR_SUCCESS && type_ != wanted;
-    }
-    DWORD type() const { return type_; }
-    /// The error to report: a mismatch has none of its own.
-    LSTATUS error() const { return status_ == ERROR_SUCCESS ? ERROR_INVALID_DATATYPE : status_; }
-
-    /// The bytes of a value that exists; valid as long as this object.
-    LSTATUS read(std::span<const BYTE>& bytes) {
-        std::span<BYTE> buffer = short_;
-        LSTATUS status = ERROR_SUCCESS;
-        if (isLong_) {
-            long_.resize(size_);
-            buffer = long_;
-            status = query(buffer);
-        }
-        bytes = buffer.first(std::min<std::size_t>(size_, buffer.size()));
-        return status;
-    }
-
-  private:
-    LSTATUS query(std::span<BYTE> buffer) {
-        size_ = static_cast<DWORD>(buffer.size());
-        return RegQueryValueExA(key_, name_.c_str(), nullptr, &type_, buffer.data(), &size_);
-    }
-
-    HKEY key_;
-    const std::string& name_;
-    std::array<BYTE, 512> short_{};
-    std::vector<BYTE> long_;
-    DWORD type_ = REG_NONE;
-    DWORD size_ = 0;
-    LSTATUS status_ = ERROR_SUCCESS;
-    bool isLong_ = false;
+/// A type of values as getValue() reads it, and what it raises when it cannot.
+struct ValueKind {
+    DWORD type;
+    DWORD otherType;  ///< is taken as well
+    const char* failure;
+    std::uint32_t line;
+    const char* longFailure;  ///< of the second query, which a long value takes
+    std::uint32_t longLine;
 };
 
-std::string mismatchSuffix(bool mismatch) {
-    return mismatch ? " : incorrect value type" : "";
-}
+constexpr ValueKind kNumber{REG_DWORD, REG_DWORD, "RegistryKey::getValue(ulong)", 103,
+                            "RegistryKey::getValue(ulong)", 103};
+constexpr ValueKind kText{REG_SZ, REG_EXPAND_SZ, "RegistryKey::getValue(string) ", 121,
+                          "RegistryKey::getValue() ", 129};
+constexpr ValueKind kBytes{REG_BINARY, REG_BINARY, "RegistryKey::getValue(binary)", 150,
+                           "RegistryKey::getValue(binary)", 150};
+
+/// A value as it lies in the registry. One query is enough for a value of ordinary length.
+class StoredValue {
+  public:
+    /// False when there is no such value. Raises for one that is of another type.
+    bool read(HKEY key, const std::string& name, const ValueKind& kind) {
+        DWORD type = REG_NONE;
+        DWORD size = 0;
+        const auto query = [&](std::span<BYTE> buffer) {
+            size = static_cast<DWORD>(buffer.size());
+            const LSTATUS status =
+                RegQueryValueExA(key, name.c_str(), nullptr, &type, buffer.data(), &size);
+            bytes_ = buffer.first(std::min<std::size_t>(size, buffer.size()));
+            return status;
+        };
+        LSTATUS status = query(short_);
+        if (status == ERROR_FILE_NOT_FOUND) return false;
+        const bool exists = status == ERROR_SUCCESS || status == ERROR_MORE_DATA;
+        if (!exists || (type != kind.type && type != kind.otherType)) {
+            // A text that cannot be queried has no type, and is reported as of the wrong one.
+            const bool mismatch = type != kind.type && (exists || kind.type == REG_SZ);
+            raise(concat(kind.failure, name, mismatch ? " : incorrect value type" : ""),
+                  exists ? ERROR_INVALID_DATATYPE : status, kind.line);
+        }
+        if (status == ERROR_MORE_DATA) {
+            long_.resize(size);
+            status = query(long_);
+            if (status != ERROR_SUCCESS) raise(kind.longFailure + name, status, kind.longLine);
+        }
+        return true;
+    }
+
+    /// Valid as long as this object.
+    std::span<const BYTE> bytes() const { return bytes_; }
+
+  private:
+    std::array<BYTE, 512> short_;
+    std::vector<BYTE> long_;
+    std::span<const BYTE> bytes_;
+};
 
 KeyHandle createKey(HKEY hive, const std::string& path, Security& security, std::uint32_t line) {
     std::string noClass;
@@ -88,6 +93,21 @@ KeyHandle createKey(HKEY hive, const std::string& path, Security& security, std:
 }
 
 }  // namespace
+
+Read readOutcome(std::uint32_t error) {
+    switch (error) {
+        case ERROR_SUCCESS:
+            return Read::found;
+        case ERROR_FILE_NOT_FOUND:
+        case ERROR_PATH_NOT_FOUND:
+            return Read::missing;
+        case ERROR_INVALID_DATATYPE:
+        case ERROR_INVALID_DATA:
+            return Read::wrongType;
+        default:
+            return Read::refused;
+    }
+}
 
 RegistryKey::RegistryKey(const std::string& path, bool createIfMissing, HKEY hive) {
     const LSTATUS status = open(hive, path);
@@ -130,51 +150,28 @@ void RegistryKey::createByComponents(HKEY hive, const std::string& path, Securit
 }
 
 bool RegistryKey::getValue(const std::string& name, std::uint32_t& value) const {
-    StoredValue stored(key_.get(), name);
-    if (!stored.exists()) return false;
-    std::span<const BYTE> bytes;
-    LSTATUS status = stored.error();
-    if (stored.is(REG_DWORD)) {
-        status = stored.read(bytes);
-        if (status == ERROR_SUCCESS && bytes.size() != sizeof(value)) status = ERROR_INVALID_DATA;
+    StoredValue stored;
+    if (!stored.read(key_.get(), name, kNumber)) return false;
+    if (stored.bytes().size() != sizeof(value)) {
+        raise(kNumber.failure + name, ERROR_INVALID_DATA, kNumber.line);
     }
-    if (status != ERROR_SUCCESS) {
-        raise(concat("RegistryKey::getValue(ulong)", name,
-                     mismatchSuffix(stored.hasOtherTypeThan(REG_DWORD))),
-              status, 103);
-    }
-    std::memcpy(&value, bytes.data(), sizeof(value));
+    std::memcpy(&value, stored.bytes().data(), sizeof(value));
     return true;
 }
 
 bool RegistryKey::getValue(const std::string& name, std::string& value) const {
-    StoredValue stored(key_.get(), name);
-    if (!stored.exists()) return false;
-    if (!stored.is(REG_SZ) && !stored.is(REG_EXPAND_SZ)) {
-        raise(
-            concat("RegistryKey::getValue(string) ", name, mismatchSuffix(stored.type() != REG_SZ)),
-            stored.error(), 121);
-    }
-    std::span<const BYTE> bytes;
-    const LSTATUS status = stored.read(bytes);
-    if (status != ERROR_SUCCESS) raise(concat("RegistryKey::getValue() ", name), status, 129);
+    StoredValue stored;
+    if (!stored.read(key_.get(), name, kText)) return false;
     // A stored text need not have a terminator, and may have more than one.
+    const auto bytes = stored.bytes();
     value.assign(bytes.begin(), std::find(bytes.begin(), bytes.end(), BYTE{0}));
     return true;
 }
 
 bool RegistryKey::getValue(const std::string& name, std::vector<std::uint8_t>& value) const {
-    StoredValue stored(key_.get(), name);
-    if (!stored.exists()) return false;
-    std::span<const BYTE> bytes;
-    LSTATUS status = stored.error();
-    if (stored.is(REG_BINARY)) status = stored.read(bytes);
-    if (status != ERROR_SUCCESS) {
-        raise(concat("RegistryKey::getValue(binary)", name,
-                     mismatchSuffix(stored.hasOtherTypeThan(REG_BINARY))),
-              status, 150);
-    }
-    value.assign(bytes.begin(), bytes.end());
+    StoredValue stored;
+    if (!stored.read(key_.get(), name, kBytes)) return false;
+    value.assign(stored.bytes().begin(), stored.bytes().end());
     return true;
 }
 

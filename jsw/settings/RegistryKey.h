@@ -13,6 +13,17 @@ namespace jsw {
 
 class Security;
 
+/// What a look for a key or a value came to.
+enum class Read {
+    found,
+    missing,    ///< it is not there, or nothing above it is
+    wrongType,  ///< there is a value of another type or size
+    refused,    ///< the system does not tell, so it may be there and say anything
+};
+
+/// What the Win32 error means that a look ended with; 0 is success.
+[[nodiscard]] Read readOutcome(std::uint32_t error);
+
 /// An open registry key with all rights. Keys are created open to everyone. Every failure but a
 /// missing value raises Win32Exception; outputs are then left as they were.
 class RegistryKey {
@@ -21,7 +32,7 @@ class RegistryKey {
     RegistryKey(const std::string& path, bool createIfMissing, HKEY hive = HKEY_LOCAL_MACHINE);
 
     /// The key, or nothing when it cannot be opened; then GetLastError() says why.
-    static std::optional<RegistryKey> openExisting(const std::string& path,
+    [[nodiscard]] static std::optional<RegistryKey> openExisting(const std::string& path,
                                                    HKEY hive = HKEY_LOCAL_MACHINE);
 
     /// Each answers false when the value does not exist and raises when it has another type. A

@@ -22,33 +22,15 @@ bool Settings::isValid() const {
     return keyExists(getKeyPath(false));
 }
 
-bool Settings::readOrWriteDefault(const setting::Text& text, std::string& value) const {
-    return getStringValueOrDefault(text.key, text.name, text.defaultValue, value);
-}
-
-bool Settings::readOrWriteDefault(const setting::Number& number, std::uint32_t& value) const {
-    return getDwordValueOrDefault(number.key, number.name, number.defaultValue, value);
-}
-
-bool Settings::write(const setting::Text& text, const std::string& value) const {
-    return setStringValue(text.key, text.name, value);
-}
-
-bool Settings::write(const setting::Number& number, std::uint32_t value) const {
-    return setDwordValue(number.key, number.name, value);
-}
-
 std::optional<bool> Settings::isUpdateCheckOn() const {
     std::uint32_t enabled = setting::kCheckForUpdates.defaultValue;
-    if (!readOrWriteDefault(setting::kCheckForUpdates, enabled) && isUnreadable(GetLastError())) {
-        return std::nullopt;
-    }
+    if (readOrWriteDefault(setting::kCheckForUpdates, enabled) == Read::refused) return {};
     return enabled != 0;
 }
 
 bool Settings::isUpdated(const setting::Number& flag) const {
     std::uint32_t state = 0;
-    return readOrWriteDefault(flag, state) &&
+    return readOrWriteDefault(flag, state) == Read::found &&
            state == static_cast<std::uint32_t>(UpdateFlag::updated);
 }
 
@@ -62,7 +44,7 @@ bool Settings::isCompleteSoftwareUpdated() const {
 
 bool Settings::setFlag(const setting::Number& flag, UpdateFlag state) const {
     std::uint32_t current = 0;
-    if (!readOrWriteDefault(flag, current) && isUnreadable(GetLastError())) return false;
+    if (readOrWriteDefault(flag, current) == Read::refused) return false;
     if (current == static_cast<std::uint32_t>(UpdateFlag::doNotChange)) return true;
     return write(flag, static_cast<std::uint32_t>(state));
 }

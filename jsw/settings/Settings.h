@@ -21,14 +21,9 @@ class Settings : public BasicSettings {
     /// no access to the registry.
     bool isValid() const;
 
-    /// A value of the local store that is written with its default when it is missing.
-    bool readOrWriteDefault(const setting::Text& text, std::string& value) const;
-    bool readOrWriteDefault(const setting::Number& number, std::uint32_t& value) const;
-    bool write(const setting::Text& text, const std::string& value) const;
-    bool write(const setting::Number& number, std::uint32_t value) const;
-
     /// Whether updates are looked for and taken into use. On when nothing says otherwise, which is
-    /// then written; nothing, with the error in GetLastError(), when it cannot be read.
+    /// then written; nothing, with the error in GetLastError(), when there may be a value that
+    /// cannot be read.
     std::optional<bool> isUpdateCheckOn() const;
     /// True only when the flag is "updated"; a missing flag is written as "none".
     bool isDataUpdated() const;

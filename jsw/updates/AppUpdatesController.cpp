@@ -25,7 +25,8 @@ std::time_t makeTime(std::tm* time) {
 }
 
 /// A setting that nobody knows may say that no check is wanted yet, so none is made.
-void logUnreadable(const char* name, DWORD error) {
+void logUnreadable(const char* name) {
+    const DWORD error = GetLastError();
     logLine(component::kUpdater, kLogError, "ERROR - unable to read the setting ", name,
             ", error=", error);
 }
@@ -78,7 +79,7 @@ void AppUpdatesController::checkForUpdates() {
     resetLastUpdatesCheckTime();
 
     std::string name;
-    if (!settings.readOrWriteDefault(setting::kUpdaterExecutable, name)) {
+    if (settings.readOrWriteDefault(setting::kUpdaterExecutable, name) != Read::found) {
         trace.add("FAILED to retrieve the BillBoard updater executable name!");
         return;
     }
@@ -93,7 +94,7 @@ bool AppUpdatesController::isTurnedOn(const Settings& settings, MethodTrace& tra
                                       const char* whenOff) {
     const std::optional<bool> on = settings.isUpdateCheckOn();
     if (!on) {
-        logUnreadable(setting::kCheckForUpdates.name, GetLastError());
+        logUnreadable(setting::kCheckForUpdates.name);
     } else if (!*on) {
         trace.add(whenOff);
     }
@@ -102,8 +103,8 @@ bool AppUpdatesController::isTurnedOn(const Settings& settings, MethodTrace& tra
 
 std::string AppUpdatesController::updaterFolder(const Settings& settings) {
     std::string folder;
-    if (settings.read(setting::kDllPath, folder) && !folder.empty()) return folder;
-    return CurrentProcess::instance()->folder();
+    settings.read(setting::kDllPath, folder);
+    return folder.empty() ? CurrentProcess::instance()->folder() : folder;
 }
 
 void AppUpdatesController::launch(const std::string& folder, const std::string& name,
@@ -139,12 +140,9 @@ bool AppUpdatesController::isItTimeToCheckForUpdates() {
     if (!lastCheck) return false;
     trace.add("The last check for updates was performed on : ", *lastCheck);
     std::uint32_t interval = setting::kUpdatesCheckFrequency.defaultValue;
-    if (!settings.readOrWriteDefault(setting::kUpdatesCheckFrequency, interval)) {
-        const DWORD error = GetLastError();
-        if (BasicSettings::isUnreadable(error)) {
-            logUnreadable(setting::kUpdatesCheckFrequency.name, error);
-            return false;
-        }
+    if (settings.readOrWriteDefault(setting::kUpdatesCheckFrequency, interval) == Read::refused) {
+        logUnreadable(setting::kUpdatesCheckFrequency.name);
+        return false;
     }
     trace.add("Interval between checks is : ", interval);
 
@@ -159,15 +157,20 @@ bool AppUpdatesController::isItTimeToCheckForUpdates() {
 /// logged, for one that cannot be read.
 std::optional<std::string> AppUpdatesController::lastCheckDate(const Settings& settings,
                                                                const std::string& today) const {
+    setting::Text stored = setting::kDateLastChecked;
+    stored.defaultValue = today.c_str();
     std::string date;
-    const setting::Text& stored = setting::kDateLastChecked;
-    if (settings.getStringValueOrDefault(stored.key, stored.name, today, date)) return date;
-    const DWORD error = GetLastError();
-    if (BasicSettings::isUnreadable(error)) {
-        logUnreadable(stored.name, error);
-        return std::nullopt;
+    switch (settings.readOrWriteDefault(stored, date)) {
+        case Read::found:
+        case Read::wrongType:
+            return date;
+        case Read::missing:
+            return today;
+        case Read::refused:
+            break;
     }
-    return settings.isValid() ? std::string() : today;
+    logUnreadable(stored.name);
+    return std::nullopt;
 }
 
 void AppUpdatesController::resetLastUpdatesCheckTime() {

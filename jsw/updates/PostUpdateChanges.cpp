@@ -42,7 +42,7 @@ void setFlag(const Settings& settings, const setting::Number& flag, UpdateFlag s
 bool switchFile(const Settings& settings, const UpdatedFile& file, const std::string& folder,
                 MethodTrace& trace) {
     std::string name;
-    settings.getStringValue(setting::kUpdatedFilesKey, file.inUse->name, name);
+    settings.getValue(setting::kUpdatedFilesKey, file.inUse->name, name);
     if (!isFileIn(folder, name)) {
         trace.add(file.what,
                   " file was NOT updated. File does not exist : ", joinPath(folder, name));
@@ -67,7 +67,8 @@ bool switchDataPath(const Settings& settings, const std::string& folder, const s
 
 bool isMissing(const Settings& settings, const setting::Text& path) {
     std::string value;
-    return !settings.read(path, value) || value.empty();
+    settings.read(path, value);
+    return value.empty();
 }
 
 }  // namespace
@@ -130,7 +131,8 @@ void AppUpdatesController::switchSoftware(const Settings& settings, MethodTrace&
     // setInitialPaths() could not write a folder, and the names alone would lead to the root of
     // some drive. The flag stays for the next job.
     std::string folder;
-    if (!settings.read(setting::kDllPath, folder) || folder.empty()) {
+    settings.read(setting::kDllPath, folder);
+    if (folder.empty()) {
         logLine(component::kUpdater, kLogError,
                 "ERROR - the folder of the updated modules is unknown");
         return;

@@ -65,7 +65,7 @@ TEST(CachedSwitchTest, HoldsFromTheNextTickForLessThanFiveSeconds) {
 class LoggingTest : public test::HostTest {
   protected:
     static void setSwitch(const char* name, std::uint32_t value) {
-        Settings().setDwordValue(setting::kLoggerKey, name, value);
+        Settings().setValue(setting::kLoggerKey, name, value);
     }
     /// A log that has read nothing yet.
     static void restartLog() {

@@ -150,13 +150,13 @@ TEST_F(ActionsTest, ABillboardWhoseFileIsMissingIsNotShown) {
 TEST_F(ActionsTest, TheDefaultBillboardIsLookedUpOnceAndThenRemembered) {
     script_.billboards["DEFAULT"].navigate = true;
     script_.billboards["DEFAULT"].restore = true;
-    Settings().setStringValue(setting::kHistoryIdsKey, "Id0", "A");
+    Settings().setValue(setting::kHistoryIdsKey, "Id0", "A");
     runJob();  // the first run: it clears the history
     EXPECT_THAT(viewCalls("DisplayBillboard"),
                 ElementsAre("DisplayBillboard(default.bb,false,true)"));
     EXPECT_THAT(historyIds(), IsEmpty());
     std::uint32_t navigate = 0;
-    EXPECT_TRUE(Settings().read(setting::kDefaultBillboardNavigate, navigate));
+    EXPECT_EQ(Settings().read(setting::kDefaultBillboardNavigate, navigate), Read::found);
     EXPECT_EQ(navigate, 1U);
 
     setHistory({"A"});
@@ -168,7 +168,7 @@ TEST_F(ActionsTest, TheDefaultBillboardIsLookedUpOnceAndThenRemembered) {
 }
 
 TEST_F(ActionsTest, ADefaultBillboardThatCannotBeRememberedIsAnError) {
-    Settings().setDwordValue(setting::kLoggerKey, "startLog", 0);
+    Settings().setValue(setting::kLoggerKey, "startLog", 0);
     const test::ImportTable imports(GetModuleHandleA("jsw.dll"));
     const auto readOnly = test::replaceImport<decltype(RegSetValueExA)>(
         imports, "RegSetValueExA", [](HKEY, const char*, DWORD, DWORD, const BYTE*, DWORD) {

@@ -242,7 +242,7 @@ TEST_F(CallbackTest, EndingTheJobWhileAPromptIsUpOnAnotherThread) {
 }
 
 TEST_F(CallbackTest, AnEndAskedForDuringAStartThatRaisesIsNotLost) {
-    Settings().setDwordValue(setting::kLoggerKey, "startLog", 0);
+    Settings().setValue(setting::kLoggerKey, "startLog", 0);
     std::atomic<bool> failNext{false};
     const test::ImportTable imports(GetModuleHandleA("jsw.dll"));
     const auto memory = test::replaceImport<void*(std::size_t)>(

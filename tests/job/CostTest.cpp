@@ -11,7 +11,7 @@ class CostTest : public test::JobTest {
   protected:
     void SetUp() override {
         JobTest::SetUp();
-        Settings().setDwordValue(setting::kLoggerKey, "startLog", 0);
+        Settings().setValue(setting::kLoggerKey, "startLog", 0);
         addBillboard("TIP", {.file = "tip.bb"});
         script_.ruleResults = {"TIP"};
         runJob();  // the first one looks the default billboard up

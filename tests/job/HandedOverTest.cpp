@@ -79,7 +79,7 @@ TEST_F(HandedOverTest, AFailureOfTheShellIsAnErrorAndGoesNoFurther) {
             SetLastError(1155);
             return FALSE;
         });
-    Settings().setDwordValue(setting::kLoggerKey, "startLog", 0);
+    Settings().setValue(setting::kLoggerKey, "startLog", 0);
     startJob();
     script_.clickBillboard("LAUNCH_APP", 0);
     script_.clickBillboard("LAUNCH_URL", 0);
@@ -151,10 +151,10 @@ TEST_F(HandedOverTest, AnUpdateIsTakenIntoUseBeforeTheModulesAreLoaded) {
     for (const auto& [value, module] : names) {
         const std::string file = concat("new", module, ".dll");
         CopyFileA(concat("scripted_", module, ".dll").c_str(), folder_.file(file).c_str(), FALSE);
-        settings.setStringValue(setting::kUpdatedFilesKey, value, file);
+        settings.setValue(setting::kUpdatedFilesKey, value, file);
     }
     folder_.write("version.txt", "2");
-    settings.setStringValue(setting::kUpdatedFilesKey, setting::kBillBoardVersionFile.name,
+    settings.setValue(setting::kUpdatedFilesKey, setting::kBillBoardVersionFile.name,
                             "version.txt");
     settings.write(setting::kDllPath, folder_.path());
     settings.write(setting::kCheckForUpdates, 1);

@@ -92,9 +92,9 @@ TEST_F(HistoryTest, TheNextJobReadsWhatAThreadOfTheJobBeforeStillHolds) {
 TEST_F(HistoryTest, AShorterListRemovesWhatALongerOneLeft) {
     const Settings settings;
     for (int i = 0; i < 300; ++i) {
-        settings.setStringValue(setting::kHistoryIdsKey, concat("Id", i), "old");
+        settings.setValue(setting::kHistoryIdsKey, concat("Id", i), "old");
     }
-    settings.setStringValue(setting::kHistoryIdsKey, "Identity", "a foreign value");
+    settings.setValue(setting::kHistoryIdsKey, "Identity", "a foreign value");
     for (const std::uint32_t maxSize : {120U, 2U}) {
         settings.write(setting::kHistoryMaxSize, maxSize);
         test::ImportGate gate{test::ImportTable(GetModuleHandleA(nullptr))};
@@ -109,7 +109,7 @@ TEST_F(HistoryTest, AShorterListRemovesWhatALongerOneLeft) {
 
 TEST_F(HistoryTest, NamesInOtherLetterCaseAreTheSameValues) {
     for (const char* name : {"id0", "ID1", "iD2"}) {
-        Settings().setStringValue(setting::kHistoryIdsKey, name, std::string("B") + name[2]);
+        Settings().setValue(setting::kHistoryIdsKey, name, std::string("B") + name[2]);
     }
     {
         History history;
@@ -123,12 +123,12 @@ TEST_F(HistoryTest, NamesInOtherLetterCaseAreTheSameValues) {
 TEST_F(HistoryTest, WhatAnotherProcessAddsMeanwhileSurvives) {
     const Settings settings;
     for (const char* name : {"Id0", "Id1", "Id2"}) {
-        settings.setStringValue(setting::kHistoryIdsKey, name, name);
+        settings.setValue(setting::kHistoryIdsKey, name, name);
     }
     settings.write(setting::kHistoryMaxSize, 2);
     {
         History history;
-        settings.setStringValue(setting::kHistoryIdsKey, "Id9", "of the other");
+        settings.setValue(setting::kHistoryIdsKey, "Id9", "of the other");
         history.add("B");
     }
     EXPECT_THAT(storedNames(), ElementsAre("Id0", "Id1", "Id9"));
@@ -136,7 +136,7 @@ TEST_F(HistoryTest, WhatAnotherProcessAddsMeanwhileSurvives) {
 
 TEST_F(HistoryTest, WhatCannotBeRemovedIsToldToTheLog) {
     startLog();
-    Settings().setStringValue(setting::kHistoryIdsKey, "foreign", "A");
+    Settings().setValue(setting::kHistoryIdsKey, "foreign", "A");
     const auto failing = test::replaceImport<decltype(RegDeleteValueA)>(
         test::ImportTable(GetModuleHandleA(nullptr)), "RegDeleteValueA",
         [](HKEY, const char*) { return LSTATUS{ERROR_ACCESS_DENIED}; });
@@ -167,7 +167,7 @@ TEST_F(HistoryTest, AClearThatTheRegistryRefusesIsMadeGoodAtTheEnd) {
 }
 
 TEST_F(HistoryTest, ClearDeletesTheKeyForGood) {
-    Settings().setStringValue(setting::kHistoryIdsKey, "Id0", "A");
+    Settings().setValue(setting::kHistoryIdsKey, "Id0", "A");
     {
         History history;
         history.clear();

@@ -98,7 +98,7 @@ std::vector<std::string> JobTest::viewCalls(const std::string& name) const {
 std::vector<std::string> JobTest::historyIds() const {
     std::vector<std::string> ids;
     std::string id;
-    while (Settings().getStringValue(setting::kHistoryIdsKey, concat("Id", ids.size()), id)) {
+    while (Settings().getValue(setting::kHistoryIdsKey, concat("Id", ids.size()), id)) {
         ids.push_back(id);
     }
     return ids;
@@ -106,7 +106,7 @@ std::vector<std::string> JobTest::historyIds() const {
 
 void JobTest::setHistory(const std::vector<std::string>& ids) const {
     for (std::size_t i = 0; i < ids.size(); ++i) {
-        Settings().setStringValue(setting::kHistoryIdsKey, concat("Id", i), ids[i]);
+        Settings().setValue(setting::kHistoryIdsKey, concat("Id", i), ids[i]);
     }
     // Without a default billboard looked up before, the job would count as a first run.
     Settings().write(setting::kDefaultBillboardFile, "default.bb");

@@ -52,7 +52,7 @@ TEST_F(LifecycleTest, ConstantFunctionsAndCallsWithoutAJobDoNothing) {
 }
 
 TEST_F(LifecycleTest, TheWindowIsSetUpCompletelyBeforeItIsShown) {
-    Settings().setStringValue(setting::kGuiKey, "WindowX", "17");
+    Settings().setValue(setting::kGuiKey, "WindowX", "17");
     ASSERT_EQ(startJob(), 1);
     ASSERT_TRUE(waitForRules());
     api_.updateInfo(2, 1, 60, 998, 999, &statusCodes);
@@ -214,7 +214,7 @@ TEST_F(LifecycleTest, CallbacksAfterTheJobAreIgnored) {
     EXPECT_THAT(statusCodes, IsEmpty());
     EXPECT_THAT(logLines(), IsEmpty());
     std::string value;
-    EXPECT_FALSE(Settings().getStringValue(setting::kGuiKey, "late", value));
+    EXPECT_FALSE(Settings().getValue(setting::kGuiKey, "late", value));
 }
 
 TEST_F(LifecycleTest, ExportsMayBeCalledFromSeveralThreads) {
@@ -279,7 +279,7 @@ TEST_F(LifecycleTest, WhatTheUserChoosesComesBackAtTheNextJob) {
 }
 
 TEST_F(LifecycleTest, AChoiceThatCannotBeSavedOrReadBackIsToldToTheLog) {
-    Settings().setDwordValue(setting::kGuiKey, "Number", 5);
+    Settings().setValue(setting::kGuiKey, "Number", 5);
     startJob();
     EXPECT_THAT(viewCalls("SetSavedValue"), IsEmpty());
     EXPECT_TRUE(hasLine(
@@ -398,14 +398,14 @@ TEST_F(LifecycleTest, ALongDataPathAndWrongTypesInTheRegistryDoNoHarm) {
     const std::string longPath = folder_.path() + "\\" + std::string(400, 'x') + "\\";
     Settings settings;
     settings.write(setting::kDataPath, longPath);
-    settings.setDwordValue(setting::kControllerKey, "Catalog", 5);
-    settings.setStringValue(setting::kHistoryKey, "MaxSize", "text");
-    settings.setDwordValue(setting::kHistoryIdsKey, "Id0", 1);
-    settings.setStringValue(setting::kLoggerKey, "All", "text");
-    settings.setStringValue(setting::kUpdaterKey, "CheckForUpdates", "text");
+    settings.setValue(setting::kControllerKey, "Catalog", 5);
+    settings.setValue(setting::kHistoryKey, "MaxSize", "text");
+    settings.setValue(setting::kHistoryIdsKey, "Id0", 1);
+    settings.setValue(setting::kLoggerKey, "All", "text");
+    settings.setValue(setting::kUpdaterKey, "CheckForUpdates", "text");
     for (const auto* number : {&setting::kShowProcessWindow, &setting::kJobProgressMinimized,
                                &setting::kShowSpecialMessages, &setting::kCompleteToPrint}) {
-        OfnSettings("").setStringValue(number->key, number->name, "text");
+        OfnSettings("").setValue(number->key, number->name, "text");
     }
     EXPECT_EQ(startJob(), 1);
     endJob();
@@ -423,7 +423,7 @@ TEST_F(LifecycleTest, ALongDataPathAndWrongTypesInTheRegistryDoNoHarm) {
 }
 
 TEST_F(LifecycleTest, AThousandJobsLeaveTheProcessAsItWas) {
-    Settings().setDwordValue(setting::kLoggerKey, "startLog", 0);
+    Settings().setValue(setting::kLoggerKey, "startLog", 0);
     addBillboard("TIP", {.file = "tip.bb", .type = "special"});
     script_.ruleResults = {"TIP"};
     bool raises = false;

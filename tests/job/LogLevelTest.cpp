@@ -36,7 +36,7 @@ class LogLevelTest : public test::JobTest {
     std::vector<std::string> linesAt(std::uint32_t mask) {
         const Settings settings;
         for (const char* component : {"All", "JSW", "RulesEng", "Catalog", "Updater"}) {
-            settings.setDwordValue(setting::kLoggerKey, component, mask);
+            settings.setValue(setting::kLoggerKey, component, mask);
         }
         setHistory({"SEEN"});
         DeleteFileA(logPath().c_str());
@@ -96,7 +96,7 @@ TEST_F(LogLevelTest, TracesDetailsAndTheLinesOfATraceAreToldApart) {
 
 TEST_F(LogLevelTest, ErrorsAreWrittenWithTheLogOff) {
     const Settings settings;
-    settings.setDwordValue(setting::kLoggerKey, "startLog", 0);
+    settings.setValue(setting::kLoggerKey, "startLog", 0);
     script_.rulesNeverEnd = true;
     script_.onEvaluateRule = [] { throw std::runtime_error("rule"); };
     script_.billboards["DEFAULT"].actions = {"jswnone:_^L3^_"};

@@ -97,7 +97,7 @@ TEST_F(PromptTest, EndingTheJobInsideAPromptKeepsTheSingletonsForTheNextJob) {
     EXPECT_THAT(script_.view.calls(), IsEmpty());
     EXPECT_EQ(statusCodes, 0);
     std::string late;
-    EXPECT_FALSE(Settings().getStringValue(setting::kGuiKey, "late", late));
+    EXPECT_FALSE(Settings().getValue(setting::kGuiKey, "late", late));
     EXPECT_FALSE(logContains("destroying Controller."));
 
     script_.rules.clear();

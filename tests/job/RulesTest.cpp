@@ -160,7 +160,7 @@ TEST_F(RulesTest, ResultsLeadToWhatIsShownKeptAndReported) {
         SCOPED_TRACE(row.what);
         Settings().deleteKey(setting::kHistoryKey);
         setHistory(row.history);
-        OfnSettings("").setDwordValue("GUI\\JSW\\", "Show Special Messages", row.specialsOn);
+        OfnSettings("").setValue("GUI\\JSW\\", "Show Special Messages", row.specialsOn);
         script_.ruleResults = row.results;
         script_.checkHistory = row.checkHistory;
         script_.view.clear();
@@ -234,7 +234,7 @@ TEST_F(RulesTest, AnEngineThatRaisesInThreeRulesIsAskedNoMore) {
 }
 
 TEST_F(RulesTest, AnEngineWithManyResultsLeavesTheProcessorToOthersOnceInAHundred) {
-    Settings().setDwordValue(setting::kLoggerKey, "startLog", 0);
+    Settings().setValue(setting::kLoggerKey, "startLog", 0);
     std::atomic<int> pauses{0};
     const auto sleep =
         test::replaceImport<decltype(Sleep)>(test::ImportTable(GetModuleHandleA("jsw.dll")),
@@ -326,7 +326,7 @@ TEST_F(RulesTest, TheUsersWishForSpecialMessagesCountsAtOnce) {
 }
 
 TEST_F(RulesTest, TheTextsOfModulesAreGivenBack) {
-    Settings().setDwordValue(setting::kLoggerKey, "startLog", 0);
+    Settings().setValue(setting::kLoggerKey, "startLog", 0);
     constexpr std::size_t kResults = 300;
     constexpr std::size_t kLength = 4000;
     script_.ruleResults.assign(kResults, std::string(kLength, 'x'));

@@ -9,13 +9,13 @@ namespace jsw::test {
 void SampleJobTest::SetUp() {
     JobTest::SetUp();
     const Settings settings;
-    settings.setDwordValue(setting::kLoggerKey, "startLog", 0);
+    settings.setValue(setting::kLoggerKey, "startLog", 0);
     settings.write(setting::kDataPath, std::string(folderPart(moduleFileName(nullptr))) + "data");
     settings.write(setting::kViewModule, "jswv.dll");
     settings.write(setting::kCatalogModule, "bcat.dll");
     settings.write(setting::kRulesEngineModule, "reng.dll");
     settings.write(setting::kCatalogFilename, "catalog.xml");
-    settings.setStringValue("Settings\\RulesEngine\\", "RulesFilename", "rules.xml");
+    settings.setValue("Settings\\RulesEngine\\", "RulesFilename", "rules.xml");
 }
 
 void SampleJobTest::sampleJob(int number) {

@@ -103,7 +103,7 @@ const test::ChildRole freed("freed", [](const std::string& registry) {
 class UnloadTest : public test::JobTest {
   protected:
     std::uint32_t run(const char* role) {
-        Settings().setDwordValue(setting::kLoggerKey, "startLog", 0);
+        Settings().setValue(setting::kLoggerKey, "startLog", 0);
         return test::ChildProcess(role, registryPath()).wait(60000);
     }
 };

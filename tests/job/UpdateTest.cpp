@@ -94,7 +94,7 @@ TEST_F(UpdateTest, TheEndOfAJobStartsTheUpdaterAndDoesNotWaitForIt) {
     EXPECT_LT(GetTickCount() - start, kBound);
     EXPECT_TRUE(hasStarted());
     std::string date;
-    EXPECT_TRUE(settings.read(setting::kDateLastChecked, date));
+    EXPECT_EQ(settings.read(setting::kDateLastChecked, date), Read::found);
     EXPECT_NE(date, "1/1/2000");
     EXPECT_TRUE(
         hasLine("AppUpdatesController::checkForUpdatesVista: Updater launched successfully."));

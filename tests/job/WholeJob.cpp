@@ -70,9 +70,9 @@ void WholeJobTest::prepare(std::uint32_t levels) {
     RegDeleteTreeA(HKEY_LOCAL_MACHINE, "Software");
     writeSettings();
     const Settings settings;
-    settings.setDwordValue(setting::kLoggerKey, "startLog", levels);
+    settings.setValue(setting::kLoggerKey, "startLog", levels);
     for (const char* component : {"All", "JSW", "RulesEng", "Catalog", "Updater"}) {
-        settings.setDwordValue(setting::kLoggerKey, component, levels);
+        settings.setValue(setting::kLoggerKey, component, levels);
     }
     settings.write(setting::kPcsClient, "comc.dll");
     settings.write(setting::kCheckForUpdates, 1);

@@ -148,12 +148,12 @@ TEST_F(MacroResolverTest, MissingSettingsGetTheirDefaultOrLeaveTheTag) {
     const std::string text = "_^BaseUrl^_|_^PrinterCode^_|_^OemCode^_";
     EXPECT_EQ(replace(text), "||_^OemCode^_");
     std::string written = "x";
-    EXPECT_TRUE(Settings().read(setting::kBaseUrl, written));
+    EXPECT_EQ(Settings().read(setting::kBaseUrl, written), Read::found);
     EXPECT_EQ(written, "");
 
     // A failure: the value is no text.
     for (const char* name : {"BaseUrl", "PrinterCode", "ManufacturerName"}) {
-        Settings().setDwordValue(setting::kSettingsKey, name, 1);
+        Settings().setValue(setting::kSettingsKey, name, 1);
     }
     BasicLogger::existing()->deleteLog();
     EXPECT_EQ(replace(text), text);

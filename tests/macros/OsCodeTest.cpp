@@ -20,8 +20,8 @@ const test::ChildRole askingHost("ask for the OS code", [](const std::string&) {
     const test::PrivateRegistry registry;
     Localize::createInstance(nullptr);
     const Settings settings;
-    settings.setDwordValue(setting::kLoggerKey, "startLog", 1);
-    settings.setDwordValue(setting::kLoggerKey, "Clocktime_In_Header", 0);
+    settings.setValue(setting::kLoggerKey, "startLog", 1);
+    settings.setValue(setting::kLoggerKey, "Clocktime_In_Header", 0);
     BasicLogger::createInstance(15);
     return std::stoi(PageDirectUtilities::getOsCode());
 });

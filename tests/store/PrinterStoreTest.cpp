@@ -21,7 +21,7 @@ TEST_F(PrinterStoreTest, StoreIsNamedAfterTheNameAtInstallation) {
 
     EXPECT_EQ(OfnSettings::printerStorePath("JSW renamed"), std::string(kRoot) + "JSW original");
     std::uint32_t value = 0;
-    EXPECT_TRUE(OfnSettings("JSW renamed").read(setting::kJobProgressMinimized, value));
+    EXPECT_EQ(OfnSettings("JSW renamed").read(setting::kJobProgressMinimized, value), Read::found);
     EXPECT_EQ(value, 5u);
 
     printer.setOriginalName("changed");
@@ -44,9 +44,9 @@ TEST_F(PrinterStoreTest, ReadingNeverMakesAPrinterStore) {
     const OfnSettings settings("No such printer");
     std::uint32_t value = 7;
     std::string text = "old";
-    EXPECT_FALSE(settings.read(setting::kShowProcessWindow, value));
-    EXPECT_FALSE(settings.getDwordValueOrDefault("GUI\\JSW\\", "x", 1, value));
-    EXPECT_FALSE(settings.read(setting::kRetailerId, text));
+    EXPECT_EQ(settings.read(setting::kShowProcessWindow, value), Read::missing);
+    EXPECT_EQ(settings.readOrWriteDefault(setting::kCompleteToPrint, value), Read::missing);
+    EXPECT_EQ(settings.read(setting::kRetailerId, text), Read::missing);
     EXPECT_EQ(value, 7u);
     EXPECT_EQ(text, "old");
     EXPECT_FALSE(settings.rootExists());

@@ -29,8 +29,8 @@ bool exists(const std::string& path) {
 std::string stored(const Settings& settings, const char* key, const char* name) {
     std::uint32_t number = 0;
     std::string text;
-    if (settings.getDwordValue(key, name, number)) return std::to_string(number);
-    return settings.getStringValue(key, name, text) ? "'" + text + "'" : "(none)";
+    if (settings.getValue(key, name, number)) return std::to_string(number);
+    return settings.getValue(key, name, text) ? "'" + text + "'" : "(none)";
 }
 
 }  // namespace
@@ -49,15 +49,15 @@ TEST_F(SettingsTest, FreshStoreGetsTheUpdaterDefaultsWhenTheyAreRead) {
     for (const auto& [number, expected] : numbers) {
         std::uint32_t value = 4711;
         SetLastError(ERROR_SUCCESS);
-        EXPECT_FALSE(settings.read(*number, value)) << number->name;
+        EXPECT_EQ(settings.read(*number, value), Read::missing) << number->name;
         EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_FILE_NOT_FOUND)) << number->name;
         EXPECT_EQ(stored(settings, number->key, number->name), "(none)");
-        EXPECT_TRUE(settings.readOrWriteDefault(*number, value));
+        EXPECT_EQ(settings.readOrWriteDefault(*number, value), Read::found);
         EXPECT_EQ(value, expected) << number->name;
         EXPECT_EQ(stored(settings, number->key, number->name), std::to_string(expected));
     }
     std::string text = "old";
-    EXPECT_TRUE(settings.readOrWriteDefault(setting::kUpdaterExecutable, text));
+    EXPECT_EQ(settings.readOrWriteDefault(setting::kUpdaterExecutable, text), Read::found);
     EXPECT_EQ(text, "");
     EXPECT_EQ(stored(settings, "Settings\\Updater", "BillBoardUpdaterExecutableName"), "''");
 }
@@ -69,9 +69,9 @@ TEST_F(SettingsTest, ReadingNeverMakesAStore) {
     EXPECT_FALSE(settings.isValid());
     std::uint32_t number = 4711;
     std::string text = "old";
-    EXPECT_FALSE(settings.readOrWriteDefault(setting::kCheckForUpdates, number));
+    EXPECT_EQ(settings.readOrWriteDefault(setting::kCheckForUpdates, number), Read::missing);
     EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_FILE_NOT_FOUND));
-    EXPECT_FALSE(settings.readOrWriteDefault(setting::kUpdaterExecutable, text));
+    EXPECT_EQ(settings.readOrWriteDefault(setting::kUpdaterExecutable, text), Read::missing);
     EXPECT_FALSE(settings.isDataUpdated());
     EXPECT_EQ(number, 4711u);
     EXPECT_EQ(text, "old");
@@ -80,15 +80,15 @@ TEST_F(SettingsTest, ReadingNeverMakesAStore) {
 
 TEST_F(SettingsTest, ValuesOfTheWrongTypeReadAsFalseWithTheOutputUntouched) {
     const Settings settings;
-    settings.setStringValue("Settings\\Updater", "CheckForUpdates", "1");
-    settings.setDwordValue("Settings\\", "DataPath", 5);
+    settings.setValue("Settings\\Updater", "CheckForUpdates", "1");
+    settings.setValue("Settings\\", "DataPath", 5);
     std::uint32_t number = 4711;
     std::string text = "old";
-    EXPECT_FALSE(settings.readOrWriteDefault(setting::kCheckForUpdates, number));
+    EXPECT_EQ(settings.readOrWriteDefault(setting::kCheckForUpdates, number), Read::wrongType);
     EXPECT_NE(GetLastError(), static_cast<DWORD>(ERROR_SUCCESS));
-    EXPECT_FALSE(settings.read(setting::kDataPath, text));
+    EXPECT_EQ(settings.read(setting::kDataPath, text), Read::wrongType);
     std::vector<std::uint8_t> bytes{9};
-    EXPECT_FALSE(settings.getBinaryValue("Settings\\", "DataPath", bytes));
+    EXPECT_FALSE(settings.getValue("Settings\\", "DataPath", bytes));
     EXPECT_EQ(number, 4711u);
     EXPECT_EQ(text, "old");
     EXPECT_THAT(bytes, ElementsAre(9));
@@ -134,7 +134,7 @@ TEST_F(SettingsTest, AFlagThatCannotBeReadIsNotWritten) {
         EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_ACCESS_DENIED));
     }
     EXPECT_EQ(stored(settings, setting::kUpdaterKey, "DataUpdated"), "2");
-    settings.setStringValue(setting::kUpdaterKey, "DataUpdated", "2");
+    settings.setValue(setting::kUpdaterKey, "DataUpdated", "2");
     EXPECT_TRUE(settings.setFlag(setting::kDataUpdated, UpdateFlag::updated));
     EXPECT_EQ(stored(settings, setting::kUpdaterKey, "DataUpdated"), "1");
 }
@@ -143,14 +143,14 @@ TEST_F(SettingsTest, SharedAndRootlessStoresLieWhereTheyShould) {
     const Settings settings;
     EXPECT_EQ(settings.getKeyPath(false), "Software\\QuillonInkjet\\JSW\\Local\\qlte\\");
     EXPECT_EQ(settings.getKeyPath(true), "Software\\QuillonInkjet\\JSW\\Shared\\");
-    EXPECT_TRUE(settings.setDwordValue("Settings\\", "x", 5, true));
+    EXPECT_TRUE(settings.setValue("Settings\\", "x", 5, true));
     EXPECT_TRUE(exists("Software\\QuillonInkjet\\JSW\\Shared\\Settings"));
 
     const BasicSettings plain("Software\\Root", "");
     EXPECT_EQ(plain.getKeyPath(true), "Software\\Root\\");
     EXPECT_FALSE(plain.rootExists());
-    EXPECT_TRUE(plain.setStringValue("Sub", "a", "1"));
-    EXPECT_TRUE(plain.setStringValue("Sub", "b", "2"));
+    EXPECT_TRUE(plain.setValue("Sub", "a", "1"));
+    EXPECT_TRUE(plain.setValue("Sub", "b", "2"));
     std::vector<std::string> names;
     EXPECT_TRUE(plain.getValueNames("Sub", names));
     EXPECT_THAT(names, UnorderedElementsAre("a", "b"));
@@ -164,9 +164,9 @@ TEST_F(SettingsTest, ListsTextsAndPassesOverWhatIsNone) {
     const Settings settings;
     std::vector<NamedText> texts;
     EXPECT_FALSE(settings.getStringValues(setting::kGuiKey, texts));
-    settings.setStringValue(setting::kGuiKey, "a", "1");
-    settings.setDwordValue(setting::kGuiKey, "b", 2);
-    settings.setStringValue(setting::kGuiKey, "c", "");
+    settings.setValue(setting::kGuiKey, "a", "1");
+    settings.setValue(setting::kGuiKey, "b", 2);
+    settings.setValue(setting::kGuiKey, "c", "");
     EXPECT_TRUE(settings.getStringValues(setting::kGuiKey, texts));
     std::map<std::string, std::string> found;
     for (const auto& [name, text] : texts) found[name] = text.value_or("(none)");
@@ -175,7 +175,7 @@ TEST_F(SettingsTest, ListsTextsAndPassesOverWhatIsNone) {
 
 TEST_F(SettingsTest, AListThatBreaksOffLeavesTheOutputsAsTheyWere) {
     const Settings settings;
-    for (const char* name : {"a", "b", "c"}) settings.setStringValue(setting::kGuiKey, name, "1");
+    for (const char* name : {"a", "b", "c"}) settings.setValue(setting::kGuiKey, name, "1");
     const auto breakOff = test::replaceImport<decltype(RegEnumValueA)>(
         test::ImportTable(GetModuleHandleA(nullptr)), "RegEnumValueA",
         [](auto original, HKEY key, DWORD index, auto... rest) {

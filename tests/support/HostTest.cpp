@@ -48,8 +48,8 @@ void HostTest::TearDown() {
 
 void HostTest::switchLogOn() {
     const Settings settings;
-    settings.setDwordValue(setting::kLoggerKey, "startLog", 1);
-    settings.setDwordValue(setting::kLoggerKey, "Clocktime_In_Header", 0);
+    settings.setValue(setting::kLoggerKey, "startLog", 1);
+    settings.setValue(setting::kLoggerKey, "Clocktime_In_Header", 0);
 }
 
 void HostTest::startLog() {

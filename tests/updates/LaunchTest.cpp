@@ -51,8 +51,8 @@ const test::ChildRole checkingHost("check for updates", [](const std::string& fo
     Localize::createInstance(nullptr);
     const Settings settings;
     if (folder != kNoFolder) settings.write(setting::kDllPath, folder);
-    settings.setDwordValue(setting::kLoggerKey, "startLog", 1);
-    settings.setDwordValue(setting::kLoggerKey, "Clocktime_In_Header", 0);
+    settings.setValue(setting::kLoggerKey, "startLog", 1);
+    settings.setValue(setting::kLoggerKey, "Clocktime_In_Header", 0);
     BasicLogger::createInstance(15);
     bool checked = true;
     if (!OsVersion::instance().isXpOrLater()) {

@@ -55,7 +55,7 @@ class PostUpdateTest : public test::HostTest {
         settings_->write(setting::kDefaultBillboardFile, "cached.jbb");
         for (std::size_t i = 0; i < kFiles; ++i) {
             settings_->write(*kInUse[i], "old");
-            settings_->setStringValue(setting::kUpdatedFilesKey, kInUse[i]->name, kNewNames[i]);
+            settings_->setValue(setting::kUpdatedFilesKey, kInUse[i]->name, kNewNames[i]);
         }
     }
 
@@ -297,7 +297,7 @@ TEST_F(PostUpdateTest, NamesThatAreNoFilesAreNotTakenIntoUse) {
         settings_->write(setting::kDataUpdated, 1);
         settings_->write(setting::kCatalogFilename, name);
         for (const auto* file : kInUse) {
-            settings_->setStringValue(setting::kUpdatedFilesKey, file->name, name);
+            settings_->setValue(setting::kUpdatedFilesKey, file->name, name);
         }
         controller_.performPostUpdateChangesIfRequired();
         for (const auto* file : kInUse) EXPECT_EQ(text(*file), "old") << name;
@@ -316,8 +316,8 @@ TEST_F(PostUpdateTest, FlagsOfOtherValuesAndTypesRequestNothing) {
         EXPECT_EQ(flag(setting::kCompleteSoftwareUpdated), value);
         EXPECT_EQ(flag(setting::kDataUpdated), value);
     }
-    settings_->setStringValue("Settings\\Updater", "CompleteSoftwareUpdated", "1");
-    settings_->setStringValue("Settings\\Updater", "DataUpdated", "1");
+    settings_->setValue("Settings\\Updater", "CompleteSoftwareUpdated", "1");
+    settings_->setValue("Settings\\Updater", "DataUpdated", "1");
     controller_.performPostUpdateChangesIfRequired();
     EXPECT_EQ(text(setting::kViewModule), "old");
     EXPECT_EQ(text(setting::kDataPath), "old data");
@@ -378,7 +378,7 @@ TEST_F(PostUpdateTest, InitialRunStopsBeforeAnyChange) {
 
 TEST_F(PostUpdateTest, InitialPathMayBeMissing) {
     EXPECT_THAT(controller_.getInitialPath(), ::testing::EndsWith("\\"));
-    settings_->setDwordValue("Settings\\Updater", "InitialPath", 1);
+    settings_->setValue("Settings\\Updater", "InitialPath", 1);
     EXPECT_THAT(controller_.getInitialPath(), ::testing::EndsWith("\\"));
 }
 

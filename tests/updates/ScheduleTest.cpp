@@ -188,9 +188,9 @@ TEST_F(UpdateCheckTest, FreshStoreGetsItsDefaultsAndIsNotDue) {
     EXPECT_TRUE(hasLine(std::string(kCheckTag) + "It is not time to check for updates yet."));
     EXPECT_EQ(storedDate(), today());
     std::uint32_t number = 0;
-    EXPECT_TRUE(settings_->read(setting::kCheckForUpdates, number));
+    EXPECT_EQ(settings_->read(setting::kCheckForUpdates, number), Read::found);
     EXPECT_EQ(number, 1u);
-    EXPECT_TRUE(settings_->read(setting::kUpdatesCheckFrequency, number));
+    EXPECT_EQ(settings_->read(setting::kUpdatesCheckFrequency, number), Read::found);
     EXPECT_EQ(number, 30u);
 }
 
@@ -227,9 +227,9 @@ TEST_F(UpdateCheckTest, ClockThatIsNotValidIsNeverDueAndWritesNothing) {
 }
 
 TEST_F(UpdateCheckTest, ValuesOfTheWrongTypeAreDueAndPutRight) {
-    settings_->setDwordValue("Settings\\Updater", "DateLastCheckedForUpdates", 5);
-    settings_->setStringValue("Settings\\Updater", "UpdatesCheckFrequency", "0");
-    settings_->setStringValue("Settings\\Updater", "CheckForUpdates", "0");
+    settings_->setValue("Settings\\Updater", "DateLastCheckedForUpdates", 5);
+    settings_->setValue("Settings\\Updater", "UpdatesCheckFrequency", "0");
+    settings_->setValue("Settings\\Updater", "CheckForUpdates", "0");
     controller_.checkForUpdates();
     EXPECT_EQ(storedDate(), today());
     EXPECT_TRUE(hasLine(std::string(kTimeTag) + "Interval between checks is : 30"));
@@ -259,6 +259,17 @@ TEST_F(UpdateCheckTest, AValueThatCannotBeReadStartsNoCheck) {
         EXPECT_FALSE(logContains("TURNED OFF"));
     }
     EXPECT_EQ(storedDate(), "1/1/2000");
+}
+
+TEST_F(UpdateCheckTest, ADefaultThatCannotBeStoredCountsAllTheSame) {
+    settings_->write(setting::kDateLastChecked, "1/1/2000");
+    const auto refuse = test::replaceImport<decltype(RegSetValueExA)>(
+        test::ImportTable(GetModuleHandleA(nullptr)), "RegSetValueExA",
+        [](auto...) { return LSTATUS{ERROR_ACCESS_DENIED}; });
+    controller_.checkForUpdates();
+    EXPECT_TRUE(hasLine(std::string(kTimeTag) + "Interval between checks is : 30"));
+    EXPECT_TRUE(logContains("It it time"));
+    EXPECT_FALSE(logContains("unable to read the setting"));
 }
 
 TEST_F(UpdateCheckTest, WithoutAStoreNothingIsDueAndNoneIsMade) {
@@ -298,7 +309,7 @@ TEST_F(UpdateCheckTest, NamesThatAreNoUpdaterAreRefusedAfterTheDateIsReset) {
     }
     settings_->write(setting::kDateLastChecked, "1/1/2000");
     const setting::Text& name = setting::kUpdaterExecutable;
-    settings_->setDwordValue(name.key, name.name, 1);
+    settings_->setValue(name.key, name.name, 1);
     controller_.checkForUpdates();
     EXPECT_TRUE(hasLine(std::string(kCheckTag) +
                         "FAILED to retrieve the BillBoard updater executable name!"));

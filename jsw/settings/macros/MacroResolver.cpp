@@ -34,11 +34,11 @@ struct Macro {
     Value (*value)(MacroResolver& resolver);
 };
 
-using ReadText = bool (Settings::*)(const setting::Text&, std::string&) const;
+using ReadText = Read (Settings::*)(const setting::Text&, std::string&) const;
 
 Value readLocalSetting(const setting::Text& text, ReadText read) {
     std::string value;
-    if ((Settings().*read)(text, value)) return value;
+    if ((Settings().*read)(text, value) == Read::found) return value;
     logLine(component::kJsw, kLogError, "Error - settings.getStringValue(keyName=", text.key,
             ", valueName=", text.name, ", rc=false.");
     return std::nullopt;
@@ -47,8 +47,8 @@ Value readLocalSetting(const setting::Text& text, ReadText read) {
 Value readPrinterSetting(const Printer& printer, const setting::Text& text) {
     std::string value;
     const OfnSettings store(printer.getFriendlyName());
-    if (store.read(text, value)) return value;
-    return std::nullopt;
+    if (store.read(text, value) != Read::found) return std::nullopt;
+    return value;
 }
 
 /// The retailer's code in a file of the folder; empty when there is none.

@@ -37,15 +37,18 @@ void readSettingsFile(FirstRunFacts& run) {
     }
 }
 
-Source sourceOfFailure() {
-    switch (GetLastError()) {
-        case ERROR_FILE_NOT_FOUND:
+Source sourceOf(Read outcome) {
+    switch (outcome) {
+        case Read::found:
+            return Source::stored;
+        case Read::missing:
             return Source::missing;
-        case ERROR_INVALID_DATATYPE:
+        case Read::wrongType:
             return Source::wrongType;
-        default:
-            return Source::unreadable;
+        case Read::refused:
+            break;
     }
+    return Source::unreadable;
 }
 
 /// Settings as they are stored. They are read without their defaults, which would be written.
@@ -54,12 +57,12 @@ void readStore(const BasicSettings& settings, const Texts& texts, const Numbers&
                StoreImage& image) {
     for (const setting::Text* text : texts) {
         StoredValue value;
-        value.source = settings.read(*text, value.text) ? Source::stored : sourceOfFailure();
+        value.source = sourceOf(settings.read(*text, value.text));
         image.put(text->key, text->name, value);
     }
     for (const setting::Number* number : numbers) {
         StoredValue value;
-        value.source = settings.read(*number, value.number) ? Source::stored : sourceOfFailure();
+        value.source = sourceOf(settings.read(*number, value.number));
         image.put(number->key, number->name, value);
     }
 }
