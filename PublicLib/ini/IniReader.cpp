@@ -1,6 +1,5 @@
 #include "PublicLib/ini/IniReader.h"
 
-#include "PublicLib/ini/ProfileBuffer.h"
 #include "PublicLib/logging/MethodTrace.h"
 #include "PublicLib/win/Handles.h"
 
@@ -8,21 +7,13 @@
 
 #include <exception>
 #include <limits>
+#include <memory>
+#include <new>
 #include <optional>
 
 namespace jsw {
 
 namespace {
-
-/// Runs one step; what it throws, for want of memory, counts as its failure.
-template <class Step>
-bool succeeds(const Step& step) {
-    try {
-        return step();
-    } catch (const std::exception&) {
-        return false;
-    }
-}
 
 std::string fullPath(const std::string& name) {
     if (name.empty()) return {};
@@ -59,12 +50,8 @@ IniReader::IniReader(const std::string& fileName) : fileName_(fullPath(fileName)
 }
 
 bool IniReader::build() {
-    parsed_ = succeeds([this] { return readFile(); });
-    return parsed_;
-}
-
-bool IniReader::readFile() {
     MethodTrace trace(component::kJsw, "IniReader::build():");
+    parsed_ = false;
     if (fileName_.empty()) return false;
     const auto size = sizeOfFile(fileName_);
     if (!size) {
@@ -72,69 +59,68 @@ bool IniReader::readFile() {
         return false;
     }
     trace.add("Size of the file=", *size);
-    if (!buildSections(*size)) return false;
-    return sections_.empty() || buildSectionsData(*size);
+    parsed_ = buildSections(*size) && (sections_.empty() || buildSectionsData(*size));
+    return parsed_;
 }
 
 bool IniReader::buildSections(std::uint32_t bufferSize) {
-    return succeeds([&] { return readSections(bufferSize); });
-}
-
-bool IniReader::readSections(std::uint32_t bufferSize) {
     MethodTrace trace(component::kJsw, "IniReader::buildSections(bufferSize=", bufferSize, "):");
-    ProfileBuffer buffer(bufferSize);
-    if (!buffer || fileName_.empty()) return false;
-    const std::string_view names = buffer.filledBy([this](char* bytes, std::uint32_t size) {
-        return GetPrivateProfileSectionNamesA(bytes, size, fileName_.c_str());
-    });
-    if (names.empty()) return false;
-    sections_ = splitNameList(names);
-    for (const std::string& section : sections_) sectionData_[section] = {};
-    return true;
+    if (fileName_.empty()) return false;
+    try {
+        const auto buffer = std::make_unique_for_overwrite<char[]>(bufferSize);
+        const std::string_view names =
+            filledPart(buffer.get(), bufferSize, [this](char* bytes, std::uint32_t size) {
+                return GetPrivateProfileSectionNamesA(bytes, size, fileName_.c_str());
+            });
+        sections_ = splitNameList(names);
+        for (const std::string& section : sections_) sectionData_[section] = {};
+        return !names.empty();
+    } catch (const std::exception&) {
+        return false;  // no memory
+    }
 }
 
 bool IniReader::buildSectionsData(std::uint32_t bufferSize) {
-    return succeeds([&] { return readSectionsData(bufferSize); });
-}
-
-bool IniReader::readSectionsData(std::uint32_t bufferSize) {
     MethodTrace trace(component::kJsw, "IniReader::buildSectionsData(bufferSize=", bufferSize,
                       "):");
-    ProfileBuffer buffer(bufferSize);
+    const std::unique_ptr<char[]> buffer(new (std::nothrow) char[bufferSize]);
     if (!buffer) {
         trace.add("Could not allocate memory for the buffer.");
         return false;
     }
     const auto fetch = [&](const std::string& section, const char* key) {
         SetLastError(ERROR_SUCCESS);
-        return buffer.filledBy([&](char* bytes, std::uint32_t size) {
+        return filledPart(buffer.get(), bufferSize, [&](char* bytes, std::uint32_t size) {
             return GetPrivateProfileStringA(section.c_str(), key, "", bytes, size,
                                             fileName_.c_str());
         });
     };
-    for (const std::string& section : sections_) {
-        const std::string_view list = fetch(section, nullptr);
-        if (list.empty()) {
-            trace.add("Could not retrieve key-value pairs for section=", section);
-            continue;
-        }
-        const std::vector<std::string> keys = splitNameList(list);
-        if (keys.empty()) {
-            trace.add("No key-value pairs found for section='", section, "'");
-        }
-        IniPairs pairs;
-        for (const std::string& key : keys) {
-            const std::string_view value = fetch(section, key.c_str());
-            // An empty value is a value; only the error tells it from one that is not there.
-            if (value.empty() && GetLastError() == ERROR_FILE_NOT_FOUND) {
-                trace.add("Could not retrieve value for key='", key, "' under section=", section);
+    try {
+        for (const std::string& section : sections_) {
+            const std::string_view list = fetch(section, nullptr);
+            if (list.empty()) {
+                trace.add("Could not retrieve key-value pairs for section=", section);
                 continue;
             }
-            pairs.emplace_back(key, value);
+            const std::vector<std::string> keys = splitNameList(list);
+            if (keys.empty()) trace.add("No key-value pairs found for section='", section, "'");
+            IniPairs pairs;
+            for (const std::string& key : keys) {
+                const std::string_view value = fetch(section, key.c_str());
+                // An empty value is a value; only the error tells it from one that is not there.
+                if (value.empty() && GetLastError() == ERROR_FILE_NOT_FOUND) {
+                    trace.add("Could not retrieve value for key='", key,
+                              "' under section=", section);
+                } else {
+                    pairs.emplace_back(key, value);
+                }
+            }
+            sectionData_[section] = std::move(pairs);
         }
-        sectionData_[section] = std::move(pairs);
+        return true;
+    } catch (const std::exception&) {
+        return false;  // no memory
     }
-    return true;
 }
 
 void IniReader::getSectionData(const std::string& sectionName, IniPairs& pairs) const {

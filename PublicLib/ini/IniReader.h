@@ -39,10 +39,6 @@ class IniReader {
     static IniValueType getValueType(const std::string& value, std::string& text);
 
   private:
-    bool readSections(std::uint32_t bufferSize);
-    bool readSectionsData(std::uint32_t bufferSize);
-    bool readFile();
-
     std::string fileName_;  // in full: the profile functions look for bare names elsewhere
     bool parsed_ = false;
     std::vector<std::string> sections_;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -23,6 +24,15 @@ IniTypedValue splitTypedValue(std::string_view value);
 /// The number at the front of a text, 0 when there is none; one that does not fit 32 bits with a
 /// sign becomes the largest or smallest that does.
 std::uint32_t leadingNumber(const std::string& text);
+
+/// Lets a profile function of Windows fill a buffer: fetch(buffer, size). Answers as much of the
+/// buffer as the function reports to have filled.
+template <class Fetch>
+std::string_view filledPart(char* buffer, std::uint32_t size, const Fetch& fetch) {
+    if (size == 0) return {};
+    buffer[0] = '\0';
+    return {buffer, std::min<std::uint32_t>(fetch(buffer, size), size)};
+}
 
 /// The names of a list in which each ends with a null character; an empty one ends the list, and
 /// so does the end of the buffer.

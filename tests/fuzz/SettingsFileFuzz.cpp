@@ -5,7 +5,6 @@
 // they have put into it; the rest is what they have put there. Whatever they do, names and values
 // lie within the buffer and in the ranges that the installation counts on.
 #include "PublicLib/ini/IniText.h"
-#include "PublicLib/ini/ProfileBuffer.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -30,12 +29,13 @@ std::uint32_t takeSize(const std::uint8_t*& data, std::size_t& size) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::uint32_t bufferSize = takeSize(data, size) % 4096;
     const std::uint32_t reported = takeSize(data, size);
-    jsw::ProfileBuffer buffer(bufferSize);
-    const std::string_view filled = buffer.filledBy([&](char* bytes, std::uint32_t room) {
+    std::vector<char> buffer(bufferSize);
+    const auto fetch = [&](char* bytes, std::uint32_t room) {
         std::memset(bytes, 'x', room);  // what the functions leave behind is not ours to choose
         std::memcpy(bytes, data, std::min<std::size_t>(room, size));
         return reported;
-    });
+    };
+    const std::string_view filled = jsw::filledPart(buffer.data(), bufferSize, fetch);
     expect(filled.size() <= bufferSize);
 
     std::size_t total = 0;
