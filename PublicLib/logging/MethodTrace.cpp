@@ -33,7 +33,7 @@ void MethodTrace::setResult(std::int32_t value) noexcept {
     if (open_) open_->result = std::to_string(value);  // so short that it takes no memory
 }
 
-void MethodTrace::setResult(const std::string& value) noexcept {
+void MethodTrace::setResult(std::string_view value) noexcept {
     if (open_) withoutRaising([&] { open_->result = value; });
 }
 

@@ -6,6 +6,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace jsw {
@@ -58,7 +59,15 @@ class MethodTrace {
 
     /// Records the result for the exit line: a number, a truth value as 1 or 0, or a text.
     void setResult(std::int32_t value) noexcept;
-    void setResult(const std::string& value) noexcept;
+    void setResult(std::uint32_t value) noexcept { setResult(asSigned(value)); }
+    void setResult(std::string_view value) noexcept;
+
+    /// Records the result and hands it on.
+    template <class Value>
+    Value returning(Value value) noexcept {
+        setResult(value);
+        return value;
+    }
 
   private:
     /// What is known while the trace is written. A silent trace, which is what nearly all are, does

@@ -7,7 +7,6 @@
 
 #include <windows.h>
 
-#include <optional>
 #include <utility>
 
 namespace jsw {
@@ -16,23 +15,11 @@ namespace {
 
 constexpr PcsStatus kHandleNotOpen = ERROR_INVALID_FUNCTION;
 
-/// Traces an operation and its status. Where memory is short the trace is, too: the operation goes
-/// on, so that what it holds is given up in any case.
-class CallTrace {
+/// Traces an operation and its status.
+class CallTrace : public MethodTrace {
   public:
-    explicit CallTrace(const char* operation) {
-        runGuarded(component::kJsw, operation,
-                   [&] { trace_.emplace(component::kJsw, "PcsClient::", operation, ": "); });
-    }
-    PcsStatus done(PcsStatus status) {
-        runGuarded(component::kJsw, "PcsClient", [&] {
-            if (trace_) trace_->setResult(static_cast<std::int32_t>(status));
-        });
-        return status;
-    }
-
-  private:
-    std::optional<MethodTrace> trace_;
+    explicit CallTrace(const char* operation)
+        : MethodTrace(component::kJsw, "PcsClient::", operation, ": ") {}
 };
 
 }  // namespace
@@ -41,12 +28,10 @@ PcsStatus PcsClient::callOnce(const char* operation, const Call& call, GivesUp o
     CallTrace trace(operation);
     JswDeviceClientId clientId = 0;
     PcsStatus status = acquireForCall(clientId, onClientIdFailure);
-    if (status != ERROR_SUCCESS) return trace.done(status);
-    const EntryPoint entryPoint = find(operation);
-    status = entryPoint != nullptr ? callLibrary(operation, call, entryPoint, clientId)
-                                   : ERROR_PROC_NOT_FOUND;
+    if (status != ERROR_SUCCESS) return trace.returning(status);
+    status = callLibrary(operation, call, find(operation), clientId);
     release();
-    return trace.done(status);
+    return trace.returning(status);
 }
 
 /// The references taken here are kept while the handle is open. The handle's record is made before
@@ -55,86 +40,72 @@ PcsStatus PcsClient::open(const char* operation, PcsHandle handle, PcsDevice dev
                           const Call& call) {
     CallTrace trace(operation);
     OpenHandles::node_type record = makeRecord(handle, device);
-    if (!record) return trace.done(ERROR_NOT_ENOUGH_MEMORY);
+    if (!record) return trace.returning<PcsStatus>(ERROR_NOT_ENOUGH_MEMORY);
     JswDeviceClientId& clientId = record.mapped().clientId;
     PcsStatus status = acquireForCall(clientId, GivesUp::library);
-    if (status != ERROR_SUCCESS) return trace.done(status);
+    if (status != ERROR_SUCCESS) return trace.returning(status);
     const EntryPoint entryPoint = find(operation);
+    status = callLibrary(operation, call, entryPoint, clientId);
     if (entryPoint == nullptr) {
         releaseUnopened(device);
-        return trace.done(ERROR_PROC_NOT_FOUND);
-    }
-    status = callLibrary(operation, call, entryPoint, clientId);
-    if (status == ERROR_SUCCESS) {
+    } else if (status == ERROR_SUCCESS) {
         remember(std::move(record));
     } else {
         release();
     }
-    return trace.done(status);
+    return trace.returning(status);
 }
 
 PcsStatus PcsClient::callByHandle(const char* operation, PcsHandle handle, const Call& call) {
     CallTrace trace(operation);
     const auto clientId = clientIdOf(handle);
-    if (!clientId) return trace.done(kHandleNotOpen);
-    const EntryPoint entryPoint = find(operation);
-    return trace.done(entryPoint != nullptr ? callLibrary(operation, call, entryPoint, *clientId)
-                                            : ERROR_PROC_NOT_FOUND);
+    if (!clientId) return trace.returning(kHandleNotOpen);
+    return trace.returning(callLibrary(operation, call, find(operation), *clientId));
 }
 
 /// Gives up what the open took, whatever the library says; of several threads that close one open,
-/// one gives it up. With a library that cannot close, the handle's record stays: callers rely on
-/// getting that answer again, not that of a handle that was never open.
+/// one gives it up. With a library that cannot close, the handle's record stays.
 PcsStatus PcsClient::close(const char* operation, PcsHandle handle) {
     CallTrace trace(operation);
     const auto clientId = clientIdOf(handle);
-    if (!clientId) return trace.done(kHandleNotOpen);
+    if (!clientId) return trace.returning(kHandleNotOpen);
     const EntryPoint entryPoint = find(operation);
-    if (entryPoint == nullptr) {
-        release();
-        return trace.done(ERROR_PROC_NOT_FOUND);
-    }
-    const auto call = withClientId(handle);
-    const PcsStatus status = callLibrary(operation, std::cref(call), entryPoint, *clientId);
-    if (forget(handle)) release();
-    return trace.done(status);
+    const PcsStatus status = callLibrary(operation, withClientId(handle), entryPoint, *clientId);
+    if (entryPoint == nullptr || forget(handle)) release();
+    return trace.returning(status);
 }
 
 PcsStatus PcsClient::callService(const char* operation, const Call& call) {
     CallTrace trace(operation);
-    if (acquireLibrary() != ERROR_SUCCESS) return trace.done(ERROR_MOD_NOT_FOUND);
-    const EntryPoint entryPoint = find(operation);
-    const PcsStatus status =
-        entryPoint != nullptr ? callLibrary(operation, call, entryPoint) : ERROR_PROC_NOT_FOUND;
+    if (acquireLibrary() != ERROR_SUCCESS) return trace.returning<PcsStatus>(ERROR_MOD_NOT_FOUND);
+    const PcsStatus status = callLibrary(operation, call, find(operation));
     releaseLibrary();
-    return trace.done(status);
+    return trace.returning(status);
 }
 
 /// Loads the library for this call alone and does not initialise it.
 PcsStatus PcsClient::callInstall(const char* operation, const Call& call) {
     CallTrace trace(operation);
     const ModuleHandle library = loadLibraryQuietly(dllName_);
-    if (!library) return trace.done(GetLastError());
-    const EntryPoint entryPoint = findIn(library.get(), operation);
-    return trace.done(entryPoint != nullptr ? callLibrary(operation, call, entryPoint)
-                                            : ERROR_PROC_NOT_FOUND);
+    if (!library) return trace.returning<PcsStatus>(GetLastError());
+    return trace.returning(callLibrary(operation, call, findIn(library.get(), operation)));
 }
 
 PcsStatus PcsClient::acquire() {
     CallTrace trace("acquire");
     PcsStatus status = acquireLibrary();
-    if (status != ERROR_SUCCESS) return trace.done(status);
+    if (status != ERROR_SUCCESS) return trace.returning(status);
     JswDeviceClientId clientId = 0;
     status = acquireClientId(clientId);
     if (status != ERROR_SUCCESS) releaseLibrary();
-    return trace.done(status);
+    return trace.returning(status);
 }
 
 PcsStatus PcsClient::release() {
     CallTrace trace("release");
     releaseClientId();
     releaseLibrary();
-    return trace.done(ERROR_SUCCESS);
+    return trace.returning<PcsStatus>(ERROR_SUCCESS);
 }
 
 PcsStatus PcsClient::checkServerName() {
@@ -142,17 +113,17 @@ PcsStatus PcsClient::checkServerName() {
     PcsStatus status = ERROR_NOT_ENOUGH_MEMORY;
     runGuarded(component::kJsw, "PcsClient::checkServerName",
                [&] { status = findServer(serverName_); });
-    return trace.done(status);
+    return trace.returning(status);
 }
 
 PcsStatus PcsClient::closeAllPrinters() {
     CallTrace trace("closeAllPrinters");
-    return trace.done(closeAll(PcsDevice::printer));
+    return trace.returning(closeAll(PcsDevice::printer));
 }
 
 PcsStatus PcsClient::closeAllHids() {
     CallTrace trace("closeAllHids");
-    return trace.done(closeAll(PcsDevice::hid));
+    return trace.returning(closeAll(PcsDevice::hid));
 }
 
 }  // namespace jsw

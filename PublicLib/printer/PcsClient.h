@@ -5,7 +5,6 @@
 #include "PublicLib/win/Handles.h"
 
 #include <cstdint>
-#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -60,59 +59,71 @@ class PcsClient {
     };
     using OpenHandles = std::map<PcsHandle, OpenHandle>;
     enum class GivesUp { library, clientId };
-    using EntryPoint = void*;
-    /// Made from a std::cref only, which takes no memory.
-    using Call = std::function<PcsStatus(EntryPoint, JswDeviceClientId)>;
+    using EntryPoint = void (*)();
 
-    // What is called, with the client id first or without it.
+    /// A function of the library with its arguments: to be made with the entry point and, where it
+    /// takes one, the client id.
+    class Call {
+      public:
+        virtual PcsStatus make(EntryPoint entryPoint, JswDeviceClientId clientId) const = 0;
+
+      protected:
+        ~Call() = default;
+    };
+    template <class Make>
+    class CallMadeBy final : public Call {
+      public:
+        explicit CallMadeBy(const Make& make) : make_(make) {}
+        PcsStatus make(EntryPoint entryPoint, JswDeviceClientId clientId) const override {
+            return make_(entryPoint, clientId);
+        }
+
+      private:
+        Make make_;
+    };
+
     template <class... Arguments>
     static auto withClientId(Arguments... arguments) {
-        return [=](EntryPoint entryPoint, JswDeviceClientId clientId) {
+        return CallMadeBy([=](EntryPoint entryPoint, JswDeviceClientId clientId) {
             using Function = PcsStatus(JswDeviceClientId, Arguments...);
             return reinterpret_cast<Function*>(entryPoint)(clientId, arguments...);
-        };
+        });
     }
     template <class... Arguments>
     static auto withoutClientId(Arguments... arguments) {
-        return [=](EntryPoint entryPoint, JswDeviceClientId) {
+        return CallMadeBy([=](EntryPoint entryPoint, JswDeviceClientId) {
             using Function = PcsStatus(Arguments...);
             return reinterpret_cast<Function*>(entryPoint)(arguments...);
-        };
+        });
     }
 
     // The call families.
     template <class... Arguments>
     PcsStatus perCall(const char* operation, Arguments... arguments) {
-        const auto call = withClientId(arguments...);
-        return callOnce(operation, std::cref(call), GivesUp::library);
+        return callOnce(operation, withClientId(arguments...), GivesUp::library);
     }
     template <class... Arguments>
     PcsStatus perCallHid(const char* operation, Arguments... arguments) {
-        const auto call = withClientId(arguments...);
-        return callOnce(operation, std::cref(call), GivesUp::clientId);
+        return callOnce(operation, withClientId(arguments...), GivesUp::clientId);
     }
     template <PcsDevice device>
     PcsStatus opening(const char* operation, PcsHandle handle) {
-        const auto call = withClientId(handle);
-        return open(operation, handle, device, std::cref(call));
+        return open(operation, handle, device, withClientId(handle));
     }
     template <class... Arguments>
     PcsStatus byHandle(const char* operation, PcsHandle handle, Arguments... arguments) {
-        const auto call = withClientId(handle, arguments...);
-        return callByHandle(operation, handle, std::cref(call));
+        return callByHandle(operation, handle, withClientId(handle, arguments...));
     }
     PcsStatus closing(const char* operation, PcsHandle handle) {
         return close(operation, handle);
     }
     template <class... Arguments>
     PcsStatus serviceCall(const char* operation, Arguments... arguments) {
-        const auto call = withoutClientId(arguments...);
-        return callService(operation, std::cref(call));
+        return callService(operation, withoutClientId(arguments...));
     }
     template <class... Arguments>
     PcsStatus installCall(const char* operation, Arguments... arguments) {
-        const auto call = withoutClientId(arguments...);
-        return callInstall(operation, std::cref(call));
+        return callInstall(operation, withoutClientId(arguments...));
     }
 
     PcsStatus callOnce(const char* operation, const Call& call, GivesUp onClientIdFailure);
@@ -131,7 +142,7 @@ class PcsClient {
     void releaseClientId();
     void releaseUnopened(PcsDevice device);
     void unload();
-    /// Calls an entry point of the library; 574 when it does not return.
+    /// Calls an entry point of the library; 127 when it is null, 574 when it does not return.
     static PcsStatus callLibrary(const char* operation, const Call& call, EntryPoint entryPoint,
                                  JswDeviceClientId clientId = 0);
     EntryPoint find(const char* operation) const;

@@ -3,6 +3,7 @@
 #include "PublicLib/calls/ForeignCall.h"
 #include "PublicLib/logging/Guard.h"
 #include "PublicLib/printer/PcsClient.h"
+#include "PublicLib/win/EntryPoint.h"
 #include "PublicLib/win/LoadLibrary.h"
 
 #include <windows.h>
@@ -72,10 +73,8 @@ PcsStatus PcsClient::acquireLibrary() {
 PcsStatus PcsClient::loadLibrary() {
     ModuleHandle library = loadLibraryQuietly(dllName_);
     if (!library) return GetLastError();
-    void* const entryPoint = findIn(library.get(), "initialize");
-    const auto initialize = withoutClientId();
-    if (entryPoint == nullptr ||
-        callLibrary("initialize", std::cref(initialize), entryPoint) != ERROR_SUCCESS) {
+    const EntryPoint entryPoint = findIn(library.get(), "initialize");
+    if (callLibrary("initialize", withoutClientId(), entryPoint) != ERROR_SUCCESS) {
         const PcsStatus error = GetLastError();
         // A library may fail without leaving an error behind; that must not pass for a success.
         return error != ERROR_SUCCESS ? error : ERROR_DLL_INIT_FAILED;
@@ -87,8 +86,8 @@ PcsStatus PcsClient::loadLibrary() {
 PcsStatus PcsClient::acquireClientId(JswDeviceClientId& clientId) {
     std::unique_lock lock(clientIdLock_);
     if (const PcsStatus status = checkServerName(); status != ERROR_SUCCESS) {
-        // The lock is left held: callers rely on it that a client whose server was refused stays
-        // with the thread that was refused, which may take the lock again.
+        // The lock is left held, for the thread that was refused alone: a fixed interface, like the
+        // two exceptions below (docs/architecture.md).
         lock.release();
         return status;
     }
@@ -103,11 +102,11 @@ PcsStatus PcsClient::acquireClientId(JswDeviceClientId& clientId) {
 /// Under clientIdLock_. The library is read without its lock, which is never taken inside this one:
 /// the reference that the caller has keeps it as it is.
 PcsStatus PcsClient::askForClientId() {
-    void* const entryPoint = findIn(library_.get(), "getClientId");
+    const EntryPoint entryPoint = findIn(library_.get(), "getClientId");
     if (entryPoint == nullptr) return GetLastError();
     JswDeviceClientId clientId = 0;
-    const auto getClientId = withoutClientId(&clientId, serverName_.c_str());
-    const PcsStatus status = callLibrary("getClientId", std::cref(getClientId), entryPoint);
+    const PcsStatus status =
+        callLibrary("getClientId", withoutClientId(&clientId, serverName_.c_str()), entryPoint);
     clientId_ = status == ERROR_SUCCESS ? clientId : 0;
     return status;
 }
@@ -119,8 +118,7 @@ PcsStatus PcsClient::acquireForCall(JswDeviceClientId& clientId, GivesUp onClien
     if (onClientIdFailure == GivesUp::library) {
         releaseLibrary();
     } else {
-        // Gives up the client id that was not had, not the library: callers rely on the library
-        // staying loaded after a window enumeration that failed here.
+        // Not the library, which stays loaded after a window enumeration that failed here.
         releaseClientId();
     }
     return status;
@@ -138,8 +136,7 @@ void PcsClient::releaseLibrary() {
     if (libraryUsers_ <= 0 && library_ && !keepLoaded_) unload();
 }
 
-/// After an open whose entry point is missing. For HID interfaces and scanners the client id is
-/// kept: callers rely on keeping the id that their registrations were made with.
+/// After an open whose entry point is missing. HID interfaces and scanners keep the client id.
 void PcsClient::releaseUnopened(PcsDevice device) {
     if (device != PcsDevice::hid && device != PcsDevice::scanner) releaseClientId();
     releaseLibrary();
@@ -147,10 +144,7 @@ void PcsClient::releaseUnopened(PcsDevice device) {
 
 /// Under libraryLock_, or when nobody else has this object any more.
 void PcsClient::unload() {
-    if (void* const entryPoint = findIn(library_.get(), "uninitialize")) {
-        const auto uninitialize = withoutClientId();
-        callLibrary("uninitialize", std::cref(uninitialize), entryPoint);
-    }
+    callLibrary("uninitialize", withoutClientId(), findIn(library_.get(), "uninitialize"));
     library_.reset();
     libraryUsers_ = 0;
 }
@@ -162,15 +156,16 @@ PcsClient::EntryPoint PcsClient::find(const char* operation) const {
 }
 
 PcsClient::EntryPoint PcsClient::findIn(HMODULE library, const char* operation) {
-    return reinterpret_cast<void*>(GetProcAddress(library, entryPointName(operation).data()));
+    return findEntryPoint<void()>(library, entryPointName(operation).data());
 }
 
 PcsStatus PcsClient::callLibrary(const char* operation, const Call& call, EntryPoint entryPoint,
                                  JswDeviceClientId clientId) {
+    if (entryPoint == nullptr) return ERROR_PROC_NOT_FOUND;
     CallEnd end{};
     const PcsStatus status = callForeign(
         component::kJsw, entryPointName(operation).data(),
-        [&] { return call(entryPoint, clientId); }, end);
+        [&] { return call.make(entryPoint, clientId); }, end);
     return end == CallEnd::returned ? status : kLibraryRaised;
 }
 
