@@ -31,7 +31,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         handler.values.emplace(std::string(1, name), cutLine(input));
     }
 
-    const auto result = jsw::TagScanner(&handler, {}, {kMaxSteps, kMaxSize}).replaceTags(text);
+    const auto result = jsw::replaceTags(std::string(text), &handler, {kMaxSteps, kMaxSize});
     const auto expected =
         jsw::test::replaceNaively(std::string(text), handler, kMaxSteps, kMaxSize);
     if (expected && (!result.complete || result.text != *expected)) std::abort();

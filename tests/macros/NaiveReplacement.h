@@ -14,10 +14,12 @@ struct TagValues : ISymbolicResolverHandler {
     std::map<std::string, std::string, std::less<>> values;
     std::size_t asked = 0;
 
-    std::string_view resolveTag(std::string_view tagText, std::string_view tagName) override {
+    std::optional<std::string> resolveTag(std::string_view /*tagText*/,
+                                          std::string_view tagName) override {
         ++asked;
         const auto found = values.find(tagName);
-        return found == values.end() ? tagText : std::string_view(found->second);
+        if (found == values.end()) return std::nullopt;
+        return found->second;
     }
 };
 
@@ -33,7 +35,8 @@ inline std::optional<std::string> replaceNaively(std::string text,
         const std::size_t close = text.find("^_", open + 2);
         if (close == std::string::npos) return text;
         const std::string tag = text.substr(open, close + 2 - open);
-        const std::string value(handler.resolveTag(tag, tag.substr(2, tag.size() - 4)));
+        const std::string value =
+            handler.resolveTag(tag, tag.substr(2, tag.size() - 4)).value_or(tag);
         position = value == tag ? open + 1 : open;
         text.replace(open, tag.size(), value);
     }

@@ -25,12 +25,10 @@ namespace {
 
 using Value = std::optional<std::string>;  // nothing: the fallback is used
 
-enum class Fallback { tagText, empty };
-
 /// A tag that is told by its whole name.
 struct Macro {
     std::string_view name;
-    Fallback fallback;
+    const char* fallback;  ///< null: the tag stays
     Value (*value)(MacroResolver& resolver);
 };
 
@@ -62,25 +60,23 @@ std::string codeInRetailerFile(const std::string& folder) {
 }
 
 constexpr Macro kMacros[] = {
-    {"BaseUrl", Fallback::tagText,
+    {"BaseUrl", nullptr,
      [](MacroResolver&) {
          return readLocalSetting(setting::kBaseUrl, &Settings::readOrWriteDefault);
      }},
-    {"CountryCode", Fallback::tagText,
+    {"CountryCode", nullptr,
      [](MacroResolver&) { return Value(PageDirectUtilities::getCountryCode()); }},
-    {"LanguageCode", Fallback::tagText,
+    {"LanguageCode", nullptr,
      [](MacroResolver&) { return Value(PageDirectUtilities::getLanguageCode()); }},
-    {"OemCode", Fallback::tagText,
+    {"OemCode", nullptr,
      [](MacroResolver&) { return readLocalSetting(setting::kManufacturerName, &Settings::read); }},
-    {"OsCode", Fallback::tagText,
-     [](MacroResolver&) { return Value(PageDirectUtilities::getOsCode()); }},
-    {"PartnerCode", Fallback::empty,
-     [](MacroResolver& resolver) { return Value(resolver.getPartnerCode()); }},
-    {"PrinterCode", Fallback::tagText,
+    {"OsCode", nullptr, [](MacroResolver&) { return Value(PageDirectUtilities::getOsCode()); }},
+    {"PartnerCode", "", [](MacroResolver& resolver) { return Value(resolver.getPartnerCode()); }},
+    {"PrinterCode", nullptr,
      [](MacroResolver&) {
          return readLocalSetting(setting::kPrinterCode, &Settings::readOrWriteDefault);
      }},
-    {"PSI", Fallback::empty,
+    {"PSI", "",
      [](MacroResolver& resolver) {
          return readPrinterSetting(resolver.printer(), setting::kSerialNumber);
      }},
@@ -105,7 +101,7 @@ Value cartridgeValue(const CartridgeTag& tag, std::string_view tagName, Printer&
 
 /// What a value's source answers; nothing, and a log line, when it fails.
 template <class Source>
-Value guarded(const Source& source) {
+Value orLogged(const Source& source) {
     try {
         return source();
     } catch (const Exception& error) {
@@ -124,7 +120,7 @@ MacroResolver::MacroResolver(std::shared_ptr<Printer> printer) : printer_(std::m
 std::string MacroResolver::replaceMacros(const std::string& text) {
     MethodTrace trace(component::kJsw, "MacroResolver::replaceMacros:");
     trace.add("    replaceMacros( str=", text, "):");
-    TagScanner::Result result = TagScanner(this).replaceTags(text);
+    TagResult result = replaceTags(text, this);
     if (!result.complete) {
         logLine(component::kJsw, kLogError,
                 "WARNING: MacroResolver::replaceMacros: too many or too long values, a value may "
@@ -134,27 +130,24 @@ std::string MacroResolver::replaceMacros(const std::string& text) {
     return std::move(result.text);
 }
 
-std::string_view MacroResolver::resolveTag(std::string_view tagText, std::string_view tagName) {
+Value MacroResolver::resolveTag(std::string_view tagText, std::string_view tagName) {
     MethodTrace trace(component::kJsw, "MacroResolver::resolveTag:");
     trace.add("    resolveTag( strTagText=", tagText, ", strTag=", tagName, ")");
-    const std::string_view value = tagText.empty() ? tagName : findValue(tagText, tagName);
-    if (trace.isActive()) withoutRaising([&] { trace.setResult(std::string(value)); });
+    Value value = tagText.empty() ? std::string(tagName) : findValue(tagName);
+    trace.setResult(value ? *value : tagText);
     return value;
 }
 
-std::string_view MacroResolver::findValue(std::string_view tagText, std::string_view tagName) {
-    Value value;
-    std::string_view fallback = tagText;
+Value MacroResolver::findValue(std::string_view tagName) {
     if (const Macro* const macro = findMacro(tagName)) {
-        if (macro->fallback == Fallback::empty) fallback = "";
-        value = guarded([&] { return macro->value(*this); });
-    } else if (const CartridgeTag* const tag = findCartridgeTag(tagName)) {
-        fallback = tag->fallback;
-        value = guarded([&] { return cartridgeValue(*tag, tagName, *printer_); });
+        Value value = orLogged([&] { return macro->value(*this); });
+        if (!value && macro->fallback != nullptr) return macro->fallback;
+        return value;
     }
-    if (!value) return fallback;
-    value_ = std::move(*value);
-    return value_;
+    const CartridgeTag* const tag = findCartridgeTag(tagName);
+    if (tag == nullptr) return std::nullopt;
+    return orLogged([&] { return cartridgeValue(*tag, tagName, *printer_); })
+        .value_or(std::string(tag->fallback));
 }
 
 std::string MacroResolver::getPartnerCode() {

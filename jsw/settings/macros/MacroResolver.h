@@ -3,6 +3,7 @@
 #include "jsw/settings/macros/TagScanner.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -24,9 +25,9 @@ class MacroResolver : public ISymbolicResolverHandler {
     /// at TagLimits and the log gets a warning.
     std::string replaceMacros(const std::string& text);
 
-    /// The value of one tag; the tag text itself when the tag stays. An empty tag text gives the
-    /// tag name. Valid until the next call, and no longer than its arguments.
-    std::string_view resolveTag(std::string_view tagText, std::string_view tagName) override;
+    /// The value of one tag. An empty tag text gives the tag name.
+    std::optional<std::string> resolveTag(std::string_view tagText,
+                                          std::string_view tagName) override;
 
     /// "&partner=" and the retailer's code, from the retailer file in the printer-driver folder or
     /// from the printer's store; empty when there is none. Throws Exception when the host or the
@@ -34,10 +35,9 @@ class MacroResolver : public ISymbolicResolverHandler {
     std::string getPartnerCode();
 
   private:
-    std::string_view findValue(std::string_view tagText, std::string_view tagName);
+    std::optional<std::string> findValue(std::string_view tagName);
 
     std::shared_ptr<Printer> printer_;
-    std::string value_;  // what the last answer of resolveTag() may look at
 };
 
 }  // namespace jsw

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -11,19 +12,11 @@ class ISymbolicResolverHandler {
   public:
     virtual ~ISymbolicResolverHandler() = default;
 
-    /// The text that replaces a tag, or the tag text itself: then the tag stays as it is. The
-    /// answer must stay valid until the next call. It is a view so that leaving a long tag costs
-    /// nothing.
-    /// @param tagText  the whole tag with its delimiters; valid during the call
+    /// The text that replaces a tag; nothing: the tag stays as it is.
+    /// @param tagText  the whole tag with its delimiters
     /// @param tagName  what lies between the delimiters
-    virtual std::string_view resolveTag(std::string_view tagText, std::string_view tagName) = 0;
-};
-
-/// How a tag looks. Both delimiters have at least one character.
-struct TagSyntax {
-    bool ignoreCase = true;  ///< of ASCII letters in the delimiters
-    std::string_view open = "_^";
-    std::string_view close = "^_";
+    virtual std::optional<std::string> resolveTag(std::string_view tagText,
+                                                  std::string_view tagName) = 0;
 };
 
 /// Where replacing ends, because a value may lead back to itself.
@@ -35,27 +28,16 @@ struct TagLimits {
     std::size_t growth = std::size_t{16} * 1024 * 1024;
 };
 
-/// Replaces the tags in a text by their values. A value may contain tags, or complete one together
-/// with the text that follows it; those are replaced too. Takes time in proportion to the length of
-/// the text and of the values, whatever they contain.
-class TagScanner {
-  public:
-    struct Result {
-        std::string text;
-        bool complete = true;  ///< false: a limit was reached, the tags from there on remain
-    };
-
-    /// @param handler  without one every text stays as it is
-    explicit TagScanner(ISymbolicResolverHandler* handler, const TagSyntax& syntax = {},
-                        const TagLimits& limits = {})
-        : syntax_(syntax), handler_(handler), limits_(limits) {}
-
-    Result replaceTags(std::string_view text) const;
-
-  private:
-    TagSyntax syntax_;
-    ISymbolicResolverHandler* handler_;
-    TagLimits limits_;
+struct TagResult {
+    std::string text;
+    bool complete = true;  ///< false: a limit was reached, the tags from there on remain
 };
+
+/// Replaces the tags in a text, "_^name^_", by their values. A value may contain tags, or complete
+/// one together with the text that follows it; those are replaced too. For texts of the length of
+/// an address: each replacement moves what follows it.
+/// @param handler  null: the text stays as it is
+TagResult replaceTags(std::string text, ISymbolicResolverHandler* handler,
+                      const TagLimits& limits = {});
 
 }  // namespace jsw
