@@ -1,5 +1,6 @@
 // What is read from bytes: the printer's cache record and the tags in an address.
 
+#include "PublicLib/printer/CacheRecord.h"
 #include "PublicLib/printer/PrinterCache.h"
 #include "PublicLib/text/Text.h"
 #include "bench/Host.h"

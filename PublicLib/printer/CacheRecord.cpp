@@ -13,14 +13,6 @@ constexpr std::size_t kRecordHeaderSize = 3;  // id and length
 constexpr std::size_t kNumberSize = 4;
 
 constexpr std::uint32_t kDeviceSerialNumber = 0x0016;
-constexpr std::uint32_t kBlackDots = 0x0400;
-constexpr std::uint32_t kCyanDots = 0x0401;
-constexpr std::uint32_t kMagentaDots = 0x0402;
-constexpr std::uint32_t kYellowDots = 0x0403;
-constexpr std::uint32_t kPhotoDots = 0x0404;  // to 0x0406
-constexpr std::uint32_t kBlackCapacity = 0x0414;
-constexpr std::uint32_t kColorCapacity = 0x0415;
-constexpr std::uint32_t kPhotoCapacity = 0x0417;
 constexpr std::uint32_t kModemState = 0x0515;
 constexpr std::uint32_t kModemPresent = 0x0523;
 
@@ -48,15 +40,23 @@ unsigned cartridgeOf(std::uint32_t id) {
     return block == kCartridge2Block ? 2 : 0;
 }
 
-double dotsLeft(double capacity, double dots) {
-    return capacity - dots;
-}
-
 double percentLeft(double capacity, double dots) {
     return (capacity - dots) * 100 / capacity;
 }
 
 }  // namespace
+
+const std::array<InkNumber, 10> kInkNumbers{
+    {{0x0400, "blackDotCount=", &InkNumbers::blackDots},
+     {0x0401, "cyanDotCount=", &InkNumbers::cyanDots},
+     {0x0402, "magentaDotCount=", &InkNumbers::magentaDots},
+     {0x0403, "yellowDotCount=", &InkNumbers::yellowDots},
+     {0x0404, "photoColor1BlackDotCount=", &InkNumbers::photoBlackDots},
+     {0x0405, "photoColor2CyanDotCount=", &InkNumbers::photoCyanDots},
+     {0x0406, "photocolor3MagentaDotCount=", &InkNumbers::photoMagentaDots},
+     {0x0414, "blackCartridgeCapacity=", &InkNumbers::blackCapacity},
+     {0x0415, "colorCartridgeCapacity=", &InkNumbers::colorCapacity},
+     {0x0417, "photoCartridgeCapacity=", &InkNumbers::photoCapacity}}};
 
 const char* cartridgeTypeName(CartridgeType type) {
     switch (type) {
@@ -93,7 +93,9 @@ void CacheRecord::parse(std::span<const std::uint8_t> stream) {
     values_.cartridgeCount = 0;
     for (CartridgeValues& cartridge : values_.cartridges) {
         if (cartridge.type != CartridgeType::missing) ++values_.cartridgeCount;
-        derive(cartridge);
+        cartridge.capacity = getTotalDotCount(cartridge.type, capacityOf(cartridge.type));
+        cartridge.remainingDotCount = getRemainingDotCount(cartridge.type);
+        cartridge.level = getInkCartridgeLevel(cartridge.type);
     }
 }
 
@@ -101,15 +103,13 @@ void CacheRecord::parse(std::span<const std::uint8_t> stream) {
 ///              its field whatever the length says, which only leads to the next record.
 void CacheRecord::takeRecord(std::uint32_t id, std::uint8_t length,
                              std::span<const std::uint8_t> rest) {
-    if (id == kDeviceSerialNumber) return takeText(length, rest);
+    if (id == kDeviceSerialNumber) {
+        if (length > rest.size()) return;
+        values_.deviceSerialNumber.assign(rest.begin(), rest.begin() + length);
+        return;
+    }
     if (!rest.empty()) takeByte(id, rest[0]);
     if (rest.size() >= kNumberSize) takeNumber(id, rest.data());
-}
-
-void CacheRecord::takeText(std::uint8_t length, std::span<const std::uint8_t> rest) {
-    if (length > rest.size()) return;
-    const auto text = rest.first(length);
-    values_.deviceSerialNumber.assign(text.begin(), text.end());
 }
 
 void CacheRecord::takeByte(std::uint32_t id, std::uint8_t byte) {
@@ -150,33 +150,11 @@ void CacheRecord::takeCartridgeClass(std::uint8_t typeByte) {
     takeFrom('p', values_.photoCartridgeClass);
 }
 
-std::uint32_t* CacheRecord::numberField(std::uint32_t id) {
-    switch (id) {
-        case kBlackDots:
-            return &dots_.black;
-        case kCyanDots:
-            return &dots_.cyan;
-        case kMagentaDots:
-            return &dots_.magenta;
-        case kYellowDots:
-            return &dots_.yellow;
-        case kPhotoDots:
-        case kPhotoDots + 1:
-        case kPhotoDots + 2:
-            return &dots_.photo[id - kPhotoDots];
-        case kBlackCapacity:
-            return &capacities_.black;
-        case kColorCapacity:
-            return &capacities_.color;
-        case kPhotoCapacity:
-            return &capacities_.photo;
-        default:
-            return nullptr;
-    }
-}
-
 void CacheRecord::takeNumber(std::uint32_t id, const std::uint8_t* bytes) {
-    if (std::uint32_t* field = numberField(id)) *field = getUnsignedLongValue(bytes);
+    if (id >= kInkNumbers.front().id && id <= kInkNumbers.back().id) {
+        const auto number = std::ranges::find(kInkNumbers, id, &InkNumber::id);
+        if (number != kInkNumbers.end()) ink_.*number->field = getUnsignedLongValue(bytes);
+    }
     const unsigned cartridge = cartridgeOf(id);
     if (cartridge == 0) return;
     if (id % kCartridgeFields == kSerialNumberField) {
@@ -189,86 +167,84 @@ void CacheRecord::takeNumber(std::uint32_t id, const std::uint8_t* bytes) {
 void CacheRecord::takePartNumber(unsigned cartridge, std::uint32_t value) {
     const PartNumber partNumber = toPartNumber(value);
     values_.cartridges[cartridge - 1].partNumber = partNumber.text;
-    onPartNumber(cartridge, partNumber);
+    if (observer_ != nullptr) observer_->onPartNumber(cartridge, partNumber);
 }
 
-void CacheRecord::onPartNumber(unsigned /*cartridge*/, const PartNumber& /*partNumber*/) {
-}
-
-void CacheRecord::derive(CartridgeValues& cartridge) const {
-    cartridge.capacity = getTotalDotCount(cartridge.type, capacityOf(cartridge.type));
-    cartridge.remainingDotCount = getRemainingDotCount(cartridge.type);
-    cartridge.level = getInkCartridgeLevel(cartridge.type);
+void CacheRecord::tell(const char* conversion, const char* note) const {
+    if (observer_ != nullptr) observer_->onConversion(conversion, note);
 }
 
 std::uint32_t CacheRecord::capacityOf(CartridgeType kind) const {
     switch (kind) {
         case CartridgeType::black:
-            return capacities_.black;
+            return ink_.blackCapacity;
         case CartridgeType::color:
-            return capacities_.color;
+            return ink_.colorCapacity;
         case CartridgeType::photo:
-            return capacities_.photo;
+            return ink_.photoCapacity;
         default:
             return 0;
     }
 }
 
-CartridgeType CacheRecord::getCartridgeType(std::uint8_t typeByte) const {
-    switch (typeByte & 0xF0) {
-        case 0x20:
-            return CartridgeType::missing;
-        case 0x30:
-            return CartridgeType::black;
-        case 0x50:
-            return CartridgeType::color;
-        case 0x70:
-            return CartridgeType::photo;
+/// The dots fired of that ink in a cartridge of this kind of which most were fired.
+std::uint32_t CacheRecord::mostDots(CartridgeType kind) const {
+    switch (kind) {
+        case CartridgeType::black:
+            return ink_.blackDots;
+        case CartridgeType::color:
+            return std::max({ink_.cyanDots, ink_.magentaDots, ink_.yellowDots});
         default:
-            return CartridgeType::invalid;
+            return std::max({ink_.photoBlackDots, ink_.photoCyanDots, ink_.photoMagentaDots});
     }
 }
 
+CartridgeType CacheRecord::getCartridgeType(std::uint8_t typeByte) const {
+    const CartridgeType type = [typeByte] {
+        switch (typeByte & 0xF0) {
+            case 0x20:
+                return CartridgeType::missing;
+            case 0x30:
+                return CartridgeType::black;
+            case 0x50:
+                return CartridgeType::color;
+            case 0x70:
+                return CartridgeType::photo;
+            default:
+                return CartridgeType::invalid;
+        }
+    }();
+    tell("getCartridgeType", cartridgeTypeName(type));
+    return type;
+}
+
 std::uint32_t CacheRecord::getUnsignedLongValue(const std::uint8_t* bytes) const {
-    if (bytes == nullptr) return 0;
+    constexpr char kNoBytes[] = "The byte stream passed in is NULL, defaulting value to 0";
+    tell("getUnsignedLongValue", bytes == nullptr ? kNoBytes : nullptr);
     std::uint32_t value = 0;
-    for (std::size_t i = 0; i < kNumberSize; ++i) value = value << 8 | bytes[i];
+    for (std::size_t i = 0; bytes != nullptr && i < kNumberSize; ++i) value = value << 8 | bytes[i];
     return value;
 }
 
 std::uint32_t CacheRecord::getTotalDotCount(CartridgeType kind, std::uint32_t capacity) const {
+    tell("getTotalDotCount");
     return kind == CartridgeType::invalid || kind == CartridgeType::missing ? 0 : capacity;
 }
 
 std::uint32_t CacheRecord::getInkCartridgeLevel(CartridgeType kind) const {
+    tell("getInkCartridgeLevel");
     const double capacity = capacityOf(kind);
-    if (capacity <= 0) return 0;
-    const auto left = [capacity](std::uint32_t dots) { return percentLeft(capacity, dots); };
-    switch (kind) {
-        case CartridgeType::black:
-            return toCount(left(dots_.black));
-        case CartridgeType::color:
-            return toCount(std::min({left(dots_.cyan), left(dots_.magenta), left(dots_.yellow)}));
-        default:
-            return toCount(left(std::ranges::max(dots_.photo)));
-    }
+    return capacity <= 0 ? 0 : toCount(percentLeft(capacity, mostDots(kind)));
 }
 
 std::uint32_t CacheRecord::getRemainingDotCount(CartridgeType kind) const {
+    tell("getRemainingDotCount");
     const double capacity = capacityOf(kind);
     if (capacity <= 0) return 0;
-    switch (kind) {
-        case CartridgeType::black:
-            return toCount(dotsLeft(capacity, dots_.black));
-        case CartridgeType::color:
-            // Magenta counts in per cent, unlike the other two: the billboards' rules and the
-            // figures in their addresses are tuned to this answer, so it stays.
-            return toCount(
-                std::min({dotsLeft(capacity, dots_.cyan), percentLeft(capacity, dots_.magenta),
-                          dotsLeft(capacity, dots_.yellow)}));
-        default:
-            return toCount(dotsLeft(capacity, std::ranges::max(dots_.photo)));
-    }
+    if (kind != CartridgeType::color) return toCount(capacity - mostDots(kind));
+    // Magenta counts in per cent, unlike the other two: a fixed interface (docs/architecture.md).
+    return toCount(std::min({capacity - ink_.cyanDots, percentLeft(capacity, ink_.magentaDots),
+                             capacity - ink_.yellowDots}));
 }
 
 }  // namespace jsw
