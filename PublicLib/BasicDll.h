@@ -1,6 +1,6 @@
 #pragma once
 
-#include "PublicLib/errors/Exception.h"
+#include "PublicLib/errors/ErrorPlaces.h"
 #include "PublicLib/locks/CriticalSection.h"
 #include "PublicLib/logging/CriticalLog.h"
 #include "PublicLib/win/LoadLibrary.h"
@@ -91,7 +91,7 @@ class BasicDll : public LoadedModule {
         if (handle_ == nullptr) {
             const DWORD error = GetLastError();
             throw Win32Exception("BasicDll<Handler>::init() Unable to load DLL=" + name_, error,
-                                 "../PublicLib\\BasicDll", 332);
+                                 place::kModuleLoad);
         }
         try {
             // The same file under another spelling may be in the table already.

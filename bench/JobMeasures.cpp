@@ -43,7 +43,7 @@ void fillStore() {
 class Library {
   public:
     Library() : library_(LoadLibraryA("jsw.dll")) {
-        if (!library_) throw Win32Exception("jsw.dll cannot be loaded", GetLastError(), "", 0);
+        if (!library_) throw Win32Exception("jsw.dll cannot be loaded", GetLastError());
     }
 
     auto init() const { return entry<decltype(JSWInit)>("JSWInit"); }

@@ -1,7 +1,7 @@
 #include "jsw/Thread.h"
 
 #include "PublicLib/calls/EntryGuard.h"
-#include "PublicLib/errors/Exception.h"
+#include "PublicLib/errors/ErrorPlaces.h"
 #include "PublicLib/win/Wait.h"
 
 #include <windows.h>
@@ -22,7 +22,7 @@ void Thread::launch() {
     unsigned id = 0;
     handle_.reset(reinterpret_cast<HANDLE>(
         _beginthreadex(nullptr, stackSize_, &Thread::entry, startBlock_.get(), 0, &id)));
-    if (!handle_) throw Win32Exception("Thread::launch()", GetLastError(), "Thread", 253);
+    if (!handle_) raiseLastError("Thread::launch()", place::kThreadLaunch);
     threadId_ = id;
 }
 

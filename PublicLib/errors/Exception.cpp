@@ -5,7 +5,6 @@
 #include <windows.h>
 
 #include <array>
-#include <utility>
 
 namespace jsw {
 
@@ -27,17 +26,13 @@ std::string systemMessage(DWORD code) {
 
 }  // namespace
 
-Exception::Exception(std::string message, std::int32_t code, std::string source, std::uint32_t line)
-    : message_(std::move(message)), code_(code), source_(std::move(source)), line_(line) {
-}
-
 std::string Exception::description() const {
     return {};
 }
 
 std::string Exception::text() const {
     std::string result;
-    if (!source_.empty()) result = concat("file:", source_, ":", line_, ": ");
+    if (*place_.source != '\0') result = concat("file:", place_.source, ":", place_.line, ": ");
     result += message_;
     const std::string meaning = description();
     if (!meaning.empty()) result += concat(": ", meaning);
@@ -47,6 +42,11 @@ std::string Exception::text() const {
 std::string Win32Exception::description() const {
     if (code() == 0) return {};
     return concat("Win32(", code(), systemMessage(static_cast<DWORD>(code())));
+}
+
+void raiseLastError(const char* message, ErrorPlace place) {
+    const DWORD error = GetLastError();
+    throw Win32Exception(message, error, place);
 }
 
 }  // namespace jsw

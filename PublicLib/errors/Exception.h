@@ -7,13 +7,19 @@
 
 namespace jsw {
 
+/// Where an error says that it comes from: see ErrorPlaces.h.
+struct ErrorPlace {
+    const char* source = "";  ///< name of a source file without folder and extension
+    std::uint32_t line = 0;
+};
+
 /// A failure inside the library. Travels up to the nearest thread, callback or export boundary,
 /// which logs text() and carries on with an empty answer.
 class Exception : public std::exception {
   public:
-    /// @param code    number of the error, 0 when there is none
-    /// @param source  name of the source file without folder and extension; may be empty
-    Exception(std::string message, std::int32_t code, std::string source, std::uint32_t line);
+    /// @param code  number of the error, 0 when there is none
+    Exception(std::string message, std::int32_t code, ErrorPlace place = {})
+        : message_(std::move(message)), code_(code), place_(place) {}
 
     const std::string& message() const noexcept { return message_; }
     std::int32_t code() const noexcept { return code_; }
@@ -29,18 +35,20 @@ class Exception : public std::exception {
   private:
     std::string message_;
     std::int32_t code_;
-    std::string source_;
-    std::uint32_t line_;
+    ErrorPlace place_;
 };
 
 /// A failed call into Windows; the code is a Win32 error number.
 class Win32Exception : public Exception {
   public:
-    Win32Exception(std::string message, std::uint32_t code, std::string source, std::uint32_t line)
-        : Exception(std::move(message), static_cast<std::int32_t>(code), std::move(source), line) {}
+    Win32Exception(std::string message, std::uint32_t code, ErrorPlace place = {})
+        : Exception(std::move(message), static_cast<std::int32_t>(code), place) {}
 
     /// "Win32(" + the code + the system's English text for it; empty for code 0.
     std::string description() const override;
 };
+
+/// Throws Win32Exception with the thread's last error.
+[[noreturn]] void raiseLastError(const char* message, ErrorPlace place);
 
 }  // namespace jsw

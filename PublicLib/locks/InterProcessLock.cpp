@@ -1,6 +1,6 @@
 #include "PublicLib/locks/InterProcessLock.h"
 
-#include "PublicLib/errors/Exception.h"
+#include "PublicLib/errors/ErrorPlaces.h"
 
 #include <exception>
 #include <utility>
@@ -13,9 +13,9 @@ InterProcessLock::InterProcessLock(std::string name)
 
 void InterProcessLock::lock() {
     if (name_.empty()) {
-        throw Win32Exception("InterProcessLock has no name", 0, "InterProcessLock", 16);
+        throw Win32Exception("InterProcessLock has no name", 0, place::kLockWithoutName);
     }
-    mutex_.acquire(INFINITE);
+    static_cast<void>(mutex_.acquire(INFINITE));  // without a time limit it is acquired or raises
 }
 
 void InterProcessLock::unlock() {

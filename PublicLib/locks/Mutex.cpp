@@ -1,6 +1,6 @@
 #include "PublicLib/locks/Mutex.h"
 
-#include "PublicLib/errors/Exception.h"
+#include "PublicLib/errors/ErrorPlaces.h"
 
 namespace jsw {
 
@@ -11,12 +11,12 @@ class OpenToEveryone {
   public:
     OpenToEveryone() {
         if (InitializeSecurityDescriptor(&descriptor_, SECURITY_DESCRIPTOR_REVISION) == FALSE) {
-            throw Win32Exception("Mutex::Mutex() InitializeSecurityDescriptor failed",
-                                 GetLastError(), "Mutex", 52);
+            raiseLastError("Mutex::Mutex() InitializeSecurityDescriptor failed",
+                           place::kMutexDescriptor);
         }
         if (SetSecurityDescriptorDacl(&descriptor_, TRUE, nullptr, FALSE) == FALSE) {
-            throw Win32Exception("Mutex::Mutex() SetSecurityDescriptorDacl failed", GetLastError(),
-                                 "Mutex", 57);
+            raiseLastError("Mutex::Mutex() SetSecurityDescriptorDacl failed",
+                           place::kMutexAccessList);
         }
     }
 
@@ -31,10 +31,7 @@ KernelHandle createMutex(SECURITY_ATTRIBUTES* attributes, bool initialOwner,
                          const std::string& name) {
     KernelHandle handle(
         CreateMutexA(attributes, initialOwner, name.empty() ? nullptr : name.c_str()));
-    if (!handle) {
-        throw Win32Exception("Mutex::createMutex() CreateMutex failed", GetLastError(), "Mutex",
-                             140);
-    }
+    if (!handle) raiseLastError("Mutex::createMutex() CreateMutex failed", place::kMutexCreate);
     return handle;
 }
 
@@ -48,32 +45,30 @@ Mutex::Mutex(bool initialOwner, const std::string& name, bool withEveryoneAccess
         handle_ = createMutex(nullptr, initialOwner, name);
     }
     // Asking for ownership of a mutex that another process has created already is in vain.
-    if (initialOwner && GetLastError() != ERROR_ALREADY_EXISTS) timesHeld_ = 1;
+    isHeld_ = initialOwner && GetLastError() != ERROR_ALREADY_EXISTS;
 }
 
 Mutex::~Mutex() {
-    for (; timesHeld_ > 0; --timesHeld_) ReleaseMutex(handle_.get());
+    if (isHeld_) ReleaseMutex(handle_.get());
 }
 
 bool Mutex::acquire(std::uint32_t timeoutMilliseconds) {
     switch (WaitForSingleObject(handle_.get(), timeoutMilliseconds)) {
         case WAIT_OBJECT_0:
         case WAIT_ABANDONED:
-            ++timesHeld_;
+            isHeld_ = true;
             return true;
         case WAIT_TIMEOUT:
             return false;
         default:
-            throw Win32Exception("Mutex::acquire() WaitForSingleObject failed", GetLastError(),
-                                 "Mutex", 123);
+            raiseLastError("Mutex::acquire() WaitForSingleObject failed", place::kMutexAcquire);
     }
 }
 
 void Mutex::release() {
-    // While the mutex is still held: the next thread may have it at once.
-    if (timesHeld_ > 0) --timesHeld_;
+    isHeld_ = false;  // while the mutex is still held: the next thread may have it at once
     if (ReleaseMutex(handle_.get()) == FALSE) {
-        throw Win32Exception("Mutex::release() ReleaseMutex failed", GetLastError(), "Mutex", 90);
+        raiseLastError("Mutex::release() ReleaseMutex failed", place::kMutexRelease);
     }
 }
 

@@ -15,20 +15,20 @@ class Mutex {
     /// @param withEveryoneAccess  lets processes of every account open it (a null access list)
     /// Throws Win32Exception when the mutex cannot be had.
     Mutex(bool initialOwner, const std::string& name, bool withEveryoneAccess);
-    /// Releases the mutex as often as this object still holds it.
+    /// Releases the mutex if this object still holds it.
     ~Mutex();
     Mutex(const Mutex&) = delete;
     Mutex& operator=(const Mutex&) = delete;
 
     /// Waits up to timeoutMilliseconds (INFINITE: for ever); false when the time is over. A mutex
-    /// whose owner died without releasing it counts as acquired. The thread that holds it acquires
-    /// it at once, and others get in after as many releases.
-    bool acquire(std::uint32_t timeoutMilliseconds);
+    /// whose owner died without releasing it counts as acquired. Not for the thread that holds it
+    /// already.
+    [[nodiscard]] bool acquire(std::uint32_t timeoutMilliseconds);
     void release();
 
   private:
     KernelHandle handle_;
-    std::uint32_t timesHeld_ = 0;
+    bool isHeld_ = false;  // of the thread that has the mutex
 };
 
 }  // namespace jsw

@@ -1,6 +1,6 @@
 #include "PublicLib/locks/Security.h"
 
-#include "PublicLib/errors/Exception.h"
+#include "PublicLib/errors/ErrorPlaces.h"
 
 #include <windows.h>
 
@@ -10,14 +10,13 @@ namespace jsw {
 
 SecurityEveryone::SecurityEveryone() {
     if (InitializeSecurityDescriptor(&descriptor_, SECURITY_DESCRIPTOR_REVISION) == FALSE) {
-        throw Win32Exception(
-            "SecurityEveryone::SecurityEveryone() InitializeSecurityDescriptor failed",
-            GetLastError(), "SecurityEveryone", 21);
+        raiseLastError("SecurityEveryone::SecurityEveryone() InitializeSecurityDescriptor failed",
+                       place::kEveryoneDescriptor);
     }
     setSecurityIdEveryone();
     if (IsValidSid(everyone_.get()) == FALSE) {
-        throw Win32Exception("SecurityEveryone::SecurityEveryone() IsValidSid failed",
-                             GetLastError(), "SecurityEveryone", 28);
+        raiseLastError("SecurityEveryone::SecurityEveryone() IsValidSid failed",
+                       place::kEveryoneCheck);
     }
     setAccessList();
 }
@@ -26,9 +25,8 @@ void SecurityEveryone::setSecurityIdEveryone() {
     SID_IDENTIFIER_AUTHORITY world = {SECURITY_WORLD_SID_AUTHORITY};
     if (AllocateAndInitializeSid(&world, 1, SECURITY_WORLD_RID, 0, 0, 0, 0, 0, 0, 0,
                                  everyone_.put()) == FALSE) {
-        throw Win32Exception(
-            "SecurityEveryone::setSecurityIdEveryone() AllocateAndInitializeSid failed",
-            GetLastError(), "SecurityEveryone", 44);
+        raiseLastError("SecurityEveryone::setSecurityIdEveryone() AllocateAndInitializeSid failed",
+                       place::kEveryoneId);
     }
 }
 
@@ -47,8 +45,8 @@ void Security::doApply(HANDLE object, SE_OBJECT_TYPE type) {
     if (type == SE_KERNEL_OBJECT) {
         if (SetKernelObjectSecurity(object, DACL_SECURITY_INFORMATION, everyone_.descriptor()) ==
             FALSE) {
-            throw Win32Exception("Security::doApply() SetKernelObjectSecurity failed",
-                                 GetLastError(), "Security", 40);
+            raiseLastError("Security::doApply() SetKernelObjectSecurity failed",
+                           place::kApplyToObject);
         }
         return;
     }
@@ -56,13 +54,14 @@ void Security::doApply(HANDLE object, SE_OBJECT_TYPE type) {
     BOOL defaulted = FALSE;
     ACL* list = nullptr;
     if (GetSecurityDescriptorDacl(everyone_.descriptor(), &present, &list, &defaulted) == FALSE) {
-        throw Win32Exception("Security::doApply() GetSecurityDescriptorDacl failed", GetLastError(),
-                             "Security", 51);
+        raiseLastError("Security::doApply() GetSecurityDescriptorDacl failed",
+                       place::kApplyReadList);
     }
     const DWORD error =
         SetSecurityInfo(object, type, DACL_SECURITY_INFORMATION, nullptr, nullptr, list, nullptr);
     if (error != ERROR_SUCCESS) {
-        throw Win32Exception("Security::doApply() SetSecurityInfo failed", error, "Security", 58);
+        throw Win32Exception("Security::doApply() SetSecurityInfo failed", error,
+                             place::kApplyToOthers);
     }
 }
 

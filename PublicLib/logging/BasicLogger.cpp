@@ -1,7 +1,7 @@
 #include "PublicLib/logging/BasicLogger.h"
 
 #include "PublicLib/NeverDestroyed.h"
-#include "PublicLib/errors/Exception.h"
+#include "PublicLib/errors/ErrorPlaces.h"
 #include "PublicLib/locks/Singleton.h"
 #include "PublicLib/os/Localize.h"
 #include "jsw/settings/Settings.h"
@@ -38,7 +38,7 @@ void BasicLogger::createInstance(std::uint32_t mask) {
 
 std::shared_ptr<BasicLogger> BasicLogger::getInstance() {
     auto logger = existing();
-    if (!logger) throw Win32Exception("BasicLogger::getInstance()", 0, "BasicLogger", 58);
+    if (!logger) throw Win32Exception("BasicLogger::getInstance()", 0, place::kNoLogger);
     return logger;
 }
 

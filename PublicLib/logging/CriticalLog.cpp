@@ -1,6 +1,6 @@
 #include "PublicLib/logging/CriticalLog.h"
 
-#include "PublicLib/errors/Exception.h"
+#include "PublicLib/errors/ErrorPlaces.h"
 #include "PublicLib/locks/CriticalSection.h"
 #include "PublicLib/logging/Logger.h"
 #include "PublicLib/text/Text.h"
@@ -31,7 +31,7 @@ std::string fileNameOf(const std::string& fileBase, HMODULE module) {
     if (!fileBase.empty()) return criticalLogFileName(fileBase, {});
     const std::string name = moduleFileName(module);
     if (name.empty()) {
-        throw Win32Exception("CriticalLog(): GetModuleFileName failed", 0, "CriticalLog", 41);
+        throw Win32Exception("CriticalLog(): GetModuleFileName failed", 0, place::kCriticalLogName);
     }
     return criticalLogFileName({}, name);
 }

@@ -1,7 +1,7 @@
 #include "PublicLib/os/Localize.h"
 
 #include "PublicLib/NeverDestroyed.h"
-#include "PublicLib/errors/Exception.h"
+#include "PublicLib/errors/ErrorPlaces.h"
 #include "PublicLib/locks/Singleton.h"
 #include "PublicLib/os/ProductLines.h"
 #include "PublicLib/win/Paths.h"
@@ -45,7 +45,7 @@ std::shared_ptr<const Localize> Localize::getInstance() {
     auto current = singleton->existing();
     if (!current) {
         throw Exception("You must call Localize::createInstance() before calling getInstance()", 0,
-                        "Localize", 47);
+                        place::kNoLocalize);
     }
     return current;
 }
@@ -59,12 +59,11 @@ Localize::Localize(HMODULE module) : Localize(moduleFileName(module)) {
 
 Localize::Localize(std::string executablePath) : modulePath_(std::move(executablePath)) {
     if (modulePath_.empty()) {
-        throw Win32Exception("Localize::Localize(): GetModuleFileName failed", GetLastError(),
-                             "Localize", 63);
+        raiseLastError("Localize::Localize(): GetModuleFileName failed", place::kModulePath);
     }
     localId_ = localIdOf(modulePath_);
     if (localId_.empty()) {
-        throw Exception("Localize::Localize(): GetLocalId failed", 0, "Localize", 69);
+        throw Exception("Localize::Localize(): GetLocalId failed", 0, place::kLocalId);
     }
 }
 

@@ -1,6 +1,6 @@
 #include "PublicLib/os/OsVersion.h"
 
-#include "PublicLib/errors/Exception.h"
+#include "PublicLib/errors/ErrorPlaces.h"
 #include "PublicLib/win/EntryPoint.h"
 #include "PublicLib/win/SystemFolders.h"
 
@@ -34,14 +34,13 @@ OsVersion::OsVersion() {
     auto* record = reinterpret_cast<OSVERSIONINFOA*>(&version_);
     record->dwOSVersionInfoSize = sizeof(OSVERSIONINFOA);
     if (GetVersionExA(record) == FALSE) {
-        throw Win32Exception("OsVersion::OsVersion(): GetVersionEx failed", GetLastError(),
-                             "OsVersion", 29);
+        raiseLastError("OsVersion::OsVersion(): GetVersionEx failed", place::kOsVersion);
     }
     if (!isNtFamily() || majorVersion() < 5) return;
     record->dwOSVersionInfoSize = sizeof(OSVERSIONINFOEXA);
     if (GetVersionExA(record) == FALSE) {
-        throw Win32Exception("OsVersion::OsVersion(): GetVersionEx failed with OSVERSIONINFOEX",
-                             GetLastError(), "OsVersion", 38);
+        raiseLastError("OsVersion::OsVersion(): GetVersionEx failed with OSVERSIONINFOEX",
+                       place::kExtendedOsVersion);
     }
 }
 

@@ -1,7 +1,7 @@
 #include "PublicLib/printer/Printer.h"
 
 #include "PublicLib/NeverDestroyed.h"
-#include "PublicLib/errors/Exception.h"
+#include "PublicLib/errors/ErrorPlaces.h"
 #include "PublicLib/locks/Singleton.h"
 #include "PublicLib/logging/MethodTrace.h"
 #include "PublicLib/printer/NullPrinter.h"
@@ -39,7 +39,7 @@ void Printer::destroy() {
 Printer::Printer(const std::string& friendlyName) {
     MethodTrace trace(component::kJsw, "Printer::Printer(friendlyName =", friendlyName, "): ");
     if (!initialize(friendlyName)) {
-        throw Exception("Printer::Printer - initialization failed", 0, "Printer", 61);
+        throw Exception("Printer::Printer - initialization failed", 0, place::kPrinterInitialize);
     }
 }
 

@@ -1,6 +1,6 @@
 // How RealPrinter comes by its cache, and what stands in for one that cannot be read.
 
-#include "PublicLib/errors/Exception.h"
+#include "PublicLib/errors/ErrorPlaces.h"
 #include "PublicLib/logging/MethodTrace.h"
 #include "PublicLib/printer/PcsClient.h"
 #include "PublicLib/printer/PrinterCache.h"
@@ -26,7 +26,7 @@ std::shared_ptr<IPrinterCache> makeNullCache() {
     } catch (const std::bad_alloc&) {
         logLine(component::kJsw, kLogError,
                 "ERROR - unable to allocate memory for NullPrinterCache!");
-        throw Exception("No memory", 8, "RealPrinter", 404);
+        throw Exception("No memory", ERROR_NOT_ENOUGH_MEMORY, place::kNullCacheMemory);
     }
 }
 

@@ -4,8 +4,6 @@
 #include "PublicLib/win/EntryPoint.h"
 #include "PublicLib/win/Handles.h"
 #include "PublicLib/win/LoadLibrary.h"
-#include "PublicLib/win/Paths.h"
-#include "PublicLib/win/SystemFolders.h"
 
 #include <windows.h>
 
@@ -29,9 +27,7 @@ bool isThisComputer(const std::string& serverName) {
 }
 
 std::uint32_t lookUpPrintResource(std::string remoteName) {
-    const std::string folder = systemFolder();
-    if (folder.empty()) return ERROR_PATH_NOT_FOUND;  // else one in the root of some drive is taken
-    const ModuleHandle library = loadLibraryQuietly(joinPath(folder, "mpr.dll"));
+    const ModuleHandle library = loadSystemLibrary("mpr.dll");
     if (!library) return GetLastError();
     auto* const look = findEntryPoint<decltype(WNetGetResourceInformationA)>(
         library.get(), "WNetGetResourceInformationA");

@@ -1,7 +1,7 @@
 #include "PublicLib/process/CurrentProcess.h"
 
 #include "PublicLib/NeverDestroyed.h"
-#include "PublicLib/errors/Exception.h"
+#include "PublicLib/errors/ErrorPlaces.h"
 #include "PublicLib/locks/Singleton.h"
 #include "PublicLib/logging/MethodTrace.h"
 #include "PublicLib/win/Paths.h"
@@ -27,10 +27,7 @@ void CurrentProcess::destroy() {
 }
 
 CurrentProcess::CurrentProcess() : path_(moduleFileName(nullptr)) {
-    if (path_.empty()) {
-        throw Win32Exception("CurrentProcess::CurrentProcess", GetLastError(), "CurrentProcess",
-                             22);
-    }
+    if (path_.empty()) raiseLastError("CurrentProcess::CurrentProcess", place::kCurrentProcess);
 }
 
 std::string CurrentProcess::folder() const {

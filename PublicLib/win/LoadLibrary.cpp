@@ -1,6 +1,8 @@
 #include "PublicLib/win/LoadLibrary.h"
 
 #include "PublicLib/win/EntryPoint.h"
+#include "PublicLib/win/Paths.h"
+#include "PublicLib/win/SystemFolders.h"
 
 namespace jsw {
 
@@ -35,6 +37,15 @@ class QuietErrors {
 ModuleHandle loadLibraryQuietly(const std::string& path) {
     const QuietErrors quiet;
     return ModuleHandle(LoadLibraryA(path.c_str()));
+}
+
+ModuleHandle loadSystemLibrary(const std::string& fileName, std::string* path) {
+    const std::string folder = systemFolder();
+    const std::string fullPath = joinPath(folder, fileName);
+    if (path != nullptr) *path = fullPath;
+    if (!folder.empty()) return loadLibraryQuietly(fullPath);
+    SetLastError(ERROR_PATH_NOT_FOUND);  // the path would lead to the root of some drive
+    return {};
 }
 
 }  // namespace jsw

@@ -1,6 +1,6 @@
 #include "jsw/settings/RegistryKey.h"
 
-#include "PublicLib/errors/Exception.h"
+#include "PublicLib/errors/ErrorPlaces.h"
 #include "PublicLib/locks/Security.h"
 #include "PublicLib/os/OsVersion.h"
 #include "PublicLib/text/Text.h"
@@ -17,9 +17,8 @@ namespace jsw {
 
 namespace {
 
-[[noreturn]] void raise(std::string message, LSTATUS status, std::uint32_t line) {
-    throw Win32Exception(std::move(message), static_cast<std::uint32_t>(status), "RegistryKey",
-                         line);
+[[noreturn]] void raise(std::string message, LSTATUS status, ErrorPlace place) {
+    throw Win32Exception(std::move(message), static_cast<std::uint32_t>(status), place);
 }
 
 constexpr REGSAM kAllRights = KEY_ALL_ACCESS;
@@ -29,17 +28,29 @@ struct ValueKind {
     DWORD type;
     DWORD otherType;  ///< is taken as well
     const char* failure;
-    std::uint32_t line;
+    ErrorPlace place;
     const char* longFailure;  ///< of the second query, which a long value takes
-    std::uint32_t longLine;
+    ErrorPlace longPlace;
 };
 
-constexpr ValueKind kNumber{REG_DWORD, REG_DWORD, "RegistryKey::getValue(ulong)", 103,
-                            "RegistryKey::getValue(ulong)", 103};
-constexpr ValueKind kText{REG_SZ, REG_EXPAND_SZ, "RegistryKey::getValue(string) ", 121,
-                          "RegistryKey::getValue() ", 129};
-constexpr ValueKind kBytes{REG_BINARY, REG_BINARY, "RegistryKey::getValue(binary)", 150,
-                           "RegistryKey::getValue(binary)", 150};
+constexpr ValueKind kNumber{REG_DWORD,
+                            REG_DWORD,
+                            "RegistryKey::getValue(ulong)",
+                            place::kGetNumber,
+                            "RegistryKey::getValue(ulong)",
+                            place::kGetNumber};
+constexpr ValueKind kText{REG_SZ,
+                          REG_EXPAND_SZ,
+                          "RegistryKey::getValue(string) ",
+                          place::kGetText,
+                          "RegistryKey::getValue() ",
+                          place::kGetLongText};
+constexpr ValueKind kBytes{REG_BINARY,
+                           REG_BINARY,
+                           "RegistryKey::getValue(binary)",
+                           place::kGetBytes,
+                           "RegistryKey::getValue(binary)",
+                           place::kGetBytes};
 
 /// A value as it lies in the registry. One query is enough for a value of ordinary length.
 class StoredValue {
@@ -62,12 +73,12 @@ class StoredValue {
             // A text that cannot be queried has no type, and is reported as of the wrong one.
             const bool mismatch = type != kind.type && (exists || kind.type == REG_SZ);
             raise(concat(kind.failure, name, mismatch ? " : incorrect value type" : ""),
-                  exists ? ERROR_INVALID_DATATYPE : status, kind.line);
+                  exists ? ERROR_INVALID_DATATYPE : status, kind.place);
         }
         if (status == ERROR_MORE_DATA) {
             long_.resize(size);
             status = query(long_);
-            if (status != ERROR_SUCCESS) raise(kind.longFailure + name, status, kind.longLine);
+            if (status != ERROR_SUCCESS) raise(kind.longFailure + name, status, kind.longPlace);
         }
         return true;
     }
@@ -81,14 +92,14 @@ class StoredValue {
     std::span<const BYTE> bytes_;
 };
 
-KeyHandle createKey(HKEY hive, const std::string& path, Security& security, std::uint32_t line) {
+KeyHandle createKey(HKEY hive, const std::string& path, Security& security, ErrorPlace place) {
     std::string noClass;
     KeyHandle key;
     DWORD disposition = 0;
     const LSTATUS status =
         RegCreateKeyExA(hive, path.c_str(), 0, noClass.data(), REG_OPTION_NON_VOLATILE, kAllRights,
                         security.attributes(), key.put(), &disposition);
-    if (status != ERROR_SUCCESS) raise("RegistryKey::regCreateKeyEx()", status, line);
+    if (status != ERROR_SUCCESS) raise("RegistryKey::regCreateKeyEx()", status, place);
     return key;
 }
 
@@ -112,7 +123,7 @@ Read readOutcome(std::uint32_t error) {
 RegistryKey::RegistryKey(const std::string& path, bool createIfMissing, HKEY hive) {
     const LSTATUS status = open(hive, path);
     if (status == ERROR_SUCCESS) return;
-    if (!createIfMissing) raise("RegistryKey::regOpenKeyEx()", status, 61);
+    if (!createIfMissing) raise("RegistryKey::regOpenKeyEx()", status, place::kKeyOpen);
     create(hive, path);
 }
 
@@ -131,12 +142,13 @@ LSTATUS RegistryKey::open(HKEY hive, const std::string& path) {
 void RegistryKey::create(HKEY hive, const std::string& path) {
     Security security;
     if (OsVersion::instance().isNtFamily()) {
-        key_ = createKey(hive, path, security, 73);
+        key_ = createKey(hive, path, security, place::kKeyCreate);
         return;
     }
     createByComponents(hive, path, security);
     const LSTATUS status = open(hive, path);
-    if (status != ERROR_SUCCESS) raise("RegistryKey::regOpenKeyEx()", status, 79);
+    if (status != ERROR_SUCCESS)
+        raise("RegistryKey::regOpenKeyEx()", status, place::kKeyOpenCreated);
 }
 
 void RegistryKey::createByComponents(HKEY hive, const std::string& path, Security& security) {
@@ -145,7 +157,7 @@ void RegistryKey::createByComponents(HKEY hive, const std::string& path, Securit
         const std::size_t start = path.find_first_not_of('\\', end);
         if (start == std::string::npos) break;
         end = std::min(path.find('\\', start), path.size());
-        createKey(hive, path.substr(0, end), security, 88);
+        createKey(hive, path.substr(0, end), security, place::kKeyCreateComponent);
     }
 }
 
@@ -153,7 +165,7 @@ bool RegistryKey::getValue(const std::string& name, std::uint32_t& value) const 
     StoredValue stored;
     if (!stored.read(key_.get(), name, kNumber)) return false;
     if (stored.bytes().size() != sizeof(value)) {
-        raise(kNumber.failure + name, ERROR_INVALID_DATA, kNumber.line);
+        raise(kNumber.failure + name, ERROR_INVALID_DATA, kNumber.place);
     }
     std::memcpy(&value, stored.bytes().data(), sizeof(value));
     return true;
@@ -179,7 +191,7 @@ void RegistryKey::set(const std::string& name, DWORD type, const void* data, std
                       const char* failure) {
     const LSTATUS status = RegSetValueExA(key_.get(), name.c_str(), 0, type,
                                           static_cast<const BYTE*>(data), static_cast<DWORD>(size));
-    if (status != ERROR_SUCCESS) raise(failure + name, status, 163);
+    if (status != ERROR_SUCCESS) raise(failure + name, status, place::kSetValue);
 }
 
 void RegistryKey::setValue(const std::string& name, std::uint32_t value) {
@@ -199,7 +211,7 @@ void RegistryKey::setValue(const std::string& name, const std::vector<std::uint8
 
 void RegistryKey::deleteValue(const std::string& name) {
     const LSTATUS status = RegDeleteValueA(key_.get(), name.c_str());
-    if (status != ERROR_SUCCESS) raise("RegistryKey::deleteValue()", status, 182);
+    if (status != ERROR_SUCCESS) raise("RegistryKey::deleteValue()", status, place::kDeleteValue);
 }
 
 namespace {
@@ -215,7 +227,7 @@ void enumerate(std::vector<std::string>& names, std::uint32_t max, const char* f
         DWORD size = static_cast<DWORD>(buffer.size());
         const LSTATUS status = next(index, buffer.data(), &size);
         if (status == ERROR_NO_MORE_ITEMS) break;
-        if (status != ERROR_SUCCESS) raise(failure, status, 196);
+        if (status != ERROR_SUCCESS) raise(failure, status, place::kListNames);
         found.emplace_back(buffer.data(), size);
     }
     names.insert(names.end(), std::make_move_iterator(found.begin()),
@@ -244,7 +256,7 @@ void RegistryKey::getValueNames(std::vector<std::string>& names, std::uint32_t m
 namespace {
 
 [[noreturn]] void raiseOpenFailure(LSTATUS status) {
-    raise("RegistryKey::recurseDeleteKey() RegOpenKey()", status, 226);
+    raise("RegistryKey::recurseDeleteKey() RegOpenKey()", status, place::kDeleteKeyOpen);
 }
 
 /// The one key that is emptied but never deleted, wherever it lies.
@@ -291,7 +303,7 @@ bool deleteTree(HKEY parent, const std::string& path) {
         status = RegDeleteKeyA(parent, path.c_str());
     }
     if (status != ERROR_SUCCESS) {
-        raise("RegistryKey::recurseDeleteKey() RegDeleteKey()", status, 239);
+        raise("RegistryKey::recurseDeleteKey() RegDeleteKey()", status, place::kDeleteKey);
     }
     return true;
 }

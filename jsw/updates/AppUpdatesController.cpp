@@ -34,7 +34,7 @@ void logUnreadable(const char* name) {
 /// Throws Exception for what must not be started. Whether there is such a program at all is left to
 /// the launch.
 void refuseUnlessUpdater(const std::string& path, const std::string& name) {
-    const auto refuse = [](const std::string& why) { throw Exception(why, 0, "", 0); };
+    const auto refuse = [](const std::string& why) { throw Exception(why, 0); };
     if (name.empty()) refuse("the updater has no name");
     if (!isPlainFileName(name)) refuse("the updater's name is no plain file name: " + name);
     // The shell would open it in a window.

@@ -1,5 +1,6 @@
 #include "PublicLib/logging/MethodTrace.h"
 #include "PublicLib/win/EntryPoint.h"
+#include "PublicLib/win/LoadLibrary.h"
 #include "jsw/updates/AppUpdatesController.h"
 
 #include <windows.h>
@@ -17,8 +18,7 @@ using QueryUserToken = BOOL WINAPI(ULONG sessionId, HANDLE* token);
 constexpr std::size_t kLongestPath = 260;  // characters
 
 bool queryUserToken(KernelHandle& token) {
-    std::string path;
-    const ModuleHandle terminalServices = loadSystemLibrary("wtsapi32.dll", path);
+    const ModuleHandle terminalServices = loadSystemLibrary("wtsapi32.dll");
     if (!terminalServices) return false;
     auto* query = findEntryPoint<QueryUserToken>(terminalServices.get(), "WTSQueryUserToken");
     return query != nullptr && query(activeConsoleSession(), token.put()) != FALSE;

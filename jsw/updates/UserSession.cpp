@@ -3,8 +3,6 @@
 #include "PublicLib/text/Text.h"
 #include "PublicLib/win/EntryPoint.h"
 #include "PublicLib/win/LoadLibrary.h"
-#include "PublicLib/win/Paths.h"
-#include "PublicLib/win/SystemFolders.h"
 
 namespace jsw {
 
@@ -14,16 +12,8 @@ using DestroyBlock = BOOL WINAPI(void* block);
 using ActiveConsoleSessionId = DWORD WINAPI();
 }  // namespace
 
-ModuleHandle loadSystemLibrary(const std::string& fileName, std::string& path) {
-    const std::string folder = systemFolder();
-    path = joinPath(folder, fileName);
-    if (folder.empty()) return {};  // the path would lead to the root of some drive
-    return loadLibraryQuietly(path);
-}
-
 DWORD activeConsoleSession() {
-    std::string path;
-    const ModuleHandle kernel = loadSystemLibrary("kernel32.dll", path);
+    const ModuleHandle kernel = loadSystemLibrary("kernel32.dll");
     auto* sessionId =
         findEntryPoint<ActiveConsoleSessionId>(kernel.get(), "WTSGetActiveConsoleSessionId");
     return sessionId != nullptr ? sessionId() : 0;
@@ -31,7 +21,7 @@ DWORD activeConsoleSession() {
 
 std::string UserEnvironment::create(HANDLE token) {
     std::string path;
-    library_ = loadSystemLibrary("userenv.dll", path);
+    library_ = loadSystemLibrary("userenv.dll", &path);
     if (!library_) return concat("API LoadLibrary(", path, ") failed, lastErr=", GetLastError());
     auto* createBlock = findEntryPoint<CreateBlock>(library_.get(), "CreateEnvironmentBlock");
     if (createBlock == nullptr) {

@@ -8,12 +8,6 @@
 
 namespace jsw {
 
-/// A library of Windows itself, loaded from the system folder and nowhere else.
-/// @param fileName  such as "userenv.dll"
-/// @param path      receives the full path that was tried
-/// Empty on failure, with GetLastError() set.
-ModuleHandle loadSystemLibrary(const std::string& fileName, std::string& path);
-
 /// The session of the user at the console; 0 on systems that cannot tell.
 DWORD activeConsoleSession();
 

@@ -22,12 +22,12 @@ struct CountingHandler : DllHandler {
     void onLoad(LoadedModule& module) override {
         ++loads;
         EXPECT_EQ(GetModuleHandleA(module.name().c_str()), module.handle());
-        if (failOnLoad) throw Exception("hook failed", 0, "", 0);
+        if (failOnLoad) throw Exception("hook failed", 0);
     }
     void onUnload(LoadedModule& module) override {
         ++unloads;
         EXPECT_EQ(GetModuleHandleA(module.name().c_str()), module.handle());
-        if (failOnUnload) throw Exception("hook failed", 0, "", 0);
+        if (failOnUnload) throw Exception("hook failed", 0);
     }
 };
 

@@ -158,7 +158,7 @@ TEST_F(LoggingTest, WhatAnEdgeCatchesIsToldInFull) {
     startLog();
     const auto& jsw = component::kJsw;
     EXPECT_TRUE(runGuarded(jsw, "fine", [] {}));
-    EXPECT_FALSE(runGuarded(jsw, "own", [] { throw Exception("it failed", 0, "Place", 7); }));
+    EXPECT_FALSE(runGuarded(jsw, "own", [] { throw Exception("it failed", 0, {"Place", 7}); }));
     EXPECT_FALSE(runGuarded(jsw, "other", [] { throw std::runtime_error("it broke"); }));
     EXPECT_FALSE(runGuarded(jsw, "unknown", [] { throw 5; }));
     EXPECT_THAT(logLines(),
