@@ -16,6 +16,7 @@ class Host {
     /// @param startLog  1: the log is on, with all levels
     explicit Host(std::uint32_t startLog) {
         Localize::createInstance(nullptr);
+        provideSettings();
         RegistryKey(Localize::getInstance()->getRegistryPath(StoreKind::local), true);
         Settings().setValue(setting::kLoggerKey, "startLog", startLog);
         BasicLogger::createInstance(15);

@@ -92,6 +92,7 @@ double linesPerSecond(std::uint32_t processes) {
 
 void writeLogAsChild(const std::string& run) {
     Localize::createInstance(nullptr);
+    provideSettings();
     BasicLogger::createInstance(15);
     const RunSignals signals(run);
     const std::string text(40, 'x');

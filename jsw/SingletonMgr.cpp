@@ -10,6 +10,7 @@
 #include "jsw/History.h"
 #include "jsw/modules/BillboardView.h"
 #include "jsw/modules/Catalog.h"
+#include "jsw/settings/Settings.h"
 #include "jsw/updates/AppUpdatesController.h"
 
 namespace jsw {
@@ -48,6 +49,7 @@ void setUpStore() {
 void build() {
     destroyJobObjects();  // that a callback, late in the job before, may have left behind
     Localize::createInstance(nullptr);
+    provideSettings();
     BasicLogger::createInstance(kLogMask);
     setUpStore();
     logBuilt("AppUpdatesController");

@@ -3,8 +3,8 @@
 #include "PublicLib/NeverDestroyed.h"
 #include "PublicLib/errors/ErrorPlaces.h"
 #include "PublicLib/locks/Singleton.h"
+#include "PublicLib/logging/LogSwitches.h"
 #include "PublicLib/os/Localize.h"
-#include "jsw/settings/Settings.h"
 
 #include <windows.h>
 
@@ -16,8 +16,13 @@ namespace {
 
 NeverDestroyed<Singleton<BasicLogger>> singleton;
 
-// Holds while "startLog" is known to be 0: what is not wanted is found out without the log object.
+/// Holds while it is known that nothing but errors is wanted: "startLog" is 0, or there is no
+/// store. That is found out without the log object, before every line.
 CachedSwitch switchedOff;
+
+void noteSwitchedOff() {
+    switchedOff.store(0, GetTickCount());
+}
 
 }  // namespace
 
@@ -43,7 +48,7 @@ std::shared_ptr<BasicLogger> BasicLogger::getInstance() {
 }
 
 void BasicLogger::destroyInstance() {
-    singleton->destroy([] { switchedOff.clear(); });
+    singleton->destroy([] {});
 }
 
 std::shared_ptr<BasicLogger> BasicLogger::existing() {
@@ -57,28 +62,25 @@ void BasicLogger::readSwitch(const std::string& name, std::uint32_t& value,
                              std::uint32_t defaultValue) {
     value = defaultValue;
     try {
-        Settings().getValue(setting::kLoggerKey, name, value);
+        settingReader().readNumber({setting::kLoggerKey, name.c_str(), defaultValue}, value);
     } catch (const Exception&) {
         value = defaultValue;  // a late line, after the host's names are gone
     }
-    if (name == "startLog" && value == 0) switchedOff.store(0, GetTickCount());
+    if (name == setting::kStartLog.name && value == 0) noteSwitchedOff();
 }
 
-bool BasicLogger::isStoreAvailable() {
-    if (storeSeen_) return true;
-    const DWORD tick = GetTickCount();
-    if (storeMissing_.value(tick)) return false;
-    try {
-        storeSeen_ = Settings().rootExists();
-    } catch (const Exception&) {
-        return false;
+bool BasicLogger::isWanted(const LoggerComponent& component, std::uint32_t level) {
+    if (!storeSeen_) {
+        storeSeen_ = settingReader().storeExists();
+        if (!storeSeen_) {
+            noteSwitchedOff();
+            return false;
+        }
     }
-    if (!storeSeen_) storeMissing_.store(1, tick);
-    return storeSeen_;
+    return isEnabled(component, level);
 }
 
 void BasicLogger::recheckStore() {
-    storeMissing_.clear();
     switchedOff.clear();
     forgetSwitches();
 }
@@ -88,8 +90,7 @@ bool isLogEnabled(const LoggerComponent& component, std::uint32_t level) noexcep
     const auto logger = BasicLogger::existing();
     if (!logger) return false;
     bool enabled = false;
-    withoutRaising(
-        [&] { enabled = logger->isStoreAvailable() && logger->isEnabled(component, level); });
+    withoutRaising([&] { enabled = logger->isWanted(component, level); });
     return enabled;
 }
 

@@ -32,9 +32,9 @@ class BasicLogger : public Logger {
     void readSwitch(const std::string& name, std::uint32_t& value,
                     std::uint32_t defaultValue) override;
 
-    /// Whether the settings store can be opened. Once it could, that is taken for granted; while
-    /// it cannot, it is tried again every five seconds.
-    bool isStoreAvailable();
+    /// Whether a line of this component and level is to be written: not while the settings store
+    /// cannot be opened. Once it could, that is taken for granted.
+    bool isWanted(const LoggerComponent& component, std::uint32_t level);
     /// Reads store and switches afresh at the next question, after they have been installed.
     void recheckStore();
 
@@ -43,7 +43,6 @@ class BasicLogger : public Logger {
   private:
     const std::uint32_t mask_;
     std::atomic<bool> storeSeen_{false};
-    CachedSwitch storeMissing_;
 };
 
 /// Whether a line of this component and level is to be written to the process's log. Costs next to

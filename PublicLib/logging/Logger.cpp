@@ -70,8 +70,8 @@ std::string Logger::lineSuffix(const LoggerComponent& /*component*/, std::uint32
     return {};
 }
 
-std::uint32_t Logger::cachedSwitch(CachedSwitch& entry, const char* name,
-                                   std::uint32_t defaultValue) {
+std::uint32_t Logger::cachedSwitch(const std::string& name, std::uint32_t defaultValue) {
+    CachedSwitch& entry = switches_.entry(name);
     const DWORD tick = GetTickCount();
     if (const auto cached = entry.value(tick)) return *cached;
     std::uint32_t value = defaultValue;
@@ -80,23 +80,14 @@ std::uint32_t Logger::cachedSwitch(CachedSwitch& entry, const char* name,
     return value;
 }
 
-std::uint32_t Logger::cachedSwitch(const std::string& name, std::uint32_t defaultValue) {
-    return cachedSwitch(switches_.entry(name), name.c_str(), defaultValue);
-}
-
 bool Logger::isOn(const setting::Number& number) {
     return cachedSwitch(number.name, number.defaultValue) != 0;
-}
-
-bool Logger::isStarted() {
-    constexpr const setting::Number& kSwitch = setting::kStartLog;
-    return cachedSwitch(startLog_, kSwitch.name, kSwitch.defaultValue) != 0;
 }
 
 bool Logger::isEnabled(const LoggerComponent& component, std::uint32_t level) {
     if (loggingKilled) return false;
     if ((level & kLogError) != 0) return true;
-    if (!isStarted()) return false;
+    if (!isOn(setting::kStartLog)) return false;
     const std::uint32_t all = cachedSwitch(setting::kLogAll.name, component::kAll.defaultMask());
     const std::uint32_t own = cachedSwitch(component.name(), component.defaultMask());
     return (level & (all | own)) != 0;
@@ -134,7 +125,6 @@ void Logger::decreaseDepth() {
 }
 
 void Logger::forgetSwitches() {
-    startLog_.clear();
     switches_.clear();
 }
 

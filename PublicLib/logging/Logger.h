@@ -2,9 +2,9 @@
 
 #include "PublicLib/locks/CriticalSection.h"
 #include "PublicLib/logging/LogFile.h"
+#include "PublicLib/logging/LogSwitches.h"
 #include "PublicLib/logging/LoggerComponent.h"
 #include "PublicLib/logging/SwitchCache.h"
-#include "jsw/settings/SettingNames.h"
 
 #include <cstdint>
 #include <map>
@@ -53,9 +53,7 @@ class Logger {
 
   private:
     std::uint32_t cachedSwitch(const std::string& name, std::uint32_t defaultValue);
-    std::uint32_t cachedSwitch(CachedSwitch& entry, const char* name, std::uint32_t defaultValue);
     bool isOn(const setting::Number& number);
-    bool isStarted();
     std::string formatLine(const LoggerComponent& component, std::uint32_t level, const char* text);
     unsigned depth();
 
@@ -63,7 +61,6 @@ class Logger {
     unsigned nameWidth_;
     CriticalSection lock_;
     std::map<std::uint32_t, unsigned> depths_;  // by thread id
-    CachedSwitch startLog_;                     // apart: asked before every disabled line
     SwitchCache switches_;
 };
 

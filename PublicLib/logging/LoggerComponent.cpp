@@ -1,6 +1,6 @@
 #include "PublicLib/logging/LoggerComponent.h"
 
-#include "jsw/settings/SettingNames.h"
+#include "PublicLib/logging/LogSwitches.h"
 
 #include <utility>
 

@@ -1,7 +1,7 @@
 #include "PublicLib/printer/DeviceEnumerator.h"
 
 #include "PublicLib/logging/MethodTrace.h"
-#include "jsw/settings/Settings.h"
+#include "PublicLib/printer/PrinterSettings.h"
 
 #include <windows.h>
 
@@ -65,7 +65,7 @@ DeviceEnumerator::DeviceEnumerator() {
     MethodTrace trace(component::kJsw, "DeviceEnumerator::DeviceEnumerator: ");
     printers_ = spoolerPrinters();
     std::string driver;
-    Settings().read(setting::kDriverName, driver);
+    settingReader().readText(setting::kDriverName, driver);
     if (!driver.empty()) {
         std::erase_if(printers_, [&](const SpoolerPrinter& printer) {
             return !equalsIgnoringCase(printer.driver, driver);

@@ -6,7 +6,7 @@
 #include "PublicLib/logging/MethodTrace.h"
 #include "PublicLib/os/Localize.h"
 #include "PublicLib/printer/PcsClient.h"
-#include "jsw/settings/Settings.h"
+#include "PublicLib/printer/PrinterSettings.h"
 
 #include <windows.h>
 
@@ -21,7 +21,7 @@ namespace {
 /// it is: a printer shared from elsewhere needs no client, and for others none can be loaded.
 std::optional<std::string> pcsClientName() {
     std::string name;
-    if (Settings().read(setting::kPcsClient, name) == Read::found) return name;
+    if (settingReader().readText(setting::kPcsClient, name)) return name;
     logLine(component::kJsw, kLogError,
             "Error - settings.getStringValue(keyName=", setting::kPcsClient.key,
             ", valueName=", setting::kPcsClient.name, ", rc=false.");

@@ -1,24 +1,12 @@
 #pragma once
 
-#include <cstdint>
+#include "PublicLib/logging/LogSwitches.h"
+#include "PublicLib/printer/PrinterSettings.h"
 
-/// Every key and value of the registry store that the library reads or writes. Keys lie below the
-/// host's local store unless said otherwise.
+/// Every key and value of the registry store that the library reads or writes; those of the log and
+/// of the printer are named where they are read. Keys lie below the host's local store unless said
+/// otherwise.
 namespace jsw::setting {
-
-/// A number (REG_DWORD) with the default used, or written, when it is missing.
-struct Number {
-    const char* key;
-    const char* name;
-    std::uint32_t defaultValue;
-};
-
-/// A text (REG_SZ) with the default used, or written, when it is missing.
-struct Text {
-    const char* key;
-    const char* name;
-    const char* defaultValue;
-};
 
 inline constexpr char kSettingsKey[] = "Settings\\";
 inline constexpr char kControllerKey[] = "Settings\\Controller\\";
@@ -29,18 +17,15 @@ inline constexpr char kCatalogKey[] = "Settings\\Catalog\\";
 inline constexpr char kUpdatedFilesKey[] = "Settings\\FileNamesOfUpdatedFiles";
 inline constexpr char kGuiKey[] = "Settings\\Gui\\";  // one text per value the view wants kept
 inline constexpr char kUpdaterKey[] = "Settings\\Updater";
-inline constexpr char kLoggerKey[] = "Logger";
 
 // Folders and identification. What is missing has a fallback of its own where it is read.
 inline constexpr Text kDataPath{kSettingsKey, "DataPath", ""};
 inline constexpr Text kDllPath{kSettingsKey, "DllPath", "."};
 inline constexpr Text kDefaultBillboard{kSettingsKey, "DefaultBillboard", "DEFAULT"};
-inline constexpr Text kDriverName{kSettingsKey, "DriverName", ""};
 inline constexpr Text kBillBoardVersionFile{kSettingsKey, "BillBoardVersionInfoFileName", ""};
 inline constexpr Text kBaseUrl{kSettingsKey, "BaseUrl", ""};
 inline constexpr Text kManufacturerName{kSettingsKey, "ManufacturerName", ""};
 inline constexpr Text kPrinterCode{kSettingsKey, "PrinterCode", ""};
-inline constexpr Text kPcsClient{kSettingsKey, "PcsClient", ""};
 inline constexpr Number kDeleteStoreOnUninstall{kSettingsKey, "DeleteStoreOnUninstall", 0};
 
 /// Above the local store, after the local id: a number that is there during a first run, and after
@@ -70,18 +55,6 @@ inline constexpr Text kInitialPath{kUpdaterKey, "InitialPath", ""};
 inline constexpr Number kDataUpdated{kUpdaterKey, "DataUpdated", 0};
 inline constexpr Number kCompleteSoftwareUpdated{kUpdaterKey, "CompleteSoftwareUpdated", 0};
 inline constexpr Text kDataUpdatesDirectory{kUpdaterKey, "DataUpdatesDirectoryName", "Job Status"};
-
-// The log's switches: masks of levels for the components, and what each line begins with. They are
-// read without writing defaults.
-inline constexpr Number kStartLog{kLoggerKey, "startLog", 0};
-inline constexpr Number kLogAll{kLoggerKey, "All", 0xFFFFFFFF};
-inline constexpr Number kLogJsw{kLoggerKey, "JSW", 0xFFFFFFFF};
-inline constexpr Number kLogRulesEngine{kLoggerKey, "RulesEng", 0xFFFFFFFF};
-inline constexpr Number kLogCatalog{kLoggerKey, "Catalog", 0xFFFFFFFF};
-inline constexpr Number kLogUpdater{kLoggerKey, "Updater", 0xFFFFFFFF};
-inline constexpr Number kLogClockTime{kLoggerKey, "Clocktime_In_Header", 1};
-inline constexpr Number kLogProcessId{kLoggerKey, "Proc_Id_In_Header", 0};
-inline constexpr Number kLogThreadId{kLoggerKey, "Thread_Id_In_Header", 0};
 
 // The job window's options, in the printer's store. They are read without writing defaults.
 inline constexpr Number kShowProcessWindow{"GUI\\JSW\\", "Show Process Window", 1};

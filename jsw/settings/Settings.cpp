@@ -59,6 +59,17 @@ std::string Settings::dataUpdatesFolder() const {
     return joinPath(joinPath(common, directory), driver);
 }
 
+void provideSettings() {
+    static constexpr SettingReader kReader{[] { return Settings().rootExists(); },
+                                           [](const setting::Number& number, std::uint32_t& value) {
+                                               return Settings().read(number, value) == Read::found;
+                                           },
+                                           [](const setting::Text& text, std::string& value) {
+                                               return Settings().read(text, value) == Read::found;
+                                           }};
+    setSettingReader(kReader);
+}
+
 bool Settings::removeStore() const {
     std::uint32_t deleteAll = setting::kDeleteStoreOnUninstall.defaultValue;
     read(setting::kDeleteStoreOnUninstall, deleteAll);

@@ -44,4 +44,8 @@ class Settings : public BasicSettings {
     bool isUpdated(const setting::Number& flag) const;
 };
 
+/// Lets the parts of PublicLib read this store (SettingReader.h). To be called before the log is
+/// made.
+void provideSettings();
+
 }  // namespace jsw

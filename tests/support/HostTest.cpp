@@ -21,6 +21,7 @@ constexpr std::size_t kComponentColumns = 26;  // 25 and a blank
 class LogFolder : public ::testing::Environment {
   public:
     void SetUp() override {
+        provideSettings();
         ChildRole::runIfAsked();
         SetEnvironmentVariableA("ALLUSERSPROFILE", folder_.path().c_str());
     }

@@ -3,6 +3,7 @@
 #include "PublicLib/os/Localize.h"
 #include "PublicLib/text/Text.h"
 #include "PublicLib/win/Paths.h"
+#include "jsw/settings/Settings.h"
 #include "tools/jswctl/Command.h"
 
 #include <windows.h>
@@ -40,6 +41,7 @@ void nameHost(const std::string& host) {
         throw BadUse("'" + host + "' is a folder, not a program");
     }
     Localize::createInstanceFor(path);
+    provideSettings();
 }
 
 void nameExistingHost(const std::string& host) {
