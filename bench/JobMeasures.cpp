@@ -8,9 +8,9 @@
 #include "bench/Host.h"
 #include "bench/Measures.h"
 #include "bench/modules/RulesEnd.h"
-#include "jsw/jsw.h"
 #include "jsw/settings/OfnSettings.h"
-#include "jsw/view.h"
+#include <jsw/jsw.h>
+#include <jsw/view.h>
 
 #include <windows.h>
 

@@ -20,7 +20,7 @@ install(FILES $<TARGET_FILE:jsw>.debug $<TARGET_FILE_DIR:jsw>/jsw.pdb DESTINATIO
 # For Visual Studio's linker, and for those that want an import library of their own.
 install(FILES $<TARGET_PROPERTY:jsw_lib,FILE> jsw/jsw.def DESTINATION lib)
 install(
-  DIRECTORY include/jsw ${PROJECT_BINARY_DIR}/include/jsw
+  DIRECTORY include/jsw
   DESTINATION include
   FILES_MATCHING
   PATTERN *.h)

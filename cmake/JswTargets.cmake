@@ -2,8 +2,7 @@
 
 add_library(jsw_options INTERFACE)
 target_compile_features(jsw_options INTERFACE cxx_std_20)
-target_include_directories(jsw_options INTERFACE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/include
-                                                 ${PROJECT_BINARY_DIR}/include)
+target_include_directories(jsw_options INTERFACE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/include)
 # The oldest Windows that is served is 6.0 (Vista, Server 2008): the compiler's thread runtime needs
 # it. The headers show nothing newer; what is newer is looked up by name. Decisions about systems
 # older than that stay in the code, because a host may run in a compatibility mode.

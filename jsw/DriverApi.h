@@ -4,7 +4,7 @@
 #include "PublicLib/locks/WindowSafeLock.h"
 #include "jsw/Controller.h"
 #include "jsw/SingletonMgr.h"
-#include "jsw/jsw.h"
+#include <jsw/jsw.h>
 
 #include <atomic>
 #include <cstdint>

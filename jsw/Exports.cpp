@@ -6,7 +6,7 @@
 #include "PublicLib/calls/EntryGuard.h"
 #include "jsw/Controller.h"
 #include "jsw/DriverApi.h"
-#include "jsw/jsw.h"
+#include <jsw/jsw.h>
 
 #include <string>
 

@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
-# Checks the format of all C++ files and runs clang-tidy over all but the tests.
+# Checks the format of all C++ files and the order of the libraries, and runs clang-tidy over all but
+# the tests.
 #
-#   scripts/check.sh           format and tidy
-#   scripts/check.sh format    the format alone
+#   scripts/check.sh           format, layers and tidy
+#   scripts/check.sh format    format and layers alone
 #   scripts/check.sh fix       puts the format right
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -20,6 +21,7 @@ clang-format --dry-run --Werror "${sources[@]}" "${headers[@]}" || {
   exit 1
 }
 echo "format: clean (${#sources[@]} sources, ${#headers[@]} headers)"
+scripts/check-layers.py
 [[ "${1:-}" == format ]] && exit 0
 
 scripts/build.sh release >/dev/null

@@ -14,7 +14,7 @@ namespace jsw {
 
 namespace {
 
-constexpr std::size_t kModuleNameLength = 4;  // known file names rely on the cut
+constexpr std::size_t kModuleNameLength = 4;  // a fixed interface
 
 struct Critical {
     Critical(const std::string& fileName, const std::string& componentName)

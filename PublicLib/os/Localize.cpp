@@ -6,7 +6,7 @@
 #include "PublicLib/os/ProductLines.h"
 #include "PublicLib/win/Paths.h"
 #include "PublicLib/win/SystemFolders.h"
-#include "jsw/product_lines.h"
+#include <jsw/product_lines.h>
 
 #include <utility>
 

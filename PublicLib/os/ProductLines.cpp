@@ -1,7 +1,7 @@
 #include "PublicLib/os/ProductLines.h"
 
 #include "PublicLib/text/Text.h"
-#include "jsw/product_lines.h"
+#include <jsw/product_lines.h>
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "PublicLib/locks/CriticalSection.h"
-#include "jsw/device.h"
+#include <jsw/device.h>
 
 #include <map>
 #include <string>

@@ -19,7 +19,7 @@ inline constexpr std::array<std::uint8_t, 8> kLoopbackRequest{0xA5, 0x00, 0x05, 
                                                               0x03, 0x04, 0x31, 0x32};
 
 /// The question for the print head class: a packet of 9 bytes, handed over with a request length of
-/// 13, the rest zero. Callers rely on that length.
+/// 13, the rest zero. A fixed interface.
 inline constexpr std::array<std::uint8_t, 13> kPrintHeadClassRequest{0xA5, 0x00, 0x06, 0x50, 0xE0,
                                                                      0x8F, 0x14, 0x03, 0x00};
 

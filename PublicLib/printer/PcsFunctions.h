@@ -1,6 +1,6 @@
 #pragma once
 
-#include "jsw/device.h"
+#include <jsw/device.h>
 
 #include <cstdint>
 #include <type_traits>

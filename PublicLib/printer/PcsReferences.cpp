@@ -86,8 +86,7 @@ PcsStatus PcsClient::loadLibrary() {
 PcsStatus PcsClient::acquireClientId(JswDeviceClientId& clientId) {
     std::unique_lock lock(clientIdLock_);
     if (const PcsStatus status = checkServerName(); status != ERROR_SUCCESS) {
-        // The lock is left held, for the thread that was refused alone: a fixed interface, like the
-        // two exceptions below (docs/architecture.md).
+        // The lock is left held: a fixed interface, like the two exceptions below.
         lock.release();
         return status;
     }

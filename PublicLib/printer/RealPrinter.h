@@ -2,7 +2,7 @@
 
 #include "PublicLib/locks/CriticalSection.h"
 #include "PublicLib/printer/NullPrinter.h"
-#include "jsw/device.h"
+#include <jsw/device.h>
 
 #include <cstdint>
 #include <memory>

@@ -1,6 +1,6 @@
 // A catalog module that answers at once. It knows no billboards.
 
-#include "jsw/catalog.h"
+#include <jsw/catalog.h>
 
 JSW_CATALOG_ENTRY_POINTS(JSW_MODULE_DECLARE)
 

@@ -2,7 +2,7 @@
 // when the rules have come to their end.
 
 #include "bench/modules/RulesEnd.h"
-#include "jsw/rules.h"
+#include <jsw/rules.h>
 
 #include <windows.h>
 

@@ -1,6 +1,6 @@
 // A view module that answers at once.
 
-#include "jsw/view.h"
+#include <jsw/view.h>
 
 JSW_VIEW_ENTRY_POINTS(JSW_MODULE_DECLARE)
 

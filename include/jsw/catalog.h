@@ -18,7 +18,7 @@
 #ifndef JSW_CATALOG_H
 #define JSW_CATALOG_H
 
-#include "jsw/module.h"
+#include <jsw/module.h>
 
 /* Function types of the entry points. */
 typedef void JswCatalogInitialize(JswAllocate allocate);

@@ -20,7 +20,7 @@
 #ifndef JSW_DEVICE_H
 #define JSW_DEVICE_H
 
-#include "jsw/module.h"
+#include <jsw/module.h>
 
 typedef uint32_t JswDeviceStatus;   /**< a Win32 error number */
 typedef uint32_t JswDeviceClientId; /**< names a user of the client; given by PcsGetClientId */

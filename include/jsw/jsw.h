@@ -36,8 +36,8 @@
 #ifndef JSW_JSW_H
 #define JSW_JSW_H
 
-#include "jsw/types.h"
-#include "jsw/version.h"
+#include <jsw/types.h>
+#include <jsw/version.h>
 
 #ifdef __cplusplus
 extern "C" {

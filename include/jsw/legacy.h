@@ -16,7 +16,7 @@
 #ifndef JSW_LEGACY_H
 #define JSW_LEGACY_H
 
-#include "jsw/module.h"
+#include <jsw/module.h>
 
 /* Function types of the entry points. */
 /** Prepares for the printer with this friendly name; non-zero on success. */

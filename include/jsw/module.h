@@ -35,7 +35,7 @@
 #ifndef JSW_MODULE_H
 #define JSW_MODULE_H
 
-#include "jsw/types.h"
+#include <jsw/types.h>
 
 #include <stdint.h>
 

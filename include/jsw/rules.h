@@ -22,7 +22,7 @@
 #ifndef JSW_RULES_H
 #define JSW_RULES_H
 
-#include "jsw/module.h"
+#include <jsw/module.h>
 
 /* Function types of the entry points. */
 /** Starts the engine for a job; 0 when it cannot work, and no rule is asked for then. */

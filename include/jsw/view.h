@@ -36,7 +36,7 @@
 #ifndef JSW_VIEW_H
 #define JSW_VIEW_H
 
-#include "jsw/module.h"
+#include <jsw/module.h>
 
 /** Reports a window event: a JswStatus code or any other value of the module's own. */
 typedef void (*JswViewEventCallback)(int32_t event);

@@ -4,7 +4,7 @@
 #include "jsw/modules/ModuleBinding.h"
 #include "jsw/modules/Subject.h"
 #include "jsw/settings/SettingNames.h"
-#include "jsw/view.h"
+#include <jsw/view.h>
 
 #include <atomic>
 #include <cstdint>

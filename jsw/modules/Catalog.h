@@ -1,8 +1,8 @@
 #pragma once
 
 #include "PublicLib/locks/CriticalSection.h"
-#include "jsw/catalog.h"
 #include "jsw/modules/ModuleBinding.h"
+#include <jsw/catalog.h>
 
 #include <memory>
 #include <string>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "jsw/types.h"
+#include <jsw/types.h>
 
 #include <string>
 #include <vector>

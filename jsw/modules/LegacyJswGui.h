@@ -1,7 +1,7 @@
 #pragma once
 
-#include "jsw/legacy.h"
 #include "jsw/modules/ModuleBinding.h"
+#include <jsw/legacy.h>
 
 #include <cstdint>
 #include <memory>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "jsw/modules/ModuleBinding.h"
-#include "jsw/rules.h"
+#include <jsw/rules.h>
 
 #include <memory>
 #include <string>

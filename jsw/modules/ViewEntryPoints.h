@@ -1,6 +1,6 @@
 #pragma once
 
-#include "jsw/view.h"
+#include <jsw/view.h>
 
 /// The view module's entry points that the binding only forwards to: each with the tag of its trace
 /// and its name.

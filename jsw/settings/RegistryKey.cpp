@@ -204,7 +204,7 @@ void RegistryKey::setValue(const std::string& name, const std::string& value) {
 }
 
 void RegistryKey::setValue(const std::string& name, const std::vector<std::uint8_t>& value) {
-    // The message speaks of a string, as the log has always done for binary values.
+    // A string's text: a fixed interface.
     set(name, REG_BINARY, value.data(), value.size(),
         "RegistryKey::setValue(string): Unable to set ");
 }

@@ -33,7 +33,7 @@ class RegistryKey {
 
     /// The key, or nothing when it cannot be opened; then GetLastError() says why.
     [[nodiscard]] static std::optional<RegistryKey> openExisting(const std::string& path,
-                                                   HKEY hive = HKEY_LOCAL_MACHINE);
+                                                                 HKEY hive = HKEY_LOCAL_MACHINE);
 
     /// Each answers false when the value does not exist and raises when it has another type. A
     /// text may also be a REG_EXPAND_SZ; it is not expanded.

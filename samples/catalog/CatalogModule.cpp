@@ -3,12 +3,12 @@
  * The entry points of the sample catalog. The catalog file is read once, at Initialize; questions
  * look it up in what was read.
  */
-#include "jsw/catalog.h"
 #include "samples/catalog/CatalogData.h"
 #include "samples/common/HostStore.h"
 #include "samples/common/ModuleLock.h"
 #include "samples/common/ReturnedText.h"
 #include "samples/common/XmlFile.h"
+#include <jsw/catalog.h>
 
 #include <memory>
 #include <mutex>

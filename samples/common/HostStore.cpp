@@ -1,7 +1,7 @@
 #include "samples/common/HostStore.h"
 
-#include "jsw/product_lines.h"
 #include "samples/common/XmlNode.h"
+#include <jsw/product_lines.h>
 
 #include <windows.h>
 

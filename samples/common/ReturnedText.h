@@ -1,6 +1,6 @@
 #pragma once
 
-#include "jsw/module.h"
+#include <jsw/module.h>
 
 #include <string>
 #include <vector>

@@ -4,10 +4,10 @@
  * file is read when the first user initialises; its name is the environment variable
  * JSW_DEVICE_FILE.
  */
-#include "jsw/device.h"
 #include "samples/common/ModuleLock.h"
 #include "samples/common/Report.h"
 #include "samples/device/Devices.h"
+#include <jsw/device.h>
 
 #include <windows.h>
 

@@ -2,7 +2,6 @@
  * @file RulesModule.cpp
  * The entry points of the sample rules engine: walks the rules of the rules file in file order.
  */
-#include "jsw/rules.h"
 #include "samples/common/HostStore.h"
 #include "samples/common/ModuleLock.h"
 #include "samples/common/ProblemFile.h"
@@ -11,6 +10,7 @@
 #include "samples/rules/RuleReader.h"
 #include "samples/rules/RuleSet.h"
 #include "samples/rules/ShownMemory.h"
+#include <jsw/rules.h>
 
 #include <mutex>
 #include <vector>

@@ -155,7 +155,7 @@ TEST_F(HandedOverTest, AnUpdateIsTakenIntoUseBeforeTheModulesAreLoaded) {
     }
     folder_.write("version.txt", "2");
     settings.setValue(setting::kUpdatedFilesKey, setting::kBillBoardVersionFile.name,
-                            "version.txt");
+                      "version.txt");
     settings.write(setting::kDllPath, folder_.path());
     settings.write(setting::kCheckForUpdates, 1);
     settings.write(setting::kCompleteSoftwareUpdated, 1);

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "jsw/jsw.h"
 #include "jsw/settings/Settings.h"
 #include "tests/job/Script.h"
 #include "tests/support/HostTest.h"
+#include <jsw/jsw.h>
 
 #include <windows.h>
 

@@ -2,8 +2,8 @@
 
 #include "PublicLib/text/Text.h"
 #include "PublicLib/win/Handles.h"
-#include "jsw/version.h"
 #include "tests/support/ImportTable.h"
+#include <jsw/version.h>
 
 #include <windows.h>
 
@@ -122,6 +122,8 @@ TEST_F(LibraryTest, CarriesTheVersionOfItsHeader) {
     UINT size = 0;
     ASSERT_NE(VerQueryValueA(info.data(), "\\", &value, &size), FALSE);
     const auto* numbers = static_cast<const VS_FIXEDFILEINFO*>(value);
+    EXPECT_EQ(concat(JSW_VERSION_MAJOR, ".", JSW_VERSION_MINOR, ".", JSW_VERSION_PATCH),
+              JSW_VERSION_STRING);
     EXPECT_EQ(numbers->dwFileVersionMS,
               static_cast<DWORD>(MAKELONG(JSW_VERSION_MINOR, JSW_VERSION_MAJOR)));
     EXPECT_EQ(numbers->dwFileVersionLS, static_cast<DWORD>(MAKELONG(0, JSW_VERSION_PATCH)));

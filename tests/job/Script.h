@@ -1,9 +1,9 @@
 #pragma once
 
-#include "jsw/catalog.h"
-#include "jsw/legacy.h"
-#include "jsw/rules.h"
-#include "jsw/view.h"
+#include <jsw/catalog.h>
+#include <jsw/legacy.h>
+#include <jsw/rules.h>
+#include <jsw/view.h>
 
 #include <cstdlib>
 #include <functional>

@@ -1,9 +1,9 @@
 // The sample catalog and rules engine as the library meets them: loaded from their files, fed from
 // XML files in a data folder that the registry names.
-#include "jsw/catalog.h"
-#include "jsw/rules.h"
 #include "samples/common/HostStore.h"
 #include "tests/support/ProcessState.h"
+#include <jsw/catalog.h>
+#include <jsw/rules.h>
 
 #include <windows.h>
 

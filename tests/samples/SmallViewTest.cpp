@@ -1,7 +1,7 @@
 // The small view as the library meets it: a job, the user who closes the window, the next job.
 #include "PublicLib/win/EntryPoint.h"
 #include "PublicLib/win/Handles.h"
-#include "jsw/view.h"
+#include <jsw/view.h>
 
 #include <windows.h>
 

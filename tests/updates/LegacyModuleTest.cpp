@@ -2,8 +2,8 @@
 #include "PublicLib/win/Handles.h"
 #include "PublicLib/win/Paths.h"
 #include "PublicLib/win/SystemFolders.h"
-#include "jsw/legacy.h"
 #include "window/prompt/ControlIds.h"
+#include <jsw/legacy.h>
 
 #include <windows.h>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "PublicLib/win/Handles.h"
-#include "jsw/view.h"
+#include <jsw/view.h>
 #include "tests/support/TempFolder.h"
 #include "window/view/ControlIds.h"
 

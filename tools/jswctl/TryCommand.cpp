@@ -3,16 +3,16 @@
 
 #include "PublicLib/text/Text.h"
 #include "PublicLib/win/EntryPoint.h"
-#include "jsw/catalog.h"
-#include "jsw/device.h"
-#include "jsw/legacy.h"
 #include "jsw/modules/ModuleBinding.h"
-#include "jsw/rules.h"
-#include "jsw/view.h"
 #include "tools/jswctl/Command.h"
 #include "tools/jswctl/Host.h"
 #include "tools/jswctl/module/Trial.h"
 #include "tools/jswctl/module/TrialLines.h"
+#include <jsw/catalog.h>
+#include <jsw/device.h>
+#include <jsw/legacy.h>
+#include <jsw/rules.h>
+#include <jsw/view.h>
 
 #include <windows.h>
 

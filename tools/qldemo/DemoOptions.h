@@ -1,6 +1,6 @@
 #pragma once
 
-#include "jsw/jsw.h"
+#include <jsw/jsw.h>
 
 #include <array>
 #include <cstdint>

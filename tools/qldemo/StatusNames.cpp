@@ -1,6 +1,6 @@
 #include "tools/qldemo/StatusNames.h"
 
-#include "jsw/jsw.h"
+#include <jsw/jsw.h>
 
 namespace jsw::qldemo {
 

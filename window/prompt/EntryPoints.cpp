@@ -1,9 +1,9 @@
 /**
  * The module's entry points. One prompt at a time, on one thread; messages for it come from any.
  */
-#include "jsw/legacy.h"
 #include "window/prompt/ControlIds.h"
 #include "window/prompt/Prompt.h"
+#include <jsw/legacy.h>
 
 #include <algorithm>
 #include <string>

@@ -2,10 +2,10 @@
  * The module's entry points. They note what they are told in the state of the current job and
  * return; the window's thread shows it.
  */
-#include "jsw/view.h"
 #include "window/ui/Text.h"
 #include "window/view/ViewState.h"
 #include "window/view/WindowThread.h"
+#include <jsw/view.h>
 
 #include <atomic>
 #include <memory>

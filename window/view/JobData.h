@@ -4,9 +4,9 @@
  */
 #pragma once
 
-#include "jsw/types.h"
 #include "window/view/StatusText.h"
 #include "window/view/WindowPlace.h"
+#include <jsw/types.h>
 
 #include <array>
 #include <cstdint>

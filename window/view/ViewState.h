@@ -10,8 +10,8 @@
  */
 #pragma once
 
-#include "jsw/view.h"
 #include "window/view/JobData.h"
+#include <jsw/view.h>
 
 #include <windows.h>
 

@@ -1,7 +1,8 @@
 // A driver's program in C++: one job, and which version of the library it was built for.
+#include <jsw/jsw.h>
+
 #include <iostream>
 #include <iterator>
-#include <jsw/jsw.h>
 
 int main() {
     InkInfo ink{};

@@ -1,6 +1,6 @@
 // A catalog that crashes at the first question.
 
-#include "jsw/catalog.h"
+#include <jsw/catalog.h>
 
 JSW_CATALOG_ENTRY_POINTS(JSW_MODULE_DECLARE)
 

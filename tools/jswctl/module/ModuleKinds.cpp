@@ -1,10 +1,10 @@
 #include "tools/jswctl/module/ModuleKinds.h"
 
-#include "jsw/catalog.h"
-#include "jsw/device.h"
-#include "jsw/legacy.h"
-#include "jsw/rules.h"
-#include "jsw/view.h"
+#include <jsw/catalog.h>
+#include <jsw/device.h>
+#include <jsw/legacy.h>
+#include <jsw/rules.h>
+#include <jsw/view.h>
 
 #include <algorithm>
 
