@@ -2,27 +2,7 @@
 
 #include "PublicLib/logging/LogSwitches.h"
 
-#include <utility>
-
 namespace jsw {
-
-LoggerComponent::LoggerComponent(std::string name, std::uint32_t defaultMask)
-    : name_(std::move(name)), defaultMask_(defaultMask) {
-}
-
-LoggerComponent::~LoggerComponent() = default;
-
-std::string LoggerComponent::name() const {
-    return name_;
-}
-
-void LoggerComponent::setMask(std::uint32_t mask) {
-    defaultMask_ = mask;
-}
-
-std::uint32_t LoggerComponent::defaultMask() const {
-    return defaultMask_;
-}
 
 namespace component {
 LoggerComponent kAll(setting::kLogAll.name, setting::kLogAll.defaultValue);

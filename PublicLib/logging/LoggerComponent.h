@@ -3,6 +3,7 @@
 #include <atomic>
 #include <cstdint>
 #include <string>
+#include <utility>
 
 namespace jsw {
 
@@ -20,12 +21,13 @@ enum LogLevel : std::uint32_t {
 class LoggerComponent {
   public:
     /// @param defaultMask  levels enabled when the registry has no value
-    LoggerComponent(std::string name, std::uint32_t defaultMask);
+    LoggerComponent(std::string name, std::uint32_t defaultMask)
+        : name_(std::move(name)), defaultMask_(defaultMask) {}
 
-    virtual std::string name() const;
-    virtual void setMask(std::uint32_t mask);
-    virtual std::uint32_t defaultMask() const;
-    virtual ~LoggerComponent();
+    virtual std::string name() const { return name_; }
+    virtual void setMask(std::uint32_t mask) { defaultMask_ = mask; }
+    virtual std::uint32_t defaultMask() const { return defaultMask_; }
+    virtual ~LoggerComponent() = default;
 
     LoggerComponent(const LoggerComponent&) = delete;
     LoggerComponent& operator=(const LoggerComponent&) = delete;

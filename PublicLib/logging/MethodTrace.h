@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 
 namespace jsw {
@@ -62,10 +63,14 @@ class MethodTrace {
     void setResult(std::uint32_t value) noexcept { setResult(asSigned(value)); }
     void setResult(std::string_view value) noexcept;
 
-    /// Records the result and hands it on.
+    /// Records the result and hands it on; an enumerator counts as its number.
     template <class Value>
     Value returning(Value value) noexcept {
-        setResult(value);
+        if constexpr (std::is_enum_v<Value>) {
+            setResult(static_cast<std::int32_t>(value));
+        } else {
+            setResult(value);
+        }
         return value;
     }
 

@@ -81,16 +81,12 @@ std::string DeviceEnumerator::getPortName(const std::string& friendlyName) const
     const auto printer = std::ranges::find_if(printers_, [&](const SpoolerPrinter& candidate) {
         return equalsIgnoringCase(candidate.name, friendlyName);
     });
-    std::string port = printer != printers_.end() ? printer->port : "";
-    trace.setResult(port);
-    return port;
+    return trace.returning(printer != printers_.end() ? printer->port : std::string());
 }
 
 bool DeviceEnumerator::isUncPortName(const std::string& friendlyName) const {
     MethodTrace trace(component::kJsw, "DeviceEnumerator::isUncPortName: ");
-    const bool isUnc = getPortName(friendlyName).starts_with("\\\\");
-    trace.setResult(isUnc);
-    return isUnc;
+    return trace.returning(getPortName(friendlyName).starts_with("\\\\"));
 }
 
 }  // namespace jsw

@@ -38,43 +38,7 @@ std::uint32_t NullPrinter::ping() {
 
 std::int32_t NullPrinter::getPrintHeadType() {
     MethodTrace trace(component::kJsw, "NullPrinter::getPrintHeadType():");
-    trace.setResult(fields_.printHeadClass);
-    return fields_.printHeadClass;
+    return trace.returning(fields_.printHeadClass);
 }
-
-#define JSW_PRINTER_GETTER(Type, getter, field)                            \
-    Type NullPrinter::getter() const {                                     \
-        MethodTrace trace(component::kJsw, "NullPrinter::" #getter "():"); \
-        trace.setResult(fields_.field);                                    \
-        return fields_.field;                                              \
-    }
-
-JSW_PRINTER_GETTER(std::string, getFriendlyName, friendlyName)
-JSW_PRINTER_GETTER(std::string, getPort, port)
-JSW_PRINTER_GETTER(std::string, getPcsClientDllName, pcsClientDllName)
-JSW_PRINTER_GETTER(std::int32_t, getPrtHandle, prtHandle)
-JSW_PRINTER_GETTER(std::int32_t, getHidHandle, hidHandle)
-JSW_PRINTER_GETTER(std::int32_t, getScannerHandle, scannerHandle)
-
-#undef JSW_PRINTER_GETTER
-
-#define JSW_PRINTER_SETTER(Type, setter, field, argument)                                      \
-    void NullPrinter::setter(Type value) {                                                     \
-        MethodTrace trace(component::kJsw, "NullPrinter::" #setter "(" argument, value, "):"); \
-        fields_.field = value;                                                                 \
-    }
-
-JSW_PRINTER_SETTER(std::int32_t, setPrtHandle, prtHandle, "value=")
-JSW_PRINTER_SETTER(std::int32_t, setHidHandle, hidHandle, "value=")
-JSW_PRINTER_SETTER(std::int32_t, setScannerHandle, scannerHandle, "value=")
-JSW_PRINTER_SETTER(bool, setPrt, prt, "value=")
-JSW_PRINTER_SETTER(bool, setScanner, scanner, "value=")
-JSW_PRINTER_SETTER(bool, setHid, hid, "value=")
-JSW_PRINTER_SETTER(const std::string&, setNetwork, network, "value=")
-JSW_PRINTER_SETTER(const std::string&, setPort, port, "value=")
-JSW_PRINTER_SETTER(const std::string&, setPcsClientDllName, pcsClientDllName, "value=")
-JSW_PRINTER_SETTER(std::int32_t, setPrintHeadClass, printHeadClass, "printHeadClass = ")
-
-#undef JSW_PRINTER_SETTER
 
 }  // namespace jsw

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "PublicLib/logging/MethodTrace.h"
 #include "PublicLib/printer/ValuesPrinterCache.h"
 
 #include <cstdint>
@@ -26,26 +27,42 @@ class NullPrinter {
     virtual std::int32_t getPrintHeadType();
     virtual ~NullPrinter();
 
-    std::string getFriendlyName() const;
-    std::string getPort() const;
-    std::string getPcsClientDllName() const;
-    /// Handles of the device client, 0 for none.
-    std::int32_t getPrtHandle() const;
-    std::int32_t getHidHandle() const;
-    std::int32_t getScannerHandle() const;
+    // The accessors, each with its trace.
 
-    void setPrtHandle(std::int32_t value);
-    void setHidHandle(std::int32_t value);
-    void setScannerHandle(std::int32_t value);
+#define JSW_PRINTER_GETTER(Type, getter, field)                            \
+    Type getter() const {                                                  \
+        MethodTrace trace(component::kJsw, "NullPrinter::" #getter "():"); \
+        return trace.returning(fields_.field);                             \
+    }
+#define JSW_PRINTER_SETTER(Type, setter, field, argument)                                      \
+    void setter(Type value) {                                                                  \
+        MethodTrace trace(component::kJsw, "NullPrinter::" #setter "(" argument, value, "):"); \
+        fields_.field = value;                                                                 \
+    }
+
+    JSW_PRINTER_GETTER(std::string, getFriendlyName, friendlyName)
+    JSW_PRINTER_GETTER(std::string, getPort, port)
+    JSW_PRINTER_GETTER(std::string, getPcsClientDllName, pcsClientDllName)
+    /// Handles of the device client, 0 for none.
+    JSW_PRINTER_GETTER(std::int32_t, getPrtHandle, prtHandle)
+    JSW_PRINTER_GETTER(std::int32_t, getHidHandle, hidHandle)
+    JSW_PRINTER_GETTER(std::int32_t, getScannerHandle, scannerHandle)
+
+    JSW_PRINTER_SETTER(std::int32_t, setPrtHandle, prtHandle, "value=")
+    JSW_PRINTER_SETTER(std::int32_t, setHidHandle, hidHandle, "value=")
+    JSW_PRINTER_SETTER(std::int32_t, setScannerHandle, scannerHandle, "value=")
     /// Whether an interface of that kind was found.
-    void setPrt(bool value);
-    void setScanner(bool value);
-    void setHid(bool value);
+    JSW_PRINTER_SETTER(bool, setPrt, prt, "value=")
+    JSW_PRINTER_SETTER(bool, setScanner, scanner, "value=")
+    JSW_PRINTER_SETTER(bool, setHid, hid, "value=")
     /// "LOCAL_TRANSPORT" or "NETWORK_TRANSPORT"; empty when it is not known.
-    void setNetwork(const std::string& value);
-    void setPort(const std::string& value);
-    void setPcsClientDllName(const std::string& value);
-    void setPrintHeadClass(std::int32_t printHeadClass);
+    JSW_PRINTER_SETTER(const std::string&, setNetwork, network, "value=")
+    JSW_PRINTER_SETTER(const std::string&, setPort, port, "value=")
+    JSW_PRINTER_SETTER(const std::string&, setPcsClientDllName, pcsClientDllName, "value=")
+    JSW_PRINTER_SETTER(std::int32_t, setPrintHeadClass, printHeadClass, "printHeadClass = ")
+
+#undef JSW_PRINTER_GETTER
+#undef JSW_PRINTER_SETTER
 
   protected:
     static constexpr char kLocalTransport[] = "LOCAL_TRANSPORT";
@@ -66,8 +83,12 @@ class NullPrinter {
         std::string friendlyName{};
         std::int32_t printHeadClass = -1;
     };
-    Fields& fields() { return fields_; }
-    const Fields& fields() const { return fields_; }
+    Fields& fields() {
+        return fields_;
+    }
+    const Fields& fields() const {
+        return fields_;
+    }
 
   private:
     Fields fields_;

@@ -57,9 +57,7 @@ IPrinterCache& Printer::getCache() {
 
 std::string Printer::getFriendlyName() const {
     MethodTrace trace(component::kJsw, "Printer::getFriendlyName():");
-    std::string friendlyName = printer_->getFriendlyName();
-    trace.setResult(friendlyName);
-    return friendlyName;
+    return trace.returning(printer_->getFriendlyName());
 }
 
 /// Always true: at worst the printer is a null printer.

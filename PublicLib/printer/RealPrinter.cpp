@@ -53,9 +53,7 @@ bool RealPrinter::init() {
         const auto dllName = pcsClientName();
         if (!dllName) return;
         setPcsClientDllName(*dllName);
-        const bool usable = queryDeviceInfo();
-        trace.setResult(usable);
-        found = usable;
+        found = trace.returning(queryDeviceInfo());
     });
     return found;
 }

@@ -60,8 +60,7 @@ std::int32_t RealPrinter::processPrinters() {
         DiscoveredDevices::instance().findPrinter(fields().friendlyName);
     setPrtHandle(printer.handle);
     setPort(printer.handle != 0 ? printer.port : "");
-    trace.setResult(printer.handle);
-    return printer.handle;
+    return trace.returning(printer.handle);
 }
 
 std::int32_t RealPrinter::processHidList(PcsClient& client) {

@@ -12,9 +12,6 @@ namespace jsw {
 inline void appendPart(std::string& text, std::string_view part) {
     text.append(part);
 }
-inline void appendPart(std::string& text, const std::string& part) {
-    text.append(part);
-}
 inline void appendPart(std::string& text, const char* part) {
     if (part != nullptr) text.append(part);
 }

@@ -11,7 +11,7 @@ namespace jsw {
 /// Owns one Windows resource and gives it back when it goes out of scope. Null and
 /// INVALID_HANDLE_VALUE both count as empty. Giving back leaves GetLastError() as it was, so the
 /// error of a failed call can still be read after its handles are gone.
-template <class Handle, void (*close)(Handle)>
+template <class Handle, auto* close>
 class UniqueHandle {
   public:
     UniqueHandle() = default;
@@ -54,28 +54,10 @@ class UniqueHandle {
     Handle handle_{};
 };
 
-namespace closers {
-inline void closeKernelObject(HANDLE handle) {
-    CloseHandle(handle);
-}
-inline void closeKey(HKEY key) {
-    RegCloseKey(key);
-}
-inline void freeModule(HMODULE module) {
-    FreeLibrary(module);
-}
-inline void freeSid(PSID sid) {
-    FreeSid(sid);
-}
-inline void closePrinter(HANDLE printer) {
-    ClosePrinter(printer);
-}
-}  // namespace closers
-
-using KernelHandle = UniqueHandle<HANDLE, closers::closeKernelObject>;  // file, mutex, process, …
-using KeyHandle = UniqueHandle<HKEY, closers::closeKey>;
-using ModuleHandle = UniqueHandle<HMODULE, closers::freeModule>;
-using SidHandle = UniqueHandle<PSID, closers::freeSid>;
-using PrinterHandle = UniqueHandle<HANDLE, closers::closePrinter>;
+using KernelHandle = UniqueHandle<HANDLE, CloseHandle>;  // file, mutex, process, …
+using KeyHandle = UniqueHandle<HKEY, RegCloseKey>;
+using ModuleHandle = UniqueHandle<HMODULE, FreeLibrary>;
+using SidHandle = UniqueHandle<PSID, FreeSid>;
+using PrinterHandle = UniqueHandle<HANDLE, ClosePrinter>;
 
 }  // namespace jsw

@@ -126,8 +126,7 @@ std::string MacroResolver::replaceMacros(const std::string& text) {
                 "WARNING: MacroResolver::replaceMacros: too many or too long values, a value may "
                 "lead back to itself. The remaining tags are not replaced.");
     }
-    trace.setResult(result.text);
-    return std::move(result.text);
+    return trace.returning(std::move(result.text));
 }
 
 Value MacroResolver::resolveTag(std::string_view tagText, std::string_view tagName) {
@@ -166,8 +165,7 @@ std::string MacroResolver::getPartnerCode() {
         trace.add(isValid ? "Partner code read from registry." : "No valid RetailerId in registry");
         if (isValid) result = concat("&partner=", *retailer);
     }
-    trace.setResult(result);
-    return result;
+    return trace.returning(std::move(result));
 }
 
 }  // namespace jsw

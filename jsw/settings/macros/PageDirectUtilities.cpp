@@ -14,15 +14,12 @@ std::string PageDirectUtilities::getCountryCode() {
     MethodTrace trace(component::kJsw, "PageDirectUtilities::getCountryCode()");
     char digits[9];
     std::snprintf(digits, sizeof(digits), "%.8X", unsigned{GetSystemDefaultLangID()});
-    trace.setResult(digits);
-    return digits;
+    return trace.returning(std::string(digits));
 }
 
 std::string PageDirectUtilities::getLanguageCode() {
     MethodTrace trace(component::kJsw, "PageDirectUtilities::getLanguageCode()");
-    std::string code = std::to_string(languageCode(GetUserDefaultLangID()));
-    trace.setResult(code);
-    return code;
+    return trace.returning(std::to_string(languageCode(GetUserDefaultLangID())));
 }
 
 std::string PageDirectUtilities::getOsCode() {
@@ -30,9 +27,7 @@ std::string PageDirectUtilities::getOsCode() {
     const bool is64Bit = sizeof(void*) == 8 || OsVersion::isRunningUnderWow64();
     const OsCode os = osCode(OsVersion::instance().classification(), is64Bit);
     if (!os.note.empty()) trace.add(os.note);
-    std::string code(os.code);
-    trace.setResult(code);
-    return code;
+    return trace.returning(std::string(os.code));
 }
 
 }  // namespace jsw

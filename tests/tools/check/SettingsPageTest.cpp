@@ -2,8 +2,8 @@
 
 #include "PublicLib/os/ProductLines.h"
 #include "PublicLib/text/Text.h"
-#include "jsw/settings/SettingNames.h"
 #include "tests/support/TempFolder.h"
+#include "tools/jswctl/check/SettingLists.h"
 
 #include <gtest/gtest.h>
 
@@ -68,12 +68,15 @@ TEST(SettingsPageTest, PageAndHeaderNameTheSameValues) {
 }
 
 TEST(SettingsPageTest, TheListsHoldEveryConstantOfTheHeader) {
-    const std::string header = sourceFile("jsw/settings/SettingNames.h");
+    const std::string header = sourceFile("jsw/settings/SettingNames.h") +
+                               sourceFile("PublicLib/logging/LogSwitches.h") +
+                               sourceFile("PublicLib/printer/PrinterSettings.h");
+    const std::string lists = sourceFile("tools/jswctl/check/SettingLists.h");
     static const std::regex kConstant(R"(inline constexpr (Text|Number) (k\w+)\s*\{)");
     int count = 0;
     for (std::sregex_iterator match(header.begin(), header.end(), kConstant), end; match != end;
          ++match, ++count) {
-        EXPECT_NE(header.find("&" + (*match)[2].str()), std::string::npos) << (*match)[2];
+        EXPECT_NE(lists.find("&" + (*match)[2].str()), std::string::npos) << (*match)[2];
     }
     EXPECT_EQ(static_cast<std::size_t>(count), rowsOfTheHeader().size());
 }

@@ -7,6 +7,7 @@
 #include "jsw/FirstRun.h"
 #include "jsw/settings/OfnSettings.h"
 #include "jsw/settings/Settings.h"
+#include "tools/jswctl/check/SettingLists.h"
 
 #include <windows.h>
 

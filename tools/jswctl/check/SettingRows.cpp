@@ -1,6 +1,7 @@
 #include "tools/jswctl/check/SettingRows.h"
 
 #include "PublicLib/text/Text.h"
+#include "tools/jswctl/check/SettingLists.h"
 
 #include <algorithm>
 #include <string_view>
