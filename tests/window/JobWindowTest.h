@@ -1,9 +1,9 @@
 #pragma once
 
 #include "PublicLib/win/Handles.h"
-#include <jsw/view.h>
 #include "tests/support/TempFolder.h"
 #include "window/view/ControlIds.h"
+#include <jsw/view.h>
 
 #include <windows.h>
 
