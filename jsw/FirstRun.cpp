@@ -34,8 +34,8 @@ bool isInstallationDue(const std::string& store) {
     // The store first: one that is there had its mark before.
     if (RegistryKey::openExisting(store)) return isFirstRunPending();
     const DWORD error = GetLastError();
-    if (error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND) return true;
-    throw Win32Exception("unable to open the store " + store, error, "", 0);
+    if (readOutcome(error) == Read::missing) return true;
+    throw Win32Exception("unable to open the store " + store, error);
 }
 
 }  // namespace

@@ -15,7 +15,7 @@ void InterProcessLock::lock() {
     if (name_.empty()) {
         throw Win32Exception("InterProcessLock has no name", 0, place::kLockWithoutName);
     }
-    static_cast<void>(mutex_.acquire(INFINITE));  // without a time limit it is acquired or raises
+    mutex_.acquire(INFINITE);
 }
 
 void InterProcessLock::unlock() {

@@ -23,7 +23,7 @@ class Mutex {
     /// Waits up to timeoutMilliseconds (INFINITE: for ever); false when the time is over. A mutex
     /// whose owner died without releasing it counts as acquired. Not for the thread that holds it
     /// already.
-    [[nodiscard]] bool acquire(std::uint32_t timeoutMilliseconds);
+    bool acquire(std::uint32_t timeoutMilliseconds);
     void release();
 
   private:

@@ -72,14 +72,14 @@ class FirstRunTest : public test::JobTest {
     static bool isMarked() {
         std::uint32_t mark = 0;
         const BasicSettings stores("Software\\QuillonInkjet\\JSW\\Local", "");
-        return stores.getDwordValue("", "qlfrInstallationPending", mark);
+        return stores.getValue("", "qlfrInstallationPending", mark);
     }
     static std::string stored(const char* key, const char* name) {
         std::string value = "(none)";
         std::uint32_t number = 0;
         const BasicSettings store(kStore, "");
-        if (store.getDwordValue(key, name, number)) return std::to_string(number);
-        store.getStringValue(key, name, value);
+        if (store.getValue(key, name, number)) return std::to_string(number);
+        store.getValue(key, name, value);
         return value;
     }
 
@@ -129,7 +129,7 @@ TEST_F(FirstRunTest, WhatAKilledProcessHasLeftTheNextJobCompletesOnce) {
         SetEvent(start.get());
         EXPECT_EQ(startHost(1, "A").wait(kPatience), 0U) << "a job without a window";
         EXPECT_EQ(stored("Settings", "DataPath"), mine);
-        BasicSettings(kStore, "").setStringValue("Settings", "DataPath", "D:\\mine");
+        BasicSettings(kStore, "").setValue("Settings", "DataPath", "D:\\mine");
     }
     EXPECT_FALSE(isMarked());
 }

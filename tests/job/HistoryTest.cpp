@@ -153,7 +153,7 @@ TEST_F(HistoryTest, WhatCannotBeRemovedIsToldToTheLog) {
 
 TEST_F(HistoryTest, AClearThatTheRegistryRefusesIsMadeGoodAtTheEnd) {
     for (const char* name : {"Id0", "Id1", "Id2"}) {
-        Settings().setStringValue(setting::kHistoryIdsKey, name, name);
+        Settings().setValue(setting::kHistoryIdsKey, name, name);
     }
     const auto keyStays = test::replaceImport<decltype(RegDeleteKeyA)>(
         test::ImportTable(GetModuleHandleA(nullptr)), "RegDeleteKeyA",
