@@ -2,7 +2,6 @@
 #include "PublicLib/locks/InterProcessLock.h"
 #include "PublicLib/locks/Mutex.h"
 #include "PublicLib/locks/Security.h"
-#include "PublicLib/locks/Singleton.h"
 #include "PublicLib/text/Text.h"
 #include "PublicLib/win/Handles.h"
 #include "PublicLib/win/Paths.h"
@@ -13,11 +12,9 @@
 
 #include <aclapi.h>
 
-#include <atomic>
 #include <functional>
 #include <gmock/gmock.h>
 #include <limits>
-#include <memory>
 #include <optional>
 #include <thread>
 #include <vector>
@@ -90,24 +87,6 @@ TEST(MutexTest, AnOwnerKeepsOthersOutUntilItGoes) {
     EXPECT_TRUE(owner->acquire(0));
     owner.reset();
     EXPECT_TRUE(isFree());
-}
-
-TEST(SingletonTest, ThreadsThatComeAtOnceShareOneObject) {
-    Singleton<int> singleton;
-    std::atomic<int> made{0};
-    const auto get = [&] {
-        return singleton.instance([&] {
-            ++made;
-            Sleep(100);  // the other one has found no object meanwhile
-            return std::make_shared<int>(1);
-        });
-    };
-    std::shared_ptr<int> theirs;
-    std::thread other([&] { theirs = get(); });
-    const auto mine = get();
-    other.join();
-    EXPECT_EQ(mine, theirs);
-    EXPECT_EQ(made, 1);
 }
 
 TEST(UniqueHandleTest, GivingBackKeepsTheLastError) {

@@ -5,9 +5,7 @@
 #include "PublicLib/process/CurrentProcess.h"
 #include "PublicLib/win/Paths.h"
 #include "PublicLib/win/SystemFolders.h"
-#include "tests/support/ChildProcess.h"
 #include "tests/support/ImportTable.h"
-#include "tests/support/WindowsVersion.h"
 
 #include <windows.h>
 
@@ -16,7 +14,6 @@
 
 #include <cstring>
 #include <gmock/gmock.h>
-#include <set>
 
 namespace jsw {
 
@@ -36,49 +33,17 @@ TEST(OsVersionTest, ClassifiesByPlatformAndVersion) {
     }
 }
 
-/// Packs what a system answers into an exit code that names it.
-int describe(const OsVersion& os) {
-    const std::string folder = os.versionedPrinterDriverFolder();
-    const std::string byMajor = os.printerDriverFolderByMajorVersion();
-    const auto suffix = [](const std::string& path) {
-        const char last = path.back();
-        return last == '2' || last == '3' ? last - '0' : 0;
-    };
-    return static_cast<int>(os.classification()) * 10000 + os.isXpOrLater() * 1000 +
-           os.isVersion6OrLater() * 100 + suffix(folder) * 10 + suffix(byMajor);
-}
-
-const test::ChildRole tellVersion("tellVersion", [](const std::string&) {
-    return describe(OsVersion::instance());
-});
-
-TEST(OsVersionTest, AnswersForTheVersionThatRuns) {
-    const struct {
-        const char* wineName;
-        std::uint32_t expected;
-    } rows[] = {{"nt40", 40022},  {"win2k", 50033}, {"winxp", 61033}, {"winxp64", 71033},
-                {"vista", 81133}, {"win7", 91133},  {"win8", 1103}};
-    const std::string copy = "qlversion.exe";
-    ASSERT_NE(CopyFileA(moduleFileName(nullptr).c_str(), copy.c_str(), FALSE), FALSE);
-    for (const auto& row : rows) {
-        const test::WindowsVersion version(copy, row.wineName);
-        EXPECT_EQ(test::ChildProcess("tellVersion", "", copy).wait(30000), row.expected)
-            << row.wineName;
-    }
-    DeleteFileA(copy.c_str());
-    EXPECT_FALSE(OsVersion::isRunningUnderWow64());
-}
-
 /// Versions, too, that are newer than what the Windows that runs tells of itself.
 TEST(OsVersionTest, TellsOlderSystemsFromNewerOnes) {
     const struct {
         DWORD platformId, major, minor;
         bool xp, version6;
-        const char* byMajor;
-    } rows[] = {{1, 4, 90, false, false, "\\2"}, {2, 4, 0, false, false, "\\2"},
-                {2, 5, 0, false, false, "\\3"},  {2, 5, 1, true, false, "\\3"},
-                {2, 6, 0, true, true, "\\3"},    {2, 10, 0, true, true, "\\3"},
-                {1, 10, 0, false, false, "\\3"}, {2, 3, 51, false, false, ""}};
+        const char *folder, *byMajor;
+    } rows[] = {{1, 4, 90, false, false, "", "\\2"},   {2, 4, 0, false, false, "\\2", "\\2"},
+                {2, 5, 0, false, false, "\\3", "\\3"}, {2, 5, 1, true, false, "\\3", "\\3"},
+                {2, 6, 0, true, true, "\\3", "\\3"},   {2, 6, 2, true, true, "", "\\3"},
+                {2, 10, 0, true, true, "", "\\3"},     {1, 10, 0, false, false, "", "\\3"},
+                {2, 3, 51, false, false, "", ""}};
     for (const auto& row : rows) {
         OSVERSIONINFOEXA record{};
         record.dwPlatformId = row.platformId;
@@ -87,6 +52,8 @@ TEST(OsVersionTest, TellsOlderSystemsFromNewerOnes) {
         const OsVersion os(record);
         EXPECT_EQ(os.isXpOrLater(), row.xp) << row.major << "." << row.minor;
         EXPECT_EQ(os.isVersion6OrLater(), row.version6) << row.major << "." << row.minor;
+        EXPECT_EQ(os.versionedPrinterDriverFolder(), printerDriverDirectory() + row.folder)
+            << row.major << "." << row.minor;
         EXPECT_EQ(os.printerDriverFolderByMajorVersion(), printerDriverDirectory() + row.byMajor)
             << row.major << "." << row.minor;
     }
@@ -110,21 +77,23 @@ TEST(LocalizeTest, NamesComeFromTheHostProgram) {
     Localize::destroy();
 
     std::string root;
-    EXPECT_FALSE(Localize(GetModuleHandleA("kernel32")).getProductLineRoot(root));
+    const Localize ofNoLine(GetModuleHandleA("kernel32"));
+    EXPECT_FALSE(ofNoLine.getProductLineRoot(root));
+    EXPECT_EQ(ofNoLine.getRegistryPath(StoreKind::local),
+              "Software\\Quillon Tools\\JSW\\Local\\kern\\");
     EXPECT_EQ(root, "Software\\Quillon Tools");
 }
 
 TEST(ProductLinesTest, EveryRowCanBeFound) {
     EXPECT_EQ(productLines().size(), 16U);
-    std::set<std::string_view> prefixes;
-    for (const ProductLine& line : productLines()) {
-        EXPECT_TRUE(prefixes.insert(line.prefix).second) << line.prefix;
+    for (const ProductLine& line : productLines()) {  // no other one hides it
         EXPECT_EQ(findProductLine(line.prefix), &line);
-        EXPECT_EQ(isNonInkjetLine(line.prefix), line.nonInkjet != 0);
     }
     EXPECT_EQ(findProductLine("QLxx")->key, "QuillonInkjet");
     EXPECT_EQ(findProductLine("zz"), nullptr);
     EXPECT_EQ(findProductLine("q"), nullptr);
+    EXPECT_TRUE(isNonInkjetLine("olxx"));
+    EXPECT_FALSE(isNonInkjetLine("qlxx"));
     EXPECT_FALSE(isNonInkjetLine("OLxx"));  // letter case counts here
 }
 

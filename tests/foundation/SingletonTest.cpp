@@ -1,35 +1,58 @@
-// A process-wide object that is let go of while another thread is making it.
-
 #include "PublicLib/locks/Singleton.h"
-
-#include <windows.h>
+#include "tests/support/HeldUpThread.h"
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <thread>
 
 namespace jsw {
 
-TEST(SingletonTest, WhatWasBegunBeforeTheEndDoesNotStay) {
-    Singleton<int> place;
-    std::atomic<bool> making{false};
-    std::atomic<bool> goOn{false};
-    std::shared_ptr<int> ofTheLateOne;
-    std::thread late([&] {
-        ofTheLateOne = place.instance([&] {
-            making = true;
-            while (!goOn) Sleep(1);
-            return std::make_shared<int>(1);
+/// Another thread is making the object while a second one asks for it, or lets go of it.
+class SingletonTest : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        maker_ = std::thread([this] { made_ = get(1); });
+        ASSERT_TRUE(test::eventually([this] { return making_ == 1; }));
+    }
+    void TearDown() override {
+        if (maker_.joinable()) maker_.join();
+    }
+
+    std::shared_ptr<int> get(int value) {
+        return place_.instance([&] {
+            ++making_;
+            EXPECT_TRUE(test::eventually([this] { return mayGoOn_.load(); }));
+            return std::make_shared<int>(value);
         });
-    });
-    while (!making) Sleep(1);
-    place.destroy([] {});  // does not wait
-    goOn = true;
-    late.join();
-    EXPECT_EQ(*ofTheLateOne, 1);
-    EXPECT_EQ(place.existing(), nullptr);
-    EXPECT_EQ(*place.instance([] { return std::make_shared<int>(2); }), 2);
-    EXPECT_EQ(*place.instance([] { return std::make_shared<int>(3); }), 2);
+    }
+
+    Singleton<int> place_;
+    std::atomic<int> making_{0};
+    std::atomic<bool> mayGoOn_{false};
+    std::shared_ptr<int> made_;
+    std::thread maker_;
+};
+
+TEST_F(SingletonTest, WhoComesWhileItIsMadeSharesIt) {
+    std::shared_ptr<int> second;
+    test::HeldUpThread other([&] { second = get(2); });
+    EXPECT_TRUE(other.meetsALock());
+    mayGoOn_ = true;
+    other.join();
+    maker_.join();
+    EXPECT_EQ(second, made_);
+    EXPECT_EQ(making_, 1);
+}
+
+TEST_F(SingletonTest, WhatWasBegunBeforeTheEndDoesNotStay) {
+    place_.destroy([] {});  // does not wait
+    mayGoOn_ = true;
+    maker_.join();
+    EXPECT_EQ(*made_, 1);
+    EXPECT_EQ(place_.existing(), nullptr);
+    EXPECT_EQ(*get(2), 2);
+    EXPECT_EQ(*get(3), 2);
 }
 
 }  // namespace jsw

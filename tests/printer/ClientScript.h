@@ -22,8 +22,7 @@ struct ScriptedDevice {
 /// client finds it through the environment and only reads what can grow.
 struct ClientScript {
     JswDeviceStatus initializeStatus = 0;
-    std::uint32_t closeMilliseconds = 0;  // that a close takes
-    std::uint32_t initializeError = 0;    // left in GetLastError() by a failing PcsInitialize
+    std::uint32_t initializeError = 0;  // left in GetLastError() by a failing PcsInitialize
     JswDeviceStatus clientIdStatus = 0;
     JswDeviceStatus openStatus = 0;
     JswDeviceStatus callStatus = 0;  // of the other calls
@@ -36,7 +35,7 @@ struct ClientScript {
     std::vector<std::uint8_t> response;  // its first bytes that fit are written
     JswDeviceStatus exchangeStatus = 0;
 
-    // Of PcsUninitialize, PcsGetHostInfo and the closes.
+    // Of PcsUninitialize, PcsGetHostInfo, PcsGetCachePrinter and the closes.
     void (*onCall)(const std::string& name) = nullptr;
 
     int initialized = 0;          // PcsInitialize less PcsUninitialize

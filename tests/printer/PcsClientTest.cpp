@@ -2,18 +2,17 @@
 #include "PublicLib/text/Text.h"
 #include "jsw/settings/RegistryKey.h"
 #include "tests/printer/ClientTest.h"
-#include "tests/support/ImportTable.h"
+#include "tests/support/HeldUpThread.h"
 #include "tests/support/Raise.h"
 
 #include <windows.h>
 
 #include <algorithm>
-#include <atomic>
 #include <cctype>
 #include <functional>
 #include <gmock/gmock.h>
 #include <stdexcept>
-#include <thread>
+#include <utility>
 #include <winnetwk.h>
 
 namespace jsw {
@@ -215,13 +214,15 @@ TEST_F(PcsClientTest, WhatIsLeftOpenIsClosedAsTheKindOfDeviceItIs) {
 }
 
 TEST_F(PcsClientTest, TwoClosesOfOneOpenGiveItsReferencesUpOnce) {
+    static PcsClient* shared;
     PcsClient client(kClient, "", false);
+    shared = &client;
     client.acquire();
     client.openPrinter(kHandle);
-    script_.closeMilliseconds = 100;
-    std::thread other([&] { calls.close(client); });
+    script_.onCall = [](const std::string& /*name*/) {
+        if (PcsClient* const other = std::exchange(shared, nullptr)) calls.close(*other);
+    };
     calls.close(client);
-    other.join();
     EXPECT_EQ(held(client), Held(1, 1));
     EXPECT_EQ(calls.close(client), 1U);
 }
@@ -300,14 +301,9 @@ TEST_F(PcsClientTest, LeavesTheClientIdLockedAfterARefusedServer) {
         EXPECT_EQ(calls.perCall(*client), refused) << server;
         EXPECT_EQ(client->libraryUsers(), 0);
         EXPECT_EQ(calls.perCall(*client), refused) << "the same thread may go on";
-        std::atomic<bool> entered = false;
-        std::thread other([&] {
-            client->clientIdUsers();
-            entered = true;
-        });
-        Sleep(50);
-        EXPECT_FALSE(entered);
-        other.detach();
+        test::HeldUpThread other([client] { client->clientIdUsers(); });
+        EXPECT_TRUE(other.meetsALock());
+        other.leaveAlone();
     }
 }
 

@@ -1,8 +1,6 @@
 #include "PublicLib/printer/RealPrinter.h"
 #include "tests/printer/ClientTest.h"
-#include "tests/support/ImportTable.h"
-
-#include <thread>
+#include "tests/support/HeldUpThread.h"
 
 namespace jsw {
 
@@ -129,7 +127,12 @@ TEST_F(RealPrinterTest, ReadsItsCacheOnceForAllThreads) {
     script_.cacheLength = 6;
     ASSERT_TRUE(printer_.init());
     IPrinterCache* caches[2] = {};
-    std::thread other([&] { caches[0] = &printer_.getCache(); });
+    static test::HeldUpThread* second;
+    test::HeldUpThread other([&] { caches[0] = &printer_.getCache(); });
+    second = &other;
+    script_.onCall = [](const std::string& name) {
+        EXPECT_TRUE(name != "PcsGetCachePrinter" || second->meetsALock());
+    };
     caches[1] = &printer_.getCache();
     other.join();
     EXPECT_EQ(caches[0], caches[1]);

@@ -77,7 +77,6 @@ JswDeviceStatus open(JswDeviceStatus status) {
 
 JswDeviceStatus close(const char* name) {
     if (script().onCall != nullptr) script().onCall(name);
-    Sleep(script().closeMilliseconds);
     --script().opened;
     return script().callStatus;
 }
@@ -118,7 +117,7 @@ EXPORTED PcsGetStringScanner(JswDeviceClientId, JswDeviceHandle handle, const ch
 EXPORTED PcsGetCachePrinter(JswDeviceClientId, JswDeviceHandle, uint8_t* buffer, uint32_t size,
                             uint32_t* length) {
     ++script().cacheReads;
-    Sleep(20);  // lets a second thread arrive meanwhile
+    if (script().onCall != nullptr) script().onCall("PcsGetCachePrinter");
     copyOut(script().cache, buffer, size);
     *length = script().cacheLength;
     return script().cacheStatus;

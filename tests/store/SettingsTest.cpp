@@ -264,16 +264,4 @@ TEST_F(SettingsTest, RemovalTakesTheProductLineOnlyWithTheLastStore) {
     EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_FILE_NOT_FOUND));
 }
 
-TEST_F(SettingsTest, HostsOfNoKnownLineShareOneRoot) {
-    Localize::destroy();
-    Localize::createInstance(GetModuleHandleA("kernel32"));  // "ke" begins no product line
-    Settings settings;
-    EXPECT_FALSE(settings.isValid());
-    EXPECT_TRUE(settings.write(setting::kDataPath, "D:\\"));
-    EXPECT_TRUE(exists("Software\\Quillon Tools\\JSW\\Local\\kern\\Settings"));
-    std::string path;
-    EXPECT_FALSE(Localize::getInstance()->getProductLineRoot(path));
-    EXPECT_EQ(path, "Software\\Quillon Tools");
-}
-
 }  // namespace jsw

@@ -6,7 +6,7 @@ namespace jsw::test {
 
 /// Gives every test a time of its own, 30 seconds or what the environment variable
 /// JSW_TEST_SECONDS says. A test that takes longer, faults or aborts ends the program at once with
-/// a failure, its name and the stacks of its threads.
+/// a failure and its name.
 void installTestLimits();
 
 /// Gives the running test so many seconds from now on.

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <windows.h>
+
+namespace jsw::test {
+
+/// Asks until done() or ten seconds have gone by; false in that case.
+template <class Done>
+bool eventually(const Done& done) {
+    const ULONGLONG start = GetTickCount64();
+    while (!done()) {
+        if (GetTickCount64() - start >= 10000) return false;
+        Sleep(1);
+    }
+    return true;
+}
+
+}  // namespace jsw::test
