@@ -35,8 +35,8 @@ if(JSW_COVERAGE)
 endif()
 
 # jsw_precompile(name header...): from here down what nearly every file includes, and the headers given,
-# is read once. All that reuses it is compiled with the same options. No file relies on it: the preset
-# clang compiles each without.
+# is read once. All that reuses it is compiled with the same options. No file relies on it:
+# scripts/check.sh has each read without.
 macro(jsw_precompile name)
   if(NOT TARGET ${name})
     file(CONFIGURE OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/${name}.cpp CONTENT "")

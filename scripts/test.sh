@@ -5,7 +5,7 @@ cd "$(dirname "$0")/.."
 source scripts/wine-env.sh
 
 scripts/setup.sh --tests
-scripts/build.sh release
+scripts/build.sh release tested
 JSW_OWN_DISPLAY=yes  # nobody needs to see the windows of tests
 start_wine test
 ctest --preset release "$@"
