@@ -21,5 +21,7 @@ foreach(kind EXE SHARED MODULE)
   set(CMAKE_${kind}_LINKER_FLAGS_INIT
       "--start-no-unused-arguments -fuse-ld=lld -L${gcc_folder} -L/usr/x86_64-w64-mingw32/lib --end-no-unused-arguments")
 endforeach()
-set(CMAKE_CXX_STANDARD_LIBRARIES_INIT
-    "-Wl,--start-group -lpthread -lstdc++ -lgcc -lgcc_eh -lmingwex -lmingw32 -Wl,--end-group")
+# As one group: libstdc++ needs what comes before it.
+set(CMAKE_CXX_STANDARD_LIBRARIES
+    "-Wl,--start-group -lpthread -lstdc++ -lgcc -lgcc_eh -lmingwex -lmingw32 -lmoldname -lmsvcrt -lkernel32 -luser32 -lgdi32 -lwinspool -lshell32 -lole32 -loleaut32 -luuid -lcomdlg32 -ladvapi32 -Wl,--end-group"
+)
