@@ -37,6 +37,6 @@ cmake --preset clang >build/configure.log 2>&1 || {
   cat build/configure.log
   exit 1
 }
-printf '%s\n' "${others[@]}" | read_with_clang '--checks=-*,clang-diagnostic-*'
+printf '%s\n' "${others[@]}" | read_with_clang '--checks=-*,clang-diagnostic-*,modernize-use-override'
 printf '%s\n' "${tidied[@]}" | read_with_clang
 echo "tidy: clean (${#tidied[@]} files, ${#others[@]} for warnings alone)"
