@@ -79,7 +79,7 @@ TEST(ReadLog, TellsAJobInWords) {
     const Job& job = reading.jobs[0];
     EXPECT_EQ(jobInWords(job), "\"report.pdf\" on \"Office printer\", 3 pages, 1 copy");
     EXPECT_EQ(placeInWords(job), "2026/11/21 10:00:00.000, 2.500 s, lines 1 to 12");
-    EXPECT_EQ(endInWords(job), "");
+    EXPECT_THAT(job.findings, IsEmpty());
     EXPECT_THAT(job.history, ElementsAre("tip1"));
     EXPECT_EQ(job.progressReports, 1U);
     EXPECT_THAT(sentences(job),
@@ -182,17 +182,22 @@ TEST(ReadLog, SaysWhichBillboardWasChosenAndWhy) {
 /// The host is ended in the middle of a call; the next process is told from it even without ids.
 TEST(ReadLog, TellsWhereAJobWasWhenItsLinesEnd) {
     LogText log;
-    log.beginJob("lost")
+    log.beginJob("dead in the view")
         .line(0, "+BillboardView::showGui: ")
         .line(1, ">>> BillboardView::showGui: ");
-    log.line(0, ">>> SingletonMgr::SingletonMgr: ").beginJob("next").endJob();
+    log.line(0, ">>> SingletonMgr::SingletonMgr: ").beginJob("killed");
+    log.beginJob("ended in a prompt").line(0, "+Controller::jswTerminate: ");
+    log.line(0, "-Controller::jswTerminate: ").beginJob("next").endJob();
     const Reading reading = read(log.text());
-    ASSERT_EQ(reading.jobs.size(), 2U);
-    EXPECT_FALSE(reading.jobs[0].terminated);
-    EXPECT_THAT(endInWords(reading.jobs[0]),
-                HasSubstr("still running: BillboardView::showGui (driver thread, line 4)"));
-    EXPECT_EQ(reading.jobs[1].name, "next");
-    EXPECT_TRUE(reading.jobs[1].tornDown);
+    ASSERT_EQ(reading.jobs.size(), 4U);
+    const auto end = [&](std::size_t job) { return reading.jobs[job].findings.at(0); };
+    EXPECT_EQ(end(0).known->severity, Severity::stops);
+    EXPECT_THAT(end(0).line,
+                HasSubstr("still running: BillboardView::showGui of the view (line 4)"));
+    EXPECT_EQ(end(1).known->severity, Severity::hinders);
+    EXPECT_EQ(end(2).known->severity, Severity::note);
+    EXPECT_THAT(reading.jobs[3].findings, IsEmpty());
+    EXPECT_TRUE(reading.statistics.isAnythingStopped());
 }
 
 TEST(ReadLog, PassesOverForeignLinesAndMendsTornOnes) {
@@ -235,6 +240,21 @@ TEST(ReadLog, KeepsTroubleOnceWithTheLineThatTellsMost) {
     EXPECT_EQ(reading.statistics.troubles().back().finding.known->severity, Severity::note);
 }
 
+TEST(ReadLog, TellsTroubleOfDifferentModulesApart) {
+    LogText log;
+    for (const char* dll : {"C:\\m\\nojswv.dll", "C:\\m\\nobcat.dll"}) {
+        const std::string text = std::string("BasicDll<Handler>::init() Unable to load DLL=") + dll;
+        log.line(0, "ERROR - " + text).line(1, text + ": Win32(126Module not found.");
+    }
+    log.line(0, "ERROR - the module raised exception 0xc0000005 at jswv.dll+0x12 in UpdateInfo");
+    const auto troubles = read(log.text()).statistics.troubles();
+    ASSERT_EQ(troubles.size(), 3U);
+    EXPECT_THAT(troubles[1].finding.line, HasSubstr("nobcat.dll: Win32(126"));
+    EXPECT_EQ(troubles[1].finding.count, 1U);
+    EXPECT_THAT(troubles[2].finding.known->remedy, HasSubstr("offset"));
+    EXPECT_TRUE(troubles[2].finding.known->severity == Severity::stops);
+}
+
 /// Without any level but errors, which is how the log is while it is switched off.
 TEST(ReadLog, TakesALogOfErrorsAlone) {
     LogText log;
@@ -245,6 +265,8 @@ TEST(ReadLog, TakesALogOfErrorsAlone) {
     EXPECT_EQ(placeInWords(reading.jobs.at(0)), "2026/11/21 10:00:00.000, 0.000 s, line 1");
     EXPECT_THAT(fileInWords(reading.totals, 1), Contains(HasSubstr("startLog")));
     EXPECT_TRUE(reading.statistics.isAnythingStopped());
+    const Totals midJob = read(log.line(0, "-Controller::jswUpdateInfo: ").text()).totals;
+    EXPECT_THAT(fileInWords(midJob, 2), Contains(HasSubstr("switched on in mid-job")));
 }
 
 TEST(ReadLog, CountsTheTimeOfACallWithoutThoseInside) {

@@ -95,7 +95,6 @@ std::string factsAsHtml(const Job& job) {
     for (const std::string& id : job.history) history += concat(history.empty() ? "" : ", ", id);
     say("Shown before", history);
     if (job.progressReports != 0) say("Progress reports", std::to_string(job.progressReports));
-    say("End", endInWords(job));
     return page.empty() ? page : concat("<ul class=\"facts\">\n", page, "</ul>\n");
 }
 

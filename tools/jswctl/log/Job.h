@@ -51,6 +51,7 @@ struct Event {
 /// A line that tells of trouble, and how often such a line came.
 struct Finding {
     const KnownText* known = nullptr;  ///< never null
+    std::string subject;               ///< whom it is about, such as a module's file
     std::string line;                  ///< the text of the first one
     Place first;
     std::size_t thread = 0;

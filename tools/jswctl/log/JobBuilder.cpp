@@ -1,6 +1,7 @@
 #include "tools/jswctl/log/JobBuilder.h"
 
 #include "PublicLib/text/Text.h"
+#include "tools/jswctl/log/JobEnd.h"
 #include "tools/jswctl/log/Pattern.h"
 #include "tools/jswctl/log/StoryTexts.h"
 
@@ -89,6 +90,7 @@ void JobBuilder::finish() {
     if (job_.lines == 0) return;
     std::vector<Call> ended;
     calls_.endAll(job_.last, ended);
+    if (auto missing = findMissingEnd(job_, ended)) job_.findings.push_back(*std::move(missing));
     takeCalls(ended);
     job_.threads = calls_.threads();
     job_.choice = choice_.inWords();
@@ -149,11 +151,13 @@ void JobBuilder::tellEvent(const Place& place, const std::string& sentence) {
 void JobBuilder::find(const LogLine& line, const Place& place, std::size_t thread) {
     const KnownText* const known = findKnownText(line.text);
     if (known == nullptr) return;
-    const auto same = std::find_if(job_.findings.begin(), job_.findings.end(),
-                                   [&](const Finding& one) { return one.known == known; });
+    const std::string subject = shortened(subjectOf(*known, line.text));
+    const auto same = std::find_if(
+        job_.findings.begin(), job_.findings.end(),
+        [&](const Finding& one) { return one.known == known && one.subject == subject; });
     if (same == job_.findings.end()) {
         if (job_.findings.size() < kMaxFindings) {
-            job_.findings.push_back({known, shortened(line.text), place, thread, 1});
+            job_.findings.push_back({known, subject, shortened(line.text), place, thread, 1});
         }
     } else if (line.text.size() > same->line.size() &&
                line.text.find(withoutPrefix(same->line)) != std::string_view::npos) {

@@ -12,11 +12,10 @@ constexpr KnownText kTexts[] = {
     // Modules.
     {"BasicDll<Handler>::init() Unable to load DLL=", stops,
      "No job window, no billboards or no prompt: the module named is not used",
-     "The file, or a DLL that it needs, is not there (Win32(126), is no 64-bit library (193), or "
-     "must not be read (5)",
+     "The file, or a DLL that it needs, is missing (Win32 error 126), is not 64-bit (193), or may "
+     "not be read (5)",
      "Compare the path with `DllPath` and the module's name in the settings; a relative path "
-     "counts "
-     "from the host's current folder; `jswctl check` names the file that is missing"},
+     "counts from the host's current folder; `jswctl check` names the file that is missing"},
     {"ERROR - The GUI DLL is not loaded", stops, "The job prints without its window",
      "The view module could not be loaded, see the line \"Unable to load DLL\" before",
      "Mend the view's file or the settings `View` and `DllPath`"},
@@ -142,13 +141,13 @@ constexpr KnownText kTexts[] = {
     {"ERROR - unable to install all settings of ", stops,
      "The library runs on defaults: most often no window",
      "The settings file of the first run is missing, is not well formed, or could not be written",
-     "Put the file beside the host and run `jswctl install HOST.exe` with the rights to write to "
-     "the registry"},
+     "Put the file beside the host and run `jswctl install --update HOST.exe` with the rights to "
+     "write to the registry"},
     {"Settings file could not be parsed", stops, "The library runs on defaults",
      "The settings file of the first run is missing or is not well formed",
      "Correct the file; see the lines before"},
     {"Could not open the settings file.errorCode =", stops, "The library runs on defaults",
-     "There is no settings file beside the host, or it must not be read",
+     "There is no settings file beside the host, or it may not be read",
      "Put the file there under the name in the line"},
     {"Could not allocate memory for the buffer.", stops, "The library runs on defaults",
      "There was no memory for the settings file", "Free memory; look at the file's size"},
@@ -166,10 +165,11 @@ constexpr KnownText kTexts[] = {
      "Its line in the settings file has no name or no value", "Correct the line"},
     {"Unable to read the registry for key='", hinders,
      "Updates count as switched off in the window",
-     "The value `CheckForUpdates` is missing or must not be read",
+     "The value `CheckForUpdates` is missing or may not be read",
      "Look at the key's access rights and the value's type"},
     {"Unable to write the registry for key='", hinders, "A choice of the user is forgotten",
-     "The host's account must not write to the settings", "Look at the key's access rights"},
+     "The host's account has no permission to write to the settings",
+     "Look at the key's access rights"},
     {"ERROR - unable to read value for valueName=", hinders,
      "The view starts without something it had saved", "The value is no text",
      "Delete the value below `Settings\\Gui`"},
@@ -180,17 +180,22 @@ constexpr KnownText kTexts[] = {
     {"Unable to read bbId for key=", hinders, "A billboard may come once more",
      "An entry of the stored history is no text", "Delete the value named"},
     {"Unable to save history, bbId=", hinders, "Billboards shown today come again tomorrow",
-     "The host's account must not write to the settings", "Look at the key's access rights"},
+     "The host's account has no permission to write to the settings",
+     "Look at the key's access rights"},
     {"Unable to clear history from the registry", hinders, "Old billboards count as shown",
-     "The host's account must not delete in the settings", "Look at the key's access rights"},
+     "The host's account has no permission to delete in the settings",
+     "Look at the key's access rights"},
     {"Unable to remove an entry of an earlier history, name=", hinders,
-     "Old billboards count as shown", "The host's account must not delete in the settings",
+     "Old billboards count as shown",
+     "The host's account has no permission to delete in the settings",
      "Look at the key's access rights"},
     {"RegistryKey::setValue(ulong): Unable to set ", hinders, "A setting is not stored",
-     "The host's account must not write to the settings; the reason stands behind Win32(",
+     "The host's account has no permission to write to the settings; the reason stands behind "
+     "Win32(",
      "Look at the key's access rights"},
     {"RegistryKey::setValue(string): Unable to set ", hinders, "A setting is not stored",
-     "The host's account must not write to the settings; the reason stands behind Win32(",
+     "The host's account has no permission to write to the settings; the reason stands behind "
+     "Win32(",
      "Look at the key's access rights"},
     {" : incorrect value type", hinders, "A setting counts as missing",
      "Its value in the registry has another type than the setting",
@@ -264,7 +269,8 @@ constexpr KnownText kTexts[] = {
      "Look at the key's access rights"},
     {"ERROR - unable to write the setting ", hinders,
      "New modules or billboards are announced but not used",
-     "The host's account must not write to the settings; the number is the system's error",
+     "The host's account has no permission to write to the settings; the number is the system's "
+     "error",
      "Look at the key's access rights, then let the updater run once more"},
     {"ERROR - the folder of the updated modules is unknown", hinders, "New modules are not used",
      "`DllPath` is missing and cannot be written, or cannot be read",
@@ -310,6 +316,11 @@ const KnownText* findKnownText(std::string_view text) {
         if (text.find(known.text) != std::string_view::npos) return &known;
     }
     return nullptr;
+}
+
+std::string_view subjectOf(const KnownText& known, std::string_view text) {
+    text.remove_prefix(text.find(known.text) + known.text.size());
+    return text.substr(0, text.find(": "));
 }
 
 }  // namespace jsw::ctl::log

@@ -27,4 +27,8 @@ std::span<const KnownText> knownTexts();
 /// The entry for the text of a line; null when the line tells of no trouble.
 const KnownText* findKnownText(std::string_view text);
 
+/// Whom a line with a known text is about, such as the file of "Unable to load DLL=": what stands
+/// behind the text, without the reason. Lines about different ones are different troubles.
+std::string_view subjectOf(const KnownText& known, std::string_view text);
+
 }  // namespace jsw::ctl::log

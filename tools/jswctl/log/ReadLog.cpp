@@ -33,6 +33,7 @@ class Distributor {
         ++totals_.logLines;
         totals_.withProcessId += line.processId ? 1 : 0;
         totals_.withThreadId += line.threadId ? 1 : 0;
+        totals_.hasTraces = totals_.hasTraces || kindOf(line.text) != TextKind::message;
         if (!line.time) return;
         ++totals_.withTime;
         if (latest_ && *line.time < *latest_) ++totals_.backwards;

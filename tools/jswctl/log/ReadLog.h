@@ -35,6 +35,7 @@ struct Totals {
     std::uint64_t withThreadId = 0;
     std::uint64_t processes = 0;  ///< with ids of their own
     std::uint64_t jobs = 0;
+    bool hasTraces = false;             ///< not only messages, as while the log is switched off
     std::optional<Milliseconds> first;  ///< the earliest time
     std::optional<Milliseconds> last;   ///< the latest time
 

@@ -9,6 +9,7 @@ namespace {
 
 constexpr std::size_t kMaxMethods = 500;
 constexpr std::size_t kMaxSlow = 10;
+constexpr std::size_t kMaxTroubles = 200;  // beyond, those of one kind are told as one
 
 struct Binding {
     std::string_view prefix;
@@ -71,7 +72,9 @@ void Statistics::add(const Call& call, const Job& job) {
 void Statistics::add(const Job& job) {
     if (!job.begun) linesOutside_ += job.lines;
     for (const Finding& finding : job.findings) {
-        const auto [known, isNew] = troubles_.try_emplace(finding.known, TroubleTotals{finding, 0});
+        const bool isFull = troubles_.size() >= kMaxTroubles;
+        const auto [known, isNew] = troubles_.try_emplace(
+            {finding.known, isFull ? std::string() : finding.subject}, TroubleTotals{finding, 0});
         TroubleTotals& totals = known->second;
         if (!isNew) totals.finding.count += finding.count;
         totals.jobs += job.begun ? 1 : 0;
@@ -103,7 +106,7 @@ std::vector<TroubleTotals> Statistics::troubles() const {
 
 bool Statistics::isAnythingStopped() const {
     return std::any_of(troubles_.begin(), troubles_.end(), [](const auto& trouble) {
-        return trouble.first->severity == Severity::stops;
+        return trouble.first.first->severity == Severity::stops;
     });
 }
 

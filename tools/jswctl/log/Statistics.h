@@ -6,6 +6,7 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace jsw::ctl::log {
@@ -55,7 +56,7 @@ class Statistics {
   private:
     std::map<std::string, CallTotals, std::less<>> calls_;
     std::vector<SlowCall> slowest_;
-    std::map<const KnownText*, TroubleTotals> troubles_;
+    std::map<std::pair<const KnownText*, std::string>, TroubleTotals> troubles_;
     std::uint64_t linesOutside_ = 0;
 };
 

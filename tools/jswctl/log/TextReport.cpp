@@ -110,8 +110,6 @@ std::string jobAsText(const Job& job) {
             concat("  ", padded(severityInWords(finding.known->severity), 8), " line ",
                    finding.first.line, times(finding.count), ": ", printable(finding.line), "\n");
     }
-    const std::string end = endInWords(job);
-    if (!end.empty()) text += concat("  End: ", printable(end), "\n");
     return text + "\n";
 }
 

@@ -22,22 +22,6 @@ std::string amount(const std::string& number, const char* singular, const char* 
     return concat(number, " ", number == "1" ? singular : plural);
 }
 
-/// The innermost call of each thread that the log leaves open.
-std::string openCalls(const Job& job) {
-    std::vector<const Call*> innermost(job.threads.size(), nullptr);
-    for (const Call& call : job.calls) {
-        const Call*& known = innermost[call.thread];
-        if (!call.returned && (known == nullptr || call.depth > known->depth)) known = &call;
-    }
-    std::string words;
-    for (const Call* call : innermost) {
-        if (call == nullptr) continue;
-        words += concat(words.empty() ? "" : ", ", call->name, " (", job.threads[call->thread].name,
-                        " thread, line ", call->start.line, ")");
-    }
-    return words;
-}
-
 }  // namespace
 
 std::string timeInWords(Milliseconds time) {
@@ -110,21 +94,6 @@ std::string placeInWords(const Job& job) {
     return words + concat("lines ", job.first.line, " to ", job.last.line);
 }
 
-std::string endInWords(const Job& job) {
-    if (!job.begun || job.tornDown) return {};
-    const std::string open = openCalls(job);
-    const std::string running = open.empty() ? "" : concat("; still running: ", open);
-    if (job.terminated) {
-        return "ended, but the log has not all of its end (a job ended from inside a prompt leaves "
-               "that to the next one)" +
-               running;
-    }
-    return concat(
-        "the log has no end of it: the host has crashed, was ended, or still prints",
-        job.processId ? "" : ", or another process wrote in between (process ids are off)",
-        running);
-}
-
 bool isWorthTelling(const Job& job) {
     return job.begun || !job.story.empty() || !job.findings.empty();
 }
@@ -142,7 +111,10 @@ std::vector<std::string> fileInWords(const Totals& totals, std::uint64_t linesOu
             concat("from ", timeInWords(*totals.first), " to ", timeInWords(*totals.last)));
     }
     if (totals.jobs == 0) {
-        words.emplace_back("no job: while the log is switched off (startLog) it has only errors");
+        words.emplace_back(totals.hasTraces
+                               ? "no job begins in it: it was switched on in mid-job, or cut off"
+                               : "no job: while the log is switched off (startLog) it has only "
+                                 "errors");
     }
     say(totals.processes, "process", "processes", " with ids in the lines");
     say(linesOutsideJobs, "line", "lines", " outside any job");

@@ -28,8 +28,6 @@ std::string printable(std::string_view text);
 std::string jobInWords(const Job& job);
 /// When it was, how long, in which process and where in the log.
 std::string placeInWords(const Job& job);
-/// How the job ended when it did not end as it should; empty when it did.
-std::string endInWords(const Job& job);
 /// Whether there is anything to tell of it.
 bool isWorthTelling(const Job& job);
 

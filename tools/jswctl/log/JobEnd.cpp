@@ -1,0 +1,61 @@
+#include "tools/jswctl/log/JobEnd.h"
+
+#include "PublicLib/text/Text.h"
+#include "tools/jswctl/log/Statistics.h"
+
+namespace jsw::ctl::log {
+
+namespace {
+
+using enum Severity;
+
+constexpr KnownText kInModule = {
+    "", stops, "The job ends in a module's call, or hangs in it",
+    "The module has crashed or ended the host, or has not come back yet",
+    "Try the module with `jswctl module KIND FILE`; Windows' event log names the file and the "
+    "place of a crash"};
+constexpr KnownText kNoEnd = {
+    "", hinders, "The job has no end",
+    "The host has crashed, was ended, or still prints; without process ids in the lines it may "
+    "also "
+    "be that another process wrote in between",
+    "Look into Windows' event log for the host; switch `Proc_Id_In_Header` on"};
+constexpr KnownText kEndedInPrompt = {
+    "", note, "The log has not all of the job's end",
+    "A job that is ended from inside a prompt leaves a part of its end to the next one",
+    "None, when there was a prompt"};
+
+/// The driver waits in a call of its own while a module works on another thread: that module is the
+/// one to name.
+const KnownText& whatIsMissing(const Job& job, bool inModule, bool anyOpen) {
+    if (inModule) return kInModule;
+    return job.terminated && !anyOpen ? kEndedInPrompt : kNoEnd;
+}
+
+}  // namespace
+
+std::optional<Finding> findMissingEnd(const Job& job, const std::vector<Call>& open) {
+    if (job.tornDown) return std::nullopt;
+    std::string running;
+    const Call* previous = nullptr;
+    bool inModule = false;
+    for (const Call& call : open) {
+        const bool isInnermost = previous == nullptr || previous->thread != call.thread;
+        previous = &call;
+        if (!isInnermost) continue;
+        const std::string_view module = moduleOf(call.name);
+        inModule = inModule || !module.empty();
+        running +=
+            concat(running.empty() ? "; still running: " : ", ", call.name,
+                   module.empty() ? "" : " of the ", module, " (line ", call.start.line, ")");
+    }
+    if (!job.begun && !inModule) return std::nullopt;
+    return Finding{&whatIsMissing(job, inModule, !open.empty()),
+                   {},
+                   "the log has no end of the job" + running,
+                   job.last,
+                   0,
+                   1};
+}
+
+}  // namespace jsw::ctl::log
