@@ -21,12 +21,7 @@ std::string textOf(const char* text) {
 }
 
 /// For a driver that knows nothing of the ink and passes null.
-InkInfo unknownInkInfo() {
-    constexpr std::int32_t kNotKnown = -1;
-    InkInfo unknown{};
-    for (std::int32_t& percent : unknown.InkPercent) percent = kNotKnown;
-    return unknown;
-}
+constexpr InkInfo kUnknownInkInfo = JSW_INK_UNKNOWN;
 
 }  // namespace
 
@@ -39,7 +34,7 @@ uint8_t JSWInit(const char* friendlyName, const char* jobname, uint32_t jobType,
     bool started = false;
     EntryGuard::run(kJsw, "JSWInit", [&] {
         // Read before a lock is taken: the record may be anywhere.
-        const InkInfo ink = inkInfo != nullptr ? *inkInfo : unknownInkInfo();
+        const InkInfo ink = inkInfo != nullptr ? *inkInfo : kUnknownInkInfo;
         const InkInfo* record = inkInfo != nullptr ? inkInfo : &ink;
         const jsw::Job job{textOf(friendlyName), textOf(jobname), jobType, currentPage, totalPages,
                            currentCopy,          totalCopies,     record,  ink,         portType,

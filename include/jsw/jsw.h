@@ -99,7 +99,10 @@ void JSWTerminate(void);
 void JSWUpdateInfo(uint32_t value1, uint32_t value2, uint32_t value3, uint32_t value4,
                    uint32_t value5, void* data);
 
-/** Asks the user something through the older job window; returns when the prompt is answered. */
+/**
+ * Asks the user something through the older job window; returns when the prompt is answered. The
+ * types of prompts, and the way of the answer to the driver, are agreed between driver and window.
+ */
 void JSWDisplayPrompt(uint32_t promptType, uint32_t totalPages);
 
 /** Hands a message to the prompt that is up; without one it does nothing. Always returns 1. */

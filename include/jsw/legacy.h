@@ -22,6 +22,11 @@
 /** Prepares for the printer with this friendly name; non-zero on success. */
 typedef uint32_t JswLegacyInitEx(const char* friendlyName);
 typedef void JswLegacyTerminate(void);
+/**
+ * Shows the prompt of this type until it is answered. What types there are, and how the answer gets
+ * to the driver, is a matter between driver and module: the library passes both through and returns
+ * nothing.
+ */
 typedef void JswLegacyDisplayPrompt(int32_t promptType, int32_t totalPages);
 /** The driver's message, passed through unchanged. */
 typedef void JswLegacyPostDlgMsg(void* message);

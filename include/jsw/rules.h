@@ -25,7 +25,11 @@
 #include <jsw/module.h>
 
 /* Function types of the entry points. */
-/** Starts the engine for a job; 0 when it cannot work, and no rule is asked for then. */
+/**
+ * Starts the engine for a job; 0 when it cannot work, and no rule is asked for then. totalPages is
+ * -1 or -2 when not known: what the driver said, as it said it. Ink levels are negative when not
+ * known.
+ */
 typedef JswBool JswRulesInitializeEngine(JswAllocate allocate, const InkInfo* inkInfo,
                                          const char* friendlyName, const char* jobName,
                                          int32_t totalPages, int32_t totalCopies);

@@ -44,6 +44,16 @@ typedef struct InkInfo {
 } InkInfo;
 #pragma pack(pop)
 
+/**
+ * Initialiser of a record in which no ink level is known: InkInfo ink = JSW_INK_UNKNOWN;
+ * Zero would be an empty cartridge, not an unknown one.
+ */
+#define JSW_INK_UNKNOWN                                                                           \
+    {                                                                                             \
+        0, {-1, -1, -1, -1, -1, -1, -1, -1, -1, -1}, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, \
+            "", "", 0, 0                                                                          \
+    }
+
 #ifdef __cplusplus
 #define JSW_STATIC_ASSERT(condition, text) static_assert(condition, text)
 #else

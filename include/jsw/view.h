@@ -81,11 +81,14 @@ typedef void JswViewSetUpdateSoftwareCallback(JswViewUpdateSoftwareCallback call
  *
  * SetDataPath: folder of the billboard data, without a trailing backslash; billboard files lie in
  * its "Scripts" folder (empty: not known, then there are no files). SetTotalPages: -1 or -2 when
- * not known. DisplayBillboard: file name within the "Scripts" folder (empty: none), whether to
- * offer Previous and Next, whether to bring a minimised window back. SetShowProcessWindow,
- * SetJswProgressMinimized, SetShowSpecialMessages, SetReserveModeCart1/2, SetCompleteAPrintMode,
- * SetUpdateSoftware: non-zero is on. UpdateInfo: the driver's progress values as they came (see
- * JSWUpdateInfo).
+ * not known. SetShowPageInfo: 0 exactly then, so that a window shows no "page 2 of 3".
+ * SetReserveModeCart1/2, SetCompleteAPrintMode: how the printer's settings say that it deals with
+ * an empty cartridge, by its reserve and by finishing the print; for the window to show, the
+ * library itself does nothing with them. DisplayBillboard: file name within the "Scripts" folder
+ * (empty: none), whether to offer Previous and Next, whether to bring a minimised window back.
+ * SetShowProcessWindow, SetJswProgressMinimized, SetShowSpecialMessages, SetReserveModeCart1/2,
+ * SetCompleteAPrintMode, SetUpdateSoftware: non-zero is on. UpdateInfo: the driver's progress
+ * values as they came (see JSWUpdateInfo).
  */
 #define JSW_VIEW_ENTRY_POINTS(X)                                   \
     X(Initialize, JswViewPlain)                                    \

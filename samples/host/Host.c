@@ -2,10 +2,9 @@
  * A driver's side to start from: prints a job of three pages, one a second, and stops when the user
  * cancels it. Its settings file, qlhojsw.loc, lies beside the program.
  */
-#include <jsw/jsw.h>
-
 #include <windows.h>
 
+#include <jsw/jsw.h>
 #include <stdio.h>
 
 static volatile LONG cancelled;
@@ -17,10 +16,8 @@ static void onStatus(uint32_t status) {
 
 int main(void) {
     enum { PAGES = 3 };
-    InkInfo ink = {0};
+    InkInfo ink = JSW_INK_UNKNOWN; /* a level of 0 would be an empty cartridge */
     uint32_t page;
-    int slot;
-    for (slot = 0; slot < JSW_INK_SLOTS; ++slot) ink.InkPercent[slot] = -1; /* not known */
     ink.InkPercent[0] = 90;
     ink.InkPercent[1] = 15;
 

@@ -46,16 +46,7 @@ Answer answer(Ask ask) noexcept {
     }
 }
 
-InkInfo inkOrNotKnown(const InkInfo* inkInfo) {
-    if (inkInfo != nullptr) {
-        return *inkInfo;
-    }
-    InkInfo notKnown = {};
-    for (int slot = 0; slot < JSW_INK_SLOTS; ++slot) {
-        notKnown.InkPercent[slot] = -1;
-    }
-    return notKnown;
-}
+constexpr InkInfo kInkNotKnown = JSW_INK_UNKNOWN;
 
 std::vector<Rule> loadRules(bool& loaded) {
     const std::string path = jsw::sample::HostStore().dataFile(
@@ -84,7 +75,7 @@ JswBool InitializeEngine(JswAllocate allocate, const InkInfo* inkInfo, const cha
         bool loaded = false;
         started.rules = loadRules(loaded);
         started.allocate = allocate;
-        started.job = {inkOrNotKnown(inkInfo),
+        started.job = {inkInfo != nullptr ? *inkInfo : kInkNotKnown,
                        friendlyName == nullptr ? "" : friendlyName,
                        jobName == nullptr ? "" : jobName,
                        totalPages,

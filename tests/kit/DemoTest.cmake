@@ -4,7 +4,7 @@ include(${CMAKE_CURRENT_LIST_DIR}/KitSteps.cmake)
 
 set(work_folder ${kit}/bin)
 set(qldemo ${EMULATOR} ./qldemo.exe --seconds-per-page 0.2)
-run(0 ${EMULATOR} ./jswctl.exe remove qldemo.exe)
+run(0 ${EMULATOR} ./jswctl.exe remove qldemo.exe --no-backup)
 
 run(2 ${qldemo} --pages many)
 expect("'many' will not do for --pages")
@@ -21,4 +21,4 @@ run(0 ${EMULATOR} reg add [[HKLM\Software\QuillonInkjet\JSW\Local\qlde\Settings\
     /d gone.dll /f)
 run(1 ${qldemo} --pages 1)
 expect("JSWInit answered 0" "qldeJSW.log")
-run(0 ${EMULATOR} ./jswctl.exe remove qldemo.exe)
+run(0 ${EMULATOR} ./jswctl.exe remove qldemo.exe --no-backup)

@@ -42,6 +42,7 @@ endif()
 run(0 ${CMAKE_COMMAND} -S ${kit} -B ${WORK}/samples ${toolchain})
 
 take_example(${kit}/docs/driver-guide.md 1 ${WORK}/examples/host.c)
+take_example(${kit}/docs/driver-guide.md 2 ${WORK}/examples/guard.c)
 take_example(${kit}/docs/module-guide.md 1 ${WORK}/examples/catalog.c)
 take_example(${kit}/docs/module-guide.md 2 ${WORK}/examples/view.c)
 run(0 ${CMAKE_COMMAND} -S ${CMAKE_CURRENT_LIST_DIR}/consumer -B ${consumer} ${toolchain}
@@ -63,8 +64,8 @@ file(COPY_FILE ${kit}/bin/jswv.dll ${product}/qlbojswv.dll)
 file(COPY ${CMAKE_CURRENT_LIST_DIR}/consumer/hello.jbb DESTINATION ${product}/data/Scripts)
 set(work_folder ${product})
 set(jswctl ${EMULATOR} ${kit}/bin/jswctl.exe)
-run(0 ${jswctl} remove printdlg.exe)
-run(0 ${jswctl} remove qlbooklet.exe)
+run(0 ${jswctl} remove printdlg.exe --no-backup)
+run(0 ${jswctl} remove qlbooklet.exe --no-backup)
 
 run(0 ${EMULATOR} ./printdlg.exe)
 expect("JSWInit answered 1" "Loading view DLL, filename=.\\jswv.dll."

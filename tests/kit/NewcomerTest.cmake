@@ -16,7 +16,7 @@ function(check expected)
   expect(${ARGN})
 endfunction()
 
-run(0 ${jswctl} remove printdlg.exe)
+run(0 ${jswctl} remove printdlg.exe --no-backup)
 check(1 "id prin" "${store}" "there is no settings file" "prinjsw.loc")
 
 # The example's settings file, renamed: its keys are another program's.
@@ -26,9 +26,9 @@ check(1 "no section of" "[Software\\Quillon Tools\\JSW\\Local\\prin\\Settings]")
 # A log switch that was set before the first job keeps the file out.
 file(COPY_FILE ${CMAKE_CURRENT_LIST_DIR}/consumer/prinjsw.loc ${road}/prinjsw.loc)
 run(0 ${EMULATOR} reg add "${store}\\Logger" /v Thread_Id_In_Header /t REG_DWORD /d 1 /f)
-check(1 "was missed" "jswctl remove")
-run(0 ${jswctl} remove printdlg.exe)
-run(0 ${jswctl} install printdlg.exe)
+check(1 "was missed" "jswctl install --update")
+run(0 ${jswctl} install --update printdlg.exe)
+expect("DllPath: (none) -> string:.")
 
 # A catalog without the id in its name, one with a misspelt entry point, and at last the right one.
 file(COPY_FILE ${consumer}/prinbcat.dll ${road}/bcat.dll)
@@ -50,4 +50,10 @@ set(work_folder ${road})
 
 check(0 "data folder")
 run(0 ${EMULATOR} ./printdlg.exe)
-expect("JSWInit answered 1" "billboard= 'hello.jbb'")
+expect("JSWInit answered 1" "billboard= 'hello.jbb'" "InkPercent2=-1")
+
+# The guide's own program, under a name that has these settings.
+file(COPY_FILE ${consumer}/example_host.exe ${road}/prinhost.exe)
+run(0 ${EMULATOR} ./prinhost.exe)
+run(0 ${EMULATOR} cmd /c "${kit}/bin/jswctl.exe log %ALLUSERSPROFILE%\\prinJSW.log")
+expect("report.pdf")

@@ -80,8 +80,7 @@ std::vector<Step> loadScript(const std::string& path) {
  */
 int install() {
     const JswLibrary library(programFolder() + "jsw.dll");
-    InkInfo noInkKnown = {};
-    std::fill(std::begin(noInkKnown.InkPercent), std::end(noInkKnown.InkPercent), -1);
+    const InkInfo noInkKnown = JSW_INK_UNKNOWN;
     library.init("", "", 0, 0, static_cast<uint32_t>(-1), 0, 0, &noInkKnown, 0, 0, nullptr);
     library.terminate();
     if (!storeExists()) {

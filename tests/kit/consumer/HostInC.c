@@ -23,7 +23,7 @@ static void printLog(void) {
 }
 
 int main(void) {
-    InkInfo ink = {0};
+    InkInfo ink = JSW_INK_UNKNOWN;
     uint8_t started;
     ink.InkPercent[0] = 90;
     started = JSWInit("Office printer", "report.pdf", 0, 1, 2, 1, 1, &ink, 0, 2, onStatus);

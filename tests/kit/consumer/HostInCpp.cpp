@@ -5,8 +5,7 @@
 #include <iterator>
 
 int main() {
-    InkInfo ink{};
-    for (auto& percent : ink.InkPercent) percent = -1;
+    constexpr InkInfo ink = JSW_INK_UNKNOWN;
     std::cout << "built for " << JSW_VERSION_STRING << ", interface " << JSWGetAPIVersion() << '\n';
     static_assert(JSW_VERSION >= 10000 && std::size(InkInfo{}.InkPercent) == JSW_INK_SLOTS);
     const bool started = JSWInit("Office printer", "book.pdf", 0, 1, 1, 1, 1, &ink, 0, 1,
