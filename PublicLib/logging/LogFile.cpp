@@ -30,8 +30,11 @@ std::string fullPath(const std::string& path) {
 
 }  // namespace
 
-LogFile::LogFile(const std::string& path)
-    : path_(fullPath(path)), lock_("QNLOG_" + std::string(fileNamePart(path_))) {
+std::string logLockName(const std::string& path) {
+    return "QNLOG_" + std::string(fileNamePart(path));
+}
+
+LogFile::LogFile(const std::string& path) : path_(fullPath(path)), lock_(logLockName(path_)) {
 }
 
 SECURITY_ATTRIBUTES* LogFile::attributes() {

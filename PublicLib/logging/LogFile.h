@@ -9,6 +9,9 @@
 
 namespace jsw {
 
+/// Name of the system mutex under which every process writes to a log file.
+std::string logLockName(const std::string& path);
+
 /// A text file that several processes append to. It is opened for each line and every line is
 /// written under a named mutex, so lines of different processes never mix.
 class LogFile {

@@ -115,12 +115,12 @@ ComPtr<IXMLDOMDocument> createDocument() {
 
 }  // namespace
 
-std::optional<XmlNode> loadXmlFile(const std::string& path) {
+std::optional<XmlNode> readXmlFile(const std::string& path, std::string& problem) {
     const ComScope com;
     const ComPtr<IXMLDOMDocument> document =
         com.ready() ? createDocument() : ComPtr<IXMLDOMDocument>();
     if (!document) {
-        reportProblem(path, "the XML parser, version 3, is not installed");
+        problem = "the XML parser, version 3, is not installed";
         return std::nullopt;
     }
     // A stream of the file, not its name: the parser would take the name for an address, and bring
@@ -128,7 +128,7 @@ std::optional<XmlNode> loadXmlFile(const std::string& path) {
     ComPtr<IStream> file;
     if (SHCreateStreamOnFileW(widen(path).c_str(), STGM_READ | STGM_SHARE_DENY_WRITE, file.out()) !=
         S_OK) {
-        reportProblem(path, "cannot be opened");
+        problem = "cannot be opened";
         return std::nullopt;
     }
     VARIANT source;
@@ -137,17 +137,27 @@ std::optional<XmlNode> loadXmlFile(const std::string& path) {
     source.punkVal = file.get();
     VARIANT_BOOL loaded = VARIANT_FALSE;
     if (document->load(source, &loaded) != S_OK || loaded != VARIANT_TRUE) {
-        reportProblem(path, parseErrorText(*document.get()));
+        problem = parseErrorText(*document.get());
         return std::nullopt;
     }
     ComPtr<IXMLDOMElement> root;
     XmlNode node;
     if (document->get_documentElement(root.out()) != S_OK || !copyElement(*root.get(), 1, node)) {
-        reportProblem(path, "no root element, or elements nested too deeply");
+        problem = "no root element, or elements nested too deeply";
         return std::nullopt;
     }
-    forgetProblem(path);
     return node;
+}
+
+std::optional<XmlNode> loadXmlFile(const std::string& path) {
+    std::string problem;
+    auto root = readXmlFile(path, problem);
+    if (root) {
+        forgetProblem(path);
+    } else {
+        reportProblem(path, problem);
+    }
+    return root;
 }
 
 }  // namespace jsw::sample

@@ -24,6 +24,7 @@ class BadUse : public std::runtime_error {
 using AddCommand = void(CLI::App& program, Action& action);
 
 AddCommand addCheckCommand;
+AddCommand addContentCommand;
 AddCommand addInstallCommand;
 AddCommand addLogCommand;
 AddCommand addModuleCommand;

@@ -52,10 +52,14 @@ void nameExistingHost(const std::string& host) {
     }
 }
 
-std::string storeName() {
-    std::string path = "HKLM\\" + Localize::getInstance()->getRegistryPath(StoreKind::local);
+std::string storePath() {
+    std::string path = Localize::getInstance()->getRegistryPath(StoreKind::local);
     path.pop_back();
     return path;
+}
+
+std::string storeName() {
+    return "HKLM\\" + storePath();
 }
 
 std::string errorText(unsigned long code) {

@@ -17,7 +17,10 @@ void nameHost(const std::string& host);
 /// The same for a program that must be there; throws BadUse when it is not.
 void nameExistingHost(const std::string& host);
 
-/// Where the host's store lies, as people write it: "HKLM\Software\...", without a final backslash.
+/// Where the host's store lies, below HKEY_LOCAL_MACHINE and without a final backslash.
+std::string storePath();
+
+/// The same as people write it: "HKLM\Software\...".
 std::string storeName();
 
 /// A path in full, from the current folder.

@@ -1,47 +1,113 @@
+#include "PublicLib/ini/IniText.h"
+#include "PublicLib/text/Text.h"
 #include "jsw/FirstRun.h"
 #include "jsw/settings/Settings.h"
 #include "tools/jswctl/Command.h"
 #include "tools/jswctl/Host.h"
+#include "tools/jswctl/store/Access.h"
+#include "tools/jswctl/store/SettingsFile.h"
 
 #include <windows.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdio>
 #include <memory>
+#include <vector>
 
 namespace jsw::ctl {
 
 namespace {
 
-/// Looked for first: the library creates an empty store without a file, and an empty store keeps
-/// the file from being installed later.
-void requireSettingsFile(const std::string& file) {
-    if (GetFileAttributesA(file.c_str()) == INVALID_FILE_ATTRIBUTES) {
-        throw std::runtime_error("there is no settings file " + file + "; nothing was changed");
-    }
+struct InstallOptions {
+    std::string host;
+    bool update = false;
+    bool dryRun = false;
+};
+
+void say(const std::string& line) {
+    std::printf("%s\n", line.c_str());
 }
 
-int install(const std::string& host) {
-    nameExistingHost(host);
+/// Looked for first: the library creates an empty store without a file, and an empty store keeps
+/// the file from being installed later.
+SettingsFile requireSettingsFile() {
+    SettingsFile file = readSettingsFile(settingsFilePath());
+    if (!file.exists) {
+        throw std::runtime_error("there is no settings file " + file.path +
+                                 "; nothing was changed");
+    }
+    if (!file.parsed) {
+        throw std::runtime_error(file.path + " has no sections to install; nothing was changed");
+    }
+    return file;
+}
+
+bool isUpdated(const Settings& settings, const setting::Number& flag) {
+    std::uint32_t state = 0;
+    return settings.read(flag, state) == Read::found &&
+           state != static_cast<std::uint32_t>(UpdateFlag::none);
+}
+
+/// Brings what is new in the file into the store that is there.
+int update(const Settings& settings, const SettingsFile& file, bool dryRun) {
+    const std::string store = storePath();
+    const bool modules = isUpdated(settings, setting::kCompleteSoftwareUpdated);
+    const bool data = isUpdated(settings, setting::kDataUpdated);
+    std::size_t changed = 0;
+    std::size_t kept = 0;
+    for (const FileEntry& entry : file.entries) {
+        if (!entry.isNews() || splitTypedValue(entry.value).type == IniValueType::unknown) continue;
+        const bool isKept = isMachinesOwn(entry, store, modules, data);
+        say(concat(isKept ? "  kept     " : "  changed  ", entry.section, " ", entry.name, ": ",
+                   entry.stored.value_or("(none)"), isKept ? ", not " : " -> ", entry.value));
+        ++(isKept ? kept : changed);
+        if (!isKept && !dryRun) writeEntry(entry);
+    }
+    say(concat(changed, dryRun ? " values would be changed" : " values changed", " by ", file.path,
+               ", ", kept, " kept as this machine has them."));
+    return kWell;
+}
+
+/// Does what the host's first job would do, and opens the keys that it makes to the jobs of all
+/// users: what they inherit is not the same everywhere.
+int firstInstall(const SettingsFile& file, bool dryRun) {
+    if (dryRun) {
+        say(concat("Would install ", file.entries.size(), " values of ", file.path, " in ",
+                   storeName(), "."));
+        return kWell;
+    }
+    std::vector<std::string> made = {firstMissingKey(storePath())};
+    for (const std::string& section : file.sections) made.push_back(firstMissingKey(section));
+    FirstRun firstRun;
+    const bool installed = firstRun.installStoreIfMissing();
+    std::erase(made, std::string());
+    for (const std::string& key : made) openToEveryone(key);
+    if (!installed) {
+        throw std::runtime_error("not all settings of " + file.path + " could be installed in " +
+                                 storeName() + "; 'jswctl check' says which");
+    }
+    say(concat("Installed ", file.path, " in ", storeName(), "."));
+    return kWell;
+}
+
+int install(const InstallOptions& options) {
+    nameExistingHost(options.host);
     const Settings settings;
     const bool isThere = settings.isValid();
     const DWORD error = GetLastError();  // why it cannot be opened
-    if (isThere && !isFirstRunPending()) {
-        std::printf("%s has its settings already; 'jswctl remove' takes them away.\n",
-                    storeName().c_str());
-        return kWell;
-    }
     if (!isThere && error != ERROR_FILE_NOT_FOUND) {
         throw std::runtime_error("cannot open " + storeName() + ": " + errorText(error));
     }
-    const std::string file = settingsFilePath();
-    requireSettingsFile(file);
-    if (!FirstRun().installStoreIfMissing()) {
-        throw std::runtime_error("not all settings of " + file + " could be installed in " +
-                                 storeName() + "; 'jswctl check' says which");
+    const bool isDue = !isThere || isFirstRunPending();
+    if (!isDue && !options.update) {
+        say(storeName() +
+            " has its settings already; 'jswctl install --update' brings in what is new in the "
+            "file, 'jswctl remove' takes them away.");
+        return kWell;
     }
-    std::printf("Installed %s in %s.\n", file.c_str(), storeName().c_str());
-    return kWell;
+    const SettingsFile file = requireSettingsFile();
+    return isDue ? firstInstall(file, options.dryRun) : update(settings, file, options.dryRun);
 }
 
 }  // namespace
@@ -49,9 +115,13 @@ int install(const std::string& host) {
 void addInstallCommand(CLI::App& program, Action& action) {
     auto* command = program.add_subcommand(
         "install", "Installs the settings file beside a host, as the host's first job would.");
-    const auto host = std::make_shared<std::string>();
-    addHostArgument(*command, *host);
-    command->callback([&action, host] { action = [host] { return install(*host); }; });
+    const auto options = std::make_shared<InstallOptions>();
+    addHostArgument(*command, options->host);
+    command->add_flag("--update", options->update,
+                      "brings what is new or different in the file into settings that are there; "
+                      "history, window and updates stay as they are");
+    command->add_flag("--dry-run", options->dryRun, "says what would be done, and does nothing");
+    command->callback([&action, options] { action = [options] { return install(*options); }; });
 }
 
 }  // namespace jsw::ctl

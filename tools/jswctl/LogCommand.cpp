@@ -1,5 +1,6 @@
 #include "tools/jswctl/Command.h"
 #include "tools/jswctl/Host.h"
+#include "tools/jswctl/RotateLog.h"
 #include "tools/jswctl/Utf8.h"
 #include "tools/jswctl/log/HtmlReport.h"
 #include "tools/jswctl/log/JsonReport.h"
@@ -22,6 +23,7 @@ namespace {
 struct LogOptions {
     std::string file;
     std::string html;
+    std::string rotate;
     bool json = false;
     bool texts = false;
 };
@@ -103,6 +105,7 @@ int tell(const LogOptions& options) {
         write(log::knownTextsAsMarkdown());
         return kWell;
     }
+    if (!options.rotate.empty()) return rotateLog(options.rotate);
     if (options.file.empty()) throw BadUse("no log is given; try jswctl log --help");
     if (isSameFile(options.file, options.html)) {
         throw BadUse("the page would overwrite the log " + options.file);
@@ -125,6 +128,10 @@ void addLogCommand(CLI::App& program, Action& action) {
     command->add_option("--html", options->html, "writes a page with pictures instead")
         ->type_name("OUT");
     command->add_flag("--json", options->json, "writes one JSON object instead");
+    command
+        ->add_option("--rotate", options->rotate,
+                     "moves the log of a host to <id>JSW.old.log instead, without losing a line")
+        ->type_name("HOST.exe");
     command->add_flag(
         "--texts", options->texts,
         "writes what the log says of trouble, with causes and remedies, as a table in "

@@ -15,7 +15,7 @@ namespace jsw::ctl {
 namespace {
 
 constexpr AddCommand* kCommands[] = {
-    addCheckCommand,  addModuleCommand, addInstallCommand,
+    addCheckCommand,  addModuleCommand, addContentCommand, addInstallCommand,
     addRemoveCommand, addLogCommand,    addTryCommand,
 };
 

@@ -18,6 +18,8 @@ struct ModuleOptions {
     std::string kind;
     std::string file;
     bool json = false;
+    unsigned seconds = TrialPlan().seconds;
+    TrialJob job;
 };
 
 /// For a module on the command line the file is the user's to name rightly.
@@ -38,11 +40,14 @@ int checkModule(const ModuleOptions& options) {
     const std::string path = inFull(options.file);
     TrialPlan plan;
     plan.scope = TrialScope::calls;
-    plan.billboardIds = {"DEFAULT", "INK_STATUS"};
+    if (options.kind == "catalog") plan.billboardIds = {"DEFAULT", "INK_STATUS"};
     plan.hostFolder = std::string(folderPart(path));
+    plan.job = options.job;
+    plan.seconds = options.seconds;
     ModuleFacts facts = gatherModule(*kind, path, plan.hostFolder);
     if (isLoadable(facts)) facts.trial = tryModule(*kind, path, plan);
     Report report;
+    report.note("trial", jobInWords(plan.job));
     judgeModule(facts, report);
     tellCalls(facts, report);
     return show(report, path, options.json);
@@ -52,10 +57,14 @@ int checkModule(const ModuleOptions& options) {
 
 void addModuleCommand(CLI::App& program, Action& action) {
     auto* command = program.add_subcommand(
-        "module", "Says what is wrong with one module and calls what is safe to call, each timed.");
+        "module",
+        "Says what is wrong with one module and goes through its calls as a job does, each timed.");
     const auto options = std::make_shared<ModuleOptions>();
     command->add_option("KIND", options->kind, moduleKindNames())->required();
     command->add_option("FILE.dll", options->file, "the module, a 64-bit library")->required();
+    addJobOptions(*command, options->job);
+    command->add_option("--seconds", options->seconds, "how long it may take before it is ended")
+        ->check(CLI::Range(1, 3600));
     command->add_flag("--json", options->json, "tell it as one JSON object");
     command->callback([&action, options] { action = [options] { return checkModule(*options); }; });
 }

@@ -65,8 +65,13 @@ std::size_t Report::count(Severity severity) const {
 
 std::string asText(const Report& report) {
     std::string text;
-    for (const SettingRow& row : report.settings()) text += line(row);
-    for (const Finding& finding : report.findings()) text += line(finding);
+    const std::vector<Finding>& findings = report.findings();
+    for (std::size_t index = 0; index <= findings.size(); ++index) {
+        if (index == report.beforeSettings()) {
+            for (const SettingRow& row : report.settings()) text += line(row);
+        }
+        if (index < findings.size()) text += line(findings[index]);
+    }
     return text + concat(counted(report.count(Severity::error), "error"), ", ",
                          counted(report.count(Severity::warning), "warning"), ".\n");
 }

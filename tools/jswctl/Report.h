@@ -38,7 +38,12 @@ class Report {
         findings_.push_back({severity, std::move(topic), std::move(text), std::move(remedy)});
     }
 
-    void setting(SettingRow row) { settings_.push_back(std::move(row)); }
+    /// Settings stand together, behind the lines that were told before the first one.
+    void setting(SettingRow row) {
+        if (settings_.empty()) beforeSettings_ = findings_.size();
+        settings_.push_back(std::move(row));
+    }
+    std::size_t beforeSettings() const { return beforeSettings_; }
 
     const std::vector<SettingRow>& settings() const { return settings_; }
     const std::vector<Finding>& findings() const { return findings_; }
@@ -48,9 +53,10 @@ class Report {
   private:
     std::vector<Finding> findings_;
     std::vector<SettingRow> settings_;
+    std::size_t beforeSettings_ = 0;
 };
 
-/// One line per setting, one line per finding, then one that counts errors and warnings.
+/// One line per finding and setting, then one that counts errors and warnings.
 std::string asText(const Report& report);
 
 /// {"subject", "errors", "warnings", "findings": [{"severity", "topic", "text", "remedy"}],

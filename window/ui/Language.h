@@ -48,6 +48,12 @@ class Language {
         }
         return *chosen;  // NOLINT(clang-analyzer-core.uninitialized.UndefReturn): English exists
     }
+    /** The language with this code; null when there is none. */
+    [[nodiscard]] static const Language* find(std::string_view code) {
+        const Language* language = first_;
+        while (language && code != language->code_) language = language->next_;
+        return language;
+    }
     [[nodiscard]] static const Language* first() { return first_; }
     [[nodiscard]] const Language* next() const { return next_; }
 

@@ -40,12 +40,20 @@ Box workArea(const RECT& place) {
     return ui::boxOf(monitor.rcWork);
 }
 
+/** The user's, unless somebody who writes pages or texts asks for another. */
+const Language& languageOfWindow() {
+    char code[8] = {};
+    GetEnvironmentVariableA("JSW_WINDOW_LANGUAGE", code, sizeof(code));
+    const Language* const wanted = Language::find(code);
+    return wanted ? *wanted : Language::choose(GetUserDefaultUILanguage());
+}
+
 }  // namespace
 
 Window::Window(std::shared_ptr<ViewState> state)
     : state_(std::move(state)),
       instance_(thisModule()),
-      language_(Language::choose(GetUserDefaultUILanguage())),
+      language_(languageOfWindow()),
       strings_(language_.strings()),
       palette_(ui::lightPalette()) {
 }

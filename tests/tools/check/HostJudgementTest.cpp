@@ -1,3 +1,4 @@
+#include "tests/tools/check/GoodModule.h"
 #include "tests/tools/check/ReportMatchers.h"
 #include "tools/jswctl/check/Judgement.h"
 
@@ -27,11 +28,16 @@ HostFacts goodHost() {
     facts.driverFolder = "C:\\spool\\3";
     facts.initialPath = "C:\\Program Files\\JSW";
     facts.firstRun.storeOpens = true;
-    facts.firstRun.settingsFile = "C:\\h\\qlabjsw.loc";
-    facts.firstRun.fileExists = facts.firstRun.fileParsed = true;
-    facts.firstRun.sections = {std::string(kStore) + "\\Settings"};
-    facts.firstRun.entries = {{facts.firstRun.sections[0], "DllPath", "string:C:\\m", true},
-                              {facts.firstRun.sections[0], "DataPath", "string:C:\\d", true}};
+    facts.library = goodModule(libraryKind());
+    facts.library.fullPath = "C:\\h\\jsw.dll";
+    facts.libraryVersion = facts.toolVersion = "1.1.0";
+    const std::string section = std::string(kStore) + "\\Settings";
+    facts.firstRun.file = {"C:\\h\\qlabjsw.loc",
+                           true,
+                           true,
+                           {section},
+                           {{section, "DllPath", "string:C:\\m", "string:C:\\m"},
+                            {section, "DataPath", "string:C:\\d", "string:C:\\d"}}};
     facts.image.put("Settings", "DllPath", text("C:\\m"));
     facts.image.put("Settings", "DataPath", text("C:\\d\\"));
     facts.parserRegistered = true;
@@ -68,8 +74,21 @@ struct BadHostRow {
 
 TEST(HostJudgementTest, EachMistakeIsNamedWithItsRemedy) {
     const BadHostRow rows[] = {
-        {"unknown prefix", [](HostFacts& facts) { facts.productLine.clear(); }, Severity::warning,
-         "begins with no known product line's letters"},
+        {"unknown prefix", [](HostFacts& facts) { facts.productLine.clear(); }, Severity::note,
+         "of no product line"},
+        {"no library", [](HostFacts& facts) { facts.library.exists = false; }, Severity::warning,
+         "there is no file C:\\h\\jsw.dll"},
+        {"another version", [](HostFacts& facts) { facts.libraryVersion = "1.0.0"; },
+         Severity::warning, "it is of version 1.0.0, this jswctl of 1.1.0"},
+        {"closed keys",
+         [](HostFacts& facts) { facts.firstRun.closedKeys = {std::string(kStore) + "\\Settings"}; },
+         Severity::warning, "cannot open 1 key of the store with all rights"},
+        {"large log",
+         [](HostFacts& facts) {
+             facts.log.exists = true;
+             facts.logSize = 200 << 20;
+         },
+         Severity::warning, "jswctl log --rotate"},
         {"store closed",
          [](HostFacts& facts) {
              facts.firstRun.storeOpens = false;
@@ -80,40 +99,47 @@ TEST(HostJudgementTest, EachMistakeIsNamedWithItsRemedy) {
          [](HostFacts& facts) {
              facts.firstRun = {};
              facts.firstRun.storeError = 2;
-             facts.firstRun.settingsFile = "C:\\h\\qlabjsw.loc";
+             facts.firstRun.file.path = "C:\\h\\qlabjsw.loc";
          },
          Severity::error, "there is no settings file C:\\h\\qlabjsw.loc"},
         {"empty file",
          [](HostFacts& facts) {
-             facts.firstRun.fileParsed = false;
-             facts.firstRun.sections.clear();
-             facts.firstRun.entries.clear();
+             facts.firstRun.file.parsed = false;
+             facts.firstRun.file.sections.clear();
+             facts.firstRun.file.entries.clear();
          },
          Severity::error, "has no sections to install"},
         {"another root",
-         [](HostFacts& facts) { facts.firstRun.sections = {"Software\\Else\\JSW\\Local\\qlab"}; },
+         [](HostFacts& facts) {
+             facts.firstRun.file.sections = {"Software\\Else\\JSW\\Local\\qlab"};
+         },
          Severity::error, "no section of C:\\h\\qlabjsw.loc lies below this host's store"},
         {"one foreign section",
-         [](HostFacts& facts) { facts.firstRun.sections.emplace_back("Software\\Else"); },
+         [](HostFacts& facts) { facts.firstRun.file.sections.emplace_back("Software\\Else"); },
          Severity::warning, "the section [Software\\Else] is not this host's"},
         {"like-named neighbour",
-         [](HostFacts& facts) { facts.firstRun.sections = {std::string(kStore) + "x\\Settings"}; },
+         [](HostFacts& facts) {
+             facts.firstRun.file.sections = {std::string(kStore) + "x\\Settings"};
+         },
          Severity::error, "no section of"},
         {"missed",
          [](HostFacts& facts) {
-             for (FileEntry& entry : facts.firstRun.entries) entry.isInRegistry = false;
+             for (FileEntry& entry : facts.firstRun.file.entries) entry.stored.reset();
          },
          Severity::error, "first run: was missed"},
         {"cut off",
          [](HostFacts& facts) {
              facts.firstRun.isPending = true;
-             facts.firstRun.entries[0].isInRegistry = false;
+             facts.firstRun.file.entries[0].stored.reset();
          },
          Severity::warning, "first run: was cut off"},
         {"file changed later",
-         [](HostFacts& facts) { facts.firstRun.entries[0].isInRegistry = false; },
-         Severity::warning, "1 of 2 values of C:\\h\\qlabjsw.loc are not in the store"},
-        {"no type", [](HostFacts& facts) { facts.firstRun.entries[0].value = "C:\\m"; },
+         [](HostFacts& facts) { facts.firstRun.file.entries[0].stored.reset(); }, Severity::warning,
+         "1 of 2 values of C:\\h\\qlabjsw.loc are not in the store: DllPath"},
+        {"value changed later",
+         [](HostFacts& facts) { facts.firstRun.file.entries[0].stored = "x"; }, Severity::note,
+         "DllPath is x, string:C:\\m in the settings file"},
+        {"no type", [](HostFacts& facts) { facts.firstRun.file.entries[0].value = "C:\\m"; },
          Severity::warning, "Write string: or dword: before the value"},
         {"wrong type",
          [](HostFacts& facts) {

@@ -1,3 +1,4 @@
+#include "tests/tools/check/GoodModule.h"
 #include "tests/tools/check/ReportMatchers.h"
 #include "tools/jswctl/NearestName.h"
 #include "tools/jswctl/module/ModuleJudgement.h"
@@ -8,20 +9,6 @@
 namespace jsw::ctl {
 namespace {
 
-/// A module without fault.
-ModuleFacts goodModule(const char* kind) {
-    ModuleFacts facts;
-    facts.kind = findModuleKind(kind);
-    facts.fullPath = "C:\\m\\module.dll";
-    facts.exists = true;
-    facts.file.machine = kMachineX64;
-    facts.file.isDll = true;
-    facts.file.exports.assign(facts.kind->entryPoints.begin(), facts.kind->entryPoints.end());
-    facts.trial.started = facts.trial.finished = true;
-    facts.trial.calls = {{"LoadLibrary", true, 1, ""}};
-    return facts;
-}
-
 Report judged(const ModuleFacts& facts) {
     Report report;
     judgeModule(facts, report);
@@ -30,7 +17,7 @@ Report judged(const ModuleFacts& facts) {
 
 TEST(ModuleJudgementTest, AGoodModuleOfEachKindHasNoFindings) {
     for (const ModuleKind& kind : moduleKinds()) {
-        const ModuleFacts facts = goodModule(std::string(kind.name).c_str());
+        const ModuleFacts facts = goodModule(kind);
         EXPECT_TRUE(isLoadable(facts));
         const Report report = judged(facts);
         EXPECT_EQ(report.count(Severity::error) + report.count(Severity::warning), 0U) << kind.name;
@@ -75,8 +62,10 @@ TEST(ModuleJudgementTest, EachFaultIsNamed) {
                           std::string("SetJobName"), std::string("_Z10SetJobNamePKc"));
          },
          "the module has _Z10SetJobNamePKc", true},
-        {"indispensable", [](ModuleFacts& facts) { facts.file.exports = {"SetJobName"}; },
-         "the entry point ShowGui is missing. The module has no effect", true},
+        {"another module", [](ModuleFacts& facts) { facts.file.exports = {"EvaluateRule"}; },
+         "exports none of the entry points of a view module", true},
+        {"fault", [](ModuleFacts& facts) { facts.trial.faults = {"it is wrong"}; }, "it is wrong",
+         true},
         {"crash",
          [](ModuleFacts& facts) {
              facts.trial.finished = false;
@@ -101,7 +90,7 @@ TEST(ModuleJudgementTest, EachFaultIsNamed) {
          "it cannot be loaded: 1114", true},
     };
     for (const BadModuleRow& row : rows) {
-        ModuleFacts facts = goodModule("view");
+        ModuleFacts facts = goodModule(*findModuleKind("view"));
         row.spoil(facts);
         const Report report = judged(facts);
         EXPECT_TRUE(has(report, Severity::error, row.finding)) << row.name << ":\n"
@@ -111,7 +100,7 @@ TEST(ModuleJudgementTest, EachFaultIsNamed) {
 }
 
 TEST(ModuleJudgementTest, WhatIsNoFaultOnlyGetsANote) {
-    ModuleFacts facts = goodModule("view");
+    ModuleFacts facts = goodModule(*findModuleKind("view"));
     std::erase(facts.file.exports, "SetPortType");
     facts.file.exports.emplace_back("MyOwnHelper");
     const Report report = judged(facts);
@@ -120,14 +109,18 @@ TEST(ModuleJudgementTest, WhatIsNoFaultOnlyGetsANote) {
     EXPECT_TRUE(has(report, Severity::note, "which is allowed: SetPortType"));
     EXPECT_TRUE(has(report, Severity::note, "does not know: MyOwnHelper"));
 
-    ModuleFacts prompts = goodModule("legacy");
+    // What a view may do without, but the user should hear of.
+    std::erase(facts.file.exports, "ShowGui");
+    EXPECT_TRUE(has(judged(facts), Severity::warning, "ShowGui is missing: no window comes up"));
+
+    ModuleFacts prompts = goodModule(*findModuleKind("legacy"));
     prompts.exists = false;
     EXPECT_EQ(judged(prompts).count(Severity::error), 0U);
     EXPECT_TRUE(has(judged(prompts), Severity::warning, "JSWDisplayPrompt asks nobody"));
 }
 
 TEST(ModuleJudgementTest, SlowCallsAreNamedWithTheirTime) {
-    ModuleFacts facts = goodModule("catalog");
+    ModuleFacts facts = goodModule(*findModuleKind("catalog"));
     facts.trial.calls.push_back({"Initialize", true, 1250.6, ""});
     EXPECT_TRUE(has(judged(facts), Severity::warning, "Initialize took 1250 ms"));
 }

@@ -1,9 +1,11 @@
 // Whole runs of jswctl.exe on hosts of their own names in the real registry of the test's prefix.
 
+#include "PublicLib/logging/LogFile.h"
 #include "PublicLib/text/Text.h"
 #include "PublicLib/win/Handles.h"
 #include "PublicLib/win/SystemFolders.h"
 #include "tests/support/TempFolder.h"
+#include <jsw/view.h>
 
 #include <windows.h>
 
@@ -11,9 +13,13 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
+#include <cstdlib>
 #include <fstream>
 #include <nlohmann/json.hpp>
+#include <sddl.h>
 #include <string>
+#include <thread>
 
 namespace jsw::ctl {
 namespace {
@@ -61,6 +67,8 @@ Outcome jswctl(const std::string& arguments, const test::TempFolder& folder) {
     return run;
 }
 
+#define JSWCTL_TEST_NAME(name, type) #name,
+
 /// A host whose name begins with no product line's letters, with a store that goes with it.
 class ProgramTest : public ::testing::Test {
   protected:
@@ -93,6 +101,22 @@ class ProgramTest : public ::testing::Test {
         return RegGetValueA(HKEY_LOCAL_MACHINE, concat(store(), "\\", key).c_str(), name,
                             RRF_RT_ANY, nullptr, nullptr, nullptr) == ERROR_SUCCESS;
     }
+    /// Leaves a key open to administrators alone.
+    static void closeKey(const char* key) {
+        PSECURITY_DESCRIPTOR descriptor = nullptr;
+        KeyHandle handle;
+        ConvertStringSecurityDescriptorToSecurityDescriptorA("D:(A;;KA;;;BA)(A;;KR;;;WD)",
+                                                             SDDL_REVISION_1, &descriptor, nullptr);
+        RegOpenKeyExA(HKEY_LOCAL_MACHINE, concat(store(), "\\", key).c_str(), 0, WRITE_DAC,
+                      handle.put());
+        EXPECT_EQ(RegSetKeySecurity(handle.get(), DACL_SECURITY_INFORMATION, descriptor),
+                  ERROR_SUCCESS);
+        LocalFree(descriptor);
+    }
+    static void setNumber(const char* key, const char* name, DWORD value) {
+        RegSetKeyValueA(HKEY_LOCAL_MACHINE, concat(store(), "\\", key).c_str(), name, REG_DWORD,
+                        &value, sizeof value);
+    }
     static void set(const char* key, const char* name, const std::string& value) {
         RegSetKeyValueA(HKEY_LOCAL_MACHINE, concat(store(), "\\", key).c_str(), name, REG_SZ,
                         value.c_str(), static_cast<DWORD>(value.size() + 1));
@@ -122,11 +146,9 @@ TEST_F(ProgramTest, BadUseGetsOneLineAndItsExitCode) {
 TEST_F(ProgramTest, AHostWithoutAnythingIsToldWhatItLacks) {
     const Outcome run = onHost("check");
     EXPECT_EQ(run.exitCode, 1U);
-    EXPECT_TRUE(
-        run.says("warning  names: id zyct begins with no known product line's letters, so "
-                 "its settings lie in HKLM\\" +
-                 store()))
-        << run.output;
+    EXPECT_TRUE(run.output.starts_with("         host: ")) << run.output;
+    EXPECT_TRUE(run.says("settings in HKLM\\" + store())) << run.output;
+    EXPECT_TRUE(run.says("jsw.dll: file ")) << run.output;
     EXPECT_TRUE(run.says("there is no settings file")) << run.output;
     EXPECT_TRUE(run.says("zyctjswv.dll; JSWInit answers 0")) << run.output;
     EXPECT_FALSE(hasValue("Settings", "DllPath"));
@@ -155,9 +177,16 @@ TEST_F(ProgramTest, AnInstalledHostIsWellAndStaysAsItWas) {
     EXPECT_EQ(before.exitCode, 0U) << before.output;
     EXPECT_TRUE(before.says("the first job will install 5 values")) << before.output;
     EXPECT_TRUE(before.says("billboard DEFAULT: page ")) << before.output;
+    EXPECT_TRUE(before.says("View = jswv.dll (in the settings file)")) << before.output;
+    EXPECT_TRUE(before.says(" KB") || before.says("not there yet")) << before.output;
 
+    EXPECT_TRUE(onHost("install", "--dry-run").says("Would install 5 values"));
+    EXPECT_FALSE(hasValue("Settings", "DllPath"));
     EXPECT_EQ(onHost("install").exitCode, 0U);
+    // As a first job of an administrator may leave one: all others are open to everyone.
+    closeKey("Settings\\Controller");
     const Outcome after = onHost("check", "--json");
+    EXPECT_TRUE(after.says("jobs of ordinary users cannot open 1 key")) << after.output;
     const auto report = nlohmann::json::parse(after.output, nullptr, false);
     ASSERT_TRUE(report.is_object()) << after.output;
     EXPECT_EQ(report["errors"], 0) << after.output;
@@ -174,9 +203,67 @@ TEST_F(ProgramTest, AnInstalledHostIsWellAndStaysAsItWas) {
     // A job would have written these.
     EXPECT_FALSE(hasValue("Settings\\Updater", "CheckForUpdates"));
     EXPECT_FALSE(hasValue("Settings\\Controller\\DefaultBillboard", "FileName"));
+}
 
-    EXPECT_TRUE(onHost("remove").says("Removed HKLM\\" + store()));
+TEST_F(ProgramTest, ANewerSettingsFileIsBroughtInAndARemovedStoreCanBeBroughtBack) {
+    writeSettings(store(), "C:\\old", "C:\\data");
+    EXPECT_EQ(onHost("install").exitCode, 0U);
+    set("Settings\\Controller", "View", "updated.dll");
+    setNumber("Settings\\Updater", "CompleteSoftwareUpdated", 2);
+    RegDeleteKeyValueA(HKEY_LOCAL_MACHINE, (store() + "\\Settings").c_str(), "DataPath");
+    writeSettings(store(), "C:\\new", "C:\\data");
+    const Outcome check = onHost("check");
+    EXPECT_TRUE(check.says("DllPath is string:C:\\old, string:C:\\new in the settings file"))
+        << check.output;
+    EXPECT_TRUE(check.says("1 of 5 values of ")) << check.output;
+    for (const char* how : {"--update --dry-run", "--update"}) {
+        const Outcome run = onHost("install", how);
+        EXPECT_EQ(run.exitCode, 0U);
+        EXPECT_TRUE(run.says("Settings DllPath: string:C:\\old -> string:C:\\new")) << run.output;
+        EXPECT_TRUE(run.says("Settings DataPath: (none) -> string:C:\\data")) << run.output;
+        EXPECT_TRUE(run.says("View: string:updated.dll, not string:jswv.dll")) << run.output;
+    }
+    EXPECT_TRUE(onHost("install", "--update").says("0 values changed"));
+
+    EXPECT_TRUE(onHost("remove", "--dry-run").says("Would remove HKLM\\" + store()));
+    EXPECT_TRUE(hasValue("Settings", "DllPath"));
+    EXPECT_EQ(onHost("remove", "--backup C:\\nowhere\\at\\all.reg").exitCode, 1U);
+    EXPECT_TRUE(hasValue("Settings", "DllPath"));
+    const std::string backup = folder_.file("backup.reg");
+    EXPECT_TRUE(onHost("remove", "--backup \"" + backup + "\"").says("Removed HKLM\\" + store()));
     EXPECT_FALSE(hasValue("Settings", "DllPath"));
+    std::system(("reg import \"" + backup + "\"").c_str());
+    EXPECT_TRUE(hasValue("Settings", "DllPath"));
+}
+
+TEST_F(ProgramTest, ALogIsRotatedWithoutLosingALine) {
+    const std::string base = std::string(std::getenv("ALLUSERSPROFILE")) + "\\zyctJSW";
+    const std::string log = base + ".log";
+    const std::string old = base + ".old.log";
+    std::size_t lines = 0;
+    const auto count = [&](const std::string& file) {
+        const std::string text = test::readFile(file);
+        lines += static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));
+        DeleteFileA(file.c_str());
+    };
+    count(log);
+    count(old);
+    lines = 0;
+    std::atomic<bool> rotated{false};
+    std::size_t written = 0;
+    std::thread writer([&] {
+        LogFile file(log);
+        for (; !rotated || written < 50; ++written) file.append("a line\r\n", [] {});
+    });
+    while (GetFileAttributesA(log.c_str()) == INVALID_FILE_ATTRIBUTES) Sleep(1);
+    EXPECT_EQ(jswctl("log --rotate \"" + host_ + "\"", folder_).exitCode, 0U);
+    rotated = true;
+    writer.join();
+    LogFile(log).append("a line\r\n", [] {});
+    count(old);
+    EXPECT_GT(lines, 0U);
+    count(log);
+    EXPECT_EQ(lines, written + 1);
 }
 
 TEST_F(ProgramTest, MisspeltValuesAbsentPagesAndRelativeFoldersAreNamed) {
@@ -221,15 +308,70 @@ TEST_F(ProgramTest, FaultsOfAModuleAreFoundInItsFile) {
     EXPECT_TRUE(text.says("it is no Windows program or library")) << text.output;
 }
 
-TEST_F(ProgramTest, AModuleIsCalledInAProcessOfItsOwn) {
+TEST_F(ProgramTest, AModuleIsTriedInAProcessOfItsOwn) {
     const Outcome good = jswctl("module catalog bcat.dll", folder_);
     EXPECT_EQ(good.exitCode, 0U) << good.output;
     EXPECT_TRUE(good.says("GetBillboardFileName(DEFAULT): ")) << good.output;
     EXPECT_TRUE(good.says("answer welcome.jbb")) << good.output;
-    const Outcome crash = jswctl("module catalog crashing_catalog.dll", folder_);
-    EXPECT_EQ(crash.exitCode, 1U);
-    EXPECT_TRUE(crash.says("it crashes in GetBillboardFileName(DEFAULT) (0xC0000005)"))
-        << crash.output << crash.errors;
+    const struct {
+        const char* fault;
+        const char* finding;
+    } rows[] = {
+        {"crash", "it crashes in GetBillboardFileName(DEFAULT) (0xC0000005)"},
+        {"literal", "GetBillboardFileName(DEFAULT) returns memory that is not from the given"},
+        {"leak", "2 of the texts and lists that it allocated"},
+        {"loop", "it does not come back from GetBillboardFileName(DEFAULT)"},
+    };
+    for (const auto& row : rows) {
+        SetEnvironmentVariableA("JSWCTL_FAULT", row.fault);
+        const std::string patience = row.fault == std::string("loop") ? " --seconds 4" : "";
+        const Outcome run = jswctl("module catalog faulty_catalog.dll" + patience, folder_);
+        EXPECT_EQ(run.exitCode, 1U) << row.fault;
+        EXPECT_TRUE(run.says(row.finding)) << row.fault << run.output << run.errors;
+    }
+}
+
+TEST_F(ProgramTest, ATrialEndsWithTheToolThatIsEnded) {
+    const auto loops = [] {
+        return static_cast<bool>(KernelHandle(OpenMutexA(SYNCHRONIZE, FALSE, "jswctl-test-loop")));
+    };
+    const auto waitUntil = [&](bool wanted) {
+        for (int tenths = 0; loops() != wanted && tenths < 300; ++tenths) Sleep(100);
+        return loops() == wanted;
+    };
+    SetEnvironmentVariableA("JSWCTL_FAULT", "loop");
+    STARTUPINFOA startup{};
+    startup.cb = sizeof startup;
+    char command[] = "jswctl.exe module catalog faulty_catalog.dll --seconds 300";
+    PROCESS_INFORMATION info{};
+    ASSERT_TRUE(CreateProcessA(nullptr, command, nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                               &startup, &info));
+    const KernelHandle process(info.hProcess);
+    const KernelHandle thread(info.hThread);
+    EXPECT_TRUE(waitUntil(true));
+    TerminateProcess(process.get(), 1);
+    EXPECT_TRUE(waitUntil(false));
+}
+
+/// The trial job is the user's to choose, and the sample engine goes by it.
+TEST_F(ProgramTest, AnEngineIsToldTheTrialJobAndAViewGoesThroughAllItsCalls) {
+    const Outcome rules =
+        jswctl("module rules reng.dll --pages 3 --copies 2 --ink 90,10 --job report.pdf", folder_);
+    EXPECT_TRUE(rules.says("the job 'report.pdf' on 'jswctl', pages 3, copies 2, ink 90,10"))
+        << rules.output;
+    EXPECT_TRUE(rules.says("EvaluateRule: ")) << rules.output;
+    const Outcome view = jswctl("module view jswv.dll", folder_);
+    EXPECT_EQ(view.exitCode, 0U) << view.output;
+    for (const char* name : {JSW_VIEW_ENTRY_POINTS(JSWCTL_TEST_NAME)}) {
+        EXPECT_TRUE(view.says(concat(" ", name, ": "))) << name;
+    }
+}
+
+TEST_F(ProgramTest, TheSampleContentIsWithoutFaultAndIsShown) {
+    const Outcome run = jswctl("content data --show welcome.jbb --seconds 1", folder_);
+    EXPECT_EQ(run.exitCode, 0U) << run.output;
+    EXPECT_FALSE(run.says(".jbb: the access key")) << run.output;
+    EXPECT_TRUE(run.says("welcome.jbb: shown in de")) << run.output;
 }
 
 }  // namespace

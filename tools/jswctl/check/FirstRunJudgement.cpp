@@ -12,34 +12,27 @@ namespace {
 constexpr char kTopic[] = "first run";
 constexpr std::uint32_t kNotFound = 2;  // the registry's answer for a key that is not there
 
-/// Whether a path is a key or lies below it, letter case aside.
-bool isBelow(const std::string& path, const std::string& key) {
-    return equalsIgnoringCase(path.substr(0, key.size()), key) &&
-           (path.size() == key.size() || path[key.size()] == '\\');
-}
-
 std::vector<FileEntry> entriesOfStore(const HostFacts& facts) {
     std::vector<FileEntry> entries;
-    for (const FileEntry& entry : facts.firstRun.entries) {
+    for (const FileEntry& entry : facts.firstRun.file.entries) {
         if (isBelow(entry.section, facts.storePath)) entries.push_back(entry);
     }
     return entries;
 }
 
-std::string again(const HostFacts& facts) {
-    return concat("Take the store away with 'jswctl remove \"", facts.hostPath,
-                  "\"' and install the file with 'jswctl install'");
+std::string bringIn(const HostFacts& facts) {
+    return concat("Bring them in with 'jswctl install --update \"", facts.hostPath, "\"'");
 }
 
 void judgeSections(const HostFacts& facts, Report& report) {
-    const auto& sections = facts.firstRun.sections;
+    const auto& sections = facts.firstRun.file.sections;
     const bool reachesStore =
         std::any_of(sections.begin(), sections.end(),
                     [&](const std::string& section) { return isBelow(section, facts.storePath); });
     const std::string remedy = concat("Begin its sections with [", facts.storePath, "\\Settings]");
     if (!reachesStore) {
         report.error("settings file",
-                     concat("no section of ", facts.firstRun.settingsFile,
+                     concat("no section of ", facts.firstRun.file.path,
                             " lies below this host's store; the first one is [",
                             sections.empty() ? "" : sections.front(), "]"),
                      remedy);
@@ -53,7 +46,7 @@ void judgeSections(const HostFacts& facts, Report& report) {
 }
 
 void judgeEntries(const HostFacts& facts, Report& report) {
-    for (const FileEntry& entry : facts.firstRun.entries) {
+    for (const FileEntry& entry : facts.firstRun.file.entries) {
         if (splitTypedValue(entry.value).type != IniValueType::unknown) continue;
         report.warn("settings file",
                     concat("'", entry.name, "=", entry.value, "' in [", entry.section,
@@ -62,57 +55,91 @@ void judgeEntries(const HostFacts& facts, Report& report) {
     }
 }
 
+/// What is in the store, but not as the file has it.
+void judgeDifferences(const HostFacts& facts, const std::vector<FileEntry>& entries,
+                      Report& report) {
+    const bool modules = facts.image.number(setting::kCompleteSoftwareUpdated).value != 0;
+    const bool data = facts.image.number(setting::kDataUpdated).value != 0;
+    for (const FileEntry& entry : entries) {
+        if (!entry.stored || !entry.isNews() ||
+            isMachinesOwn(entry, facts.storePath, modules, data)) {
+            continue;
+        }
+        report.note("settings", concat(entry.section, " ", entry.name, " is ", *entry.stored, ", ",
+                                       entry.value, " in the settings file"));
+    }
+}
+
 void judgeInstalled(const HostFacts& facts, Report& report) {
     const std::vector<FileEntry> entries = entriesOfStore(facts);
-    const auto missing = static_cast<std::size_t>(
-        std::count_if(entries.begin(), entries.end(),
-                      [](const FileEntry& entry) { return !entry.isInRegistry; }));
-    const std::string& file = facts.firstRun.settingsFile;
+    std::string missing;
+    std::size_t count = 0;
+    for (const FileEntry& entry : entries) {
+        if (entry.stored || splitTypedValue(entry.value).type == IniValueType::unknown) continue;
+        missing += concat(count++ == 0 ? "" : ", ", entry.name);
+    }
+    const std::string& file = facts.firstRun.file.path;
     if (facts.firstRun.isPending) {
         report.warn(kTopic,
                     concat("was cut off, unless it is going on now; the next job installs ", file,
                            " once more"),
                     concat("Let a job begin, or run 'jswctl install \"", facts.hostPath, "\"'"));
-    } else if (entries.empty() || missing == 0) {
+    } else if (count == 0) {
         report.note(kTopic, concat("has been; the values of ", file, " are in the store"));
-    } else if (missing == entries.size()) {
+    } else if (count == entries.size()) {
         report.error(kTopic,
                      concat("was missed: the store was there before ", file,
                             " could be installed, so no value of the file is in it. A single "
                             "value set beforehand, such as a log switch, is enough for that"),
-                     again(facts));
+                     bringIn(facts));
     } else {
         report.warn(kTopic,
-                    concat(missing, " of ", entries.size(), " values of ", file,
-                           " are not in the store; a file changed later is not installed again"),
-                    again(facts));
+                    concat(count, " of ", entries.size(), " values of ", file,
+                           " are not in the store: ", missing),
+                    bringIn(facts));
     }
+    judgeDifferences(facts, entries, report);
+}
+
+/// A first job of an administrator leaves what its keys inherit, and that may be less.
+void judgeAccess(const HostFacts& facts, Report& report) {
+    const std::vector<std::string>& closed = facts.firstRun.closedKeys;
+    if (closed.empty()) return;
+    report.warn("access",
+                concat("jobs of ordinary users cannot open ", closed.size(),
+                       closed.size() == 1 ? " key" : " keys",
+                       " of the store with all rights and do as if nothing were in them; the first "
+                       "is HKLM\\",
+                       closed.front()),
+                "Give the users who print full access, or begin anew with 'jswctl remove' and "
+                "'jswctl install'");
 }
 
 }  // namespace
 
 void judgeFirstRun(const HostFacts& facts, Report& report) {
     const FirstRunFacts& run = facts.firstRun;
+    judgeAccess(facts, report);
     if (!run.storeOpens && run.storeError != kNotFound) {
         report.error(kTopic,
                      concat("HKLM\\", facts.storePath, " cannot be opened with all rights, error ",
                             run.storeError),
                      "Give the users who print full access to it");
-    } else if (!run.fileExists) {
+    } else if (!run.file.exists) {
         if (run.storeOpens) {
-            report.note(kTopic, concat("has been; there is no ", run.settingsFile));
+            report.note(kTopic, concat("has been; there is no ", run.file.path));
         } else {
             report.error(kTopic,
-                         concat("there is no settings file ", run.settingsFile,
+                         concat("there is no settings file ", run.file.path,
                                 "; the first job makes an empty store and never looks for it "
                                 "again"),
                          "Put the file beside the host before its first job");
         }
         return;
     }
-    if (!run.fileExists) return;
-    if (!run.fileParsed) {
-        report.error("settings file", concat(run.settingsFile, " has no sections to install"),
+    if (!run.file.exists) return;
+    if (!run.file.parsed) {
+        report.error("settings file", concat(run.file.path, " has no sections to install"),
                      "See docs/settings.md for how it is written");
         return;
     }
@@ -121,8 +148,8 @@ void judgeFirstRun(const HostFacts& facts, Report& report) {
     if (run.storeOpens) {
         judgeInstalled(facts, report);
     } else if (run.storeError == kNotFound) {
-        report.note(kTopic, concat("the first job will install ", run.entries.size(), " values of ",
-                                   run.settingsFile));
+        report.note(kTopic, concat("the first job will install ", run.file.entries.size(),
+                                   " values of ", run.file.path));
     }
 }
 

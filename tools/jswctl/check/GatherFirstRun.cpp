@@ -1,42 +1,19 @@
 #include "tools/jswctl/check/GatherFirstRun.h"
 
-#include "PublicLib/ini/IniReader.h"
+#include "PublicLib/ini/IniText.h"
 #include "PublicLib/text/Text.h"
-#include "PublicLib/win/Handles.h"
 #include "PublicLib/win/Paths.h"
 #include "jsw/FirstRun.h"
 #include "jsw/settings/OfnSettings.h"
 #include "jsw/settings/Settings.h"
 #include "tools/jswctl/check/SettingLists.h"
+#include "tools/jswctl/store/Access.h"
 
 #include <windows.h>
 
 namespace jsw::ctl {
 
 namespace {
-
-bool isInRegistry(const std::string& key, const std::string& name) {
-    KeyHandle handle;
-    return RegOpenKeyExA(HKEY_LOCAL_MACHINE, key.c_str(), 0, KEY_READ, handle.put()) ==
-               ERROR_SUCCESS &&
-           RegQueryValueExA(handle.get(), name.c_str(), nullptr, nullptr, nullptr, nullptr) ==
-               ERROR_SUCCESS;
-}
-
-void readSettingsFile(FirstRunFacts& run) {
-    run.fileExists = GetFileAttributesA(run.settingsFile.c_str()) != INVALID_FILE_ATTRIBUTES;
-    IniReader reader(run.settingsFile);
-    run.fileParsed = run.fileExists && reader.build() && !reader.sections().empty();
-    if (!run.fileParsed) return;
-    run.sections = reader.sections();
-    for (const std::string& section : run.sections) {
-        IniPairs pairs;
-        reader.getSectionData(section, pairs);
-        for (const auto& [name, value] : pairs) {
-            run.entries.push_back({section, name, value, isInRegistry(section, name)});
-        }
-    }
-}
 
 Source sourceOf(Read outcome) {
     switch (outcome) {
@@ -81,7 +58,7 @@ bool isTextSetting(const std::string& key, const std::string& name) {
 /// What the file would put into the store, for the settings that the library knows.
 void readFromFile(const HostFacts& facts, StoreImage& image) {
     const std::string store = facts.storePath + "\\";
-    for (const FileEntry& entry : facts.firstRun.entries) {
+    for (const FileEntry& entry : facts.firstRun.file.entries) {
         if (!equalsIgnoringCase(entry.section.substr(0, store.size()), store)) continue;
         const std::string key = entry.section.substr(store.size());
         const IniTypedValue typed = splitTypedValue(entry.value);
@@ -89,7 +66,7 @@ void readFromFile(const HostFacts& facts, StoreImage& image) {
         const bool isText = typed.type == IniValueType::string;
         StoredValue value;
         value.source =
-            isText == isTextSetting(key, entry.name) ? Source::stored : Source::wrongType;
+            isText == isTextSetting(key, entry.name) ? Source::inFile : Source::wrongType;
         value.text = typed.text;
         value.number = isText ? 0 : leadingNumber(typed.text);
         image.put(key, entry.name, value);
@@ -103,8 +80,8 @@ void gatherFirstRun(HostFacts& facts) {
     run.storeOpens = Settings().isValid();
     run.storeError = run.storeOpens ? 0 : GetLastError();
     run.isPending = run.storeOpens && isFirstRunPending();
-    run.settingsFile = settingsFilePath();
-    readSettingsFile(run);
+    if (run.storeOpens) run.closedKeys = closedKeys(facts.storePath);
+    run.file = readSettingsFile(settingsFilePath());
     if (run.storeOpens) {
         readStore(Settings(), setting::kHostTexts, setting::kHostNumbers, facts.image);
     } else {

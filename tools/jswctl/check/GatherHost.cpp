@@ -56,6 +56,28 @@ std::string initialPath(const StoreImage& image) {
     return joinPath(programFilesFolder(), image.text(setting::kInitialPath).value);
 }
 
+/// "1.1.0" of a file's version resource; empty when there is none.
+std::string fileVersion(const std::string& path) {
+    DWORD ignored = 0;
+    std::vector<char> resource(GetFileVersionInfoSizeA(path.c_str(), &ignored));
+    VS_FIXEDFILEINFO* info = nullptr;
+    UINT size = 0;
+    if (resource.empty() ||
+        GetFileVersionInfoA(path.c_str(), 0, static_cast<DWORD>(resource.size()),
+                            resource.data()) == FALSE ||
+        VerQueryValueA(resource.data(), "\\", reinterpret_cast<void**>(&info), &size) == FALSE) {
+        return {};
+    }
+    return concat(HIWORD(info->dwFileVersionMS), ".", LOWORD(info->dwFileVersionMS), ".",
+                  HIWORD(info->dwFileVersionLS));
+}
+
+void gatherLibrary(HostFacts& facts) {
+    facts.library = gatherModule(libraryKind(), "jsw.dll", std::string(folderPart(facts.hostPath)));
+    facts.libraryVersion = fileVersion(facts.library.fullPath);
+    facts.toolVersion = JSWCTL_VERSION;
+}
+
 void gatherParser(HostFacts& facts) {
     KeyHandle key;
     facts.parserRegistered =
@@ -69,6 +91,9 @@ void gatherParser(HostFacts& facts) {
 /// neither is changed.
 void gatherLog(HostFacts& facts) {
     facts.log = look(BasicLogger::filePath());
+    WIN32_FILE_ATTRIBUTE_DATA data{};
+    GetFileAttributesExA(facts.log.path.c_str(), GetFileExInfoStandard, &data);
+    facts.logSize = (std::uint64_t{data.nFileSizeHigh} << 32) | data.nFileSizeLow;
     const std::string path =
         facts.log.exists ? facts.log.path : std::string(folderPart(facts.log.path));
     const DWORD access = facts.log.exists ? FILE_APPEND_DATA : FILE_ADD_FILE;
@@ -166,6 +191,7 @@ void gatherModulesAndPages(HostFacts& facts, const HostPaths& paths) {
 HostFacts gatherHost() {
     HostFacts facts;
     gatherNames(facts);
+    gatherLibrary(facts);
     gatherFirstRun(facts);
     facts.initialPath = initialPath(facts.image);
     gatherUnknownValues(facts);

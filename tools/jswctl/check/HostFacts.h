@@ -2,6 +2,7 @@
 
 #include "tools/jswctl/check/StoreImage.h"
 #include "tools/jswctl/module/ModuleFacts.h"
+#include "tools/jswctl/store/SettingsFile.h"
 
 #include <cstdint>
 #include <ctime>
@@ -10,24 +11,13 @@
 
 namespace jsw::ctl {
 
-/// One value of the settings file.
-struct FileEntry {
-    std::string section;
-    std::string name;
-    std::string value;  ///< with its type, as it stands in the file
-    bool isInRegistry = false;
-};
-
 /// The store and the file that the first run installs in it.
 struct FirstRunFacts {
     bool storeOpens = false;
     bool isPending = false;        ///< the store's first run is going on, or was cut off
     std::uint32_t storeError = 0;  ///< when it does not open: ERROR_FILE_NOT_FOUND, or what else
-    std::string settingsFile;
-    bool fileExists = false;
-    bool fileParsed = false;
-    std::vector<std::string> sections;
-    std::vector<FileEntry> entries;
+    std::vector<std::string> closedKeys;  ///< of the store, to jobs of ordinary users
+    SettingsFile file;
 };
 
 /// A file or folder that something depends on.
@@ -62,6 +52,10 @@ struct HostFacts {
     std::string driverFolder;
     std::string initialPath;  ///< what a job puts for a missing data or module folder
 
+    ModuleFacts library;  ///< jsw.dll, where Windows would find it for the host
+    std::string libraryVersion;
+    std::string toolVersion;
+
     FirstRunFacts firstRun;
     StoreImage image;
     std::vector<UnknownValue> unknownValues;
@@ -70,6 +64,7 @@ struct HostFacts {
     std::uint32_t parserVersion = 0;  ///< major and minor half of its file; 0: no such file
 
     Presence log;
+    std::uint64_t logSize = 0;   ///< in bytes
     std::uint32_t logError = 0;  ///< why a line could not be written; 0: it could
 
     std::time_t now = 0;

@@ -12,14 +12,13 @@ std::string orElse(const std::string& text, const std::string& fallback) {
 /// A folder that is missing is set by the first job, before anything is loaded.
 std::string folderOf(const HostFacts& facts, const setting::Text& setting) {
     const EffectiveText folder = facts.image.text(setting);
-    return folder.source == Source::stored && !folder.value.empty() ? folder.value
-                                                                    : facts.initialPath;
+    return isSet(folder.source) && !folder.value.empty() ? folder.value : facts.initialPath;
 }
 
 std::string modulePath(const HostFacts& facts, const std::string& folder,
                        const setting::Text& module) {
     const EffectiveText name = facts.image.text(module);
-    return joinPath(folder, name.source == Source::stored && !name.value.empty()
+    return joinPath(folder, isSet(name.source) && !name.value.empty()
                                 ? name.value
                                 : facts.localId + module.defaultValue);
 }
@@ -36,7 +35,7 @@ HostPaths hostPaths(const HostFacts& facts) {
     paths.rules = modulePath(facts, paths.dllPath, setting::kRulesEngineModule);
     paths.legacy = joinPath(facts.driverFolder, facts.localId + "jswo.dll");
     const EffectiveText device = facts.image.text(setting::kPcsClient);
-    paths.device = device.source == Source::stored ? device.value : defaultDeviceClient(facts);
+    paths.device = isSet(device.source) ? device.value : defaultDeviceClient(facts);
     const std::string updater = facts.image.text(setting::kUpdaterExecutable).value;
     if (!updater.empty()) paths.updater = joinPath(paths.dllPath, updater);
     return paths;

@@ -32,7 +32,7 @@ std::string prefixes() {
 
 void judgeRelative(const HostFacts& facts, const setting::Text& folder, Report& report) {
     const EffectiveText path = facts.image.text(folder);
-    if (path.source != Source::stored || path.value.empty() || !isRelative(path.value)) return;
+    if (!isSet(path.source) || path.value.empty() || !isRelative(path.value)) return;
     report.warn("settings",
                 concat(folder.name, " '", path.value,
                        "' is relative: it counts from the current folder of the process, here ",
@@ -79,19 +79,21 @@ void judgeCachedDefault(const HostFacts& facts, Report& report) {
 
 void judgeNames(const HostFacts& facts, Report& report) {
     report.note("host", facts.hostPath);
-    const std::string store = concat("HKLM\\", facts.storePath);
-    if (facts.productLine.empty()) {
-        report.warn("names",
-                    concat("id ", facts.localId,
-                           " begins with no known product line's letters, so "
-                           "its settings lie in ",
-                           store),
-                    concat("Write the settings there, or let the host's name begin with one of: ",
-                           prefixes()));
-    } else {
-        report.note("names", concat("id ", facts.localId, ", product line ", facts.productLine,
-                                    ", settings in ", store));
-    }
+    const std::string line = facts.productLine.empty()
+                                 ? concat("of no product line (", prefixes(), ")")
+                                 : "product line " + facts.productLine;
+    report.note("names",
+                concat("id ", facts.localId, ", ", line, ", settings in HKLM\\", facts.storePath));
+}
+
+void judgeLibrary(const HostFacts& facts, Report& report) {
+    judgeModule(facts.library, report);
+    if (!facts.library.exists || facts.libraryVersion == facts.toolVersion) return;
+    report.warn(
+        "jsw.dll",
+        concat("it is of version ", facts.libraryVersion.empty() ? "none" : facts.libraryVersion,
+               ", this jswctl of ", facts.toolVersion),
+        "Take both from one package");
 }
 
 void judgeSettings(const HostFacts& facts, Report& report) {
@@ -158,6 +160,7 @@ void judgePages(const HostFacts& facts, Report& report) {
 
 void judgeHost(const HostFacts& facts, Report& report) {
     judgeNames(facts, report);
+    judgeLibrary(facts, report);
     judgeFirstRun(facts, report);
     judgeSettings(facts, report);
     judgeParser(facts, report);

@@ -10,6 +10,7 @@ void judgeHost(const HostFacts& facts, Report& report);
 
 /// The parts of it.
 void judgeNames(const HostFacts& facts, Report& report);
+void judgeLibrary(const HostFacts& facts, Report& report);
 void judgeFirstRun(const HostFacts& facts, Report& report);
 void judgeSettings(const HostFacts& facts, Report& report);
 void judgeParser(const HostFacts& facts, Report& report);

@@ -40,9 +40,8 @@ std::string hostDefault(const setting::Text& text, const HostFacts& facts) {
 SettingRow withHostDefault(const setting::Text& text, const HostFacts& facts, SettingRow row) {
     std::string value = hostDefault(text, facts);
     // An empty text counts as missing, but for the device client's.
-    const bool isSet =
-        row.source == Source::stored && (!row.value.empty() || &text == &setting::kPcsClient);
-    if (value.empty() || isSet) return row;
+    const bool isThere = isSet(row.source) && (!row.value.empty() || &text == &setting::kPcsClient);
+    if (value.empty() || isThere) return row;
     row.value = std::move(value);
     if (row.source != Source::wrongType && row.source != Source::unreadable) {
         row.source = Source::fallback;

@@ -8,6 +8,8 @@ const char* sourceName(Source source) {
     switch (source) {
         case Source::stored:
             return "stored";
+        case Source::inFile:
+            return "in the settings file";
         case Source::fallback:
             return "default";
         case Source::missing:
@@ -43,13 +45,13 @@ Source StoreImage::sourceOf(const StoredValue* value, bool hasDefault) const {
 EffectiveText StoreImage::text(const setting::Text& setting) const {
     const StoredValue* value = find(setting.key, setting.name);
     const Source source = sourceOf(value, *setting.defaultValue != '\0');
-    return {source == Source::stored ? value->text : setting.defaultValue, source};
+    return {isSet(source) ? value->text : setting.defaultValue, source};
 }
 
 EffectiveNumber StoreImage::number(const setting::Number& setting) const {
     const StoredValue* value = find(setting.key, setting.name);
     const Source source = sourceOf(value, true);
-    return {source == Source::stored ? value->number : setting.defaultValue, source};
+    return {isSet(source) ? value->number : setting.defaultValue, source};
 }
 
 }  // namespace jsw::ctl

@@ -12,7 +12,7 @@ namespace jsw::ctl {
 
 /// One value as it is stored, or why it is not to be had.
 struct StoredValue {
-    Source source = Source::missing;  ///< stored, missing, wrongType or unreadable
+    Source source = Source::missing;  ///< anything but a fallback
     std::string text{};               ///< of a text
     std::uint32_t number = 0;         ///< of a number
 };

@@ -12,6 +12,9 @@ namespace jsw::ctl {
 
 namespace {
 
+constexpr std::uint64_t kKilobyte = 1024;
+constexpr std::uint64_t kLargeLog = 100 * 1024 * kKilobyte;
+
 std::time_t makeTime(std::tm* time) {
     return std::mktime(time);
 }
@@ -56,10 +59,17 @@ void judgeFlag(const HostFacts& facts, const setting::Number& flag, const char* 
 
 void judgeLog(const HostFacts& facts, Report& report) {
     const bool on = facts.image.number(setting::kStartLog).value != 0;
-    report.note("log", concat(facts.log.path, facts.log.exists ? "" : " (not there yet)",
+    const std::string size = facts.log.exists
+                                 ? concat(", ", (facts.logSize + kKilobyte - 1) / kKilobyte, " KB")
+                                 : " (not there yet)";
+    report.note("log", concat(facts.log.path, size,
                               on ? ", switched on"
                                  : ", errors only; Logger startLog 1 switches "
                                    "the rest on"));
+    if (facts.logSize > kLargeLog) {
+        report.warn("log", "it only grows",
+                    concat("Move it away with 'jswctl log --rotate \"", facts.hostPath, "\"'"));
+    }
     if (facts.log.isFolder || facts.logError != 0) {
         report.warn("log",
                     concat(facts.log.path, " cannot be written",

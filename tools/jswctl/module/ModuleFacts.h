@@ -18,6 +18,9 @@ struct MissingLibrary {
 /// Answer of an entry point that gave a null pointer.
 inline constexpr char kNoAnswer[] = "(none)";
 
+/// Answer of an entry point that said yes.
+inline constexpr char kYes[] = "yes";
+
 /// Answer of an entry point that let a C++ exception out.
 inline constexpr char kException[] = "a C++ exception";
 
@@ -37,6 +40,7 @@ struct ModuleTrial {
     bool timedOut = false;       ///< it was ended because it did not come back
     std::uint32_t exitCode = 0;  ///< of the process: 0, or the code of the exception that ended it
     std::vector<ModuleCall> calls;
+    std::vector<std::string> faults;  ///< what it does wrong with memory, or with a question
 };
 
 /// What was found out about one module.

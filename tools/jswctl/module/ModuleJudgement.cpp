@@ -13,7 +13,7 @@ namespace {
 constexpr double kSlowMilliseconds = 500;
 
 std::string topicOf(const ModuleFacts& facts) {
-    return concat(facts.kind->name, " module");
+    return std::string(facts.kind->topic);
 }
 
 std::string hexadecimal(std::uint32_t code) {
@@ -26,6 +26,12 @@ template <class Names>
 bool holds(const Names& names, std::string_view name) {
     return std::any_of(names.begin(), names.end(),
                        [&](std::string_view known) { return known == name; });
+}
+
+const Need* findNeed(const ModuleKind& kind, std::string_view name) {
+    const auto need = std::find_if(kind.needs.begin(), kind.needs.end(),
+                                   [&](const Need& one) { return one.entryPoint == name; });
+    return need == kind.needs.end() ? nullptr : &*need;
 }
 
 std::string listed(const std::vector<std::string>& names) {
@@ -49,6 +55,11 @@ std::string wrongKindOfFile(const PeFile& file) {
         return concat("a library for another processor (", hexadecimal(file.machine), ")");
     }
     return {};
+}
+
+bool isRightKind(const ModuleFacts& facts) {
+    return facts.exists && !facts.isFolder && facts.unreadable.empty() &&
+           facts.file.problem.empty() && wrongKindOfFile(facts.file).empty();
 }
 
 void judgeFile(const ModuleFacts& facts, Report& report) {
@@ -81,6 +92,12 @@ void judgeEntryPoints(const ModuleFacts& facts, Report& report) {
     for (const std::string& name : facts.file.exports) {
         if (!holds(facts.kind->entryPoints, name)) unknown.push_back(name);
     }
+    if (unknown.size() == facts.file.exports.size()) {
+        return cannotBeUsed(
+            facts, report,
+            concat(facts.fullPath, " exports none of the entry points of a ", facts.kind->topic),
+            concat("Export them, undecorated; the first one is ", facts.kind->entryPoints.front()));
+    }
     std::vector<std::string> absent;
     for (const char* name : facts.kind->entryPoints) {
         if (holds(facts.file.exports, name)) continue;
@@ -90,9 +107,10 @@ void judgeEntryPoints(const ModuleFacts& facts, Report& report) {
             report.error(topicOf(facts),
                          concat("the entry point ", name, " is missing; the module has ", nearest),
                          concat("Export it as ", name, ", undecorated"));
-        } else if (holds(facts.kind->indispensable, name)) {
-            report.error(topicOf(facts), concat("the entry point ", name, " is missing"),
-                         "The module has no effect without it; export it, undecorated");
+        } else if (const Need* need = findNeed(*facts.kind, name); need != nullptr) {
+            report.add(need->mayLack ? Severity::warning : Severity::error, topicOf(facts),
+                       concat("the entry point ", name, " is missing: ", need->loss),
+                       "Export it, undecorated");
         } else {
             absent.emplace_back(name);
         }
@@ -121,6 +139,12 @@ void judgeCall(const ModuleFacts& facts, const ModuleCall& call, Report& report)
     }
 }
 
+}  // namespace
+
+bool isLoadable(const ModuleFacts& facts) {
+    return isRightKind(facts) && facts.missing.empty();
+}
+
 void judgeTrial(const ModuleFacts& facts, Report& report) {
     const ModuleTrial& trial = facts.trial;
     if (!trial.started && trial.problem.empty()) return;
@@ -138,23 +162,16 @@ void judgeTrial(const ModuleFacts& facts, Report& report) {
         cannotBeUsed(facts, report, concat("it ends the process in ", last),
                      "The host would end with it; a module must not call exit()");
     }
+    for (const std::string& fault : trial.faults) {
+        report.error(topicOf(facts), fault, "See what its header says on memory and on its calls");
+    }
     for (const ModuleCall& call : trial.calls) judgeCall(facts, call, report);
-}
-
-}  // namespace
-
-bool isLoadable(const ModuleFacts& facts) {
-    return facts.exists && !facts.isFolder && facts.unreadable.empty() &&
-           facts.file.problem.empty() && wrongKindOfFile(facts.file).empty() &&
-           facts.missing.empty();
 }
 
 void judgeModule(const ModuleFacts& facts, Report& report) {
     report.note(topicOf(facts), concat("file ", facts.fullPath));
     judgeFile(facts, report);
-    const bool hasEntryPoints = facts.exists && !facts.isFolder && facts.unreadable.empty() &&
-                                facts.file.problem.empty() && facts.file.isDll;
-    if (hasEntryPoints) judgeEntryPoints(facts, report);
+    if (isRightKind(facts)) judgeEntryPoints(facts, report);
     judgeTrial(facts, report);
 }
 

@@ -12,6 +12,9 @@ bool isLoadable(const ModuleFacts& facts);
 /// Says what is wrong with a module, or that nothing is.
 void judgeModule(const ModuleFacts& facts, Report& report);
 
+/// Says what went wrong when the module was tried.
+void judgeTrial(const ModuleFacts& facts, Report& report);
+
 /// One note for each call that the trial has made, with its time.
 void tellCalls(const ModuleFacts& facts, Report& report);
 

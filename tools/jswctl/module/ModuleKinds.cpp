@@ -20,22 +20,43 @@ constexpr const char* kLegacy[] = {JSW_LEGACY_ENTRY_POINTS(JSWCTL_NAME)};
 constexpr const char* kDevice[] = {JSW_DEVICE_ENTRY_POINTS(JSWCTL_NAME)};
 #undef JSWCTL_NAME
 
-constexpr const char* kViewNeeds[] = {"Initialize", "DisplayBillboard", "ShowGui"};
-constexpr const char* kCatalogNeeds[] = {"Initialize", "GetBillboardFileName"};
-constexpr const char* kRulesNeeds[] = {"InitializeEngine", "IsMoreRules", "EvaluateRule"};
-constexpr const char* kLegacyNeeds[] = {"JSWInitEx", "JSWDisplayPrompt"};
-constexpr const char* kDeviceNeeds[] = {"PcsInitialize", "PcsGetClientId",
-                                        "PcsEnumWindowsPrinters"};
+constexpr Need kViewNeeds[] = {
+    {"DisplayBillboard", "no page is shown", true},
+    {"ShowGui", "no window comes up, unless the view does without", true}};
+constexpr Need kCatalogNeeds[] = {
+    {"Initialize", "the catalog has no memory to answer with"},
+    {"GetBillboardFileName", "no page is found and no billboard is shown"}};
+constexpr Need kRulesNeeds[] = {{"InitializeEngine", "no rule is asked"},
+                                {"IsMoreRules", "no rule is asked"},
+                                {"EvaluateRule", "no billboard is chosen"}};
+constexpr Need kLegacyNeeds[] = {{"JSWInitEx", "no prompt is shown"},
+                                 {"JSWDisplayPrompt", "no prompt is shown"}};
+constexpr Need kDeviceNeeds[] = {{"PcsInitialize", "nothing is known of printers"},
+                                 {"PcsGetClientId", "nothing is known of printers"},
+                                 {"PcsEnumWindowsPrinters", "no printer is found"}};
 
 constexpr ModuleKind kKinds[] = {
-    {"view", kView, kViewNeeds, "JSWInit answers 0 and there is no job window", true},
-    {"catalog", kCatalog, kCatalogNeeds, "no billboard is shown", true},
-    {"rules", kRules, kRulesNeeds, "no billboard is chosen for a job", true},
-    {"legacy", kLegacy, kLegacyNeeds, "JSWDisplayPrompt asks nobody", false},
-    {"device", kDevice, kDeviceNeeds, "nothing is known of real printers and their ink", false},
+    {"view", "view module", kView, kViewNeeds, "JSWInit answers 0 and there is no job window",
+     true},
+    {"catalog", "catalog module", kCatalog, kCatalogNeeds, "no billboard is shown", true},
+    {"rules", "rules module", kRules, kRulesNeeds, "no billboard is chosen for a job", true},
+    {"legacy", "legacy module", kLegacy, kLegacyNeeds, "JSWDisplayPrompt asks nobody", false},
+    {"device", "device module", kDevice, kDeviceNeeds,
+     "nothing is known of real printers and their ink", false},
 };
 
+constexpr const char* kLibrary[] = {"JSWInit",          "JSWTerminate",    "JSWUpdateInfo",
+                                    "JSWDisplayPrompt", "JSWPostDlgMsg",   "JSWFilterDllMsg",
+                                    "JSWGetAPIVersion", "JSWGetWindowHwnd"};
+constexpr ModuleKind kLibraryKind = {
+    "jsw", "jsw.dll", kLibrary, {}, "a host that does not load it from elsewhere has no job window",
+    false};
+
 }  // namespace
+
+const ModuleKind& libraryKind() {
+    return kLibraryKind;
+}
 
 std::span<const ModuleKind> moduleKinds() {
     return kKinds;

@@ -15,8 +15,7 @@ namespace jsw::ctl {
 
 namespace {
 
-constexpr DWORD kPatience = 20000;  // milliseconds until a module is taken to hang
-constexpr DWORD kPollInterval = 10;
+constexpr DWORD kPollInterval = 10;  // milliseconds
 
 /// A copy of this program under the host's name, in a folder of its own, while the object lives.
 class NamedCopy {
@@ -102,45 +101,65 @@ KernelHandle openNull() {
                                     0, nullptr));
 }
 
-std::string withoutBackslash(std::string folder) {
-    while (folder.size() > 1 && folder.back() == '\\') folder.pop_back();
-    return folder;
+/// A word as a program's start-up code takes a command line apart.
+std::string quoted(const std::string& text) {
+    std::string result = "\"";
+    std::size_t backslashes = 0;
+    for (const char letter : text) {
+        if (letter == '"') result.append(backslashes + 1, '\\');
+        backslashes = letter == '\\' ? backslashes + 1 : 0;
+        result += letter;
+    }
+    return result.append(backslashes, '\\') + "\"";
 }
 
 std::string commandLine(const std::string& program, const ModuleKind& kind, const std::string& path,
                         const TrialPlan& plan, HANDLE pipe) {
     std::string command =
-        concat("\"", program, "\" try ", kind.name, " \"", path, "\" --scope ",
+        concat(quoted(program), " try ", kind.name, " ", quoted(path), " --scope ",
                static_cast<int>(plan.scope), " --pipe ", reinterpret_cast<std::uintptr_t>(pipe),
-               " --folder \"", withoutBackslash(plan.hostFolder), "\"");
-    // An id with a quotation mark could not be told apart from the rest.
-    for (const std::string& id : plan.billboardIds) {
-        if (id.find('"') == std::string::npos) command += concat(" --id \"", id, "\"");
-    }
+               " --pages=", plan.job.pages, " --copies=", plan.job.copies,
+               " --shown=", plan.job.shownMilliseconds, " ",
+               quoted("--data=" + plan.job.dataFolder), " ", quoted("--folder=" + plan.hostFolder),
+               " ", quoted("--job=" + plan.job.name), " ", quoted("--printer=" + plan.job.printer));
+    for (const std::int32_t percent : plan.job.ink) command += concat(" --ink=", percent);
+    for (const std::string& id : plan.billboardIds) command += " " + quoted("--id=" + id);
     return command;
 }
 
-KernelHandle start(const std::string& program, std::string command) {
+/// What ends with its last handle, and with it all that runs in it, however this process ends.
+KernelHandle makeCage() {
+    KernelHandle cage(CreateJobObjectA(nullptr, nullptr));
+    JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
+    limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
+    SetInformationJobObject(cage.get(), JobObjectExtendedLimitInformation, &limits, sizeof limits);
+    return cage;
+}
+
+KernelHandle start(const std::string& program, std::string command, HANDLE cage) {
     const KernelHandle null = openNull();
     STARTUPINFOA startup{};
     startup.cb = sizeof startup;
     startup.dwFlags = STARTF_USESTDHANDLES;
     startup.hStdInput = startup.hStdOutput = startup.hStdError = null.get();
     PROCESS_INFORMATION info{};
-    if (CreateProcessA(program.c_str(), command.data(), nullptr, nullptr, TRUE, CREATE_NO_WINDOW,
-                       nullptr, nullptr, &startup, &info) == FALSE) {
+    if (CreateProcessA(program.c_str(), command.data(), nullptr, nullptr, TRUE,
+                       CREATE_NO_WINDOW | CREATE_SUSPENDED, nullptr, nullptr, &startup,
+                       &info) == FALSE) {
         return {};
     }
     const KernelHandle thread(info.hThread);
+    AssignProcessToJobObject(cage, info.hProcess);
+    ResumeThread(thread.get());
     return KernelHandle(info.hProcess);
 }
 
-/// Reads along until the process ends or patience does.
-void watch(HANDLE process, LineReader& lines, ModuleTrial& trial) {
+/// Reads along until the process ends or the time does.
+void watch(HANDLE process, DWORD milliseconds, LineReader& lines, ModuleTrial& trial) {
     const DWORD begin = GetTickCount();
     while (WaitForSingleObject(process, kPollInterval) == WAIT_TIMEOUT) {
         lines.takeAll();
-        if (GetTickCount() - begin < kPatience) continue;
+        if (GetTickCount() - begin < milliseconds) continue;
         trial.timedOut = true;
         TerminateProcess(process, ERROR_TIMEOUT);
         WaitForSingleObject(process, INFINITE);
@@ -158,8 +177,9 @@ ModuleTrial tryModule(const ModuleKind& kind, const std::string& path, const Tri
     ModuleTrial trial;
     const NamedCopy copy(plan.hostName);
     Pipe pipe;
-    const KernelHandle process =
-        start(copy.path(), commandLine(copy.path(), kind, path, plan, pipe.writer.get()));
+    const KernelHandle cage = makeCage();
+    const KernelHandle process = start(
+        copy.path(), commandLine(copy.path(), kind, path, plan, pipe.writer.get()), cage.get());
     pipe.writer.reset();
     if (!process) {
         trial.problem = concat("it could not be tried: ", errorText(GetLastError()));
@@ -167,7 +187,7 @@ ModuleTrial tryModule(const ModuleKind& kind, const std::string& path, const Tri
     }
     trial.started = true;
     LineReader lines(pipe.reader.get(), trial);
-    watch(process.get(), lines, trial);
+    watch(process.get(), plan.seconds * 1000, lines, trial);
     return trial;
 }
 

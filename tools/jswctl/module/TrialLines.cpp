@@ -60,6 +60,9 @@ std::string end(double milliseconds, const std::string& answer) {
 std::string problem(const std::string& text) {
     return asLine({{"problem", packed(text)}});
 }
+std::string fault(const std::string& text) {
+    return asLine({{"fault", packed(text)}});
+}
 std::string finished() {
     return asLine({{"finished", true}});
 }
@@ -78,6 +81,8 @@ void takeTrialLine(std::string_view line, ModuleTrial& trial) {
         call.answer = textOf(object, "answer");
     } else if (object.contains("problem")) {
         trial.problem = textOf(object, "problem");
+    } else if (object.contains("fault")) {
+        trial.faults.push_back(textOf(object, "fault"));
     } else if (object.contains("finished")) {
         trial.finished = true;
     }

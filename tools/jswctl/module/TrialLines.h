@@ -14,6 +14,7 @@ namespace trialline {
 std::string begin(const std::string& call);
 std::string end(double milliseconds, const std::string& answer);
 std::string problem(const std::string& text);
+std::string fault(const std::string& text);
 std::string finished();
 
 }  // namespace trialline

@@ -1,0 +1,112 @@
+#include "tests/tools/check/ReportMatchers.h"
+#include "tools/jswctl/content/ContentJudgement.h"
+
+#include <gtest/gtest.h>
+
+namespace jsw::ctl {
+namespace {
+
+sample::XmlNode node(const std::string& name, std::map<std::string, std::string, std::less<>> with,
+                     std::vector<sample::XmlNode> children = {}) {
+    return {name, std::move(with), {}, std::move(children)};
+}
+
+ContentPage page(const std::string& name, const std::string& language, const std::string& text) {
+    ContentPage result;
+    result.name = name;
+    result.language = language;
+    result.fileName = name + language;
+    result.parsed = view::parseBillboard(text);
+    return result;
+}
+
+/// A folder without fault: two pages, one of them in German, a category and a rule.
+ContentFacts goodContent() {
+    ContentFacts facts;
+    sample::XmlNode action = node("action", {});
+    action.text = "http://shop.example.com";
+    facts.catalog.root =
+        node("catalog", {},
+             {node("billboard", {{"id", "DEFAULT"}, {"file", "a.jbb"}}),
+              node("billboard", {{"id", "INK_STATUS"}, {"file", "b.jbb"}}, {action}),
+              node("category", {{"id", "INK"}}, {node("project", {{"id", "INK_STATUS"}})})});
+    facts.rules.root = node("rules", {}, {node("rule", {{"result", "INK"}})});
+    facts.pages = {
+        page("a.jbb", "", "title=A"),
+        page("b.jbb", "", "title=B\nbutton=&Order|LAUNCH_URL|0\n"),
+        page("b.jbb", "de", "title=B\nbutton=&Patronen|LAUNCH_URL|0\n"),
+    };
+    return facts;
+}
+
+struct ContentRow {
+    const char* name;
+    void (*spoil)(ContentFacts& facts);
+    Severity severity;
+    const char* finding;
+};
+
+TEST(ContentJudgementTest, EachMistakeIsNamed) {
+    constexpr auto kError = Severity::error;
+    constexpr auto kWarning = Severity::warning;
+    const ContentRow rows[] = {
+        {"no id", [](ContentFacts& f) { f.catalog.root->children[0].attributes.erase("id"); },
+         kError, "a <billboard> has no id"},
+        {"twice", [](ContentFacts& f) { f.catalog.root->children[1].attributes["id"] = "DEFAULT"; },
+         kError, "two of the id DEFAULT"},
+        {"no page", [](ContentFacts& f) { f.pages.erase(f.pages.begin()); }, kError,
+         "DEFAULT: there is no page Scripts\\a.jbb"},
+        {"unused", [](ContentFacts& f) { f.catalog.root->children[0].attributes.erase("file"); },
+         kWarning, "no billboard of the catalog has this page"},
+        {"empty action", [](ContentFacts& f) { f.catalog.root->children[1].children[0].text = ""; },
+         kWarning, "INK_STATUS: action 0 is empty"},
+        {"action number", [](ContentFacts& f) { f.catalog.root->children[1].children.clear(); },
+         kError, "'&Patronen' takes action 0, and INK_STATUS has 0"},
+        {"action",
+         [](ContentFacts& f) { f.pages[0] = page("a.jbb", "", "title=A\nbutton=B|NIX|0"); },
+         kWarning, "'B' reports NIX"},
+        {"category",
+         [](ContentFacts& f) {
+             f.catalog.root->children[2].children[0].attributes["id"] = "INK_STATSU";
+         },
+         kError, "INK_STATSU, which is no billboard. Was INK_STATUS meant?"},
+        {"rule", [](ContentFacts& f) { f.rules.root->children[0].attributes["result"] = "X"; },
+         kError, "rule 1: X is neither a category nor a billboard"},
+        {"condition",
+         [](ContentFacts& f) { f.rules.root->children[0].children = {node("inc", {})}; }, kError,
+         "rule 1: unknown condition <inc>"},
+        {"broken XML",
+         [](ContentFacts& f) {
+             f.catalog = {{}, "line 3: no end"};
+         },
+         kError, "catalog.xml: line 3: no end"},
+        {"broken page", [](ContentFacts& f) { f.pages[0] = page("a.jbb", "", "no title"); }, kError,
+         "a line before the first empty line has no \"=\""},
+        {"access key",
+         [](ContentFacts& f) { f.pages[0] = page("a.jbb", "", "title=A\nbutton=&Now|NEXT|0"); },
+         kWarning, "the access key of '&Now'"},
+        {"theme", [](ContentFacts& f) { f.pages[0].head["theme"] = "red"; }, kWarning,
+         "there is no theme 'red'"},
+        {"picture",
+         [](ContentFacts& f) { f.pages[0] = page("a.jbb", "", "title=A\npicture=p.bmp"); },
+         kWarning, "there is no picture Scripts\\p.bmp"},
+        {"language", [](ContentFacts& f) { f.pages[2].language = "xx"; }, kWarning,
+         "the window does not speak 'xx'"},
+        {"other buttons", [](ContentFacts& f) { f.pages[2] = page("b.jbb", "de", "title=B"); },
+         kWarning, "do other things than those of b.jbb"},
+    };
+    for (const ContentRow& row : rows) {
+        ContentFacts facts = goodContent();
+        row.spoil(facts);
+        Report report;
+        judgeContent(facts, report);
+        EXPECT_TRUE(has(report, row.severity, row.finding)) << row.name << "\n" << asText(report);
+    }
+    Report good;
+    judgeContent(goodContent(), good);
+    EXPECT_EQ(good.count(kError) + good.count(kWarning), 0U) << asText(good);
+    EXPECT_TRUE(has(good, Severity::note, "a.jbb: not in: de"));
+}
+
+}  // namespace
+}  // namespace jsw::ctl

@@ -1,0 +1,59 @@
+// A catalog with the fault that JSWCTL_FAULT names.
+
+#include <jsw/catalog.h>
+
+#include <windows.h>
+
+#include <cstring>
+
+JSW_CATALOG_ENTRY_POINTS(JSW_MODULE_DECLARE)
+
+static JswAllocate allocateText;
+
+void Initialize(JswAllocate allocate) {
+    allocateText = allocate;
+}
+
+void UnInitialize() {
+}
+
+char* GetBillboardFileName(const char*) {
+    char fault[16] = {};
+    GetEnvironmentVariableA("JSWCTL_FAULT", fault, sizeof fault);
+    static char literal[] = "page.jbb";
+    if (std::strcmp(fault, "literal") == 0) return literal;
+    if (std::strcmp(fault, "leak") == 0) allocateText(100);
+    if (std::strcmp(fault, "loop") == 0) {
+        CreateMutexA(nullptr, FALSE, "jswctl-test-loop");  // gone when this process is
+        for (volatile bool on = true; on;) Sleep(1);
+    }
+    if (std::strcmp(fault, "crash") == 0) {
+        volatile char* const nowhere = nullptr;
+        *nowhere = 0;
+    }
+    return static_cast<char*>(std::memcpy(allocateText(sizeof literal), literal, sizeof literal));
+}
+
+char* GetBillboardType(const char*) {
+    return nullptr;
+}
+
+char* GetBillboardCarts(const char*) {
+    return nullptr;
+}
+
+char** GetBillboardIds(const char*) {
+    return nullptr;
+}
+
+char** GetBillboardActions(const char*) {
+    return nullptr;
+}
+
+JswBool GetBillboardEnableNavigation(const char*) {
+    return 0;
+}
+
+JswBool GetBillboardRestoreWindow(const char*) {
+    return 0;
+}

@@ -1,0 +1,81 @@
+#include "PublicLib/text/Text.h"
+#include "PublicLib/win/Paths.h"
+#include "PublicLib/win/SystemFolders.h"
+#include "tools/jswctl/Command.h"
+#include "tools/jswctl/Host.h"
+#include "tools/jswctl/Report.h"
+#include "tools/jswctl/content/ContentJudgement.h"
+#include "tools/jswctl/content/GatherContent.h"
+#include "tools/jswctl/module/ModuleJudgement.h"
+#include "tools/jswctl/module/Trial.h"
+#include "window/view/Strings.h"
+
+#include <windows.h>
+
+#include <memory>
+
+namespace jsw::ctl {
+
+namespace {
+
+struct ContentOptions {
+    std::string folder;
+    std::string show;
+    unsigned seconds = 5;
+    bool json = false;
+};
+
+/// Shows a page in the job window that lies beside this program, in each of its languages.
+void showPage(const ContentOptions& options, const std::string& folder, Report& report) {
+    constexpr unsigned kMargin = 20;  // seconds for all but the showing
+    const std::string tools(folderPart(moduleFileName(nullptr)));
+    TrialPlan plan;
+    plan.scope = TrialScope::calls;
+    plan.hostFolder = tools;
+    plan.job.dataFolder = folder;
+    plan.billboardIds = {options.show};
+    plan.job.shownMilliseconds = options.seconds * 1000;
+    plan.seconds = options.seconds + kMargin;
+    ModuleFacts window;
+    window.kind = findModuleKind("view");
+    window.fullPath = joinPath(tools, "jswv.dll");
+    for (const auto* each = view::Language::first(); each != nullptr; each = each->next()) {
+        SetEnvironmentVariableA("JSW_WINDOW_LANGUAGE", each->code());
+        window.trial = tryModule(*window.kind, window.fullPath, plan);
+        judgeTrial(window, report);
+        report.note(options.show, concat("shown in ", each->code()));
+    }
+}
+
+int checkContent(const ContentOptions& options) {
+    const std::string folder = inFull(options.folder);
+    const DWORD attributes = GetFileAttributesA(folder.c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0) {
+        throw BadUse("there is no folder '" + options.folder + "'");
+    }
+    Report report;
+    judgeContent(gatherContent(folder), report);
+    if (!options.show.empty()) showPage(options, folder, report);
+    return show(report, folder, options.json);
+}
+
+}  // namespace
+
+void addContentCommand(CLI::App& program, Action& action) {
+    auto* command = program.add_subcommand(
+        "content", "Checks catalog, pages and rules of a data folder in the sample format.");
+    const auto options = std::make_shared<ContentOptions>();
+    command->add_option("FOLDER", options->folder, "the folder that DataPath names")->required();
+    command
+        ->add_option("--show", options->show,
+                     "shows this page in the job window, too, in each language")
+        ->type_name("PAGE.jbb");
+    command
+        ->add_option("--seconds", options->seconds, "for how long each, unless it is closed before")
+        ->check(CLI::Range(1, 3600));
+    command->add_flag("--json", options->json, "tell it as one JSON object");
+    command->callback(
+        [&action, options] { action = [options] { return checkContent(*options); }; });
+}
+
+}  // namespace jsw::ctl

@@ -1,0 +1,160 @@
+#include "tools/jswctl/content/ContentJudgement.h"
+
+#include "PublicLib/text/Text.h"
+#include "samples/rules/RuleReader.h"
+#include "tools/jswctl/NearestName.h"
+#include "tools/jswctl/content/PageJudgement.h"
+
+#include <algorithm>
+#include <set>
+
+namespace jsw::ctl {
+
+namespace {
+
+constexpr char kCatalog[] = "catalog.xml";
+constexpr char kRules[] = "rules.xml";
+
+using Ids = std::set<std::string>;
+
+/// ". Was X meant?" or what else to do about an id that nobody knows.
+std::string remedyFor(const std::string& id, const Ids& known, const char* otherwise) {
+    const std::string nearest = nearestName(id, {known.begin(), known.end()});
+    return nearest.empty() ? otherwise : concat("Was ", nearest, " meant?");
+}
+
+/// Notes an element's id; false, and told, when it has none.
+bool takeId(const sample::XmlNode& element, Ids& ids, Report& report) {
+    const std::string id = element.attribute("id");
+    if (id.empty()) {
+        report.error(kCatalog, concat("a <", element.name, "> has no id and is left out"),
+                     "Give it one");
+    } else if (!ids.insert(id).second) {
+        report.error(kCatalog, concat("there are two of the id ", id, "; the last one counts"),
+                     "Take one away");
+    }
+    return !id.empty();
+}
+
+/// The actions that buttons can name: an empty one ends them.
+std::size_t countActions(const sample::XmlNode& billboard, Report& report) {
+    std::size_t count = 0;
+    for (const sample::XmlNode& child : billboard.children) {
+        if (child.name != "action") continue;
+        if (child.text.empty()) {
+            report.warn(kCatalog,
+                        concat(billboard.attribute("id"), ": action ", count,
+                               " is empty; it and those behind it do not count"),
+                        "Write an address or a command");
+            break;
+        }
+        ++count;
+    }
+    return count;
+}
+
+void judgeBillboard(const sample::XmlNode& billboard, const ContentFacts& facts, Ids& used,
+                    Report& report) {
+    const std::string id = billboard.attribute("id");
+    const std::string file = billboard.attribute("file");
+    const std::size_t actions = countActions(billboard, report);
+    if (file.empty()) {
+        report.warn(kCatalog, concat(id, " names no file: it is never shown"), "Name its page");
+        return;
+    }
+    used.insert(toLower(file));
+    bool isThere = false;
+    for (const ContentPage& page : facts.pages) {
+        if (!equalsIgnoringCase(page.name, file)) continue;
+        isThere = isThere || page.language.empty();
+        judgeActions(page, id, actions, report);
+    }
+    if (!isThere) {
+        report.error(kCatalog, concat(id, ": there is no page Scripts\\", file),
+                     "Put it there or correct the name");
+    }
+}
+
+void judgeCategory(const sample::XmlNode& category, const Ids& billboards, Report& report) {
+    const std::string id = category.attribute("id");
+    std::size_t projects = 0;
+    for (const sample::XmlNode& child : category.children) {
+        if (child.name != "project") continue;
+        ++projects;
+        const std::string project = child.attribute("id");
+        if (billboards.contains(project)) continue;
+        report.error(kCatalog,
+                     concat("category ", id, " names ", project, ", which is no billboard"),
+                     remedyFor(project, billboards, "Add the billboard or take it out"));
+    }
+    if (projects == 0) {
+        report.warn(kCatalog, concat("category ", id, " has no billboards"), "Add some");
+    }
+}
+
+void judgeRules(const sample::XmlNode& root, const Ids& results, Report& report) {
+    try {
+        std::size_t number = 0;
+        for (const sample::Rule& rule : sample::readRules(root)) {
+            ++number;
+            if (results.contains(rule.result)) continue;
+            report.error(kRules,
+                         concat("rule ", number, ": ", rule.result,
+                                " is neither a category nor a billboard of the catalog"),
+                         remedyFor(rule.result, results, "Add it there or correct the rule"));
+        }
+        report.note(kRules, concat(number, " rules"));
+    } catch (const sample::RuleError& error) {
+        report.error(kRules, concat(error.what(), "; the engine refuses the whole file"),
+                     "See docs/sample-modules.md for the conditions");
+    }
+}
+
+}  // namespace
+
+void judgeContent(const ContentFacts& facts, Report& report) {
+    Ids billboards;
+    Ids categories;
+    Ids used;
+    if (facts.catalog.root) {
+        const auto& elements = facts.catalog.root->children;
+        for (const sample::XmlNode& element : elements) {
+            if (element.name == "billboard" && takeId(element, billboards, report)) {
+                judgeBillboard(element, facts, used, report);
+            }
+        }
+        for (const sample::XmlNode& element : elements) {
+            if (element.name == "category" && takeId(element, categories, report)) {
+                judgeCategory(element, billboards, report);
+            }
+        }
+        if (!billboards.contains("DEFAULT")) {
+            report.error(kCatalog, "there is no billboard DEFAULT: jobs start without a page",
+                         "Add it, unless the host's settings name another");
+        }
+        if (!billboards.contains("INK_STATUS")) {
+            report.warn(kCatalog, "there is no billboard INK_STATUS: its button does nothing",
+                        "Add it");
+        }
+        report.note(kCatalog,
+                    concat(billboards.size(), " billboards, ", categories.size(), " categories"));
+    } else {
+        report.error(kCatalog, facts.catalog.problem, "No page is shown without it");
+    }
+    for (const ContentPage& page : facts.pages) {
+        judgePage(page, facts, report);
+        if (facts.catalog.root && !used.contains(toLower(page.name))) {
+            report.warn(page.fileName, "no billboard of the catalog has this page",
+                        "Name it in catalog.xml or take it away");
+        }
+    }
+    if (!facts.rules.root) {
+        report.error(kRules, facts.rules.problem, "Jobs stay with their first page without it");
+    } else if (facts.catalog.root) {
+        Ids results = billboards;
+        results.insert(categories.begin(), categories.end());
+        judgeRules(*facts.rules.root, results, report);
+    }
+}
+
+}  // namespace jsw::ctl

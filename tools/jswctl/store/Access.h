@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace jsw::ctl {
+
+/// The first key of a path below HKEY_LOCAL_MACHINE that does not exist; empty when all do.
+std::string firstMissingKey(const std::string& path);
+
+/// Gives a key and all below it the access list that the jobs of every user need: all rights for
+/// everyone. Throws Win32Exception when it cannot. A key that does not exist is passed over.
+void openToEveryone(const std::string& path);
+
+/// The key and those below it that an ordinary user cannot open with all rights, as jobs do.
+std::vector<std::string> closedKeys(const std::string& path);
+
+}  // namespace jsw::ctl
