@@ -3,12 +3,12 @@
 #include "jsw/Controller.h"
 
 #include "PublicLib/NeverDestroyed.h"
+#include "PublicLib/calls/NoWaiting.h"
 #include "PublicLib/errors/Exception.h"
 #include "PublicLib/locks/Singleton.h"
 #include "PublicLib/logging/MethodTrace.h"
 #include "PublicLib/os/OsVersion.h"
 #include "jsw/BillboardChoice.h"
-#include "jsw/StatusCallback.h"
 #include "jsw/XmlParserLibrary.h"
 #include "jsw/modules/LegacyJswGui.h"
 #include "jsw/settings/Settings.h"
@@ -20,21 +20,6 @@ namespace jsw {
 namespace {
 
 NeverDestroyed<Singleton<Controller>> singleton;
-
-/// Tells the watch, at its end, that the rules thread has left the last module. The driver may have
-/// ended the job meanwhile: the watch may end it now, and let go of the controller.
-class RulesRun {
-  public:
-    explicit RulesRun(JobWatch* watch) : watch_(watch) {}
-    ~RulesRun() {
-        if (watch_ != nullptr) watch_->rulesEnd();
-    }
-    RulesRun(const RulesRun&) = delete;
-    RulesRun& operator=(const RulesRun&) = delete;
-
-  private:
-    JobWatch* watch_;
-};
 
 }  // namespace
 
@@ -127,30 +112,23 @@ bool Controller::startRules() {
     rulesRunnable_ = std::make_unique<RunnableMethod<Controller>>(this, &Controller::ProcessRules);
     rulesThread_ = std::make_unique<Thread>(rulesRunnable_.get());
     try {
-        launchRules();
+        rulesThread_->launch();
     } catch (const Win32Exception& error) {
         logLine(component::kJsw, kLogError, "ERROR: unable to create rules processing thread.");
         logLine(component::kJsw, kLogError, error.text());
+        rulesThread_.reset();
         return false;
     }
     return true;
 }
 
-void Controller::launchRules() {
-    JobWatch* const watch = watch_;
-    if (watch != nullptr) watch->rulesStart();
-    try {
-        rulesThread_->launch();
-    } catch (...) {
-        if (watch != nullptr) watch->rulesEnd();
-        throw;
-    }
+bool Controller::isChoosing() const {
+    return rulesThread_ && !rulesThread_->wait(0);
 }
 
 void Controller::ProcessRules() {
-    const RulesRun run(watch_);
-    const std::shared_ptr<Controller> self = weak_from_this().lock();
-    if (self) chooseBillboard(job_, *this, *view_, texts_, stop_);  // else it is over already
+    const NoWaiting onTheRulesThread;
+    chooseBillboard(job_, *this, *view_, texts_, stop_);
 }
 
 void Controller::stopRules() {
@@ -213,16 +191,14 @@ void Controller::jswPostDlgMsg(void* message) {
     legacyGui_->jswPostDlgMsg(message);
 }
 
-void Controller::update(Subject* subject) {
+void Controller::update(Subject* subject, const WindowEvent& event) {
     MethodTrace trace(component::kJsw, "Controller::update: ");
-    const auto* view = dynamic_cast<BillboardView*>(subject);
-    if (view == nullptr) {
+    if (subject == nullptr) {
         trace.add("Updated called by unknown object");
         return;
     }
-    const auto status = static_cast<std::uint32_t>(view->jswEvent());
     stop_ = true;
-    switch (status) {
+    switch (event.status) {
         case JSW_STATUS_GUI_CLOSED:
             trace.add("JSW GUI closed");
             return;  // the driver is not told that the window was closed
@@ -233,13 +209,10 @@ void Controller::update(Subject* subject) {
             trace.add("job cancelled");
             break;
         default:
-            trace.add("unknown status(=", status, ") in callback");
+            trace.add("unknown status(=", event.status, ") in callback");
             break;
     }
-    const JobWatch* const watch = watch_;
-    const bool isOver =
-        (watch != nullptr && watch->isEndNoted()) || BillboardView::isEventOutlived();
-    if (!isOver) reportStatus(status);
+    event.session.report(event.status);
 }
 
 }  // namespace jsw

@@ -4,6 +4,7 @@
 #include "jsw/Thread.h"
 #include "jsw/modules/BillboardView.h"
 #include "jsw/modules/Job.h"
+#include "jsw/modules/JobSession.h"
 
 #include <atomic>
 #include <cstdint>
@@ -23,26 +24,10 @@ struct BillboardData {
     bool restore = false;
 };
 
-/// Whoever starts and ends jobs, as a controller sees him.
-class JobWatch {
-  public:
-    /// The rules thread is about to start.
-    virtual void rulesStart() = 0;
-    /// Called on the rules thread when it has left the last module.
-    virtual void rulesEnd() = 0;
-    /// Whether the driver has ended the job already: it wants no more status codes.
-    virtual bool isEndNoted() const = 0;
-
-  protected:
-    ~JobWatch() = default;
-};
-
 /// Carries one print job from JSWInit to JSWTerminate. The jsw… operations run on the driver's
 /// threads, one at a time; update() and doBillboardCallback() on threads of the view module;
 /// ProcessRules() on a worker thread of its own, one per job.
-class Controller : public Observer,
-                   public BillboardActions,
-                   public std::enable_shared_from_this<Controller> {
+class Controller : public Observer, public BillboardActions {
   public:
     static std::shared_ptr<Controller> instance();
     static void destroy();
@@ -51,9 +36,6 @@ class Controller : public Observer,
     ~Controller() override;
     Controller(const Controller&) = delete;
     Controller& operator=(const Controller&) = delete;
-
-    /// @param watch  must outlive this object; told of the jobs from now on
-    void setWatch(JobWatch* watch) { watch_ = watch; }
 
     // The job (Controller.cpp).
 
@@ -68,7 +50,9 @@ class Controller : public Observer,
     /// Does nothing while there is no prompt.
     void jswPostDlgMsg(void* message);
     /// The view's window reports an event.
-    void update(Subject* subject) override;
+    void update(Subject* subject, const WindowEvent& event) override;
+
+    bool isChoosing() const override;
 
     // Billboards (ControllerBillboards.cpp).
 
@@ -86,7 +70,6 @@ class Controller : public Observer,
     void setDataPath(const std::string& path);
     void stopRules();
     bool startRules();
-    void launchRules();
     void ProcessRules();
     void runLegacyPrompt(std::uint32_t promptType, std::uint32_t totalPages);
 
@@ -100,7 +83,6 @@ class Controller : public Observer,
     void launchUrl(std::uint32_t actionId);
     void walkHistory(const std::string& bbId, MethodTrace& trace);
 
-    std::atomic<JobWatch*> watch_{nullptr};
     std::shared_ptr<BillboardView> view_;  // kept until this object has detached from it
     std::string dataPath_;
     std::atomic<bool> stop_{false};

@@ -1,11 +1,15 @@
 #include "jsw/DriverApi.h"
 
 #include "PublicLib/NeverDestroyed.h"
+#include "PublicLib/calls/EntryGuard.h"
+#include "PublicLib/calls/NoWaiting.h"
 #include "PublicLib/logging/BasicLogger.h"
 #include "PublicLib/logging/Guard.h"
+#include "PublicLib/win/Handles.h"
+#include "jsw/Controller.h"
 #include "jsw/LibraryPin.h"
-#include "jsw/StatusCallback.h"
-#include "jsw/modules/BillboardView.h"
+
+#include <process.h>
 
 #include <mutex>
 #include <utility>
@@ -14,18 +18,30 @@ namespace jsw {
 
 namespace {
 
+constexpr char kOtherThreadInside[] =
+    "it comes from the status callback while another thread is inside the library";
+
 /// Sets a flag for the length of a scope and puts it back as it was.
 class FlagScope {
   public:
-    explicit FlagScope(std::atomic<bool>& flag) : flag_(flag), before_(flag.exchange(true)) {}
+    explicit FlagScope(bool& flag) : flag_(flag), before_(std::exchange(flag, true)) {}
     ~FlagScope() { flag_ = before_; }
     FlagScope(const FlagScope&) = delete;
     FlagScope& operator=(const FlagScope&) = delete;
 
   private:
-    std::atomic<bool>& flag_;
+    bool& flag_;
     bool before_;
 };
+
+void logRefused(const char* function, const char* reason) {
+    logLine(component::kJsw, kLogError, "ERROR - ", function, " is refused: ", reason, ".");
+}
+
+bool isJobRunning() {
+    const auto session = JobSession::present();
+    return session && session->isRunning();
+}
 
 // Never destroyed when the process ends: tearing a job down at that moment would call into modules
 // under the loader's lock. A driver ends its jobs with JSWTerminate.
@@ -33,98 +49,8 @@ NeverDestroyed<DriverApi> driverApi;
 
 }  // namespace
 
-class DriverApi::PhaseScope {
-  public:
-    PhaseScope(std::atomic<Phase>& phase, Phase during) : phase_(phase), before_(phase) {
-        phase_ = during;
-    }
-    ~PhaseScope() { phase_ = before_; }
-    PhaseScope(const PhaseScope&) = delete;
-    PhaseScope& operator=(const PhaseScope&) = delete;
-
-  private:
-    std::atomic<Phase>& phase_;
-    Phase before_;
-};
-
-/// A thread's turn inside the library; false when it has to do without.
-class DriverApi::Turn {
-  public:
-    explicit Turn(DriverApi& api) : api_(api), entered_(api.enter()) {}
-    ~Turn() {
-        if (entered_) api_.leave();
-    }
-    explicit operator bool() const { return entered_; }
-    Turn(const Turn&) = delete;
-    Turn& operator=(const Turn&) = delete;
-
-  private:
-    DriverApi& api_;
-    bool entered_;
-};
-
-/// Carries out, at the end of a scope, the end of the job that was noted meanwhile.
-class DriverApi::NotedEnd {
-  public:
-    explicit NotedEnd(DriverApi& api) : api_(api) {}
-    ~NotedEnd() { api_.carryOutNotedEnd(); }
-    NotedEnd(const NotedEnd&) = delete;
-    NotedEnd& operator=(const NotedEnd&) = delete;
-
-  private:
-    DriverApi& api_;
-};
-
 DriverApi& DriverApi::instance() {
     return *driverApi;
-}
-
-bool DriverApi::enter() {
-    if (isInsideStatusCallback()) return tryToEnter();
-    apiLock_.lock();
-    ++turns_;
-    return true;
-}
-
-void DriverApi::leave() {
-    if (turns_ > 1) {
-        --turns_;
-        apiLock_.unlock();
-        return;
-    }
-    do {
-        carryOutNotedEnd();
-        turns_ = 0;
-        apiLock_.unlock();
-        // Another end may have been noted until then, by a thread that could not have the lock.
-    } while (endNoted_ && mayWaitForRules() && tryToEnter());
-}
-
-bool DriverApi::tryToEnter() {
-    if (!apiLock_.try_lock()) return false;
-    ++turns_;
-    return true;
-}
-
-bool DriverApi::mayWaitForRules() const {
-    return !rulesRunning_ || !isInsideStatusCallback();
-}
-
-void DriverApi::carryOutNotedEnd() {
-    if (endNoted_ && mayWaitForRules()) endJob();
-}
-
-void DriverApi::rulesStart() {
-    rulesRunning_ = true;
-}
-
-void DriverApi::rulesEnd() {
-    rulesRunning_ = false;
-    if (endNoted_ && tryToEnter()) leave();
-}
-
-bool DriverApi::isEndNoted() const {
-    return endNoted_;
 }
 
 void DriverApi::createSingletons() {
@@ -139,90 +65,144 @@ void DriverApi::destroySingletons() {
 }
 
 bool DriverApi::init(const Job& job, JswStatusCallback callback) {
-    const Turn turn(*this);
-    // On this thread a job may be starting or ending: this call came from inside one of its calls.
-    if (!turn || phase_ != Phase::settled || !mayWaitForRules()) return false;
-    carryOutNotedEnd();  // that of the job before
+    const ApiGate::Pass pass(gate_);
+    auto session = JobSession::present();
+    if (const char* reason = pass ? whyNoStart(session.get()) : kOtherThreadInside) {
+        logRefused("JSWInit", reason);
+        return false;
+    }
+    if (session && session->isOver()) endJob(std::move(session));
     inPrompt_ = false;
-    setStatusCallback(callback);
-    const NotedEnd endOfThisJob(*this);
-    return startJob(job);
+    const bool started = startJob(job, callback);
+    session = JobSession::present();
+    if (session->isOver()) endJob(std::move(session));
+    return started;
 }
 
-bool DriverApi::startJob(const Job& job) {
-    const PhaseScope starting(phase_, Phase::starting);
+/// Null when a job can start.
+const char* DriverApi::whyNoStart(const JobSession* before) const {
+    if (inStep_) return "a job is starting or ending on this thread";
+    if (before != nullptr && NoWaiting::holdsHere() && before->actions().isChoosing())
+        return "it comes from the status callback while a billboard is being chosen";
+    return nullptr;
+}
+
+bool DriverApi::startJob(const Job& job, JswStatusCallback callback) {
+    const FlagScope inStep(inStep_);
     createSingletons();
     if (pinError != ERROR_SUCCESS) {
         logLine(component::kJsw, kLogError,
                 "ERROR - unable to keep the library loaded, error=", pinError);
     }
     const auto controller = Controller::instance();
-    controller->setWatch(this);
-    BillboardView::connectCallbacks(controller);
-    const bool started = controller->jswInit(job);
-    initialised_ = true;  // a job that could not start is ended by JSWTerminate all the same
+    const auto session =
+        std::make_shared<JobSession>(BillboardView::instance(), controller, callback);
+    const bool wasRunning = isJobRunning();
+    JobSession::setPresent(session);
+    bool started = false;
+    bool isRunning = wasRunning;
+    try {
+        started = controller->jswInit(job);
+        isRunning = true;  // JSWTerminate ends a job that could not start, too
+    } catch (...) {
+        reportException(component::kJsw, "JSWInit");
+    }
+    if (isRunning) session->setRunning();
     return started;
 }
 
 void DriverApi::terminate() {
-    const bool noteFirst = isInsideStatusCallback() && phase_ != Phase::ending;
-    if (noteFirst) {
-        setStatusCallback(nullptr);  // the driver hears no more of a job that it has ended there
-        endNoted_ = true;
-    }
-    const Turn turn(*this);
-    if (!turn) return;
-    if (phase_ == Phase::starting) endNoted_ = true;
-    if (phase_ == Phase::settled && mayWaitForRules()) endJob();
+    if (NoWaiting::holdsHere()) return terminateWithoutWaiting();
+    const ApiGate::Pass pass(gate_);
+    endNowOrAfterStart(JobSession::present());
 }
 
-void DriverApi::endJob() {
-    endNoted_ = false;
-    const PhaseScope ending(phase_, Phase::ending);
-    // Whatever goes wrong, the job is over and what it has built must go.
-    runGuarded(component::kJsw, "JSWTerminate", [this] {
-        if (initialised_) Controller::instance()->jswTerminate();
-        BillboardView::closeWindow();  // a start that has raised may have left it open
-    });
-    BillboardView::disconnectCallbacks();
-    initialised_ = false;
+void DriverApi::terminateWithoutWaiting() {
+    auto session = JobSession::present();
+    if (session) session->setOver();
+    const ApiGate::Pass pass(gate_);
+    if (pass && (inStep_ || !session || !session->actions().isChoosing())) {
+        if (session == JobSession::present()) endNowOrAfterStart(std::move(session));
+    } else if (session) {
+        endOnThreadOfItsOwn(session);
+    }
+}
+
+/// A job that is starting on this thread is ended when its start is through.
+void DriverApi::endNowOrAfterStart(Session session) {
+    if (!inStep_) {
+        endJob(std::move(session));
+    } else if (session) {
+        session->setOver();
+    }
+}
+
+/// @param session  the present one, or null
+void DriverApi::endJob(Session session) {
+    const FlagScope inStep(inStep_);
+    if (session) {
+        session->setOver();
+        // Whatever goes wrong, the job is over and what it has built must go.
+        runGuarded(component::kJsw, "JSWTerminate", [] { Controller::instance()->jswTerminate(); });
+        session->close();
+        JobSession::setPresent(nullptr);
+        session.reset();  // so that its objects go in the order of the teardown
+    }
     // From inside a prompt the driver is still in the middle of the objects.
     if (!inPrompt_) destroySingletons();
 }
 
-/// Tests before and after taking the lock: the job may end while this thread waits.
-template <class Work>
-void DriverApi::whileInitialised(const Work& work) {
-    if (!initialised_) return;
-    const Turn turn(*this);
-    if (turn && initialised_) work(*Controller::instance());
+void DriverApi::endOnThreadOfItsOwn(const Session& session) {
+    auto job = std::make_unique<std::weak_ptr<JobSession>>(session);
+    const KernelHandle thread(reinterpret_cast<HANDLE>(
+        _beginthreadex(nullptr, 0, &DriverApi::endThread, job.get(), 0, nullptr)));
+    if (thread) {
+        job.release();  // the thread's
+    } else {
+        logLine(component::kJsw, kLogError,
+                "ERROR - no thread to end the job on, error=", GetLastError(),
+                ". The next JSWInit or JSWTerminate ends it.");
+    }
 }
 
-/// The same, unless the end of the job is noted: then it is over for the driver.
-template <class Work>
-void DriverApi::whileRunning(const Work& work) {
-    if (endNoted_) return;
-    whileInitialised([&](Controller& controller) {
-        if (!endNoted_) work(controller);
+unsigned __stdcall DriverApi::endThread(void* argument) {
+    const std::unique_ptr<std::weak_ptr<JobSession>> job(
+        static_cast<std::weak_ptr<JobSession>*>(argument));
+    EntryGuard::run(component::kJsw, "JSWTerminate", [&] {
+        DriverApi& api = instance();
+        const ApiGate::Pass pass(api.gate_);
+        auto session = job->lock();
+        if (session && session == JobSession::present()) api.endJob(std::move(session));
     });
+    return 0;
+}
+
+/// Tests before and after passing the gate: the job may end while this thread waits.
+template <class Work>
+void DriverApi::whileRunning(const char* function, const Work& work) {
+    if (!isJobRunning()) return;
+    const ApiGate::Pass pass(gate_);
+    if (!pass) return logRefused(function, kOtherThreadInside);
+    if (!inStep_ && isJobRunning()) work(*Controller::instance());
 }
 
 void DriverApi::updateInfo(std::uint32_t value1, std::uint32_t value2, std::uint32_t value3,
                            std::uint32_t value4, std::uint32_t value5, void* data) {
-    whileRunning([&](Controller& controller) {
+    whileRunning("JSWUpdateInfo", [&](Controller& controller) {
         controller.jswUpdateInfo(value1, value2, value3, value4, value5, data);
     });
 }
 
 void DriverApi::displayPrompt(std::uint32_t promptType, std::uint32_t totalPages) {
-    whileRunning([&](Controller& controller) {
+    whileRunning("JSWDisplayPrompt", [&](Controller& controller) {
         const FlagScope inPrompt(inPrompt_);
         controller.jswDisplayPrompt(promptType, totalPages);
     });
 }
 
 void DriverApi::postDlgMsg(void* message) {
-    whileInitialised([&](Controller& controller) { controller.jswPostDlgMsg(message); });
+    whileRunning("JSWPostDlgMsg",
+                 [&](Controller& controller) { controller.jswPostDlgMsg(message); });
 }
 
 }  // namespace jsw

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "PublicLib/locks/CriticalSection.h"
-#include "PublicLib/locks/WindowSafeLock.h"
-#include "jsw/Controller.h"
+#include "jsw/ApiGate.h"
 #include "jsw/SingletonMgr.h"
+#include "jsw/modules/Job.h"
 #include <jsw/jsw.h>
 
 #include <atomic>
@@ -12,20 +12,18 @@
 
 namespace jsw {
 
-/// What stands behind the exported functions: the state of the process, the API lock and the steps
-/// of each function. Every operation may raise; the exports let nothing out.
+class Controller;
+class JobSession;
+
+/// What stands behind the exported functions: the steps of each, inside the API gate, on the
+/// present JobSession. Every operation may raise; the exports let nothing out.
 ///
-/// An ordinary thread waits for the API lock, and for the rules thread when it ends or replaces a
-/// job; windows of the thread are served meanwhile. A driver may also call from inside its own
-/// status callback, on whatever thread that runs, and there nothing is waited for that may be
-/// inside a module, because the module may be waiting for this very thread:
-/// - While another thread has the API lock, a call from the callback does nothing; an end of the
-///   job is noted, and that thread carries it out before it gives the lock back.
-/// - While the rules thread is at work, no job is started, and an end is noted for the rules thread
-///   to carry out when it has left its last module, or for an ordinary thread that comes before.
-/// Whoever notes an end tries for the lock afterwards, and whoever gives the lock back looks for a
-/// noted end afterwards, so none is forgotten.
-class DriverApi final : private JobWatch {
+/// A driver may call from inside its own status callback, on whatever thread that runs. Nothing is
+/// waited for there (NoWaiting): a call that would have to wait is refused, with a line in the log.
+/// JSWTerminate never is: the job is over for the driver at once, and when its end cannot be
+/// carried out there without waiting, a thread made for it does. A JSWInit that comes before
+/// carries it out itself; when there is no such thread, the next JSWInit or JSWTerminate does.
+class DriverApi {
   public:
     static DriverApi& instance();
 
@@ -38,39 +36,26 @@ class DriverApi final : private JobWatch {
     void postDlgMsg(void* message);
 
   private:
-    enum class Phase { settled, starting, ending };
+    using Session = std::shared_ptr<JobSession>;
 
-    class PhaseScope;
-    class Turn;
-    class NotedEnd;
-
-    void rulesStart() override;
-    void rulesEnd() override;
-    bool isEndNoted() const override;
-
-    bool enter();
-    bool tryToEnter();
-    void leave();
-    bool startJob(const Job& job);
-    void endJob();
-    bool mayWaitForRules() const;
-    void carryOutNotedEnd();
+    const char* whyNoStart(const JobSession* before) const;
+    bool startJob(const Job& job, JswStatusCallback callback);
+    void terminateWithoutWaiting();
+    void endNowOrAfterStart(Session session);
+    void endJob(Session session);
+    void endOnThreadOfItsOwn(const Session& session);
+    static unsigned __stdcall endThread(void* argument);
     template <class Work>
-    void whileInitialised(const Work& work);
-    template <class Work>
-    void whileRunning(const Work& work);
+    void whileRunning(const char* function, const Work& work);
     void createSingletons();
     void destroySingletons();
 
-    WindowSafeLock apiLock_;         // taken for the whole of every operation; re-entrant
-    CriticalSection singletonLock_;  // for the manager alone; inside the API lock, never around it
-    int turns_ = 0;                  // that the holder of the API lock has in one another
-    std::atomic<Phase> phase_{Phase::settled};
-    std::atomic<bool> endNoted_{false};
-    std::atomic<bool> rulesRunning_{false};  // or about to
-    std::atomic<bool> initialised_{false};
-    std::atomic<bool> inPrompt_{false};
+    ApiGate gate_;
+    CriticalSection singletonLock_;  // for the manager alone; inside the gate, never around it
     std::unique_ptr<SingletonMgr> singletons_;
+    // Of the thread that is inside the gate:
+    bool inPrompt_ = false;
+    bool inStep_ = false;  // a start or an end is at work
 };
 
 }  // namespace jsw

@@ -1,5 +1,6 @@
 #include "jsw/SingletonMgr.h"
 
+#include "PublicLib/locks/Singleton.h"
 #include "PublicLib/logging/BasicLogger.h"
 #include "PublicLib/logging/Guard.h"
 #include "PublicLib/os/Localize.h"
@@ -28,8 +29,10 @@ void logBuilt(const char* name) {
             "::instance() <<<");
 }
 
-/// In the order of teardown; each one that does not exist is passed over.
+/// In the order of teardown; each one that does not exist is passed over. A callback that is late
+/// makes none that stays.
 void destroyJobObjects() {
+    singletonsStay = false;
     CurrentProcess::destroy();
     Printer::destroy();
     History::destroy();
@@ -47,7 +50,7 @@ void setUpStore() {
 }
 
 void build() {
-    destroyJobObjects();  // that a callback, late in the job before, may have left behind
+    singletonsStay = true;
     Localize::createInstance(nullptr);
     provideSettings();
     BasicLogger::createInstance(kLogMask);
@@ -71,12 +74,6 @@ void endLogAndNames() {
     Localize::destroy();
 }
 
-/// After the log has ended: what a late callback, or the update check, has asked for once more.
-void destroyStragglers() {
-    destroyJobObjects();
-    AppUpdatesController::destroy();
-}
-
 }  // namespace
 
 SingletonMgr::SingletonMgr() {
@@ -85,8 +82,8 @@ SingletonMgr::SingletonMgr() {
     } catch (...) {
         reportException(component::kJsw, "SingletonMgr::SingletonMgr");
         destroyJobObjects();
+        AppUpdatesController::destroy();
         endLogAndNames();
-        destroyStragglers();
         throw;
     }
 }
@@ -102,7 +99,6 @@ SingletonMgr::~SingletonMgr() {
         logMarker("<<< SingletonMgr::~SingletonMgr: ");
     });
     endLogAndNames();
-    destroyStragglers();
 }
 
 }  // namespace jsw

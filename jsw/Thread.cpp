@@ -19,19 +19,13 @@ Thread::~Thread() {
 
 void Thread::launch() {
     startBlock_ = std::make_unique<StartBlock>(StartBlock{runnable_, 0});
-    unsigned id = 0;
     handle_.reset(reinterpret_cast<HANDLE>(
-        _beginthreadex(nullptr, stackSize_, &Thread::entry, startBlock_.get(), 0, &id)));
+        _beginthreadex(nullptr, stackSize_, &Thread::entry, startBlock_.get(), 0, &threadId_)));
     if (!handle_) raiseLastError("Thread::launch()", place::kThreadLaunch);
-    threadId_ = id;
-}
-
-bool Thread::isCurrent() const {
-    return threadId_ == GetCurrentThreadId();
 }
 
 bool Thread::wait(std::uint32_t timeoutMilliseconds) const {
-    if (!handle_ || isCurrent()) return false;
+    if (!handle_) return false;
     const DWORD result = timeoutMilliseconds == INFINITE
                              ? waitServingWindows(handle_.get())
                              : WaitForSingleObject(handle_.get(), timeoutMilliseconds);
@@ -39,7 +33,6 @@ bool Thread::wait(std::uint32_t timeoutMilliseconds) const {
 }
 
 unsigned __stdcall Thread::entry(void* argument) {
-    // Read first: the block may be gone when the runnable ends the job that owns this thread.
     Runnable* const runnable = static_cast<StartBlock*>(argument)->runnable;
     EntryGuard::run(component::kJsw, "a thread", [runnable] { runnable->run(); });
     return 0;

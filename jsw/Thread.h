@@ -32,7 +32,7 @@ class Thread {
   public:
     /// @param runnable  not owned; must outlive the thread
     explicit Thread(Runnable* runnable);
-    /// Waits for the thread to end, unless it is this thread itself that lets go of it.
+    /// Waits for the thread to end.
     virtual ~Thread();
     Thread(const Thread&) = delete;
     Thread& operator=(const Thread&) = delete;
@@ -41,8 +41,7 @@ class Thread {
     void launch();
 
     /// Waits up to so many milliseconds (INFINITE: for ever, serving the messages sent to windows
-    /// of this thread); true when the thread has ended. A thread does not wait for itself. With 0:
-    /// whether it has ended.
+    /// of this thread); true when the thread has ended. With 0: whether it has ended.
     bool wait(std::uint32_t timeoutMilliseconds) const;
 
     static constexpr std::uint32_t kDefaultStackSize = 4096;
@@ -54,11 +53,10 @@ class Thread {
     };
 
     static unsigned __stdcall entry(void* argument);
-    bool isCurrent() const;
 
     Runnable* runnable_;
     std::uint32_t stackSize_ = kDefaultStackSize;
-    std::uint32_t threadId_ = 0;
+    unsigned threadId_ = 0;
     KernelHandle handle_;
     std::unique_ptr<StartBlock> startBlock_;
 };

@@ -55,6 +55,7 @@ class EntryGuard : public SehFrame {
 
   private:
     friend class ForeignCall;
+    friend class NoWaiting;
 
     /// The innermost guard of this thread; null outside the library.
     static EntryGuard* current();
@@ -68,9 +69,9 @@ class EntryGuard : public SehFrame {
     void reraiseToHost() const;
 
     EntryGuard* const outer_;
-    const ForeignCall* call_ = nullptr;          // the innermost one made under this guard
     std::optional<EXCEPTION_RECORD> exception_;  // the last one that came out of foreign code
     bool mustReraise_ = false;                   // exception_, when the library has been left
+    bool mustNotWait_ = false;                   // see NoWaiting
 };
 
 }  // namespace jsw

@@ -36,29 +36,14 @@ std::string placeOf(const void* address) {
 }  // namespace
 
 ForeignCall::ForeignCall(const LoggerComponent& component, const char* name)
-    : component_(component),
-      name_(name),
-      guard_(EntryGuard::current()),
-      outer_(guard_ != nullptr ? guard_->call_ : nullptr) {
-    if (guard_ == nullptr) return;
-    guard_->call_ = this;
-    if (guard_->mustReraise_) end_ = CallEnd::skipped;
+    : component_(component), name_(name), guard_(EntryGuard::current()) {
+    if (guard_ != nullptr && guard_->mustReraise_) end_ = CallEnd::skipped;
 }
 
-CallEnd ForeignCall::finish() {
-    if (guard_ != nullptr) guard_->call_ = outer_;
+CallEnd ForeignCall::finish() const {
     if (end_ == CallEnd::raised)
         logLine(component_, kLogError, "ERROR - the module raised an exception in ", name_);
     return end_;
-}
-
-bool ForeignCall::isInside(const char* name) {
-    for (const EntryGuard* guard = EntryGuard::current(); guard != nullptr; guard = guard->outer_) {
-        for (const ForeignCall* call = guard->call_; call != nullptr; call = call->outer_) {
-            if (call->name_ == name) return true;
-        }
-    }
-    return false;
 }
 
 bool ForeignCall::catchNow(const EXCEPTION_RECORD& exception) {

@@ -20,14 +20,11 @@ enum class CallEnd {
 /// function of the system that runs others' code. See callForeign().
 class ForeignCall : public SehFrame {
   public:
-    /// Whether this thread is inside a foreign call of this name, the very same pointer.
-    static bool isInside(const char* name);
-
     ForeignCall(const ForeignCall&) = delete;
     ForeignCall& operator=(const ForeignCall&) = delete;
 
     bool mayStart() const { return end_ != CallEnd::skipped; }
-    CallEnd finish();
+    CallEnd finish() const;
 
   protected:
     ForeignCall(const LoggerComponent& component, const char* name);
@@ -42,8 +39,7 @@ class ForeignCall : public SehFrame {
 
     const LoggerComponent& component_;
     const char* const name_;
-    EntryGuard* const guard_;   // null on a thread that is not inside the library
-    const ForeignCall* outer_;  // of the same guard
+    EntryGuard* const guard_;  // null on a thread that is not inside the library
     CallEnd end_ = CallEnd::returned;
 };
 

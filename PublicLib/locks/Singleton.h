@@ -8,6 +8,10 @@
 
 namespace jsw {
 
+/// False from the moment the process's objects are torn down until they are built again. An object
+/// that is asked for then is made for the one who asks and does not stay.
+inline constinit std::atomic<bool> singletonsStay{true};
+
 /// The place of a process-wide object. Whoever asks shares the object, so that a thread still
 /// inside it when it is destroyed finishes safely; the last holder runs the destructor.
 template <class T>
@@ -20,10 +24,9 @@ class Singleton {
         const std::lock_guard lock(lock_);
         auto object = object_.load();
         if (!object) {
-            const unsigned ends = ends_;
             object = create();
             object_.store(object);
-            if (ends != ends_) object_.store(nullptr);  // the caller is the only one to have it
+            if (!singletonsStay) object_.store(nullptr);
         }
         return object;
     }
@@ -32,11 +35,9 @@ class Singleton {
     std::shared_ptr<T> existing() const { return object_.load(); }
 
     /// Calls announce() and lets go of the object, under the lock; does nothing without one. An
-    /// object that another thread is making, which may take a module's time, is not waited for, and
-    /// does not stay.
+    /// object that another thread is making, which may take a module's time, is not waited for.
     template <class Announce>
     void destroy(const Announce& announce) {
-        ++ends_;
         if (!object_.load()) return;
         const std::lock_guard lock(lock_);
         if (const auto object = object_.load()) {
@@ -48,7 +49,6 @@ class Singleton {
   private:
     CriticalSection lock_;
     std::atomic<std::shared_ptr<T>> object_;
-    std::atomic<unsigned> ends_{0};  // calls of destroy()
 };
 
 }  // namespace jsw

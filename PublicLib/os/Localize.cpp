@@ -19,8 +19,9 @@ constexpr std::size_t kPathBufferSize = 260;  // registry paths are cut to this,
 
 NeverDestroyed<Singleton<const Localize>> singleton;
 
-std::string fitted(std::string_view path) {
-    return std::string(path.substr(0, kPathBufferSize - 1));
+std::string fitted(std::string path) {
+    if (path.size() >= kPathBufferSize) path.resize(kPathBufferSize - 1);
+    return path;
 }
 
 }  // namespace
@@ -75,7 +76,7 @@ bool Localize::getProductLineRoot(std::string& path) const {
     const ProductLine* line = findProductLine(localId_);
     path = "Software\\";
     path += line != nullptr ? line->key : JSW_NO_PRODUCT_LINE;
-    path = fitted(path);
+    path = fitted(std::move(path));
     return line != nullptr;
 }
 

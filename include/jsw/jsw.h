@@ -48,11 +48,16 @@ extern "C" {
  * on: one of its own, a worker thread of the library, or the driver's own inside a function of this
  * library.
  *
+ * Every code but JSW_STATUS_GUI_CLOSED is reported to the callback that the job was started with,
+ * until the job's window is down: also after JSWTerminate was called inside the callback, and what
+ * the window reports while it closes.
+ *
  * It may call every function of this library, and none of them waits there for another thread.
- * JSWTerminate ends the job at once or, while another thread is inside the library or the choice of
- * a billboard is going on, has that thread do it when it comes back; no status code is reported any
- * more from then on. JSWInit answers 0 at such a time, the other functions do nothing while another
- * thread is inside.
+ * JSWTerminate ends the job for the driver at once: from then on the other functions do nothing
+ * until the next JSWInit. The window closes at once, too, or, while another thread is inside the
+ * library or a billboard is being chosen, on a thread of its own as soon as that is over. JSWInit
+ * answers 0 at such a time, the other functions do nothing while another thread is inside; each
+ * says so in the log.
  *
  * It must return: throwing a C++ exception out of it, leaving it by longjmp(), or ending the thread
  * inside it is not allowed, nor is longjmp() over a function of this library from anywhere else. An

@@ -60,11 +60,6 @@ BillboardView::~BillboardView() {
     MethodTrace trace(component::kJsw, "BillboardView::~BillboardView: ");
 }
 
-void BillboardView::closeWindow() {
-    const auto view = singleton->existing();
-    if (view && view->isUp_) view->jswTerminate();
-}
-
 template <class Entry, class... Args>
 void BillboardView::forward(const Entry& entry, const Args&... args) const {
     using Function = typename Entry::FunctionType;
@@ -154,8 +149,8 @@ void BillboardView::jswTerminate() {
         trace.add("ERROR - The GUI DLL is not loaded.");
         return;
     }
-    isUp_ = false;
     hideGui();
+    isUp_ = false;
     forward(view::kUninitialize);
 }
 

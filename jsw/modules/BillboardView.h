@@ -13,16 +13,6 @@
 
 namespace jsw {
 
-/// Carries out what the user clicks in a billboard.
-class BillboardActions {
-  public:
-    virtual ~BillboardActions() = default;
-    /// @param action    name of the action, in any letter case
-    /// @param actionId  number among the billboard's actions, counted from 0
-    /// Called on a thread of the view module.
-    virtual void doBillboardCallback(const std::string& action, std::uint32_t actionId) = 0;
-};
-
 /// What the window shows first.
 struct FirstBillboard {
     std::string dataPath;          ///< folder of the billboard data, without a trailing backslash
@@ -37,14 +27,6 @@ class BillboardView : public Subject {
   public:
     static std::shared_ptr<BillboardView> instance();
     static void destroy();
-
-    /// Lets the module's callbacks through, to the view and to actions; both are kept alive while a
-    /// callback runs. Callbacks that arrive at other times are ignored.
-    static void connectCallbacks(std::shared_ptr<BillboardActions> actions);
-    static void disconnectCallbacks();
-
-    /// Closes the window if it is up.
-    static void closeWindow();
 
     BillboardView();
     /// Leaves the module loaded until the process ends: a thread of its window may still be leaving
@@ -63,11 +45,6 @@ class BillboardView : public Subject {
     void showGui();
     void hideGui();
 
-    /// The event that is being reported on this thread, or else the last one reported.
-    std::int32_t jswEvent() const;
-    /// Whether the event that is being reported on this thread came before the end of its job,
-    /// which has ended meanwhile.
-    static bool isEventOutlived();
     bool showSpecialMessages() const { return showSpecialMessages_; }
 
   private:
@@ -101,9 +78,8 @@ class BillboardView : public Subject {
     void saveAppearance(const std::string& key, std::int32_t value);
 
     ModuleDll* dll_ = nullptr;  // loaded until the process ends
-    std::atomic<std::int32_t> jswEvent_{0};
     std::atomic<bool> showSpecialMessages_{false};
-    std::atomic<bool> isUp_{false};  // between Initialize and HideGui
+    std::atomic<bool> isUp_{false};  // from Initialize until Uninitialize
     bool showProcessWindow_ = false;
     std::string ofnPath_;  // printer whose store holds the window's options; empty: none
 };

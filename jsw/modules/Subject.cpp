@@ -18,14 +18,14 @@ void Subject::detach(Observer* observer) {
     std::erase(observers_, observer);
 }
 
-void Subject::notify() {
+void Subject::notify(const WindowEvent& event) {
     MethodTrace trace(component::kJsw, "Subject::notify: ");
     std::vector<Observer*> observers;
     {
         const std::lock_guard lock(lock_);
         observers = observers_;
     }
-    for (Observer* observer : observers) observer->update(this);
+    for (Observer* observer : observers) observer->update(this, event);
 }
 
 }  // namespace jsw

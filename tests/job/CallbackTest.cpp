@@ -5,6 +5,8 @@
 #include "tests/job/JobTest.h"
 #include "tests/support/ImportTable.h"
 
+#include <process.h>
+
 #include <atomic>
 #include <thread>
 
@@ -42,9 +44,10 @@ class CallbackTest : public test::JobTest {
             if (call.starts_with(callStart)) script_.reportEvent(9);
         };
     }
-    /// The end may be left to the rules thread.
+    bool isEnded() const { return viewCalls("Uninitialize").size() == 1; }
+    /// The end may be left to a thread of its own.
     void expectEndSoon() {
-        EXPECT_TRUE(test::eventually([&] { return viewCalls("Uninitialize").size() == 1; }));
+        EXPECT_TRUE(test::eventually([&] { return isEnded(); }));
     }
     /// A plain job must be served fully afterwards.
     void expectNextJobWorks() {
@@ -68,12 +71,50 @@ TEST_F(CallbackTest, EndingTheJobOnAThreadOfTheWindow) {
     expectNextJobWorks();
 }
 
-TEST_F(CallbackTest, EndingTheJobOnTheRulesThreadWhichCannotWaitForItself) {
+/// The rules thread cannot wait for itself, nor does it do another thread's work.
+TEST_F(CallbackTest, EndingTheJobOnTheRulesThread) {
+    std::atomic<DWORD> rulesThread{0};
+    std::atomic<DWORD> endThread{0};
+    script_.ruleResults = {"TIP"};
+    script_.onViewCall = [&](const std::string& call) {
+        if (call.starts_with("Uninitialize(")) endThread = GetCurrentThreadId();
+        if (!call.starts_with("DisplayBillboard(tip.bb")) return;
+        rulesThread = GetCurrentThreadId();
+        EXPECT_EQ(startJob({.jobName = "too early"}), 0);
+        script_.reportEvent(9);
+        api_.updateInfo(1, 2, 3, 0, 0, nullptr);  // the job is over for the driver
+    };
+    start();
+    EXPECT_TRUE(test::eventually([&] { return endThread != 0; }));
+    EXPECT_NE(endThread, rulesThread);
+    EXPECT_NE(endThread, GetCurrentThreadId());
+    EXPECT_THAT(viewCalls("UpdateInfo"), IsEmpty());
+    EXPECT_TRUE(
+        hasLine("ERROR - JSWInit is refused: it comes from the status callback while a "
+                "billboard is being chosen."));
+    expectNextJobWorks();
+}
+
+TEST_F(CallbackTest, AnEndWithoutAThreadOfItsOwnIsCarriedOutByTheNextCall) {
+    const test::ImportTable imports(GetModuleHandleA("jsw.dll"));
+    std::atomic<bool> isInside{false};
+    onStatus = [&](std::uint32_t) {
+        isInside = true;
+        const auto threads = test::replaceImport<decltype(_beginthreadex)>(
+            imports, "_beginthreadex", [](auto...) { return std::uintptr_t{0}; });
+        api_.terminate();
+    };
     script_.ruleResults = {"TIP"};
     reportAt("DisplayBillboard(tip.bb");
     start();
     EXPECT_TRUE(waitForRules());
-    expectEndSoon();
+    EXPECT_TRUE(isInside);
+    EXPECT_FALSE(isEnded());
+    EXPECT_TRUE(logContains("ERROR - no thread to end the job on, error="));
+    start();
+    EXPECT_TRUE(isEnded());
+    endJob();
+    script_.view.clear();
     expectNextJobWorks();
 }
 
@@ -119,6 +160,9 @@ TEST_F(CallbackTest, NoCallFromTheCallbackWaitsForTheThreadThatEndsTheJob) {
     endJob();
     EXPECT_THAT(viewCalls("UpdateInfo"), IsEmpty());
     EXPECT_THAT(viewCalls("Uninitialize"), ElementsAre("Uninitialize()"));
+    EXPECT_TRUE(
+        hasLine("ERROR - JSWInit is refused: it comes from the status callback while "
+                "another thread is inside the library."));
     expectNextJobWorks();
 }
 
@@ -157,8 +201,6 @@ class WindowTest : public CallbackTest {
             return done();
         });
     }
-    bool isEnded() const { return viewCalls("Uninitialize").size() == 1; }
-
     HWND window_ = nullptr;
     std::atomic<bool> sending_{false};
 };
@@ -169,8 +211,15 @@ TEST_F(WindowTest, TheUserCancelsWhileTheDriversThreadIsInTheView) {
     sendDuring("UpdateInfo(");
     std::thread driver([] { api_.updateInfo(1, 2, 3, 0, 0, nullptr); });
     waitForSender();
-    script_.reportEvent(9);  // ends the job: the driver's thread does when it comes back
+    onStatus = [](std::uint32_t) {
+        api_.displayPrompt(1, 1);
+        api_.terminate();
+    };
+    script_.reportEvent(9);  // ends the job when the driver's thread has come back
     EXPECT_FALSE(isEnded());
+    EXPECT_TRUE(
+        hasLine("ERROR - JSWDisplayPrompt is refused: it comes from the status callback "
+                "while another thread is inside the library."));
     api_.updateInfo(9, 9, 9, 0, 0, nullptr);  // of a job that is over
     EXPECT_TRUE(serveUntil([&] { return isEnded(); }));
     driver.join();
@@ -187,7 +236,7 @@ TEST_F(WindowTest, TheUserCancelsWhileTheRulesThreadIsInTheView) {
     sendDuring("DisplayBillboard(tip.bb");
     start();
     waitForSender();
-    script_.reportEvent(9);  // ends the job: the rules thread does when it comes back
+    script_.reportEvent(9);  // ends the job when the rules thread has come back
     EXPECT_FALSE(isEnded());
     EXPECT_TRUE(serveUntil([&] { return isEnded(); }));
     expectNextJobWorks();
@@ -235,8 +284,8 @@ TEST_F(CallbackTest, EndingTheJobWhileAPromptIsUpOnAnotherThread) {
     script_.reportEvent(9);
     isBack = true;
     driver.join();
+    EXPECT_TRUE(test::eventually([] { return logContains("destroying Controller."); }));
     EXPECT_THAT(viewCalls("Uninitialize"), ElementsAre("Uninitialize()"));
-    EXPECT_TRUE(logContains("destroying Controller."));
     DeleteFileA(module.c_str());
     expectNextJobWorks();
 }
@@ -261,29 +310,47 @@ TEST_F(CallbackTest, AnEndAskedForDuringAStartThatRaisesIsNotLost) {
     expectNextJobWorks();
 }
 
-TEST_F(CallbackTest, NoStatusIsReportedAfterTheEndWasAskedFor) {
-    std::atomic<int> statuses{0};
-    onStatus = [&](std::uint32_t) {
-        ++statuses;
-        api_.terminate();
+/// Also what the window reports while it closes, whoever closes it.
+TEST_F(CallbackTest, EveryStatusButThatOfAClosedWindowReachesTheDriver) {
+    test::CallRecord statuses;
+    onStatus = [&](std::uint32_t status) {
+        statuses.add(std::to_string(status));
+        if (status == 9) api_.terminate();
     };
-    // At once, by the thread that starts the job, and by the rules thread.
+    // Ended at once, by the thread that starts the job, and while the rules thread is at work.
     for (const char* call : {"UpdateInfo(", "ShowGui(", "DisplayBillboard(tip.bb"}) {
-        statuses = 0;
+        statuses.clear();
         script_.view.clear();
         script_.ruleResults = {"TIP"};
         script_.checkHistory = false;
         script_.onViewCall = [&](const std::string& made) {
-            for (const char* reporting : {call, "HideGui(", "Uninitialize("}) {
-                if (made.starts_with(reporting)) script_.reportEvent(3);
-            }
+            if (made.starts_with(call)) script_.reportEvent(9);
+            if (made.starts_with("HideGui(")) script_.reportEvent(2);
+            if (made.starts_with("HideGui(")) script_.reportEvent(3);
+            if (made.starts_with("Uninitialize(")) script_.reportEvent(4);
         };
         start();
-        if (statuses == 0) api_.updateInfo(1, 2, 3, 0, 0, nullptr);
-        expectEndSoon();
-        EXPECT_EQ(statuses, 1) << call;
+        if (statuses.calls().empty()) api_.updateInfo(1, 2, 3, 0, 0, nullptr);
+        EXPECT_TRUE(test::eventually([&] { return statuses.calls().size() == 3; })) << call;
+        EXPECT_THAT(statuses.calls(), ElementsAre("9", "3", "4")) << call;
+        endJob();  // waits for the end
     }
     expectNextJobWorks();
+}
+
+TEST_F(CallbackTest, AClickReachesTheWindowUntilItIsUninitialized) {
+    start();
+    ASSERT_TRUE(waitForRules());
+    script_.view.clear();
+    script_.onViewCall = [&](const std::string& call) {
+        if (call.starts_with("HideGui(") || call.starts_with("Uninitialize(")) {
+            script_.clickBillboard("CURRENT", 0);
+        }
+    };
+    endJob();
+    EXPECT_THAT(
+        script_.view.calls(),
+        ElementsAre("HideGui()", "DisplayBillboard(default.bb,false,false)", "Uninitialize()"));
 }
 
 /// A thread of the window comes with an event just when its job ends and the next one starts.

@@ -31,7 +31,7 @@ constexpr struct {
      "CryptAcquireContextA CryptGenRandom CryptReleaseContext DuplicateTokenEx FreeSid "
      "GetLengthSid GetSecurityDescriptorDacl InitializeAcl InitializeSecurityDescriptor "
      "IsValidSid RegCloseKey RegCreateKeyExA RegDeleteKeyA RegDeleteValueA RegEnumKeyExA "
-     "RegEnumValueA RegOpenKeyA RegOpenKeyExA RegQueryValueExA RegSetValueExA "
+     "RegEnumValueA RegGetValueA RegOpenKeyA RegOpenKeyExA RegQueryValueExA RegSetValueExA "
      "SetKernelObjectSecurity SetSecurityDescriptorDacl SetSecurityInfo"},
     {"kernel32.dll",
      "AddVectoredExceptionHandler CloseHandle CreateEventA CreateFileA CreateMutexA "
