@@ -1,5 +1,6 @@
 // What the user clicks in a billboard: see Controller.h.
 
+#include "PublicLib/calls/ForeignCall.h"
 #include "PublicLib/errors/Exception.h"
 #include "PublicLib/logging/MethodTrace.h"
 #include "PublicLib/printer/Printer.h"
@@ -33,6 +34,7 @@ void guardLaunch(const char* otherFailure, const Work& work) {
 }
 
 /// Opens a program, document or address through the shell, without any dialog of the shell's own.
+/// The shell runs others' code in this process, which may crash.
 /// @param directory  working directory, in which variables are expanded; null: this process's
 void launch(const std::string& target, const char* directory, const char* failure) {
     std::array<char, 1000> file{};  // what is longer is cut
@@ -44,8 +46,11 @@ void launch(const std::string& target, const char* directory, const char* failur
     info.lpFile = file.data();
     info.lpDirectory = directory;
     info.nShow = SW_SHOWNORMAL;
-    if (ShellExecuteExA(&info) == FALSE) {
-        const DWORD error = GetLastError();
+    CallEnd end{};
+    const BOOL launched = callForeign(
+        component::kJsw, "ShellExecuteExA", [&] { return ShellExecuteExA(&info); }, end);
+    const DWORD error = GetLastError();
+    if (launched == FALSE && end == CallEnd::returned) {
         logLine(component::kJsw, kLogError, failure, error);
     }
 }

@@ -4,6 +4,7 @@
 #include "PublicLib/locks/Singleton.h"
 
 #include <mutex>
+#include <optional>
 
 namespace jsw {
 
@@ -11,15 +12,22 @@ namespace {
 
 NeverDestroyed<Singleton<Catalog>> singleton;
 
-/// The module's start, and whether it came to its end.
-struct Start {
-    JswCatalogInitialize* entry;
-    bool complete = false;
-};
+constexpr char kNoList[] =
+    "There are no project Ids for the given category. It may be a project id instead.";
 
-void run(Start* start) {
-    start->entry(&allocateForModule);
-    start->complete = true;
+/// How many texts a list has; an empty text ends it as a null pointer does. Nothing when the list
+/// or a text leads nowhere, which is a fault of the module's.
+std::optional<std::size_t> countTexts(const char* const* list) {
+    std::size_t count = 0;
+    CallEnd end{};
+    callForeign(
+        component::kCatalog, "a list that it returned",
+        [&] {
+            while (list[count] != nullptr && *list[count] != '\0') ++count;
+        },
+        end);
+    if (end != CallEnd::returned) return std::nullopt;
+    return count;
 }
 
 }  // namespace
@@ -27,7 +35,6 @@ void run(Start* start) {
 /// What a question for a list logs.
 struct Catalog::ListTexts {
     const char* entryName;
-    const char* noList;
     const char* emptyList;
     const char* added;
 };
@@ -72,9 +79,10 @@ bool Catalog::initialize() {
     constexpr char kName[] = "Initialize";
     auto* entry = findEntry<JswCatalogInitialize>(dll_.get(), kName, trace);
     if (entry == nullptr) return false;
-    Start start{entry};
-    callEntry(component::kCatalog, kName, &run, &start);
-    if (!start.complete) {
+    CallEnd end{};
+    callForeign(
+        component::kCatalog, kName, [&] { entry(&allocateForModule); }, end);
+    if (end != CallEnd::returned) {
         // A module that could not start must not be asked; the next question tries it again.
         dll_.reset();
         trace.add("ERROR - Catalog is not loaded.");
@@ -144,16 +152,18 @@ void Catalog::askList(const ListTexts& texts, const std::string& id, std::vector
     if (!initialize()) return;
     auto* entry = findEntry<JswCatalogList>(dll_.get(), texts.entryName, trace);
     if (entry == nullptr) return;
-    const ModuleMemory<char*> entries(
-        callEntry(component::kCatalog, texts.entryName, entry, id.c_str()));
-    if (!entries) {
-        trace.add(texts.noList);
+    char** const answer = callEntry(component::kCatalog, texts.entryName, entry, id.c_str());
+    if (answer == nullptr) {
+        trace.add(kNoList);
         return;
     }
-    if (*entries == nullptr) trace.add(texts.emptyList);
-    // An empty text ends the list; it and what follows it stay the module's.
-    for (char** next = entries.get(); *next != nullptr && **next != '\0'; ++next) {
-        list.push_back(takeText(*next));
+    const auto count = countTexts(answer);
+    if (!count) return;  // who knows whose memory it is
+    const ModuleMemory<char*> owner(answer);
+    if (*answer == nullptr) trace.add(texts.emptyList);
+    // The empty text that ends the list, and what follows it, stay the module's.
+    for (std::size_t i = 0; i < *count; ++i) {
+        list.push_back(takeText(answer[i]));
         trace.add(texts.added, list.back());
     }
 }
@@ -161,9 +171,8 @@ void Catalog::askList(const ListTexts& texts, const std::string& id, std::vector
 void Catalog::getBillboardIds(const std::string& category, std::vector<std::string>& ids) {
     MethodTrace trace(component::kCatalog, "Catalog::getBillboardIds: ");
     trace.add("bbCategory=", category);
-    askList({"GetBillboardIds",
-             "There are no project Ids for the given category. It may be a project id instead.",
-             "There is not a project Ids for the given category.", "Added project ID="},
+    askList({"GetBillboardIds", "There is not a project Ids for the given category.",
+             "Added project ID="},
             category, ids, trace);
 }
 
@@ -171,9 +180,8 @@ void Catalog::getBillboardActions(const std::string& bbId, std::vector<std::stri
     MethodTrace trace(component::kCatalog, "Catalog::getBillboardActions: ");
     trace.add("bbId=", bbId);
     // The texts speak of project ids here too; readers of the log know them so.
-    askList({"GetBillboardActions",
-             "There are no project Ids for the given category. It may be a project id instead.",
-             "There are no project Ids for the given category.", "Added action="},
+    askList({"GetBillboardActions", "There are no project Ids for the given category.",
+             "Added action="},
             bbId, actions, trace);
 }
 

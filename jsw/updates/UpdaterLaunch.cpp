@@ -1,3 +1,4 @@
+#include "PublicLib/calls/ForeignCall.h"
 #include "PublicLib/logging/MethodTrace.h"
 #include "PublicLib/win/EntryPoint.h"
 #include "PublicLib/win/LoadLibrary.h"
@@ -44,8 +45,9 @@ BOOL startAsUser(HANDLE token, const std::string& path, void* environment) {
     STARTUPINFOA startup{};
     startup.cb = sizeof(startup);
     PROCESS_INFORMATION info{};
-    const BOOL started = CreateProcessAsUserA(token, nullptr, commandLine.data(), nullptr, nullptr,
-                                              FALSE, kFlags, environment, nullptr, &startup, &info);
+    const BOOL started = callEntry(
+        component::kUpdater, "CreateProcessAsUserA", &CreateProcessAsUserA, token, nullptr,
+        commandLine.data(), nullptr, nullptr, FALSE, kFlags, environment, nullptr, &startup, &info);
     if (started == FALSE) return FALSE;
     const KernelHandle process(info.hProcess);
     const KernelHandle thread(info.hThread);
@@ -58,7 +60,8 @@ void AppUpdatesController::checkForUpdatesVista(const std::string& updaterPath) 
     MethodTrace trace(component::kUpdater, "AppUpdatesController::checkForUpdatesVista: ");
     constexpr INT_PTR kHighestError = 32;
     const auto result = reinterpret_cast<INT_PTR>(
-        ShellExecuteA(nullptr, "RunAs", updaterPath.c_str(), "-UAC", nullptr, SW_SHOWNORMAL));
+        callEntry(component::kUpdater, "ShellExecuteA", &ShellExecuteA, nullptr, "RunAs",
+                  updaterPath.c_str(), "-UAC", nullptr, SW_SHOWNORMAL));
     // A failure is no news: there may be no updater, and the user may refuse the elevation.
     if (result > kHighestError) trace.add("Updater launched successfully.");
 }

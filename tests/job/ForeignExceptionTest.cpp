@@ -4,7 +4,12 @@
 #include "PublicLib/win/Handles.h"
 #include "PublicLib/win/SystemFolders.h"
 #include "tests/job/JobTest.h"
+#include "tests/support/ImportTable.h"
 #include "tests/support/Raise.h"
+
+#include <windows.h>
+
+#include <shellapi.h>
 
 #include <atomic>
 #include <memory>
@@ -193,6 +198,48 @@ TEST_F(ForeignExceptionTest, APointerThatLeadsNowhereLeavesNoLockHeld) {
     EXPECT_TRUE(anotherThreadGetsThrough());
     endJob();
     EXPECT_THAT(faultLines(), ElementsAre(EndsWith(" in a text that it returned")));
+    expectNextJobWorks();
+}
+
+TEST_F(ForeignExceptionTest, AListThatLeadsNowhereEndsInTheLogAndKeepsNothing) {
+    ASSERT_EQ(startJob(), 1);
+    ASSERT_TRUE(waitForRules());
+    script_.listsLeadNowhere = true;
+    EXPECT_EQ(test::HostGuard::exceptionOf([&] { script_.clickBillboard("LAUNCH_URL", 0); }),
+              EXCEPTION_ACCESS_VIOLATION);
+    script_.listsLeadNowhere = false;
+    endJob();
+    EXPECT_THAT(faultLines(), ElementsAre(EndsWith(" in a list that it returned")));
+    EXPECT_TRUE(hasLine("Controller::~Controller: Stop observing the view."));
+    expectNextJobWorks();
+}
+
+/// The shell runs others' code in the host's process.
+TEST_F(ForeignExceptionTest, AFaultInTheShellLeavesNoLockHeld) {
+    const test::ImportTable imports(GetModuleHandleA("jsw.dll"));
+    const auto open = test::replaceImport<decltype(ShellExecuteExA)>(
+        imports, "ShellExecuteExA", [](SHELLEXECUTEINFOA*) -> BOOL {
+            test::fault();
+            return TRUE;
+        });
+    const auto elevate = test::replaceImport<decltype(ShellExecuteA)>(
+        imports, "ShellExecuteA",
+        [](HWND, const char*, const char*, const char*, const char*, INT) -> HINSTANCE {
+            test::fault();
+            return nullptr;
+        });
+    const Settings settings;
+    settings.write(setting::kCheckForUpdates, 1);
+    settings.write(setting::kDateLastChecked, "1/1/2000");
+    settings.write(setting::kUpdaterExecutable, "updater.exe");
+    ASSERT_EQ(startJob(), 1);
+    ASSERT_TRUE(waitForRules());
+    EXPECT_EQ(test::HostGuard::exceptionOf([&] { script_.clickBillboard("LAUNCH_APP", 0); }),
+              EXCEPTION_ACCESS_VIOLATION);
+    EXPECT_EQ(test::HostGuard::exceptionOf([] { api_.terminate(); }), EXCEPTION_ACCESS_VIOLATION);
+    EXPECT_THAT(faultLines(),
+                ElementsAre(EndsWith(" in ShellExecuteExA"), EndsWith(" in ShellExecuteA")));
+    settings.write(setting::kCheckForUpdates, 0);
     expectNextJobWorks();
 }
 

@@ -60,6 +60,7 @@ struct Script {
     CallRecord catalog;
     std::map<std::string, Billboard> billboards;
     bool textsLeadNowhere = false;  ///< what the catalog returns is no pointer to anything
+    bool listsLeadNowhere = false;
     std::map<std::string, std::vector<std::string>> categories;
     bool catalogRaises = false;                                  ///< at the end of its start
     std::function<void(const std::string& name)> onCatalogCall;  ///< at the start of each question

@@ -30,6 +30,7 @@ char* newText(const std::string& text) {
 }
 
 char** newList(const std::vector<std::string>& texts) {
+    if (script().listsLeadNowhere) return reinterpret_cast<char**>(8);
     if (texts.empty() && !script().emptyLists) return nullptr;
     auto** list = static_cast<char**>(allocate((texts.size() + 1) * sizeof(char*)));
     if (list == nullptr) return nullptr;
