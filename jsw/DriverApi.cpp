@@ -100,14 +100,13 @@ bool DriverApi::startJob(const Job& job, JswStatusCallback callback) {
     const bool wasRunning = isJobRunning();
     JobSession::setPresent(session);
     bool started = false;
-    bool isRunning = wasRunning;
     try {
         started = controller->jswInit(job);
-        isRunning = true;  // JSWTerminate ends a job that could not start, too
+        session->setRunning();  // JSWTerminate ends a job that could not start, too
     } catch (...) {
         reportException(component::kJsw, "JSWInit");
+        if (wasRunning) session->setRunning();
     }
-    if (isRunning) session->setRunning();
     return started;
 }
 
@@ -157,7 +156,7 @@ void DriverApi::endOnThreadOfItsOwn(const Session& session) {
     const KernelHandle thread(reinterpret_cast<HANDLE>(
         _beginthreadex(nullptr, 0, &DriverApi::endThread, job.get(), 0, nullptr)));
     if (thread) {
-        job.release();  // the thread's
+        static_cast<void>(job.release());  // the thread's
     } else {
         logLine(component::kJsw, kLogError,
                 "ERROR - no thread to end the job on, error=", GetLastError(),
