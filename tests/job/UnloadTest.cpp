@@ -32,16 +32,20 @@ std::uint8_t start(HMODULE library, JswStatusCallback callback) {
         "SimulatedPrinter", "report.pdf", 0, 1, 1, 1, 1, nullptr, 0, 0, callback);
 }
 
-/// 0 when every cycle after the first ones has left nothing behind.
+/// 0 when every cycle after the first ones has left nothing behind. What the system itself makes
+/// now and then shows in one round; what the library loses, in every one.
 int cycle(const Use& use) {
     for (int i = 0; i < 5; ++i) loadUseAndFree(use);
-    const test::ProcessState before = test::processState();
-    for (int i = 0; i < kCycles; ++i) loadUseAndFree(use);
-    const test::ProcessState after = test::processState();
-    if (after.freeTlsIndexes != before.freeTlsIndexes) return 1;
-    if (after.heapBytes > before.heapBytes + 4 * kCycles) return 2;
-    if (after.nextHandle != before.nextHandle) return 3;
-    return GetModuleHandleA("jsw.dll") == nullptr ? 4 : 0;  // pins itself
+    for (int round = 0; round < 3; ++round) {
+        const test::ProcessState before = test::processState();
+        for (int i = 0; i < kCycles; ++i) loadUseAndFree(use);
+        const test::ProcessState after = test::processState();
+        if (after.freeTlsIndexes != before.freeTlsIndexes) return 1;
+        if (after.nextHandle != before.nextHandle) return 3;
+        if (GetModuleHandleA("jsw.dll") == nullptr) return 4;  // pins itself
+        if (after.heapBytes <= before.heapBytes + 4 * kCycles) return 0;
+    }
+    return 2;
 }
 
 /// Follows the script of the test; the registry is that of the test program.
