@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Installs what building, testing and showing the library needs and what is not there yet.
-# With --tests also what the tests look at pages with, with --coverage also what sums up the lines
-# they reach, with --checks what the format and tidy checks and the fuzzers need.
+# With --tests also what the tests need, the browser only when CI is set: elsewhere the tests take one
+# that is there. With --browser that one, with --coverage also what sums up the lines that tests
+# reach, with --checks what the format and tidy checks and the fuzzers need.
 set -euo pipefail
 
 packages=(
@@ -14,8 +15,10 @@ packages=(
   xvfb xauth imagemagick                        # windows and their screenshots
   fonts-dejavu-core fonts-open-sans fonts-wine  # what they are written in
 )
-if [[ "${1:-}" == --tests || "${1:-}" == --coverage ]]; then
+if [[ "${1:-}" == --browser || ("${1:-}" == --tests && -n "${CI:-}") ]]; then
   packages+=(chromium)
+fi
+if [[ "${1:-}" == --tests || "${1:-}" == --coverage ]]; then
   packages+=(clang lld)  # what the kit's test takes for Visual Studio
 fi
 if [[ "${1:-}" == --coverage ]]; then

@@ -50,7 +50,7 @@ part job-cycles qltest-soak.exe 'CycleJobSoak.*'
 part random qltest-soak.exe 'RandomSoak.*'
 part log qltest-soak.exe 'LogSoak.*'
 part exit qltest-soak.exe 'ExitSoak.*'
-part faults qltest-faults.exe '*'
+part faults qpfaults.exe '*'
 part window qltest-windows.exe '*AnyResizing*'
 echo "$faults of 8 parts with faults, in $(((SECONDS - start) / 60)) min $(((SECONDS - start) % 60)) s"
 ((faults == 0))

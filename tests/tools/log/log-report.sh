@@ -1,12 +1,15 @@
 #!/usr/bin/env bash
 # Runs two jobs of the real library, has jswctl tell their log, and looks at the page in a browser.
 #
-#   log-report.sh BIN WORK    programs in BIN; log, page and screenshots are left in WORK
+#   log-report.sh BIN WORK [HEIGHT]    programs in BIN; log, page and pictures of it, so many pixels
+#                                      high, are left in WORK
 #
-# Wine must be up (scripts/wine-env.sh), with a display.
+# Wine must be up (scripts/wine-env.sh), with a display. Where no browser is installed the page is
+# not looked at, which is said; with CI set it must be.
 set -euo pipefail
 bin=$1
 work=$2
+height=${3:-1400}
 host=$work/host
 # A host of its own, so that nobody else writes to its log: the first four letters count.
 readonly program=qlrep.exe id=qlre
@@ -57,22 +60,22 @@ run_job() {
 run_jobs() {
   run_job report.pdf <<END || return 1
 at 0.1 page 1
-at $1.0 click ink
-at $1.4 click current
-at $1.6 page 2
+at $1.4 click ink
+at $1.6 click current
+at $1.7 page 2
 END
   # The second job misses its rules and the page behind the button.
   rm "$host/data/rules.xml" "$host/data/Scripts/inkstatus.jbb"
   run_job letter.doc <<END
 at 0.1 page 1
-at $1.0 click ink
+at $1.4 click ink
 END
 }
 
 # On a busy machine the window takes its time.
 run_jobs_in_time() {
   local seconds
-  for seconds in 1 4 15; do
+  for seconds in 0 4 15; do
     install_host
     run_jobs "$seconds" && return
   done
@@ -134,19 +137,14 @@ check_bad_use() {
   cmp -s "$log" "$work/jobs.log" || fail "the log was overwritten"
 }
 
-# browse OPTION...: opens the page in a browser that has never run before.
-browse() {
+# look NAME SCHEME OPTION...: opens the page in a browser that has never run before, and keeps a
+# picture of it in these colours: 0 dark, 1 light.
+look() {
   timeout 100 chromium --headless --no-sandbox --disable-gpu --disable-quic --no-first-run \
     --disable-background-networking --disable-component-update --disable-sync --hide-scrollbars \
-    --user-data-dir="$work/profile" "$@" "file://$work/report.html" 2>"$work/browser.txt"
-}
-
-# Cuts off the empty rest of the window.
-cut_below() {
-  local box
-  box=$(convert "$1" -format '%@' info:)  # WIDTHxHEIGHT+X+Y of what is not empty
-  [[ "$box" =~ x([0-9]+)[+][0-9]+[+]([0-9]+)$ ]] || fail "cannot tell what is in $1"
-  convert "$1" -crop "x$((BASH_REMATCH[1] + BASH_REMATCH[2] + 24))+0+0" +repage "$1"
+    --user-data-dir="$work/profile" --window-size=1240,"$height" --screenshot="$work/$1.png" \
+    --blink-settings=preferredColorScheme="$2" "${@:3}" "file://$work/report.html" \
+    2>"$work/browser.txt"
 }
 
 # expect_colour PICTURE COLOUR...: each must be somewhere in it.
@@ -170,18 +168,17 @@ expect_elements() {
 check_page() {
   expect_answer 1 "$(windows_path "$work/jobs.log")" --html "$(windows_path "$work/report.html")"
   grep -qE '<script|https?:|<link|@import' "$work/report.html" && fail "the page is not self-contained"
-  browse --dump-dom >"$work/dom.html"
+  if [[ -z "${CI:-}" ]] && ! command -v chromium >/dev/null; then
+    echo "The page was not looked at: there is no browser (package chromium)."
+    return
+  fi
+  look light 1 --dump-dom >"$work/dom.html"
+  look dark 0
   expect_elements 2 '<section class="job"'
   expect_elements 2 '<svg class="timeline"'
   expect_elements 6 'class="thread"'  # driver, rules, view
   expect_elements 1 '</html>'
   grep -q 'class="mark stops" d=' "$work/dom.html" || fail "no trouble is marked in a picture"
-  local scheme
-  for scheme in light dark; do
-    browse --window-size=1240,5000 --screenshot="$work/$scheme.png" \
-      --blink-settings=preferredColorScheme="$([[ $scheme == light ]] && echo 1 || echo 0)"
-    cut_below "$work/$scheme.png"
-  done
   expect_colour "$work/light.png" '#FFFFFF' '#4C8DD6' '#C62828'
   expect_colour "$work/dark.png" '#14181F' '#5B9BE0' '#FF7B72'
 }
