@@ -1,6 +1,7 @@
 #include "tests/faults/FailureTable.h"
 
-#include <algorithm>
+#include "tests/support/Words.h"
+
 #include <map>
 #include <stdexcept>
 
@@ -18,72 +19,80 @@ constexpr Failure kNoProgram{ERROR_FILE_NOT_FOUND};  // of the older shell call
 
 struct Family {
     std::optional<Failure> failure;
-    std::string functions;  // separated by blanks
+    const char* library;
+    const char* functions;
 };
 
 const Family kFamilies[] = {
-    {kNull,
-     "AddAccessAllowedAceEx AddVectoredExceptionHandler AllocateAndInitializeSid CreateEventA "
-     "CreateMutexA CreateProcessAsUserA CreateSemaphoreA CryptAcquireContextA CryptGenRandom "
-     "DeleteFileA DuplicateHandle DuplicateTokenEx EnumPrintersA ExpandEnvironmentStringsA "
-     "FormatMessageA GetComputerNameA GetFileSizeEx GetFileVersionInfoA GetFileVersionInfoSizeA "
+    {kNull, "advapi32.dll",
+     "AddAccessAllowedAceEx AllocateAndInitializeSid CreateProcessAsUserA CryptAcquireContextA "
+     "CryptGenRandom DuplicateTokenEx GetSecurityDescriptorDacl InitializeAcl "
+     "InitializeSecurityDescriptor IsValidSid SetKernelObjectSecurity SetSecurityDescriptorDacl"},
+    {kNull, "kernel32.dll",
+     "AddVectoredExceptionHandler CreateEventA CreateMutexA CreateSemaphoreA DeleteFileA "
+     "DuplicateHandle ExpandEnvironmentStringsA FormatMessageA GetComputerNameA GetFileSizeEx "
      "GetFullPathNameA GetHandleInformation GetModuleFileNameA GetModuleHandleA "
-     "GetModuleHandleExA GetModuleHandleExW GetModuleHandleW GetPrinterDriverDirectoryA "
-     "GetPrivateProfileSectionNamesA GetPrivateProfileStringA GetProcAddress "
-     "GetProcessAffinityMask GetSecurityDescriptorDacl GetSystemDirectoryA GetThreadContext "
-     "GetVersionExA GetWindowsDirectoryA InitializeAcl InitializeSecurityDescriptor IsValidSid "
-     "LoadLibraryA LoadLibraryW MultiByteToWideChar OpenPrinterA OpenProcess OpenThread "
-     "PathAppendA PeekMessageA SetEndOfFile ReleaseSemaphore ResetEvent SetEvent "
-     "SetKernelObjectSecurity "
-     "SetProcessAffinityMask SetSecurityDescriptorDacl SetThreadContext SetThreadPriority "
-     "ShellExecuteExA TryEnterCriticalSection VerQueryValueA "
-     "VirtualProtect VirtualQuery WideCharToMultiByte WriteFile _beginthreadex _localtime64 "
-     "_strdup calloc malloc realloc GetExitCodeThread QueueUserAPC"},
-    {kMinusOne,
+     "GetModuleHandleExA GetModuleHandleExW GetModuleHandleW GetPrivateProfileSectionNamesA "
+     "GetPrivateProfileStringA GetProcAddress GetProcessAffinityMask GetSystemDirectoryA "
+     "GetThreadContext GetVersionExA GetWindowsDirectoryA LoadLibraryA LoadLibraryW "
+     "MultiByteToWideChar OpenProcess OpenThread SetEndOfFile ReleaseSemaphore ResetEvent "
+     "SetEvent SetProcessAffinityMask SetThreadContext SetThreadPriority "
+     "TryEnterCriticalSection VirtualProtect VirtualQuery WideCharToMultiByte WriteFile "
+     "GetExitCodeThread QueueUserAPC"},
+    {kNull, "winspool.drv", "EnumPrintersA GetPrinterDriverDirectoryA OpenPrinterA"},
+    {kNull, "version.dll", "GetFileVersionInfoA GetFileVersionInfoSizeA VerQueryValueA"},
+    {kNull, "shlwapi.dll", "PathAppendA"},
+    {kNull, "user32.dll", "PeekMessageA"},
+    {kNull, "shell32.dll", "ShellExecuteExA"},
+    {kNull, "msvcrt.dll", "_beginthreadex _localtime64 _strdup calloc malloc realloc"},
+    {kMinusOne, "kernel32.dll",
      "CreateFileA GetFileAttributesA GetFileSize ResumeThread SetFilePointer SuspendThread "
-     "TlsAlloc "
-     "WaitForMultipleObjects WaitForMultipleObjectsEx WaitForSingleObject WaitForSingleObjectEx "
-     "MsgWaitForMultipleObjects MsgWaitForMultipleObjectsEx _access _mktime64 _open _read _time64 "
-     "_write fputc fputs signal"},
-    {kErrorCode,
-     "GetPrinterDataA RegCreateKeyExA RegDeleteKeyA RegDeleteValueA RegEnumKeyExA RegEnumValueA "
-     "RegGetValueA RegOpenKeyA RegOpenKeyExA RegQueryValueExA RegSetValueExA SetSecurityInfo"},
-    {kNotGivenBack,
-     "CloseHandle ClosePrinter CryptReleaseContext FreeLibrary FreeSid LocalFree ReleaseMutex "
-     "RemoveVectoredExceptionHandler TlsFree _close"},
-    {kKeyNotClosed, "RegCloseKey"},
-    {kNoFolder, "SHGetFolderPathA"},
-    {kNoProgram, "ShellExecuteA"},
+     "TlsAlloc WaitForMultipleObjects WaitForMultipleObjectsEx WaitForSingleObject "
+     "WaitForSingleObjectEx"},
+    {kMinusOne, "user32.dll", "MsgWaitForMultipleObjects MsgWaitForMultipleObjectsEx"},
+    {kMinusOne, "msvcrt.dll", "_access _mktime64 _open _read _time64 _write fputc fputs signal"},
+    {kErrorCode, "winspool.drv", "GetPrinterDataA"},
+    {kErrorCode, "advapi32.dll",
+     "RegCreateKeyExA RegDeleteKeyA RegDeleteValueA RegEnumKeyExA RegEnumValueA RegGetValueA "
+     "RegOpenKeyA RegOpenKeyExA RegQueryValueExA RegSetValueExA SetSecurityInfo"},
+    {kNotGivenBack, "kernel32.dll",
+     "CloseHandle FreeLibrary LocalFree ReleaseMutex RemoveVectoredExceptionHandler TlsFree"},
+    {kNotGivenBack, "winspool.drv", "ClosePrinter"},
+    {kNotGivenBack, "advapi32.dll", "CryptReleaseContext FreeSid"},
+    {kNotGivenBack, "msvcrt.dll", "_close"},
+    {kKeyNotClosed, "advapi32.dll", "RegCloseKey"},
+    {kNoFolder, "shell32.dll", "SHGetFolderPathA"},
+    {kNoProgram, "shell32.dll", "ShellExecuteA"},
     // What cannot fail, or only by not coming back.
-    {std::nullopt,
+    {std::nullopt, "kernel32.dll",
      "DeleteCriticalSection EnterCriticalSection GetCurrentProcess GetCurrentProcessId "
-     "GetCurrentThread GetCurrentThreadId GetLastError GetLengthSid GetLocalTime "
-     "GetSystemDefaultLangID GetSystemTimeAsFileTime GetThreadPriority GetTickCount GetTickCount64 "
-     "GetUserDefaultLangID InitializeCriticalSection IsDBCSLeadByteEx IsDebuggerPresent "
-     "LeaveCriticalSection OutputDebugStringA SetLastError Sleep SleepEx SwitchToThread "
+     "GetCurrentThread GetCurrentThreadId GetLastError GetLocalTime GetSystemDefaultLangID "
+     "GetSystemTimeAsFileTime GetThreadPriority GetTickCount GetTickCount64 GetUserDefaultLangID "
+     "InitializeCriticalSection IsDBCSLeadByteEx IsDebuggerPresent LeaveCriticalSection "
+     "OutputDebugStringA SetLastError Sleep SleepEx SwitchToThread TlsGetValue TlsSetValue"},
+    {std::nullopt, "advapi32.dll", "GetLengthSid"},
+    {std::nullopt, "msvcrt.dll",
      "___lc_codepage_func ___mb_cur_max_func __iob_func __acrt_iob_func _difftime64 _errno "
      "_initterm _lock _ultoa _unlock _vsnprintf fprintf free fwrite isspace localeconv memchr "
      "memcmp memcpy memmove memset printf strchr strcmp strerror strlen strncmp strtol strtoll "
-     "strtoul tolower toupper vfprintf wcslen islower isupper strtod TlsGetValue TlsSetValue"},
+     "strtoul tolower toupper vfprintf wcslen islower isupper strtod"},
     // What writes the counts in a build that counts its lines.
-    {std::nullopt, "_fdopen _getpid _locking _mkdir atoi fclose fopen fread fseek getenv strcat"},
+    {std::nullopt, "msvcrt.dll",
+     "_fdopen _getpid _locking _mkdir atoi fclose fopen fread fseek getenv strcat"},
     // The program's own end, and the machinery of exceptions.
-    {std::nullopt,
+    {std::nullopt, "kernel32.dll",
      "RaiseException RtlAddFunctionTable RtlCaptureContext RtlDeleteFunctionTable "
      "RtlLookupFunctionEntry RtlUnwind RtlUnwindEx RtlVirtualUnwind __C_specific_handler "
-     "_amsg_exit _endthreadex _exit _setjmp abort exit longjmp SetUnhandledExceptionFilter "
-     "UnhandledExceptionFilter TerminateProcess atexit _onexit __dllonexit"},
+     "SetUnhandledExceptionFilter UnhandledExceptionFilter TerminateProcess"},
+    {std::nullopt, "msvcrt.dll",
+     "_amsg_exit _endthreadex _exit _setjmp abort exit longjmp atexit _onexit __dllonexit"},
 };
 
-std::map<std::string, std::optional<Failure>> makeTable() {
-    std::map<std::string, std::optional<Failure>> table;
+std::map<std::string, SystemFunction> makeTable() {
+    std::map<std::string, SystemFunction> table;
     for (const Family& family : kFamilies) {
-        std::size_t begin = 0;
-        while (begin < family.functions.size()) {
-            const std::size_t end =
-                std::min(family.functions.find(' ', begin), family.functions.size());
-            table[family.functions.substr(begin, end - begin)] = family.failure;
-            begin = end + 1;
+        for (const std::string& function : words(family.functions)) {
+            table[function] = {family.library, family.failure};
         }
     }
     return table;
@@ -91,10 +100,10 @@ std::map<std::string, std::optional<Failure>> makeTable() {
 
 }  // namespace
 
-std::optional<Failure> failureOf(const std::string& function) {
+const SystemFunction& systemFunction(const std::string& name) {
     static const auto table = makeTable();
-    const auto entry = table.find(function);
-    if (entry == table.end()) throw std::invalid_argument("how does it fail? " + function);
+    const auto entry = table.find(name);
+    if (entry == table.end()) throw std::invalid_argument("how does it fail? " + name);
     return entry->second;
 }
 

@@ -96,7 +96,7 @@ void FaultTest::failEachCall(std::uint32_t levels, std::uint32_t step, std::uint
         callsOf[function.name] = gate.calls(function.name);
     }
     for (const auto& [name, calls] : callsOf) {
-        const auto failure = test::failureOf(name);
+        const auto failure = test::systemFunction(name).failure;
         if (!failure || calls < fewest || (only != nullptr && name != only)) continue;
         const std::uint32_t stride = std::max(step, calls / most);
         for (std::uint32_t call = 1; call <= calls; call += stride) {
@@ -116,15 +116,19 @@ void FaultTest::failEachCall(std::uint32_t levels, std::uint32_t step, std::uint
 // First that with the log on: without its mutex, which is one of the failures of the other, the log
 // ends for the rest of the process.
 TEST_F(FaultTest, AnyFailureOfTheLog) {
-    withoutStarting([this] {
-        failEachCall(number("JSW_FAULT_LEVELS", kFewLevels), 1, number("JSW_FAULT_MOST_LOGGED", 2),
-                     kCallsOfTheLog);
-    });
+    failEachCall(number("JSW_FAULT_LEVELS", kFewLevels), 1, number("JSW_FAULT_MOST_LOGGED", 2),
+                 kCallsOfTheLog);
 }
 
 TEST_F(FaultTest, TheJobAfterAnyFailureIsServedAsEver) {
-    withoutStarting(
-        [this] { failEachCall(0, number("JSW_FAULT_STEP", 7), number("JSW_FAULT_MOST", 40), 1); });
+    failEachCall(0, number("JSW_FAULT_STEP", 7), number("JSW_FAULT_MOST", 40), 1);
+}
+
+TEST_F(FaultTest, NothingIsImportedThatTheOldestWindowsDoesNotHave) {
+    for (const auto& import : imports_.functions()) {
+        EXPECT_EQ(toLower(import.library), test::systemFunction(import.name).library)
+            << import.name;
+    }
 }
 
 }  // namespace jsw

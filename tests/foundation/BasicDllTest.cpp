@@ -2,9 +2,10 @@
 #include "PublicLib/win/Handles.h"
 #include "PublicLib/win/SystemFolders.h"
 #include "tests/support/ChildProcess.h"
-#include "tests/support/ImportTable.h"
+#include "tests/support/HeldUpThread.h"
 #include "tests/support/TempFolder.h"
 
+#include <functional>
 #include <gmock/gmock.h>
 #include <thread>
 
@@ -16,12 +17,14 @@ int loads = 0;
 int unloads = 0;
 bool failOnLoad = false;
 bool failOnUnload = false;
+std::function<void()> duringLoad;
 
 /// Expects the module to be there while it is told of it.
 struct CountingHandler : DllHandler {
     void onLoad(LoadedModule& module) override {
         ++loads;
         EXPECT_EQ(GetModuleHandleA(module.name().c_str()), module.handle());
+        if (duringLoad) duringLoad();
         if (failOnLoad) throw Exception("hook failed", 0);
     }
     void onUnload(LoadedModule& module) override {
@@ -80,6 +83,17 @@ TEST_F(BasicDllTest, LoadersOfOneFileShareItAndTheLastOneFreesIt) {
         EXPECT_EQ(Dll::refCount(handle), 0);
         EXPECT_EQ(GetModuleHandleA(module_.c_str()), nullptr);
     }
+}
+
+TEST_F(BasicDllTest, AThreadThatComesWhileTheModuleIsLoadedSharesIt) {
+    Dll first, second;
+    test::HeldUpThread other([&] { second.init(module_); });
+    duringLoad = [&] { EXPECT_TRUE(other.meetsALock()); };
+    first.init(module_);
+    other.join();
+    duringLoad = nullptr;
+    EXPECT_EQ(Dll::refCount(first.handle()), 2);
+    EXPECT_EQ(loads, 1);
 }
 
 TEST_F(BasicDllTest, AModuleLoadedBySomebodyElseIsHeldInItsOwnRight) {

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Writes the seeds of CacheRecordFuzz: each record whole and cut at every length, and cartridges
-with counts at 0 and at their maximum. Run it in this folder after a record has been added."""
+"""Writes the seeds of CacheRecordFuzz: each record, and cartridges with counts at 0 and at their
+maximum; the test cuts them at every length. Run it in this folder after a record has been added."""
 import pathlib
 import struct
 
@@ -19,18 +19,15 @@ for block, kind in ((0x0110, b"Q"), (0x0120, b"1")):
 RECORDS |= {identifier: NUMBER for identifier in
             [*range(0x0400, 0x0407), 0x0414, 0x0415, 0x0417]}
 
-seeds = {}  # name by content: equal beginnings are one seed
+seeds = {}  # content by name
 
 
 def add(name, content):
-    seeds.setdefault(content, name)
+    seeds[name] = content
 
 
 for identifier, data in RECORDS.items():
-    whole = HEADER + record(identifier, data)
-    add(f"{identifier:04x}", whole)
-    for length in range(len(whole)):
-        add(f"{identifier:04x}-cut{length:02}", whole[:length])
+    add(f"{identifier:04x}", HEADER + record(identifier, data))
 
 for name, value in (("zero", 0), ("max", 0xFFFFFFFF)):
     counts = b"".join(record(identifier, struct.pack(">I", value))
@@ -45,5 +42,5 @@ folder = pathlib.Path(__file__).parent / "corpus" / "cache"
 folder.mkdir(parents=True, exist_ok=True)
 for old in folder.iterdir():
     old.unlink()
-for content, name in seeds.items():
+for name, content in seeds.items():
     (folder / name).write_bytes(content)

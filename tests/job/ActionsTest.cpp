@@ -2,12 +2,12 @@
 #include "PublicLib/win/SystemFolders.h"
 #include "jsw/settings/RegistryKey.h"
 #include "tests/job/JobTest.h"
+#include "tests/job/RecordedShell.h"
 #include "tests/support/ChildProcess.h"
 #include "tests/support/ImportTable.h"
 
 #include <windows.h>
 
-#include <shellapi.h>
 #include <winspool.h>
 
 #include <atomic>
@@ -72,24 +72,18 @@ class ActionsTest : public test::JobTest {
     }
 
     /// Clicks an action of the default billboard and answers what the started program wrote.
-    std::string launch(const char* action, const std::string& param, int actionId = 0,
-                       DWORD patience = 10000) {
+    std::string launch(const char* action, const std::string& param) {
         script_.billboards["DEFAULT"].actions = {param};
         const std::string record = folder_.file("record.txt");
         DeleteFileA(record.c_str());
         SetEnvironmentVariableA("JSW_TEST_ROLE", "launched");
         SetEnvironmentVariableA("JSW_TEST_ARGUMENT", record.c_str());
         startJob();
-        script_.clickBillboard(action, actionId);
+        script_.clickBillboard(action, 0);
         SetEnvironmentVariableA("JSW_TEST_ROLE", nullptr);
-        const DWORD start = GetTickCount();
-        std::string text;
-        while (text.empty() && GetTickCount() - start < patience) {
-            Sleep(20);
-            text = test::readFile(record);
-        }
+        EXPECT_TRUE(test::eventually([&] { return !test::readFile(record).empty(); }));
         endJob();
-        return text;
+        return test::readFile(record);
     }
 };
 
@@ -228,15 +222,9 @@ TEST_F(ActionsTest, WithoutADriverFolderNothingIsLookedUpOrLoaded) {
 
 TEST_F(ActionsTest, AnAddressSpeaksOfOnePrinterThoughTheJobEndsMeanwhile) {
     script_.billboards["DEFAULT"].actions = {"jswnone:_^PartnerCode^__^L1^_"};
-    const test::ImportTable imports(GetModuleHandleA("jsw.dll"));
-    std::string opened;
-    const auto shell = test::replaceImport<decltype(ShellExecuteExA)>(imports, "ShellExecuteExA",
-                                                                      [&](SHELLEXECUTEINFOA* info) {
-                                                                          opened = info->lpFile;
-                                                                          return TRUE;
-                                                                      });
+    const test::RecordedShell shell;
     const auto readCode = test::replaceImport<decltype(GetPrivateProfileStringA)>(
-        imports, "GetPrivateProfileStringA",
+        test::ImportTable(GetModuleHandleA("jsw.dll")), "GetPrivateProfileStringA",
         [&](const char*, const char*, const char*, char*, DWORD, const char*) {
             endJob();
             return DWORD{0};
@@ -244,18 +232,12 @@ TEST_F(ActionsTest, AnAddressSpeaksOfOnePrinterThoughTheJobEndsMeanwhile) {
     startJob();
     ASSERT_TRUE(waitForRules());
     script_.clickBillboard("LAUNCH_URL", 0);
-    EXPECT_EQ(opened, "jswnone:90");
+    EXPECT_THAT(shell.calls.calls(), ElementsAre("open(jswnone:90)"));
 }
 
 TEST_F(ActionsTest, AClickThatOutlivesItsJobLeavesNoPrinterToTheNextOne) {
     script_.billboards["DEFAULT"].actions = {"jswnone:_^L1^_"};
-    std::vector<std::string> opened;
-    const auto shell = test::replaceImport<decltype(ShellExecuteExA)>(
-        test::ImportTable(GetModuleHandleA("jsw.dll")), "ShellExecuteExA",
-        [&](SHELLEXECUTEINFOA* info) {
-            opened.emplace_back(info->lpFile);
-            return TRUE;
-        });
+    const test::RecordedShell shell;
     std::atomic<bool> isAsked{false};
     std::atomic<bool> isOver{false};
     script_.onCatalogCall = [&](const std::string& name) {
@@ -272,13 +254,15 @@ TEST_F(ActionsTest, AClickThatOutlivesItsJobLeavesNoPrinterToTheNextOne) {
     click.join();
     startJob({.friendlyName = "No such printer"});
     script_.clickBillboard("LAUNCH_URL", 0);
-    EXPECT_THAT(opened, ElementsAre("jswnone:90", "jswnone:0"));
+    EXPECT_THAT(shell.calls.calls(), ElementsAre("open(jswnone:90)", "open(jswnone:0)"));
 }
 
 TEST_F(ActionsTest, AnApplicationIsStartedWithVariablesExpanded) {
     SetEnvironmentVariableA("JSW_TEST_PROGRAM", moduleFileName(nullptr).c_str());
     EXPECT_THAT(launch("LAUNCH_APP", "%JSW_TEST_PROGRAM%"), HasSubstr("qltest-job.exe"));
-    EXPECT_EQ(launch("launch_app", folder_.file("absent.exe"), 0, 300), "");
+    script_.billboards["DEFAULT"].actions = {folder_.file("absent.exe")};
+    startJob();
+    script_.clickBillboard("launch_app", 0);
     EXPECT_TRUE(hasLine("Unable to launch application, error=2"));
 }
 
@@ -289,12 +273,18 @@ TEST_F(ActionsTest, AnAddressIsOpenedWithItsMacrosExpandedInTheHomeFolder) {
     const std::string record = launch("LAUNCH_URL", "jswtest:order?ink=_^L1^_&none=_^Nothing^_");
     EXPECT_THAT(record, HasSubstr("jswtest:order?ink=90&none=_^Nothing^_"));
     EXPECT_THAT(record, HasSubstr("|C:\\windows|"));
-    EXPECT_EQ(launch("LAUNCH_URL", "jswtest:order", 1, 300), "");
-    EXPECT_TRUE(logContains("ERROR - actionId > number of actions. Number of actions=1"));
-    EXPECT_EQ(launch("LAUNCH_URL", "jswtest:order", -1, 300), "");
-    EXPECT_TRUE(logContains("ERROR - actionId < 0"));
-    EXPECT_EQ(launch("LAUNCH_URL", "jswtest:" + std::string(800, 'x'), 0).size(),
+    EXPECT_EQ(launch("LAUNCH_URL", "jswtest:" + std::string(800, 'x')).size(),
               record.size() + 800 - std::string("order?ink=90&none=_^Nothing^_").size());
+}
+
+TEST_F(ActionsTest, ANumberThatNoActionHasStartsNothing) {
+    const test::RecordedShell shell;
+    script_.billboards["DEFAULT"].actions = {"jswnone:order"};
+    startJob();
+    for (const int number : {1, -1}) script_.clickBillboard("LAUNCH_URL", number);
+    EXPECT_THAT(shell.calls.calls(), IsEmpty());
+    EXPECT_TRUE(logContains("ERROR - actionId > number of actions. Number of actions=1"));
+    EXPECT_TRUE(logContains("ERROR - actionId < 0"));
 }
 
 }  // namespace jsw

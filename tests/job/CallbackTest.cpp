@@ -1,7 +1,5 @@
 // What a driver does from inside its status callback, on whatever thread it is called.
 
-#include "PublicLib/os/Localize.h"
-#include "PublicLib/win/SystemFolders.h"
 #include "tests/job/JobTest.h"
 #include "tests/support/ImportTable.h"
 
@@ -48,18 +46,6 @@ class CallbackTest : public test::JobTest {
     /// The end may be left to a thread of its own.
     void expectEndSoon() {
         EXPECT_TRUE(test::eventually([&] { return isEnded(); }));
-    }
-    /// A plain job must be served fully afterwards.
-    void expectNextJobWorks() {
-        script_.onViewCall = nullptr;
-        script_.onEvaluateRule = nullptr;
-        script_.ruleResults = {"TIP"};
-        script_.checkHistory = false;
-        script_.view.clear();
-        runJob();
-        EXPECT_THAT(viewCalls("DisplayBillboard"),
-                    Contains("DisplayBillboard(tip.bb,false,false)"));
-        EXPECT_THAT(viewCalls("Uninitialize"), ElementsAre("Uninitialize()"));
     }
 };
 
@@ -266,10 +252,7 @@ TEST_F(WindowTest, AnOrdinaryCallServesTheWindowsOfItsThreadWhileItWaits) {
 }
 
 TEST_F(CallbackTest, EndingTheJobWhileAPromptIsUpOnAnotherThread) {
-    const std::string folder = printerDriverDirectory() + "\\3";
-    CreateDirectoryA(folder.c_str(), nullptr);
-    const std::string module = folder + "\\" + Localize::getInstance()->localId() + "jswo.dll";
-    ASSERT_NE(CopyFileA("scripted_legacy.dll", module.c_str(), FALSE), FALSE);
+    installLegacyModule();
     start();
     ASSERT_TRUE(waitForRules());
     std::atomic<bool> isUp{false};
@@ -286,7 +269,6 @@ TEST_F(CallbackTest, EndingTheJobWhileAPromptIsUpOnAnotherThread) {
     driver.join();
     EXPECT_TRUE(test::eventually([] { return logContains("destroying Controller."); }));
     EXPECT_THAT(viewCalls("Uninitialize"), ElementsAre("Uninitialize()"));
-    DeleteFileA(module.c_str());
     expectNextJobWorks();
 }
 

@@ -1,24 +1,15 @@
 // What comes out of modules that were made with another compiler, or that simply crash.
 
-#include "PublicLib/os/Localize.h"
 #include "PublicLib/win/Handles.h"
-#include "PublicLib/win/SystemFolders.h"
 #include "tests/job/JobTest.h"
-#include "tests/support/ImportTable.h"
+#include "tests/job/RecordedShell.h"
 #include "tests/support/Raise.h"
 
-#include <windows.h>
-
-#include <shellapi.h>
-
-#include <atomic>
-#include <memory>
+#include <functional>
 #include <stdexcept>
-#include <thread>
 
 namespace jsw {
 
-using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::EndsWith;
 using ::testing::IsEmpty;
@@ -37,26 +28,13 @@ class ForeignExceptionTest : public test::JobTest {
   protected:
     void SetUp() override {
         JobTest::SetUp();
-        addBillboard("TIP", {.file = "tip.bb", .type = "promotion"});
-        const std::string folder = printerDriverDirectory() + "\\3";
-        CreateDirectoryA(folder.c_str(), nullptr);
-        legacyModule_ = folder + "\\" + Localize::getInstance()->localId() + "jswo.dll";
-        CopyFileA("scripted_legacy.dll", legacyModule_.c_str(), FALSE);
+        installLegacyModule();
     }
     void TearDown() override {
-        behave();
+        inCallback = nullptr;
         JobTest::TearDown();
-        DeleteFileA(legacyModule_.c_str());
     }
 
-    void behave() {
-        script_.onViewCall = nullptr;
-        script_.onCatalogCall = nullptr;
-        script_.onEvaluateRule = nullptr;
-        script_.onPrompt = nullptr;
-        script_.textsLeadNowhere = false;
-        inCallback = nullptr;
-    }
     void misbehaveInView(const std::string& callStart, const std::function<void()>& act) {
         script_.onViewCall = [=](const std::string& call) {
             if (call.starts_with(callStart)) act();
@@ -71,33 +49,6 @@ class ForeignExceptionTest : public test::JobTest {
         });
         return lines;
     }
-
-    /// Whether another thread gets through to the window; it does not where a lock was left held.
-    bool anotherThreadGetsThrough() {
-        const auto through = std::make_shared<std::atomic<bool>>(false);
-        std::thread([through] {
-            api_.updateInfo(5, 5, 5, 0, 0, nullptr);
-            *through = true;
-        }).detach();
-        return test::eventually([&] { return through->load(); });
-    }
-    void expectNextJobWorks() {
-        behave();
-        script_.rules.clear();
-        script_.ruleResults = {"TIP"};
-        script_.checkHistory = false;
-        script_.view.clear();
-        ASSERT_EQ(startJob(), 1);
-        ASSERT_TRUE(waitForRules());
-        ASSERT_TRUE(anotherThreadGetsThrough());
-        endJob();
-        EXPECT_THAT(viewCalls("DisplayBillboard"),
-                    Contains("DisplayBillboard(tip.bb,false,false)"));
-        EXPECT_THAT(viewCalls("UpdateInfo"), ElementsAre("UpdateInfo(5,5,5,0)"));
-        EXPECT_THAT(viewCalls("Uninitialize"), ElementsAre("Uninitialize()"));
-    }
-
-    std::string legacyModule_;
 };
 
 TEST_F(ForeignExceptionTest, ACppExceptionOfAnotherCompilerIsContained) {
@@ -108,6 +59,7 @@ TEST_F(ForeignExceptionTest, ACppExceptionOfAnotherCompilerIsContained) {
     script_.onEvaluateRule = test::raiseForeignException;
     script_.onPrompt = test::raiseForeignException;
     inCallback = test::raiseForeignException;
+    addBillboard("TIP", {.file = "tip.bb", .type = "promotion"});
     script_.ruleResults = {"TIP", "TIP"};
     EXPECT_EQ(startJob({.callback = callDriver}), 1);
     ASSERT_TRUE(waitForRules());
@@ -159,7 +111,7 @@ TEST_F(ForeignExceptionTest, AFaultGoesToTheHostAndLeavesNoLockHeld) {
         }
         // No module was called any more on the way out.
         EXPECT_THAT(script_.view.calls().back(), ::testing::StartsWith(row.call));
-        behave();
+        script_.behave();
         EXPECT_TRUE(anotherThreadGetsThrough());
         endJob();
         expectNextJobWorks();
@@ -216,18 +168,8 @@ TEST_F(ForeignExceptionTest, AListThatLeadsNowhereEndsInTheLogAndKeepsNothing) {
 
 /// The shell runs others' code in the host's process.
 TEST_F(ForeignExceptionTest, AFaultInTheShellLeavesNoLockHeld) {
-    const test::ImportTable imports(GetModuleHandleA("jsw.dll"));
-    const auto open = test::replaceImport<decltype(ShellExecuteExA)>(
-        imports, "ShellExecuteExA", [](SHELLEXECUTEINFOA*) -> BOOL {
-            test::fault();
-            return TRUE;
-        });
-    const auto elevate = test::replaceImport<decltype(ShellExecuteA)>(
-        imports, "ShellExecuteA",
-        [](HWND, const char*, const char*, const char*, const char*, INT) -> HINSTANCE {
-            test::fault();
-            return nullptr;
-        });
+    test::RecordedShell shell;
+    shell.onCall = test::fault;
     const Settings settings;
     settings.write(setting::kCheckForUpdates, 1);
     settings.write(setting::kDateLastChecked, "1/1/2000");
@@ -254,7 +196,7 @@ TEST_F(ForeignExceptionTest, AFaultPassesEveryGuardOfItsThread) {
     EXPECT_EQ(test::HostGuard::exceptionOf([] { api_.updateInfo(1, 2, 3, 0, 0, nullptr); }),
               EXCEPTION_ACCESS_VIOLATION);
     EXPECT_THAT(faultLines(), ElementsAre(EndsWith(" in GetBillboardFileName")));
-    behave();
+    script_.behave();
     EXPECT_TRUE(anotherThreadGetsThrough());
     endJob();
     expectNextJobWorks();

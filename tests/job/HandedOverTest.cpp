@@ -7,13 +7,13 @@
 #include "PublicLib/win/Paths.h"
 #include "PublicLib/win/SystemFolders.h"
 #include "tests/job/JobTest.h"
+#include "tests/job/RecordedShell.h"
 #include "tests/support/ImportTable.h"
 #include "tests/support/SecurityText.h"
 
 #include <windows.h>
 
 #include <process.h>
-#include <shellapi.h>
 
 #include <io.h>
 
@@ -26,14 +26,6 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::Not;
 using ::testing::StartsWith;
-
-namespace {
-
-std::string orNull(const char* text) {
-    return text != nullptr ? text : "null";
-}
-
-}  // namespace
 
 class HandedOverTest : public test::JobTest {
   protected:
@@ -50,15 +42,7 @@ class HandedOverTest : public test::JobTest {
 TEST_F(HandedOverTest, TheShellIsAskedWithoutDialogsAndExpandsVariables) {
     const std::string longest = "http:" + std::string(994, 'x');
     script_.billboards["DEFAULT"].actions = {"%windir%\\notepad.exe", longest + "yy"};
-    std::vector<std::string> asked;
-    const auto shell = test::replaceImport<decltype(ShellExecuteExA)>(
-        imports_, "ShellExecuteExA", [&](SHELLEXECUTEINFOA* info) -> BOOL {
-            asked.push_back(concat(info->lpVerb, "|", info->lpFile, "|", orNull(info->lpParameters),
-                                   "|", orNull(info->lpDirectory), "|",
-                                   info->cbSize == sizeof(*info), "|", info->fMask, "|",
-                                   info->nShow, "|", info->hwnd == nullptr));
-            return TRUE;
-        });
+    const test::RecordedShell shell;
     script_.ruleResults.clear();
     startJob();
     waitForRules();
@@ -67,18 +51,16 @@ TEST_F(HandedOverTest, TheShellIsAskedWithoutDialogsAndExpandsVariables) {
     script_.clickBillboard("LAUNCH_URL", 1);
     const std::string rest = concat("|true|", 0x8600, "|", SW_SHOWNORMAL, "|true");
     const std::string home = "|null|%HOMEDRIVE%%HOMEPATH%" + rest;
-    EXPECT_THAT(asked, ElementsAre("open|%windir%\\notepad.exe|null|null" + rest,
-                                   "open|%windir%\\notepad.exe" + home, "open|" + longest + home));
+    EXPECT_THAT(shell.details.calls(),
+                ElementsAre("open|%windir%\\notepad.exe|null|null" + rest,
+                            "open|%windir%\\notepad.exe" + home, "open|" + longest + home));
 }
 
 TEST_F(HandedOverTest, AFailureOfTheShellIsAnErrorAndGoesNoFurther) {
     script_.billboards["DEFAULT"].actions = {"tool.exe"};
     script_.ruleResults.clear();
-    const auto shell = test::replaceImport<decltype(ShellExecuteExA)>(
-        imports_, "ShellExecuteExA", [](SHELLEXECUTEINFOA*) -> BOOL {
-            SetLastError(1155);
-            return FALSE;
-        });
+    test::RecordedShell shell;
+    shell.error = 1155;
     Settings().setValue(setting::kLoggerKey, "startLog", 0);
     startJob();
     script_.clickBillboard("LAUNCH_APP", 0);
@@ -90,27 +72,19 @@ TEST_F(HandedOverTest, AFailureOfTheShellIsAnErrorAndGoesNoFurther) {
 TEST_F(HandedOverTest, TheUpdaterIsAskedForWhenTheJobIsGone) {
     const Settings settings;
     settings.write(setting::kUpdaterExecutable, "updater.exe");
-    INT_PTR answer = 0;
-    std::string asked;
-    std::vector<std::string> view;
-    std::vector<std::string> history;
+    std::vector<std::string> view, history;
     bool modulesAreFree = false;
-    const auto shell = test::replaceImport<decltype(ShellExecuteA)>(
-        imports_, "ShellExecuteA",
-        [&](HWND owner, const char* verb, const char* file, const char* parameters,
-            const char* directory, INT show) -> HINSTANCE {
-            asked = concat(owner == nullptr, "|", verb, "|", file, "|", parameters, "|",
-                           orNull(directory), "|", show);
-            script_.clickBillboard("CURRENT", 0);  // too late
-            view = viewCalls("DisplayBillboard");
-            for (const auto& call : viewCalls("Uninitialize")) view.push_back(call);
-            history = historyIds();
-            modulesAreFree = GetModuleHandleA("scripted_catalog.dll") == nullptr &&
-                             GetModuleHandleA("scripted_rules.dll") == nullptr;
-            return reinterpret_cast<HINSTANCE>(answer);
-        });
-    const auto jobAnswered = [&](INT_PTR value) {
-        answer = value;
+    test::RecordedShell shell;
+    shell.onCall = [&] {
+        script_.clickBillboard("CURRENT", 0);  // too late
+        view = viewCalls("DisplayBillboard");
+        for (const auto& call : viewCalls("Uninitialize")) view.push_back(call);
+        history = historyIds();
+        modulesAreFree = GetModuleHandleA("scripted_catalog.dll") == nullptr &&
+                         GetModuleHandleA("scripted_rules.dll") == nullptr;
+    };
+    const auto isLaunched = [&](DWORD error) {
+        shell.error = error;
         settings.write(setting::kCheckForUpdates, 1);
         settings.write(setting::kDateLastChecked, "1/1/2000");
         script_.view.clear();
@@ -118,30 +92,14 @@ TEST_F(HandedOverTest, TheUpdaterIsAskedForWhenTheJobIsGone) {
         runJob();
         return logContains("Updater launched successfully.");
     };
-    EXPECT_TRUE(jobAnswered(33));
-    EXPECT_EQ(asked, concat("true|RunAs|.\\updater.exe|-UAC|null|", SW_SHOWNORMAL));
+    EXPECT_TRUE(isLaunched(0));
+    EXPECT_THAT(shell.details.calls(),
+                ElementsAre(concat("RunAs|.\\updater.exe|-UAC|null|", SW_SHOWNORMAL, "|true")));
     EXPECT_THAT(view, ElementsAre("DisplayBillboard(default.bb,false,false)",
                                   "DisplayBillboard(tip.bb,false,false)", "Uninitialize()"));
     EXPECT_THAT(history, ElementsAre("TIP"));
     EXPECT_TRUE(modulesAreFree);
-    EXPECT_FALSE(jobAnswered(32));
-}
-
-TEST_F(HandedOverTest, TheObjectsOfAJobGoInTheirOrderThePrinterAmongThem) {
-    script_.billboards["DEFAULT"].actions = {"http://shop.example/?ink=_^L1^_"};
-    script_.ruleResults.clear();
-    const auto shell = test::replaceImport<decltype(ShellExecuteExA)>(
-        imports_, "ShellExecuteExA", [](SHELLEXECUTEINFOA*) -> BOOL { return TRUE; });
-    startJob();
-    script_.clickBillboard("LAUNCH_URL", 0);
-    endJob();
-    auto lines = logLines();
-    std::erase_if(lines, [](const std::string& line) {
-        return line.find("::destroy: destroying ") == std::string::npos;
-    });
-    for (auto& line : lines) line.erase(line.find(':'));
-    EXPECT_THAT(lines, ElementsAre("CurrentProcess", "Printer", "History", "Controller", "Catalog",
-                                   "BillboardView", "AppUpdatesController"));
+    EXPECT_FALSE(isLaunched(ERROR_CANCELLED));
 }
 
 TEST_F(HandedOverTest, AnUpdateIsTakenIntoUseBeforeTheModulesAreLoaded) {
@@ -180,7 +138,9 @@ TEST_F(HandedOverTest, WithoutAStoreTheSettingsFileBesideTheHostIsInstalled) {
 
 TEST_F(HandedOverTest, TheRulesEndBeforeTheWindowGoes) {
     script_.ruleResults = {"", "", "TIP"};
-    script_.onEvaluateRule = [] { Sleep(50); };
+    script_.onEvaluateRule = [] {  // is asked when the job ends
+        EXPECT_TRUE(test::eventually([] { return logContains("<<< Controller::jswTerminate: "); }));
+    };
     std::vector<std::string> rules;
     script_.onViewCall = [&](const std::string& call) {
         if (call == "HideGui()") rules = script_.rules.calls();

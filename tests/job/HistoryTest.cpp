@@ -1,11 +1,13 @@
 #include "PublicLib/text/Text.h"
 #include "jsw/History.h"
+#include "tests/support/HeldUpThread.h"
 #include "tests/support/HostTest.h"
 #include "tests/support/ImportGate.h"
 #include "tests/support/ImportTable.h"
 
 #include <windows.h>
 
+#include <functional>
 #include <gmock/gmock.h>
 
 namespace jsw {
@@ -176,6 +178,30 @@ TEST_F(HistoryTest, ClearDeletesTheKeyForGood) {
     }
     std::vector<std::string> names;
     EXPECT_FALSE(Settings().getValueNames(setting::kHistoryIdsKey, names)) << "there is a key";
+}
+
+TEST_F(HistoryTest, NobodySeesItHalfwayThroughAChange) {
+    const std::function<void(History&)> others[] = {
+        [](History& history) { history.add("B"); },
+        [](History& history) { history.size(); },
+        [](History& history) { history.isPresentInHistory("A"); },
+        [](History& history) { history.getNext(); },
+        [](History& history) { history.getPrevious(); },
+        [](History& history) { history.clear(); },
+    };
+    for (const auto& use : others) {
+        Settings().setValue(setting::kHistoryIdsKey, "Id0", "A");
+        History history;
+        test::HeldUpThread other([&] { use(history); });
+        const auto remove = test::replaceImport<decltype(RegDeleteKeyA)>(
+            test::ImportTable(GetModuleHandleA(nullptr)), "RegDeleteKeyA",
+            [&](auto original, HKEY key, const char* path) {
+                EXPECT_TRUE(other.meetsALock());
+                return original(key, path);
+            });
+        history.clear();
+        other.join();
+    }
 }
 
 }  // namespace jsw

@@ -3,10 +3,15 @@
 #include "PublicLib/os/Localize.h"
 #include "PublicLib/text/Text.h"
 #include "PublicLib/win/EntryPoint.h"
+#include "PublicLib/win/Handles.h"
+#include "PublicLib/win/SystemFolders.h"
 #include "jsw/settings/RegistryKey.h"
 
 #include <algorithm>
+#include <atomic>
+#include <memory>
 #include <stdexcept>
+#include <thread>
 
 namespace jsw::test {
 
@@ -62,12 +67,55 @@ void JobTest::TearDown() {
     script_.onViewCall = nullptr;
     script_.onPrompt = nullptr;
     api_.terminate();
+    if (!legacyModule_.empty()) DeleteFileA(legacyModule_.c_str());
     HostTest::TearDown();
 }
 
 std::uint8_t JobTest::startJob(const TestJob& job) {
     return api_.init(job.friendlyName, job.jobName, 7, 1, job.totalPages, 1, 2, &inkInfo_, 4, 90,
                      job.callback);
+}
+
+std::uint8_t JobTest::startJobWithoutParser(const TestJob& job) {
+    KeyHandle noClasses;
+    RegCreateKeyA(HKEY_CURRENT_USER, "Software\\JswTests\\NoClasses", noClasses.put());
+    EXPECT_EQ(RegOverridePredefKey(HKEY_CLASSES_ROOT, noClasses.get()), ERROR_SUCCESS);
+    const std::uint8_t started = startJob(job);
+    RegOverridePredefKey(HKEY_CLASSES_ROOT, nullptr);
+    return started;
+}
+
+void JobTest::installLegacyModule() {
+    const std::string folder = printerDriverDirectory() + "\\3";
+    CreateDirectoryA(folder.c_str(), nullptr);
+    legacyModule_ = folder + "\\" + Localize::getInstance()->localId() + "jswo.dll";
+    ASSERT_NE(CopyFileA("scripted_legacy.dll", legacyModule_.c_str(), FALSE), FALSE);
+}
+
+bool JobTest::anotherThreadGetsThrough() {
+    const auto through = std::make_shared<std::atomic<bool>>(false);
+    std::thread([through] {
+        api_.updateInfo(5, 5, 5, 0, 0, nullptr);
+        *through = true;
+    }).detach();
+    return eventually([&] { return through->load(); });
+}
+
+void JobTest::expectNextJobWorks() {
+    script_.behave();
+    addBillboard("TIP", {.file = "tip.bb", .type = "promotion"});
+    script_.ruleResults = {"TIP"};
+    script_.checkHistory = false;
+    script_.view.clear();
+    script_.rules.clear();
+    ASSERT_EQ(startJob(), 1);
+    ASSERT_TRUE(waitForRules());
+    ASSERT_TRUE(anotherThreadGetsThrough());
+    endJob();
+    EXPECT_THAT(viewCalls("DisplayBillboard"),
+                ::testing::Contains("DisplayBillboard(tip.bb,false,false)"));
+    EXPECT_THAT(viewCalls("UpdateInfo"), ::testing::ElementsAre("UpdateInfo(5,5,5,0)"));
+    EXPECT_THAT(viewCalls("Uninitialize"), ::testing::ElementsAre("Uninitialize()"));
 }
 
 bool JobTest::waitForRules() {

@@ -2,6 +2,7 @@
 
 #include "jsw/settings/Settings.h"
 #include "tests/job/Script.h"
+#include "tests/support/Eventually.h"
 #include "tests/support/HostTest.h"
 #include <jsw/jsw.h>
 
@@ -47,11 +48,20 @@ class JobTest : public HostTest {
     /// Creates the local store where there is none and writes what every test's job needs.
     void writeSettings() const;
     std::uint8_t startJob(const TestJob& job = {});
+    /// The same on a system without the XML parser.
+    std::uint8_t startJobWithoutParser(const TestJob& job = {});
     void endJob() { api_.terminate(); }
     /// A whole job in which the rules come to their end.
     void runJob();
     /// Waits until the rules engine has been let go; false after ten seconds.
     bool waitForRules();
+    /// Whether another thread gets through to the window; it does not where a lock was left held.
+    bool anotherThreadGetsThrough();
+    /// Makes the modules behave; a plain job with a billboard must then be served fully.
+    void expectNextJobWorks();
+    /// Puts the older window's module, legacyModule_, where the library looks for it, to the end of
+    /// the test.
+    void installLegacyModule();
     /// Adds a billboard whose file exists to the catalog.
     void addBillboard(const std::string& id, Script::Billboard billboard);
     std::vector<std::string> viewCalls(const std::string& name) const;
@@ -61,17 +71,7 @@ class JobTest : public HostTest {
     static Exports api_;
     Script script_;
     InkInfo inkInfo_{};
+    std::string legacyModule_;
 };
-
-/// Polls until done() or ten seconds have gone by.
-template <class Done>
-bool eventually(const Done& done) {
-    const ULONGLONG start = GetTickCount64();
-    while (!done()) {
-        if (GetTickCount64() - start >= 10000) return false;
-        Sleep(1);
-    }
-    return true;
-}
 
 }  // namespace jsw::test

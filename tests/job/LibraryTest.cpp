@@ -1,79 +1,20 @@
-// What jsw.dll shows to the outside, read from its own file.
+// What jsw.dll shows to the outside, read from its own file, and what it reads from others'.
 
-#include "PublicLib/text/Text.h"
 #include "PublicLib/win/Handles.h"
+#include "jsw/XmlParserLibrary.h"
+#include "tests/support/HostTest.h"
 #include "tests/support/ImportTable.h"
 #include <jsw/version.h>
 
 #include <windows.h>
 
 #include <gmock/gmock.h>
-#include <set>
-#include <sstream>
 #include <string>
 #include <vector>
 
 namespace jsw {
 
-using ::testing::Contains;
 using ::testing::UnorderedElementsAre;
-
-namespace {
-
-/// What jsw.dll may import: all of it is in Windows 6.0, the oldest that is served. Look the oldest
-/// version up in a function's documentation before adding it. What is newer is looked up by name.
-constexpr struct {
-    const char* library;
-    const char* functions;
-} kInWindows6[] = {
-    {"advapi32.dll",
-     "AddAccessAllowedAceEx AllocateAndInitializeSid CreateProcessAsUserA "
-     "CryptAcquireContextA CryptGenRandom CryptReleaseContext DuplicateTokenEx FreeSid "
-     "GetLengthSid GetSecurityDescriptorDacl InitializeAcl InitializeSecurityDescriptor "
-     "IsValidSid RegCloseKey RegCreateKeyExA RegDeleteKeyA RegDeleteValueA RegEnumKeyExA "
-     "RegEnumValueA RegGetValueA RegOpenKeyA RegOpenKeyExA RegQueryValueExA RegSetValueExA "
-     "SetKernelObjectSecurity SetSecurityDescriptorDacl SetSecurityInfo"},
-    {"kernel32.dll",
-     "AddVectoredExceptionHandler CloseHandle CreateEventA CreateFileA CreateMutexA "
-     "CreateSemaphoreA DeleteCriticalSection DeleteFileA DisableThreadLibraryCalls "
-     "DuplicateHandle EnterCriticalSection ExpandEnvironmentStringsA FormatMessageA "
-     "FreeLibrary GetComputerNameA GetCurrentProcess GetCurrentProcessId "
-     "GetCurrentThread GetCurrentThreadId GetFileAttributesA GetFileSize GetFileSizeEx "
-     "GetFullPathNameA GetHandleInformation GetLastError GetLocalTime GetModuleFileNameA "
-     "GetModuleHandleA GetModuleHandleExA GetModuleHandleW "
-     "GetPrivateProfileSectionNamesA GetPrivateProfileStringA GetProcAddress "
-     "GetProcessAffinityMask GetSystemDefaultLangID GetSystemDirectoryA "
-     "GetSystemTimeAsFileTime GetThreadContext GetThreadPriority GetTickCount "
-     "GetTickCount64 GetUserDefaultLangID GetVersionExA GetWindowsDirectoryA "
-     "InitializeCriticalSection IsDBCSLeadByteEx IsDebuggerPresent LeaveCriticalSection "
-     "LoadLibraryA LoadLibraryW LocalFree MultiByteToWideChar OpenProcess "
-     "OutputDebugStringA RaiseException ReleaseMutex ReleaseSemaphore "
-     "RemoveVectoredExceptionHandler ResetEvent ResumeThread RtlCaptureContext "
-     "RtlLookupFunctionEntry RtlPcToFileHeader RtlUnwindEx RtlVirtualUnwind SetEndOfFile "
-     "SetErrorMode "
-     "SetEvent SetFilePointer SetLastError SetProcessAffinityMask SetThreadContext "
-     "SetThreadPriority Sleep SuspendThread TlsAlloc TlsGetValue TlsSetValue "
-     "TryEnterCriticalSection VirtualProtect VirtualQuery WaitForMultipleObjects "
-     "WaitForSingleObject WideCharToMultiByte WriteFile __C_specific_handler"},
-    {"shell32.dll", "SHGetFolderPathA ShellExecuteA ShellExecuteExA"},
-    {"shlwapi.dll", "PathAppendA"},
-    {"user32.dll", "MsgWaitForMultipleObjectsEx PeekMessageA"},
-    {"version.dll", "GetFileVersionInfoA GetFileVersionInfoSizeA VerQueryValueA"},
-    {"winspool.drv",
-     "ClosePrinter EnumPrintersA GetPrinterDataA GetPrinterDriverDirectoryA OpenPrinterA"},
-};
-
-/// "library!function" of all of them.
-std::set<std::string> functionsOfWindows6() {
-    std::set<std::string> functions;
-    for (const auto& [library, names] : kInWindows6) {
-        std::istringstream words(names);
-        for (std::string name; words >> name;) functions.insert(concat(library, "!", name));
-    }
-    return functions;
-}
-
-}  // namespace
 
 class LibraryTest : public ::testing::Test {
   protected:
@@ -104,16 +45,6 @@ TEST_F(LibraryTest, ExportsItsEightFunctionsAndNothingElse) {
                                             "JSWGetAPIVersion", "JSWGetWindowHwnd"));
 }
 
-TEST_F(LibraryTest, NeedsNothingButWindows6) {
-    const auto present = functionsOfWindows6();
-    const test::ImportTable imports(library_.get());
-    for (const auto& import : imports.functions()) {
-        const std::string library = toLower(import.library);
-        if (library == "msvcrt.dll") continue;  // the same in all versions from 6.0 on
-        EXPECT_THAT(present, Contains(concat(library, "!", import.name)));
-    }
-}
-
 TEST_F(LibraryTest, CarriesTheVersionOfItsHeader) {
     std::vector<char> info(GetFileVersionInfoSizeA("jsw.dll", nullptr));
     ASSERT_NE(GetFileVersionInfoA("jsw.dll", 0, static_cast<DWORD>(info.size()), info.data()),
@@ -130,6 +61,47 @@ TEST_F(LibraryTest, CarriesTheVersionOfItsHeader) {
     ASSERT_NE(VerQueryValueA(info.data(), "\\StringFileInfo\\040904E4\\FileVersion", &value, &size),
               FALSE);
     EXPECT_STREQ(static_cast<const char*>(value), JSW_VERSION_STRING);
+}
+
+/// Whether a file is good enough, and what the log says if it is not.
+class XmlParserLibraryTest : public test::HostTest {
+  protected:
+    static bool check(const std::string& path) {
+        MethodTrace trace(component::kJsw, "");
+        return isSupportedParserLibrary(path, trace);
+    }
+};
+
+TEST_F(XmlParserLibraryTest, ComparesTheMostSignificantHalfOfTheVersion) {
+    startLog();
+    EXPECT_TRUE(check("version_8_30.dll"));
+    EXPECT_FALSE(check("version_8_29.dll"));
+    EXPECT_TRUE(hasLine("MSXML3 version=524317"));
+    EXPECT_TRUE(hasLine("The min required version=524318"));
+}
+
+TEST_F(XmlParserLibraryTest, AFileWithoutAVersionOrNoneAtAllIsNotGoodEnough) {
+    startLog();
+    EXPECT_FALSE(check("scripted_view.dll"));
+    EXPECT_FALSE(check(folder_.file("absent.dll")));
+    EXPECT_FALSE(check(folder_.write("text.dll", "no code")));
+    EXPECT_TRUE(hasLine("Unable to determine the size needed for the version info"));
+}
+
+TEST_F(XmlParserLibraryTest, AVersionRecordOfAnotherSizeIsNotLookedAt) {
+    const test::ImportTable imports(GetModuleHandleA(nullptr));
+    int change = 0;
+    const auto query = test::replaceImport<decltype(VerQueryValueA)>(
+        imports, "VerQueryValueA",
+        [&](auto original, const void* block, const char* path, void** value, UINT* length) {
+            const BOOL found = original(block, path, value, length);
+            *length += static_cast<UINT>(change);
+            return found;
+        });
+    for (const int by : {-1, 1, 0}) {
+        change = by;
+        EXPECT_EQ(check("version_8_30.dll"), by == 0) << by;
+    }
 }
 
 }  // namespace jsw

@@ -2,7 +2,8 @@
 #include "jsw/modules/Catalog.h"
 #include "jsw/settings/OfnSettings.h"
 #include "tests/job/JobTest.h"
-#include "tests/support/ImportTable.h"
+#include "tests/job/RecordedShell.h"
+#include "tests/support/HeldUpThread.h"
 #include "tests/support/ProcessState.h"
 #include "tests/support/TestLimits.h"
 
@@ -53,7 +54,8 @@ TEST_F(LifecycleTest, ConstantFunctionsAndCallsWithoutAJobDoNothing) {
 
 TEST_F(LifecycleTest, TheWindowIsSetUpCompletelyBeforeItIsShown) {
     Settings().setValue(setting::kGuiKey, "WindowX", "17");
-    ASSERT_EQ(startJob(), 1);
+    ASSERT_EQ(
+        api_.init("SimulatedPrinter", "report.pdf", 7, 11, 13, 5, 6, &inkInfo_, 4, 90, nullptr), 1);
     ASSERT_TRUE(waitForRules());
     api_.updateInfo(2, 1, 60, 998, 999, &statusCodes);
     endJob();
@@ -62,8 +64,8 @@ TEST_F(LifecycleTest, TheWindowIsSetUpCompletelyBeforeItIsShown) {
         script_.view.calls(),
         ElementsAre("Initialize()", "SetDataPath(" + folder_.path() + ")", "SetJobName(report.pdf)",
                     "SetPrinterFriendlyName(SimulatedPrinter)", "SetJobType(7)",
-                    "SetCurrentPage(1)", "SetTotalPages(3)", "SetShowPageInfo(true)",
-                    "SetCurrentCopy(1)", "SetTotalCopies(2)", "SetInkInfo()", "SetPortType(4)",
+                    "SetCurrentPage(11)", "SetTotalPages(13)", "SetShowPageInfo(true)",
+                    "SetCurrentCopy(5)", "SetTotalCopies(6)", "SetInkInfo()", "SetPortType(4)",
                     "SetJswCallback()", "SetBillboardCallback()",
                     "DisplayBillboard(default.bb,false,false)", "SetShowProcessWindow(1)",
                     "SetJswProgressMinimized(0)", "SetShowSpecialMessages(1)",
@@ -76,12 +78,34 @@ TEST_F(LifecycleTest, TheWindowIsSetUpCompletelyBeforeItIsShown) {
     EXPECT_TRUE(hasLine("<<< SingletonMgr::~SingletonMgr: "));
 }
 
+TEST_F(LifecycleTest, EveryOptionOfThePrinterReachesTheWindow) {
+    const struct {
+        const setting::Number* option;
+        const char* call;
+    } rows[] = {{&setting::kShowProcessWindow, "SetShowProcessWindow(2)"},
+                {&setting::kJobProgressMinimized, "SetJswProgressMinimized(3)"},
+                {&setting::kShowSpecialMessages, "SetShowSpecialMessages(4)"},
+                {&setting::kCart1ReserveTankFlag, "SetReserveModeCart1(5)"},
+                {&setting::kCart2ReserveTankFlag, "SetReserveModeCart2(6)"},
+                {&setting::kCompleteToPrint, "SetCompleteAPrintMode(7)"}};
+    std::uint32_t value = 2;
+    for (const auto& row : rows)
+        OfnSettings("").setValue(row.option->key, row.option->name, value++);
+    startJob();
+    for (const auto& row : rows) EXPECT_THAT(script_.view.calls(), Contains(row.call));
+    endJob();
+}
+
 TEST_F(LifecycleTest, SingletonsComeAndGoInTheirOrder) {
-    runJob();
+    const test::RecordedShell shell;
+    script_.billboards["DEFAULT"].actions = {"http://shop.example/?ink=_^L1^_"};
+    startJob();
+    script_.clickBillboard("LAUNCH_URL", 0);  // asks the printer
+    endJob();
     auto lines = logLines();
     std::erase_if(lines, [](const std::string& line) {
         return line.find("SingletonMgr") == std::string::npos &&
-               line.find("destroying ") == std::string::npos;
+               line.find("::destroy: destroying ") == std::string::npos;
     });
     EXPECT_THAT(lines,
                 ElementsAre(">>> SingletonMgr::SingletonMgr: ",
@@ -93,6 +117,7 @@ TEST_F(LifecycleTest, SingletonsComeAndGoInTheirOrder) {
                             ">>> SingletonMgr::SingletonMgr CurrentProcess::instance() <<<",
                             "<<< SingletonMgr::SingletonMgr", ">>> SingletonMgr::~SingletonMgr: ",
                             "CurrentProcess::destroy: destroying CurrentProcess.",
+                            "Printer::destroy: destroying Printer.",
                             "History::destroy: destroying History.",
                             "Controller::destroy: destroying Controller.",
                             "Catalog::destroy: destroying Catalog.",
@@ -350,6 +375,18 @@ TEST_F(LifecycleTest, ACatalogThatIsTakenDownStaysLoaded) {
     EXPECT_THAT(script_.catalog.calls(), ElementsAre("Initialize()", "UnInitialize()"));
 }
 
+TEST_F(LifecycleTest, ThreadsThatAskTheCatalogAtOnceStartItOnce) {
+    Catalog catalog;
+    const auto ask = [&] { EXPECT_EQ(catalog.getBillboardFileName("DEFAULT"), "default.bb"); };
+    test::HeldUpThread other(ask);
+    script_.onCatalogCall = [&](const std::string& name) {
+        EXPECT_TRUE(name != "Initialize" || other.meetsALock());
+    };
+    ask();
+    other.join();
+    EXPECT_THAT(script_.catalog.calls(), ElementsAre("Initialize()"));
+}
+
 TEST_F(LifecycleTest, AnEntryPointThatIsMissingIsSkippedAndNamed) {
     const std::vector<std::string> names = {
 #define NAME(name, type) #name,
@@ -381,12 +418,7 @@ TEST_F(LifecycleTest, AnEntryPointThatIsMissingIsSkippedAndNamed) {
 }
 
 TEST_F(LifecycleTest, WithoutTheXmlParserNothingIsShown) {
-    HKEY empty = nullptr;
-    RegCreateKeyA(HKEY_CURRENT_USER, "Software\\JswTests\\NoClasses", &empty);
-    ASSERT_EQ(RegOverridePredefKey(HKEY_CLASSES_ROOT, empty), ERROR_SUCCESS);
-    EXPECT_EQ(startJob(), 0);
-    RegOverridePredefKey(HKEY_CLASSES_ROOT, nullptr);
-    RegCloseKey(empty);
+    EXPECT_EQ(startJobWithoutParser(), 0);
     EXPECT_TRUE(
         hasLine("Controller::isMsXmlValid: MSXML 3.0 registry key not found, MSXML 3.0 "
                 "not installed."));

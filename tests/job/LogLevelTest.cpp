@@ -3,12 +3,12 @@
 
 #include "PublicLib/logging/LoggerComponent.h"
 #include "tests/job/JobTest.h"
+#include "tests/job/RecordedShell.h"
 #include "tests/support/ImportTable.h"
 
 #include <windows.h>
 
 #include <process.h>
-#include <shellapi.h>
 
 #include <algorithm>
 #include <stdexcept>
@@ -101,8 +101,7 @@ TEST_F(LogLevelTest, ErrorsAreWrittenWithTheLogOff) {
     script_.onEvaluateRule = [] { throw std::runtime_error("rule"); };
     script_.billboards["DEFAULT"].actions = {"jswnone:_^L3^_"};
     const test::ImportTable imports(GetModuleHandleA("jsw.dll"));
-    const auto shell = test::replaceImport<decltype(ShellExecuteExA)>(
-        imports, "ShellExecuteExA", [](SHELLEXECUTEINFOA*) -> BOOL { return TRUE; });
+    const test::RecordedShell shell;
     startJob();
     ASSERT_TRUE(waitForRules());
     script_.clickBillboard("LAUNCH_URL", 0);

@@ -1,7 +1,7 @@
-#include "PublicLib/os/Localize.h"
-#include "PublicLib/win/SystemFolders.h"
 #include "tests/job/JobTest.h"
+#include "tests/support/ImportTable.h"
 
+#include <atomic>
 #include <thread>
 
 namespace jsw {
@@ -23,19 +23,24 @@ class PromptTest : public test::JobTest {
   protected:
     void SetUp() override {
         JobTest::SetUp();
-        const std::string folder = printerDriverDirectory() + "\\3";
-        CreateDirectoryA(folder.c_str(), nullptr);
-        module_ = folder + "\\" + Localize::getInstance()->localId() + "jswo.dll";
-        ASSERT_NE(CopyFileA("scripted_legacy.dll", module_.c_str(), FALSE), FALSE);
-    }
-    void TearDown() override {
-        JobTest::TearDown();
-        DeleteFileA(module_.c_str());
+        installLegacyModule();
     }
 
     static void* message(std::uintptr_t value) { return reinterpret_cast<void*>(value); }
 
-    std::string module_;
+    /// Lets another thread call the library; goes on when it has to wait for its turn.
+    static std::thread callMeanwhile(const std::function<void()>& call) {
+        std::atomic<bool> waits{false};
+        const auto wait = test::replaceImport<decltype(MsgWaitForMultipleObjectsEx)>(
+            test::ImportTable(GetModuleHandleA("jsw.dll")), "MsgWaitForMultipleObjectsEx",
+            [&](auto original, auto... arguments) {
+                waits = true;
+                return original(arguments...);
+            });
+        std::thread thread(call);
+        EXPECT_TRUE(test::eventually([&] { return waits.load(); }));
+        return thread;
+    }
 };
 
 TEST_F(PromptTest, MessagesReachThePromptWhileItIsUpOnly) {
@@ -48,15 +53,14 @@ TEST_F(PromptTest, MessagesReachThePromptWhileItIsUpOnly) {
                 ElementsAre("JSWInitEx(SimulatedPrinter)", "JSWDisplayPrompt(5,3)",
                             "JSWPostDlgMsg(2)", "JSWTerminate()"));
     EXPECT_TRUE(hasLine("Controller::jswDisplayPrompt: params: promptType=5totalPages=3"));
-    EXPECT_EQ(GetModuleHandleA(module_.c_str()), nullptr);
+    EXPECT_EQ(GetModuleHandleA(legacyModule_.c_str()), nullptr);
 }
 
 TEST_F(PromptTest, AMessageFromAnotherThreadWaitsForTheEndOfThePrompt) {
     startJob();
     std::thread poster;
     script_.onPrompt = [&] {
-        poster = std::thread([&] { EXPECT_EQ(api_.postDlgMsg(message(7)), 1U); });
-        Sleep(100);
+        poster = callMeanwhile([&] { EXPECT_EQ(api_.postDlgMsg(message(7)), 1U); });
     };
     api_.displayPrompt(1, 1);
     poster.join();
@@ -69,8 +73,7 @@ TEST_F(PromptTest, ACallThatWaitedUntilTheJobWasOverDoesNothing) {
     ASSERT_TRUE(waitForRules());
     std::thread late;
     script_.onPrompt = [&] {
-        late = std::thread([] { api_.updateInfo(1, 2, 3, 4, 5, nullptr); });
-        Sleep(200);  // it waits for the end of the prompt
+        late = callMeanwhile([] { api_.updateInfo(1, 2, 3, 4, 5, nullptr); });
         api_.terminate();
     };
     api_.displayPrompt(1, 1);
@@ -119,7 +122,7 @@ TEST_F(PromptTest, APromptInsideAPromptSharesItsModule) {
     script_.onPrompt = [&] {
         if (depth++ > 0) return;
         api_.displayPrompt(2, 0);
-        EXPECT_NE(GetModuleHandleA(module_.c_str()), nullptr);
+        EXPECT_NE(GetModuleHandleA(legacyModule_.c_str()), nullptr);
         api_.terminate();
         EXPECT_FALSE(logContains("destroying Controller."));
     };
@@ -167,12 +170,7 @@ TEST_F(PromptTest, TheJobAfterOneThatWasEndedInsideAPromptKnowsNothingOfIt) {
 
 TEST_F(PromptTest, AJobWithoutTheXmlParserAsksAboutItsOwnPrinter) {
     startJob();
-    HKEY empty = nullptr;
-    RegCreateKeyA(HKEY_CURRENT_USER, "Software\\JswTests\\NoClasses", &empty);
-    ASSERT_EQ(RegOverridePredefKey(HKEY_CLASSES_ROOT, empty), ERROR_SUCCESS);
-    EXPECT_EQ(startJob({.friendlyName = "Second printer"}), 0);
-    RegOverridePredefKey(HKEY_CLASSES_ROOT, nullptr);
-    RegCloseKey(empty);
+    EXPECT_EQ(startJobWithoutParser({.friendlyName = "Second printer"}), 0);
     api_.displayPrompt(1, 1);
     EXPECT_THAT(script_.legacy.calls(), ElementsAre("JSWInitEx(Second printer)",
                                                     "JSWDisplayPrompt(1,1)", "JSWTerminate()"));
@@ -185,12 +183,12 @@ TEST_F(PromptTest, AModuleThatFailsIsReportedAndLetGo) {
     EXPECT_TRUE(hasLine("ERROR - unable to initialize old Jsw GUI."));
     EXPECT_THAT(script_.legacy.calls(), ElementsAre("JSWInitEx(SimulatedPrinter)"));
 
-    DeleteFileA(module_.c_str());
+    DeleteFileA(legacyModule_.c_str());
     api_.displayPrompt(1, 1);
     EXPECT_TRUE(hasLine("jswInitEx called but GUI not loaded"));
-    EXPECT_TRUE(hasLine("ERROR - BasicDll<Handler>::init() Unable to load DLL=" + module_));
+    EXPECT_TRUE(hasLine("ERROR - BasicDll<Handler>::init() Unable to load DLL=" + legacyModule_));
 
-    CopyFileA("scripted_view.dll", module_.c_str(), FALSE);  // a module of another kind
+    CopyFileA("scripted_view.dll", legacyModule_.c_str(), FALSE);  // a module of another kind
     api_.displayPrompt(1, 1);
     EXPECT_TRUE(hasLine("LegacyJswGui::jswInitEx: Could not get proc address for JSWInitEx"));
 }

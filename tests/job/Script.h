@@ -63,7 +63,7 @@ struct Script {
     bool listsLeadNowhere = false;
     std::map<std::string, std::vector<std::string>> categories;
     bool catalogRaises = false;                                  ///< at the end of its start
-    std::function<void(const std::string& name)> onCatalogCall;  ///< at the start of each question
+    std::function<void(const std::string& name)> onCatalogCall;  ///< at each question's start
     bool emptyLists = false;  ///< answers lists without entries where there is no list
 
     // The rules engine.
@@ -78,6 +78,15 @@ struct Script {
     CallRecord legacy;
     bool legacyStarts = true;
     std::function<void()> onPrompt;
+
+    /// From now on the modules do nothing of their own.
+    void behave() {
+        onViewCall = nullptr;
+        onCatalogCall = nullptr;
+        onEvaluateRule = nullptr;
+        onPrompt = nullptr;
+        textsLeadNowhere = rulesNeverEnd = catalogRaises = false;
+    }
 };
 
 /// Names the environment variable that holds the script's address.

@@ -55,6 +55,7 @@ extern "C" {
 void Initialize(JswAllocate function) {
     script().catalog.add("Initialize()");
     allocateFunction = function;
+    asked("Initialize");
     if (script().catalogRaises) throw std::runtime_error("no catalog");
 }
 

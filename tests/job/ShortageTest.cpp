@@ -8,29 +8,8 @@
 
 namespace jsw {
 
-using ::testing::Contains;
-using ::testing::ElementsAre;
-
 class ShortageTest : public test::JobTest {
   protected:
-    void SetUp() override {
-        JobTest::SetUp();
-        addBillboard("TIP", {.file = "tip.bb", .type = "promotion"});
-        script_.ruleResults = {"TIP"};
-        script_.checkHistory = false;
-    }
-
-    void expectNextJobWorks() {
-        script_.view.clear();
-        script_.rules.clear();
-        ASSERT_EQ(startJob(), 1);
-        ASSERT_TRUE(waitForRules());
-        endJob();
-        EXPECT_THAT(viewCalls("DisplayBillboard"),
-                    Contains("DisplayBillboard(tip.bb,false,false)"));
-        EXPECT_THAT(viewCalls("Uninitialize"), ElementsAre("Uninitialize()"));
-    }
-
     const ModuleHandle library_{LoadLibraryA("jsw.dll")};
     const test::ImportTable imports_{library_.get()};
 };

@@ -1,12 +1,6 @@
 #include "tests/job/WholeJob.h"
 
-#include "PublicLib/os/Localize.h"
 #include "PublicLib/text/Text.h"
-#include "PublicLib/win/SystemFolders.h"
-
-#include <windows.h>
-
-#include <shellapi.h>
 
 #include <algorithm>
 #include <iterator>
@@ -16,20 +10,17 @@ namespace jsw::test {
 
 namespace {
 
-CallRecord outside;  // what the driver and the shell saw
+CallRecord driver;
 
 void recordStatus(std::uint32_t status) {
-    outside.add(concat("status(", status, ")"));
+    driver.add(concat("status(", status, ")"));
 }
 
 }  // namespace
 
 void WholeJobTest::SetUp() {
     JobTest::SetUp();
-    const std::string folder = printerDriverDirectory() + "\\3";
-    CreateDirectoryA(folder.c_str(), nullptr);
-    legacyModule_ = folder + "\\" + Localize::getInstance()->localId() + "jswo.dll";
-    CopyFileA("scripted_legacy.dll", legacyModule_.c_str(), FALSE);
+    installLegacyModule();
     addBillboard("TIP", {.file = "tip.bb", .type = "promotion"});
     addBillboard("SEEN", {.file = "seen.bb", .type = "promotion"});
     addBillboard("INK_STATUS", {.file = "ink.bb", .type = "ink_status"});
@@ -47,22 +38,6 @@ void WholeJobTest::SetUp() {
 void WholeJobTest::TearDown() {
     JobTest::TearDown();
     SetEnvironmentVariableA("JSW_DEVICE_FILE", nullptr);
-    DeleteFileA(legacyModule_.c_str());
-}
-
-void WholeJobTest::withoutStarting(const std::function<void()>& work) {
-    const auto shell = replaceImport<decltype(ShellExecuteExA)>(
-        imports_, "ShellExecuteExA", [](SHELLEXECUTEINFOA* info) -> BOOL {
-            outside.add(concat("open(", info->lpFile, ")"));
-            return TRUE;
-        });
-    const auto elevated = replaceImport<decltype(ShellExecuteA)>(
-        imports_, "ShellExecuteA",
-        [](HWND, const char*, const char* file, const char*, const char*, INT) -> HINSTANCE {
-            outside.add(concat("elevate(", file, ")"));
-            return reinterpret_cast<HINSTANCE>(33);
-        });
-    work();
 }
 
 void WholeJobTest::prepare(std::uint32_t levels) {
@@ -106,7 +81,8 @@ void WholeJobTest::useWindow() {
 
 std::vector<std::string> WholeJobTest::wholeJob(DWORD patience) {
     script_.clickBillboard = nullptr;
-    for (CallRecord* record : {&script_.view, &script_.rules, &script_.legacy, &outside}) {
+    for (CallRecord* record :
+         {&script_.view, &script_.rules, &script_.legacy, &driver, &shell_.calls}) {
         record->clear();
     }
     startJob({.friendlyName = "Quillon Sim 2000", .callback = recordStatus});
@@ -116,7 +92,8 @@ std::vector<std::string> WholeJobTest::wholeJob(DWORD patience) {
     api_.displayPrompt(1, 3);
     endJob();
     std::vector<std::string> seen;
-    for (const CallRecord* record : {&script_.view, &script_.rules, &script_.legacy, &outside}) {
+    for (const CallRecord* record :
+         {&script_.view, &script_.rules, &script_.legacy, &driver, &shell_.calls}) {
         std::ranges::copy(record->calls(), std::back_inserter(seen));
     }
     return seen;

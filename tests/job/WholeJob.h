@@ -2,9 +2,9 @@
 
 #include "PublicLib/win/Handles.h"
 #include "tests/job/JobTest.h"
+#include "tests/job/RecordedShell.h"
 #include "tests/support/ImportTable.h"
 
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -13,14 +13,12 @@ namespace jsw::test {
 /// Runs jobs in which everything happens that a driver and a user can do: a billboard is chosen,
 /// pages go out, every action is clicked, a printer's device is asked for what an address tells of
 /// it, values are saved, a prompt comes up, the window reports an event, an update is due at the
-/// end.
+/// end. Nothing is really started.
 class WholeJobTest : public JobTest {
   protected:
     void SetUp() override;
     void TearDown() override;
 
-    /// Runs work while the shell only notes what it is asked to start.
-    void withoutStarting(const std::function<void()>& work);
     /// Puts the store back to where it was before the first job.
     /// @param levels  of the log, in all components; 0: the log is off
     void prepare(std::uint32_t levels);
@@ -30,12 +28,11 @@ class WholeJobTest : public JobTest {
 
     const ModuleHandle library_{LoadLibraryA("jsw.dll")};
     const ImportTable imports_{library_.get()};
+    RecordedShell shell_;
 
   private:
     bool rulesEnd(DWORD patience) const;
     void useWindow();
-
-    std::string legacyModule_;
 };
 
 }  // namespace jsw::test

@@ -1,14 +1,19 @@
 #include "PublicLib/logging/BasicLogger.h"
+#include "PublicLib/os/Localize.h"
 #include "PublicLib/printer/ValuesPrinterCache.h"
+#include "PublicLib/win/Paths.h"
+#include "PublicLib/win/SystemFolders.h"
+#include "jsw/settings/Settings.h"
 #include "jsw/settings/macros/CartridgeTags.h"
 #include "jsw/settings/macros/LanguageCodes.h"
 #include "jsw/settings/macros/OsCodes.h"
 #include "jsw/settings/macros/PageDirectUtilities.h"
+#include "tests/support/ChildProcess.h"
 #include "tests/support/HostTest.h"
-#include "tests/support/ImportTable.h"
+#include "tests/support/WindowsVersion.h"
 
-#include <windows.h>
-
+#include <filesystem>
+#include <gmock/gmock.h>
 #include <map>
 
 namespace jsw {
@@ -59,6 +64,32 @@ TEST(OsCodes, EverySystemHasItsCode) {
         EXPECT_EQ(code.code, test.code) << static_cast<int>(test.os);
         EXPECT_EQ(code.note, test.note) << static_cast<int>(test.os);
     }
+}
+
+/// Answers the code as its exit code.
+const test::ChildRole askingHost("ask for the OS code", [](const std::string&) {
+    const test::PrivateRegistry registry;
+    Localize::createInstance(nullptr);
+    const Settings settings;
+    settings.setValue(setting::kLoggerKey, "startLog", 1);
+    settings.setValue(setting::kLoggerKey, "Clocktime_In_Header", 0);
+    BasicLogger::createInstance(15);
+    return std::stoi(PageDirectUtilities::getOsCode());
+});
+
+using OsCodeTest = test::HostTest;
+
+/// Asked of a copy of this program, named like a host.
+TEST_F(OsCodeTest, IsThatOfTheWindowsThatRuns) {
+    const std::string name = "qlxpcode.exe";
+    const std::string host = folder_.file(name);
+    std::filesystem::copy_file(moduleFileName(nullptr), host);
+    const test::WindowsVersion chosen(name, "winxp64");
+    EXPECT_EQ(test::ChildProcess("ask for the OS code", "", host).wait(60000), 9U);
+    const std::string log = std::string(folderPart(logPath())) + "qlxpJSW.log";
+    EXPECT_THAT(test::readFile(log),
+                ::testing::AllOf(::testing::HasSubstr("getOsCode()is 64 bit XP"),
+                                 ::testing::HasSubstr("-PageDirectUtilities::getOsCode() rc=9")));
 }
 
 class CartridgeTags : public test::HostTest {
@@ -115,17 +146,6 @@ TEST_F(CartridgeTags, AnswerWithPartNumberAndProgramType) {
     EXPECT_EQ(valueOf("p2", values), "");
     EXPECT_EQ(valueOf("T1", values), "00");
     EXPECT_EQ(valueOf("t2", values), "01");
-}
-
-TEST(OsCodes, TheCountryIsTheSystemsAndTheLanguageTheUsers) {
-    const test::ImportTable imports(GetModuleHandleA(nullptr));
-    const auto system = test::replaceImport<decltype(GetSystemDefaultLangID)>(
-        imports, "GetSystemDefaultLangID", []() -> LANGID { return 0x0C07; });
-    const auto user = test::replaceImport<decltype(GetUserDefaultLangID)>(
-        imports, "GetUserDefaultLangID", []() -> LANGID { return 0x040A; });
-    EXPECT_EQ(PageDirectUtilities::getCountryCode(), "00000C07");
-    EXPECT_EQ(PageDirectUtilities::getLanguageCode(), std::to_string(languageCode(0x040A)));
-    EXPECT_NE(languageCode(0x040A), languageCode(0x0C07));
 }
 
 }  // namespace jsw

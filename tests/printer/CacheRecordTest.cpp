@@ -1,16 +1,12 @@
 #include "PublicLib/printer/CacheRecord.h"
 #include "PublicLib/printer/PrinterCache.h"
-#include "tests/support/GuardedBuffer.h"
+#include "tests/support/FuzzSeeds.h"
 #include "tests/support/HostTest.h"
-#include "tests/support/TempFolder.h"
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <random>
 #include <utility>
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);  // NOLINT
 
 namespace jsw {
 
@@ -50,12 +46,6 @@ class Stream {
   private:
     Bytes bytes_{0xFF, 0xFF};
 };
-
-/// Feeds the fuzzer's entry, which checks the ranges, from a buffer that ends at a guard page.
-void parseGuarded(std::span<const char> bytes) {
-    const test::GuardedBuffer buffer(bytes);
-    LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(buffer.data()), buffer.size());
-}
 
 }  // namespace
 
@@ -190,13 +180,8 @@ TEST(CacheRecordTest, TakesOnlyValuesThatLieInsideTheStream) {
     EXPECT_EQ(record.values().cartridgeCount, 1U);  // counted anew
 }
 
-TEST(CacheRecordTest, SurvivesEverySeedOfTheFuzzer) {
-    int seeds = 0;
-    for (const auto& seed : std::filesystem::directory_iterator(JSW_CACHE_SEEDS)) {
-        parseGuarded(test::readFile(seed.path().string()));
-        ++seeds;
-    }
-    EXPECT_GT(seeds, 100);
+TEST(CacheRecordTest, SurvivesEverySeedOfTheFuzzerAtEveryLength) {
+    EXPECT_GT(test::replaySeeds(JSW_CACHE_SEEDS), 25);
 }
 
 TEST(CacheRecordTest, SurvivesRandomStreamsOfEveryLength) {
@@ -213,7 +198,7 @@ TEST(CacheRecordTest, SurvivesRandomStreamsOfEveryLength) {
             bytes[at + 1] = static_cast<char>(id);
             bytes[at + 2] = static_cast<char>(random() % 8);
         }
-        parseGuarded(bytes);
+        test::runGuarded(bytes);  // the fuzzer's entry checks the ranges
     }
 }
 

@@ -35,8 +35,10 @@ struct ClientScript {
     std::vector<std::uint8_t> response;  // its first bytes that fit are written
     JswDeviceStatus exchangeStatus = 0;
 
-    // Of PcsUninitialize, PcsGetHostInfo, PcsGetCachePrinter and the closes.
+    // Of PcsUninitialize, PcsGetHostInfo and the closes.
     void (*onCall)(const std::string& name) = nullptr;
+    // Of what several threads need and one of them does.
+    void (*onShared)(const std::string& name) = nullptr;
 
     int initialized = 0;          // PcsInitialize less PcsUninitialize
     std::atomic<int> opened = 0;  // opens less closes

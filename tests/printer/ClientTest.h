@@ -2,11 +2,13 @@
 
 #include "jsw/settings/Settings.h"
 #include "tests/printer/ClientScript.h"
+#include "tests/support/HeldUpThread.h"
 #include "tests/support/HostTest.h"
 
 #include <windows.h>
 
 #include <cstdio>
+#include <functional>
 
 namespace jsw::test {
 
@@ -25,6 +27,21 @@ class ClientTest : public HostTest {
 
     static void useClient(const std::string& dllName) {
         Settings().write(setting::kPcsClient, dllName);
+    }
+
+    /// Lets two threads do the same; the second one comes in the middle of a call of the first.
+    void meetIn(const char* call, const std::function<void()>& work) {
+        static const char* place;
+        static HeldUpThread* second;
+        HeldUpThread other(work);
+        place = call;
+        second = &other;
+        script_.onShared = [](const std::string& name) {
+            EXPECT_TRUE(name != place || second->meetsALock()) << name;
+        };
+        work();
+        other.join();
+        script_.onShared = nullptr;
     }
 
     static bool isLoaded(const char* dllName) { return GetModuleHandleA(dllName) != nullptr; }

@@ -227,6 +227,17 @@ TEST_F(PcsClientTest, TwoClosesOfOneOpenGiveItsReferencesUpOnce) {
     EXPECT_EQ(calls.close(client), 1U);
 }
 
+TEST_F(PcsClientTest, ThreadsThatComeAtOnceShareOneLibraryAndOneClientId) {
+    for (const char* step : {"PcsInitialize", "PcsGetClientId"}) {
+        PcsClient client(kClient, "", false);
+        script_.clientIdsGiven = 0;
+        meetIn(step, [&] { EXPECT_EQ(client.acquire(), 0U); });
+        EXPECT_EQ(held(client), Held(2, 2)) << step;
+        EXPECT_EQ(script_.initialized, 1) << step;
+        EXPECT_EQ(script_.clientIdsGiven, 1) << step;
+    }
+}
+
 TEST_F(PcsClientTest, KeepsTheLibraryLoadedWhenAsked) {
     for (const bool keepLoaded : {true, false}) {
         {

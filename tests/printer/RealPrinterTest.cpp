@@ -122,22 +122,22 @@ TEST_F(RealPrinterTest, GivesUpWithoutAClient) {
                 "valueName=PcsClient, rc=false."));
 }
 
-TEST_F(RealPrinterTest, ReadsItsCacheOnceForAllThreads) {
+TEST_F(RealPrinterTest, AsksTheDeviceOnceForAllThreads) {
     script_.cache = {0, 0, 0x01, 0x10, 1, '0'};
     script_.cacheLength = 6;
     ASSERT_TRUE(printer_.init());
-    IPrinterCache* caches[2] = {};
-    static test::HeldUpThread* second;
-    test::HeldUpThread other([&] { caches[0] = &printer_.getCache(); });
-    second = &other;
-    script_.onCall = [](const std::string& name) {
-        EXPECT_TRUE(name != "PcsGetCachePrinter" || second->meetsALock());
-    };
-    caches[1] = &printer_.getCache();
-    other.join();
-    EXPECT_EQ(caches[0], caches[1]);
+    std::atomic<IPrinterCache*> cache{nullptr};
+    meetIn("PcsGetCachePrinter", [&] {
+        IPrinterCache* const mine = &printer_.getCache();
+        IPrinterCache* const before = cache.exchange(mine);
+        EXPECT_TRUE(before == nullptr || before == mine);
+    });
     EXPECT_EQ(script_.cacheReads, 1);
-    EXPECT_EQ(caches[0]->getInkCartridge1Type(), CartridgeType::black);
+    EXPECT_EQ(cache.load()->getInkCartridge1Type(), CartridgeType::black);
+
+    script_.response = {0xA5, 0, 10, 0x50, 0xE0, 0x8F, 0x20, 3, 0, 200, 1, 2, 3};
+    meetIn("PcsExchangeBidiPrinter", [&] { EXPECT_EQ(printer_.getPrintHeadType(), 200); });
+    EXPECT_EQ(script_.exchanges, 1);
 }
 
 TEST_F(RealPrinterTest, TakesPropertiesAndCacheToTheLastByteThatFits) {

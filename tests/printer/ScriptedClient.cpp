@@ -21,9 +21,14 @@ ClientScript& script() {
     return *reinterpret_cast<ClientScript*>(std::strtoull(address, nullptr, 16));  // NOLINT
 }
 
+void shared(const char* name) {
+    if (script().onShared != nullptr) script().onShared(name);
+}
+
 }  // namespace
 
 EXPORTED PcsInitialize() {
+    shared("PcsInitialize");
     if (script().initializeStatus != 0) {
         SetLastError(script().initializeError);
     } else {
@@ -40,6 +45,7 @@ EXPORTED PcsUninitialize() {
 
 #ifndef WITHOUT_CLIENT_ID
 EXPORTED PcsGetClientId(JswDeviceClientId* client, const char* /*server*/) {
+    shared("PcsGetClientId");
     *client = 77;
     ++script().clientIdsGiven;
     return script().clientIdStatus;
@@ -117,7 +123,7 @@ EXPORTED PcsGetStringScanner(JswDeviceClientId, JswDeviceHandle handle, const ch
 EXPORTED PcsGetCachePrinter(JswDeviceClientId, JswDeviceHandle, uint8_t* buffer, uint32_t size,
                             uint32_t* length) {
     ++script().cacheReads;
-    if (script().onCall != nullptr) script().onCall("PcsGetCachePrinter");
+    shared("PcsGetCachePrinter");
     copyOut(script().cache, buffer, size);
     *length = script().cacheLength;
     return script().cacheStatus;
@@ -125,6 +131,7 @@ EXPORTED PcsGetCachePrinter(JswDeviceClientId, JswDeviceHandle, uint8_t* buffer,
 EXPORTED PcsExchangeBidiPrinter(JswDeviceClientId, JswDeviceHandle, const uint8_t* request,
                                 uint32_t requestLength, uint8_t* response, uint32_t size,
                                 uint32_t* length) {
+    shared("PcsExchangeBidiPrinter");
     ++script().exchanges;
     script().requestLength = requestLength;
     std::copy_n(request, std::min<size_t>(requestLength, 16), script().request.begin());
@@ -134,27 +141,21 @@ EXPORTED PcsExchangeBidiPrinter(JswDeviceClientId, JswDeviceHandle, const uint8_
 }
 
 // One of each kind of open and close, and one of each family that only passes words through.
-EXPORTED PcsOpenPrinter(JswDeviceClientId, JswDeviceHandle) {
-    return open(script().openStatus);
-}
-EXPORTED PcsClosePrinter(JswDeviceClientId, JswDeviceHandle) {
-    return close("PcsClosePrinter");
-}
-EXPORTED PcsOpenHid(JswDeviceClientId, JswDeviceHandle) {
-    return open(script().openStatus);
-}
-EXPORTED PcsCloseHid(JswDeviceClientId, JswDeviceHandle) {
-    return close("PcsCloseHid");
-}
-EXPORTED PcsOpenScanner(JswDeviceClientId, JswDeviceHandle) {
-    return open(script().openStatus);
-}
-EXPORTED PcsCloseScanner(JswDeviceClientId, JswDeviceHandle) {
-    return close("PcsCloseScanner");
-}
-EXPORTED PcsOpenCardReader(JswDeviceClientId, JswDeviceHandle) {
-    return open(script().openStatus);
-}
+#define OPENS(device)                                              \
+    EXPORTED PcsOpen##device(JswDeviceClientId, JswDeviceHandle) { \
+        return open(script().openStatus);                          \
+    }
+#define CLOSES(device)                                              \
+    EXPORTED PcsClose##device(JswDeviceClientId, JswDeviceHandle) { \
+        return close("PcsClose" #device);                           \
+    }
+OPENS(Printer)
+CLOSES(Printer)
+OPENS(Hid)
+CLOSES(Hid)
+OPENS(Scanner)
+CLOSES(Scanner)
+OPENS(CardReader)
 EXPORTED PcsGetHostInfo(uintptr_t client, uintptr_t a, uintptr_t b, uintptr_t c, uintptr_t d,
                         uintptr_t e, uintptr_t f) {
     if (script().onCall != nullptr) script().onCall("PcsGetHostInfo");

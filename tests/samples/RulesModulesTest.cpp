@@ -1,7 +1,13 @@
 // The sample catalog and rules engine as the library meets them: loaded from their files, fed from
 // XML files in a data folder that the registry names.
+#include "PublicLib/os/Localize.h"
+#include "PublicLib/win/EntryPoint.h"
+#include "PublicLib/win/Handles.h"
+#include "PublicLib/win/SystemFolders.h"
 #include "samples/common/HostStore.h"
+#include "tests/support/PrivateRegistry.h"
 #include "tests/support/ProcessState.h"
+#include "tests/support/TempFolder.h"
 #include <jsw/catalog.h>
 #include <jsw/rules.h>
 
@@ -12,15 +18,14 @@
 #include <atomic>
 #include <cstdlib>
 #include <cstring>
-#include <filesystem>
-#include <fstream>
-#include <memory>
 #include <string>
 #include <thread>
-#include <type_traits>
 #include <vector>
 
 namespace {
+
+using jsw::findEntryPoint;
+using jsw::ModuleHandle;
 
 /** Blocks handed out and not freed yet. */
 std::atomic<int> liveBlocks = 0;
@@ -56,49 +61,18 @@ std::vector<std::string> take(char** returned) {
     return texts;
 }
 
-struct ModuleCloser {
-    void operator()(HMODULE module) const { FreeLibrary(module); }
-};
-using Module = std::unique_ptr<std::remove_pointer_t<HMODULE>, ModuleCloser>;
-
-template <class Function>
-Function* entryPoint(const Module& module, const char* name) {
-    const FARPROC address = GetProcAddress(module.get(), name);
-    return reinterpret_cast<Function*>(reinterpret_cast<void*>(address));
-}
-
 std::string localId() {
-    char program[MAX_PATH] = {};
-    GetModuleFileNameA(nullptr, program, MAX_PATH);
-    std::string id = std::filesystem::path(program).filename().string().substr(0, 4);
-    for (char& letter : id) {
-        letter = static_cast<char>(std::tolower(static_cast<unsigned char>(letter)));
-    }
-    return id;
+    return jsw::localIdOf(jsw::moduleFileName(nullptr));
 }
 
-/** A data folder and a store of this program in a registry hive of its own. */
+/** A data folder and a store of this program in a registry of its own. */
 class RulesModulesTest : public testing::Test {
   protected:
     void SetUp() override {
-        folder_ = std::filesystem::temp_directory_path() /
-                  ("jswRules" + std::to_string(GetCurrentProcessId()));
-        std::filesystem::create_directories(folder_);
-        hive_ = "Software\\JswRulesTest" + std::to_string(GetCurrentProcessId());
-        HKEY key = nullptr;
-        ASSERT_EQ(RegCreateKeyA(HKEY_CURRENT_USER, hive_.c_str(), &key), ERROR_SUCCESS);
-        ASSERT_EQ(RegOverridePredefKey(HKEY_LOCAL_MACHINE, key), ERROR_SUCCESS);
-        RegCloseKey(key);
-        setText("Settings", "DataPath", folder_.string());
+        setText("Settings", "DataPath", folder_.path());
         liveBlocks = 0;
     }
-
-    void TearDown() override {
-        RegOverridePredefKey(HKEY_LOCAL_MACHINE, nullptr);
-        RegDeleteTreeA(HKEY_CURRENT_USER, hive_.c_str());
-        std::filesystem::remove_all(folder_);
-        EXPECT_EQ(liveBlocks, 0);
-    }
+    void TearDown() override { EXPECT_EQ(liveBlocks, 0); }
 
     static std::string store(const std::string& subKey) {
         return "Software\\QuillonInkjet\\JSW\\Local\\" + localId() + "\\" + subKey;
@@ -114,18 +88,14 @@ class RulesModulesTest : public testing::Test {
                      &value, &size);
         return value;
     }
-    void write(const char* fileName, const std::string& text) const {
-        std::ofstream(folder_ / fileName, std::ios::binary) << text;
-    }
-    static Module load(const char* fileName) {
-        Module module(LoadLibraryA(fileName));
+    static ModuleHandle load(const char* fileName) {
+        ModuleHandle module(LoadLibraryA(fileName));
         EXPECT_TRUE(module) << fileName << ": " << GetLastError();
         return module;
     }
 
-  private:
-    std::filesystem::path folder_;
-    std::string hive_;
+    const jsw::test::PrivateRegistry registry_;
+    const jsw::test::TempFolder folder_;
 };
 
 constexpr const char* kCatalog = R"(<?xml version="1.0"?>
@@ -140,17 +110,19 @@ constexpr const char* kCatalog = R"(<?xml version="1.0"?>
 </catalog>)";
 
 TEST_F(RulesModulesTest, CatalogAnswersFromItsFileToSeveralThreads) {
-    write("other.xml", kCatalog);
+    folder_.write("other.xml", kCatalog);
     setText("Settings\\Catalog", "CatalogFilename", "other.xml");
-    const Module catalog = load("bcat.dll");
-    entryPoint<JswCatalogInitialize>(catalog, "Initialize")(countedAllocate);
-    auto* const ids = entryPoint<JswCatalogList>(catalog, "GetBillboardIds");
-    auto* const actions = entryPoint<JswCatalogList>(catalog, "GetBillboardActions");
-    auto* const file = entryPoint<JswCatalogText>(catalog, "GetBillboardFileName");
-    auto* const type = entryPoint<JswCatalogText>(catalog, "GetBillboardType");
-    auto* const carts = entryPoint<JswCatalogText>(catalog, "GetBillboardCarts");
-    auto* const navigation = entryPoint<JswCatalogFlag>(catalog, "GetBillboardEnableNavigation");
-    auto* const restore = entryPoint<JswCatalogFlag>(catalog, "GetBillboardRestoreWindow");
+    const ModuleHandle catalog = load("bcat.dll");
+    findEntryPoint<JswCatalogInitialize>(catalog.get(), "Initialize")(countedAllocate);
+    auto* const ids = findEntryPoint<JswCatalogList>(catalog.get(), "GetBillboardIds");
+    auto* const actions = findEntryPoint<JswCatalogList>(catalog.get(), "GetBillboardActions");
+    auto* const file = findEntryPoint<JswCatalogText>(catalog.get(), "GetBillboardFileName");
+    auto* const type = findEntryPoint<JswCatalogText>(catalog.get(), "GetBillboardType");
+    auto* const carts = findEntryPoint<JswCatalogText>(catalog.get(), "GetBillboardCarts");
+    auto* const navigation =
+        findEntryPoint<JswCatalogFlag>(catalog.get(), "GetBillboardEnableNavigation");
+    auto* const restore =
+        findEntryPoint<JswCatalogFlag>(catalog.get(), "GetBillboardRestoreWindow");
 
     using Texts = std::vector<std::string>;
     const auto ask = [&] {
@@ -171,7 +143,7 @@ TEST_F(RulesModulesTest, CatalogAnswersFromItsFileToSeveralThreads) {
         });
     }
     askers.clear();
-    entryPoint<JswCatalogUnInitialize>(catalog, "UnInitialize")();
+    findEntryPoint<JswCatalogUnInitialize>(catalog.get(), "UnInitialize")();
     EXPECT_EQ(take(file("A")), "(null)");
 }
 
@@ -180,23 +152,23 @@ TEST_F(RulesModulesTest, ABrokenOrMissingCatalogGivesEmptyAnswers) {
     for (int depth = 0; depth < 40; ++depth) nested += "<x>";
     for (int depth = 0; depth < 40; ++depth) nested += "</x>";
     for (const std::string& text : {std::string("<catalog><billboard"), std::string(), nested}) {
-        write("catalog.xml", text);
-        const Module catalog = load("bcat.dll");
-        entryPoint<JswCatalogInitialize>(catalog, "Initialize")(countedAllocate);
-        EXPECT_EQ(take(entryPoint<JswCatalogText>(catalog, "GetBillboardType")("A")), "(null)");
-        EXPECT_EQ(entryPoint<JswCatalogList>(catalog, "GetBillboardIds")("C"), nullptr);
+        folder_.write("catalog.xml", text);
+        const ModuleHandle catalog = load("bcat.dll");
+        findEntryPoint<JswCatalogInitialize>(catalog.get(), "Initialize")(countedAllocate);
+        EXPECT_EQ(take(findEntryPoint<JswCatalogText>(catalog.get(), "GetBillboardType")("A")),
+                  "(null)");
+        EXPECT_EQ(findEntryPoint<JswCatalogList>(catalog.get(), "GetBillboardIds")("C"), nullptr);
     }
     setText("Settings", "DataPath", "Q:\\nowhere");
-    const Module catalog = load("bcat.dll");
-    entryPoint<JswCatalogInitialize>(catalog, "Initialize")(countedAllocate);
-    EXPECT_EQ(entryPoint<JswCatalogFlag>(catalog, "GetBillboardRestoreWindow")("A"), 0);
+    const ModuleHandle catalog = load("bcat.dll");
+    findEntryPoint<JswCatalogInitialize>(catalog.get(), "Initialize")(countedAllocate);
+    EXPECT_EQ(findEntryPoint<JswCatalogFlag>(catalog.get(), "GetBillboardRestoreWindow")("A"), 0);
 }
 
 /** What a module has left for people in the field to read; empty when there is nothing. */
 std::string problemOf(const std::string& dataFile) {
-    std::ifstream file(std::string(std::getenv("ALLUSERSPROFILE")) + "\\" + localId() + dataFile +
-                       "-problem.txt");
-    return {std::istreambuf_iterator<char>(file), {}};
+    return jsw::test::readFile(std::string(std::getenv("ALLUSERSPROFILE")) + "\\" + localId() +
+                               dataFile + "-problem.txt");
 }
 
 TEST_F(RulesModulesTest, TheStoreOfAHostIsFoundByTheLibrarysRule) {
@@ -218,13 +190,13 @@ TEST_F(RulesModulesTest, TheStoreOfAHostIsFoundByTheLibrarysRule) {
 
 /** The entry points of the rules engine. */
 struct Engine {
-    explicit Engine(const Module& module)
-        : initialize(entryPoint<JswRulesInitializeEngine>(module, "InitializeEngine")),
-          more(entryPoint<JswRulesQuestion>(module, "IsMoreRules")),
-          evaluate(entryPoint<JswRulesEvaluateRule>(module, "EvaluateRule")),
-          historyChecked(entryPoint<JswRulesQuestion>(module, "IsHistoryChecked")),
-          update(entryPoint<JswRulesUpdateSettings>(module, "UpdateSettings")),
-          uninitialize(entryPoint<JswRulesUnInitialize>(module, "UnInitialize")) {}
+    explicit Engine(const ModuleHandle& module)
+        : initialize(findEntryPoint<JswRulesInitializeEngine>(module.get(), "InitializeEngine")),
+          more(findEntryPoint<JswRulesQuestion>(module.get(), "IsMoreRules")),
+          evaluate(findEntryPoint<JswRulesEvaluateRule>(module.get(), "EvaluateRule")),
+          historyChecked(findEntryPoint<JswRulesQuestion>(module.get(), "IsHistoryChecked")),
+          update(findEntryPoint<JswRulesUpdateSettings>(module.get(), "UpdateSettings")),
+          uninitialize(findEntryPoint<JswRulesUnInitialize>(module.get(), "UnInitialize")) {}
 
     /** "result" of every rule, with "+" where the history is checked, in the engine's order. */
     [[nodiscard]] std::string results() const {
@@ -245,13 +217,13 @@ struct Engine {
 };
 
 TEST_F(RulesModulesTest, EngineWalksItsRulesAndRemembersWhatWasShown) {
-    write("rules.xml", R"(<rules>
+    folder_.write("rules.xml", R"(<rules>
         <rule result="STATUS"/>
         <rule result="LOW" history="true"><ink below="15"/></rule>
         <rule result="ONCE"><shown carts="1,2" below="1"/><shown below="1"/></rule>
         <rule result="SIM"><printer contains="sim"/><job equals="a.pdf"/></rule>
     </rules>)");
-    const Module module = load("reng.dll");
+    const ModuleHandle module = load("reng.dll");
     const Engine engine(module);
     InkInfo ink = {};
     ink.InkPercent[0] = 14;
@@ -278,17 +250,17 @@ TEST_F(RulesModulesTest, EngineWalksItsRulesAndRemembersWhatWasShown) {
 }
 
 TEST_F(RulesModulesTest, EngineDoesNotStartOnAFileItCannotRead) {
-    const Module module = load("reng.dll");
+    const ModuleHandle module = load("reng.dll");
     const Engine engine(module);
     EXPECT_EQ(engine.initialize(countedAllocate, nullptr, "", "", 1, 1), 0) << "missing";
     for (const char* text : {"", "<rules>", "<rules><rule result='A'><inc/></rule></rules>"}) {
-        write("rules.xml", text);
+        folder_.write("rules.xml", text);
         EXPECT_EQ(engine.initialize(countedAllocate, nullptr, "", "", 1, 1), 0) << text;
         EXPECT_EQ(engine.more(), 0) << text;
     }
     EXPECT_NE(problemOf("rules.xml").find("unknown condition <inc>"), std::string::npos)
         << problemOf("rules.xml");
-    write("rules.xml", "<rules/>");
+    folder_.write("rules.xml", "<rules/>");
     EXPECT_EQ(engine.initialize(countedAllocate, nullptr, "", "", 1, 1), 1);
     EXPECT_EQ(engine.more(), 0);
     EXPECT_EQ(problemOf("rules.xml"), "");
@@ -297,10 +269,10 @@ TEST_F(RulesModulesTest, EngineDoesNotStartOnAFileItCannotRead) {
 /** Its reader raises an exception for itself; every job of a host with such a file loads it anew.
  */
 TEST_F(RulesModulesTest, AFileItCannotReadCostsTheHostNothing) {
-    write("rules.xml", "<rules><rule result='A'><inc/></rule></rules>");
+    folder_.write("rules.xml", "<rules><rule result='A'><inc/></rule></rules>");
     const auto useAndFree = [&](int times) {
         for (int i = 0; i < times; ++i) {
-            const Module module = load("reng.dll");
+            const ModuleHandle module = load("reng.dll");
             EXPECT_EQ(Engine(module).initialize(countedAllocate, nullptr, "", "", 1, 1), 0);
         }
         EXPECT_EQ(GetModuleHandleA("reng.dll"), nullptr);

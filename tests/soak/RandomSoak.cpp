@@ -102,38 +102,35 @@ class RandomSoak : public test::WholeJobTest {
 
 TEST_F(RandomSoak, SixteenThreadsCallEverythingAtRandom) {
     const test::Stopwatch watch;
-    withoutStarting([&] {
-        std::vector<std::thread> threads;
-        for (auto& count : calls) {
-            threads.emplace_back([this, &count] {
-                for (; !over; ++count) callExport();
-            });
+    std::vector<std::thread> threads;
+    for (auto& count : calls) {
+        threads.emplace_back([this, &count] {
+            for (; !over; ++count) callExport();
+        });
+    }
+    const auto seconds = static_cast<std::uint64_t>(test::soakAmount(60));
+    std::array<std::uint64_t, kThreads> seen{};
+    bool allMoved = true;
+    while (watch.seconds() < seconds) {
+        if (allMoved) test::allowSeconds(kHangSeconds);
+        Sleep(200);
+        for (auto* record : {&script_.view, &script_.rules, &script_.catalog, &script_.legacy,
+                             &shell_.calls, &shell_.details}) {
+            record->clear();
         }
-        const auto seconds = static_cast<std::uint64_t>(test::soakAmount(60));
-        std::array<std::uint64_t, kThreads> seen{};
-        bool allMoved = true;
-        while (watch.seconds() < seconds) {
-            if (allMoved) test::allowSeconds(kHangSeconds);
-            Sleep(200);
-            for (auto* record :
-                 {&script_.view, &script_.rules, &script_.catalog, &script_.legacy}) {
-                record->clear();
-            }
-            allMoved = true;
-            for (std::size_t i = 0; i < calls.size(); ++i) {
-                allMoved = seen[i] != calls[i] && allMoved;
-            }
-            if (allMoved) std::copy(calls.begin(), calls.end(), seen.begin());
+        allMoved = true;
+        for (std::size_t i = 0; i < calls.size(); ++i) {
+            allMoved = seen[i] != calls[i] && allMoved;
         }
-        over = true;
-        for (auto& thread : threads) thread.join();
-    });
+        if (allMoved) std::copy(calls.begin(), calls.end(), seen.begin());
+    }
+    over = true;
+    for (auto& thread : threads) thread.join();
     api_.terminate();
     script_.onViewCall = nullptr;
     script_.onEvaluateRule = nullptr;
     prepare(0);
-    std::vector<std::string> after;
-    withoutStarting([&] { after = wholeJob(10000); });
+    const auto after = wholeJob(10000);
     std::uint64_t total = 0;
     for (const auto& count : calls) total += count;
     test::report(kThreads, " threads for ", watch.seconds(), " s: ", total, " calls, ",

@@ -9,7 +9,6 @@
 #include <windows.h>
 
 #include <gmock/gmock.h>
-#include <winternl.h>
 
 namespace jsw {
 
@@ -81,34 +80,6 @@ bool linkExists(const std::string& path) {
     return RegOpenKeyExA(HKEY_LOCAL_MACHINE, path.c_str(), REG_OPTION_OPEN_LINK, KEY_READ,
                          key.put()) == ERROR_SUCCESS;
 }
-
-/// A child key whose name has a zero in it: listed, but no name opens it. Goes with the object.
-class UnreachableChild {
-  public:
-    explicit UnreachableChild(const std::string& parentPath) {
-        using NtCreateKey =
-            LONG NTAPI(HKEY * key, ACCESS_MASK access, OBJECT_ATTRIBUTES * attributes, ULONG index,
-                       void* noClass, ULONG options, ULONG* disposition);
-        KeyHandle parent;
-        EXPECT_EQ(
-            RegOpenKeyExA(HKEY_LOCAL_MACHINE, parentPath.c_str(), 0, KEY_ALL_ACCESS, parent.put()),
-            ERROR_SUCCESS);
-        wchar_t letters[] = L"a\0b";
-        UNICODE_STRING name{3 * sizeof(wchar_t), 3 * sizeof(wchar_t), letters};
-        OBJECT_ATTRIBUTES attributes{};
-        InitializeObjectAttributes(&attributes, &name, 0, parent.get(), nullptr);
-        EXPECT_EQ(findEntryPoint<NtCreateKey>(system_, "NtCreateKey")(
-                      key_.put(), KEY_ALL_ACCESS, &attributes, 0, nullptr, 0, nullptr),
-                  0);
-    }
-    ~UnreachableChild() { findEntryPoint<LONG NTAPI(HKEY)>(system_, "NtDeleteKey")(key_.get()); }
-    UnreachableChild(const UnreachableChild&) = delete;
-    UnreachableChild& operator=(const UnreachableChild&) = delete;
-
-  private:
-    const HMODULE system_ = GetModuleHandleA("ntdll");
-    KeyHandle key_;
-};
 
 constexpr char kPath[] = "Software\\Test\\Key";
 
@@ -285,8 +256,13 @@ TEST_F(RegistryKeyTest, RecursiveDeleteTakesLinksButNotWhatTheyLeadTo) {
 }
 
 TEST_F(RegistryKeyTest, RecursiveDeleteEndsAtAChildThatStays) {
-    RegistryKey("Tree\\b", true);
-    const UnreachableChild child("Tree");
+    RegistryKey("Tree\\child", true);
+    const auto refuse = test::replaceImport<decltype(RegOpenKeyExA)>(
+        test::ImportTable(GetModuleHandleA(nullptr)), "RegOpenKeyExA",
+        [](auto original, HKEY parent, const char* path, auto... rest) {
+            const bool isChild = std::string_view(path).ends_with("child");
+            return isChild ? LSTATUS{ERROR_ACCESS_DENIED} : original(parent, path, rest...);
+        });
     EXPECT_EQ(failureOf([] { RegistryKey::recurseDeleteKey("Tree", HKEY_LOCAL_MACHINE); }),
               "RegistryKey::recurseDeleteKey() RegOpenKey()");
 }

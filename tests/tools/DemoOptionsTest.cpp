@@ -1,3 +1,4 @@
+#include "tests/support/Words.h"
 #include "tools/qldemo/DemoOptions.h"
 #include "tools/qldemo/DemoScript.h"
 #include "tools/qldemo/JobPlan.h"
@@ -14,29 +15,11 @@ namespace {
 using Arguments = std::vector<std::string>;
 
 TEST(DemoOptionsTest, ACompleteCommandLineIsTaken) {
-    const ParsedOptions parsed = parseOptions({"--printer",
-                                               "Quillon Sim 2000",
-                                               "--job",
-                                               "a b.pdf",
-                                               "--pages",
-                                               "12",
-                                               "--copies",
-                                               "2",
-                                               "--seconds-per-page",
-                                               "0.25",
-                                               "--ink",
-                                               "0,?,100",
-                                               "--log",
-                                               "--prompt",
-                                               "0",
-                                               "--device",
-                                               "sim.ini",
-                                               "--jobs",
-                                               "3",
-                                               "--script",
-                                               "x.jobscript",
-                                               "--screenshots",
-                                               "shots"});
+    Arguments arguments = test::words(
+        "--pages 12 --copies 2 --seconds-per-page 0.25 --ink 0,?,100 --log --prompt 0 "
+        "--device sim.ini --jobs 3 --script x.jobscript --screenshots shots");
+    arguments.insert(arguments.end(), {"--printer", "Quillon Sim 2000", "--job", "a b.pdf"});
+    const ParsedOptions parsed = parseOptions(arguments);
     ASSERT_EQ(parsed.error, "");
     const DemoOptions& options = parsed.options;
     EXPECT_EQ(options.mode, Mode::kRunJobs);

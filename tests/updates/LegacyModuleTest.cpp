@@ -2,6 +2,7 @@
 #include "PublicLib/win/Handles.h"
 #include "PublicLib/win/Paths.h"
 #include "PublicLib/win/SystemFolders.h"
+#include "tests/support/Eventually.h"
 #include "window/prompt/ControlIds.h"
 #include <jsw/legacy.h>
 
@@ -23,18 +24,6 @@ namespace {
 HWND findPrompt() {
     return FindWindowA("#32770", JSW_LEGACY_TITLE);
 }
-
-template <class Condition>
-bool within(DWORD milliseconds, const Condition& condition) {
-    const DWORD start = GetTickCount();
-    while (!condition()) {
-        if (GetTickCount() - start > milliseconds) return false;
-        Sleep(10);
-    }
-    return true;
-}
-
-constexpr DWORD kPatience = 10000;  // milliseconds
 
 std::string textOf(int control) {
     std::array<char, 512> text{};
@@ -70,12 +59,12 @@ class LegacyModuleTest : public ::testing::Test {
             JSWDisplayPrompt(type, pages);
             over_ = true;
         });
-        return within(kPatience, [] { return IsWindowVisible(findPrompt()) != FALSE; });
+        return test::eventually([] { return IsWindowVisible(findPrompt()) != FALSE; });
     }
 
     /// Waits for the end of the prompt.
     bool isOver() {
-        if (!within(kPatience, [this] { return over_.load(); })) return false;
+        if (!test::eventually([this] { return over_.load(); })) return false;
         asking_.join();
         return findPrompt() == nullptr;
     }
@@ -101,14 +90,14 @@ TEST_F(LegacyModuleTest, AsksAndIsFedByTheDriver) {
     EXPECT_EQ(textOf(JSW_LEGACY_NOTE), "");
 
     post(JSW_LEGACY_COVER_OPEN);
-    EXPECT_TRUE(within(kPatience, [] { return textOf(JSW_LEGACY_NOTE) == "The cover is open."; }));
+    EXPECT_TRUE(test::eventually([] { return textOf(JSW_LEGACY_NOTE) == "The cover is open."; }));
     for (const std::uintptr_t unknown : {std::uintptr_t{0}, std::uintptr_t{99}, UINTPTR_MAX,
                                          reinterpret_cast<std::uintptr_t>(this)}) {
         post(unknown);
     }
     post(JSW_LEGACY_PRINTER_READY);
     EXPECT_TRUE(
-        within(kPatience, [] { return textOf(JSW_LEGACY_NOTE) == "The printer is ready."; }));
+        test::eventually([] { return textOf(JSW_LEGACY_NOTE) == "The printer is ready."; }));
     EXPECT_FALSE(over_);
 
     post(JSW_LEGACY_PRESS_CONTINUE);

@@ -1,19 +1,14 @@
 #include "PublicLib/logging/LogLine.h"
-#include "tests/support/GuardedBuffer.h"
-#include "tests/support/TempFolder.h"
+#include "tests/support/FuzzSeeds.h"
 #include "tools/jswctl/log/LineReader.h"
 #include "tools/jswctl/log/LogLine.h"
 #include "tools/jswctl/log/Pattern.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdint>
-#include <filesystem>
 #include <sstream>
 #include <string>
 #include <vector>
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
 namespace jsw::ctl::log {
 
@@ -136,21 +131,8 @@ TEST(Pattern, TakesWhatVaries) {
     EXPECT_EQ(fillIn("{2} and {1}, {x} {", Captures{"one", "two"}), "two and one, {x} {");
 }
 
-/// The fuzzer's seeds, each also cut at many lengths, where a byte too many faults.
 TEST(LogLine, ReadsNothingBeyondTheFuzzersSeeds) {
-    int seeds = 0;
-    for (const auto& file : std::filesystem::directory_iterator(JSW_FUZZ_CORPUS "/log")) {
-        const std::string content = test::readFile(file.path().string());
-        for (std::size_t length = 0; length <= content.size(); length += 1 + content.size() / 50) {
-            const test::GuardedBuffer input(std::span(content.data(), length));
-            LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(input.data()), length);
-            const std::string_view text(input.data(), length);
-            parseLine(text);
-            findNextHeading(text, 0);
-        }
-        ++seeds;
-    }
-    EXPECT_GT(seeds, 5);
+    EXPECT_GT(test::replaySeeds(JSW_FUZZ_CORPUS "/log", 50), 5);
 }
 
 }  // namespace jsw::ctl::log
