@@ -26,7 +26,7 @@ check(1 "no section of" "[Software\\Quillon Tools\\JSW\\Local\\prin\\Settings]")
 # A log switch that was set before the first job keeps the file out.
 file(COPY_FILE ${CMAKE_CURRENT_LIST_DIR}/consumer/prinjsw.loc ${road}/prinjsw.loc)
 run(0 ${EMULATOR} reg add "${store}\\Logger" /v Thread_Id_In_Header /t REG_DWORD /d 1 /f)
-check(1 "was missed" "jswctl install --update")
+check(1 "did not happen" "jswctl install --update")
 run(0 ${jswctl} install --update printdlg.exe)
 expect("DllPath: (none) -> string:.")
 
@@ -45,7 +45,7 @@ file(COPY ${CMAKE_CURRENT_LIST_DIR}/consumer/hello.jbb DESTINATION ${road}/data/
 # Relative paths, and a host that is started from elsewhere.
 set(work_folder ${WORK})
 run(1 ${jswctl} check newcomer/printdlg.exe)
-expect("Write a full path")
+expect("Use a full path")
 set(work_folder ${road})
 
 check(0 "data folder")

@@ -27,10 +27,10 @@ int check(const CheckOptions& options) {
 
 void addCheckCommand(CLI::App& program, Action& action) {
     auto* command = program.add_subcommand(
-        "check", "Says what a job of a host would meet, from the current folder, without one.");
+        "check", "Shows what a job of a host would find when started in the current folder.");
     const auto options = std::make_shared<CheckOptions>();
     addHostArgument(*command, options->host);
-    command->add_flag("--json", options->json, "tell it as one JSON object");
+    command->add_flag("--json", options->json, "write one JSON object instead");
     command->callback([&action, options] { action = [options] { return check(*options); }; });
 }
 

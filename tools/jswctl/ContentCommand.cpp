@@ -65,15 +65,15 @@ void addContentCommand(CLI::App& program, Action& action) {
     auto* command = program.add_subcommand(
         "content", "Checks catalog, pages and rules of a data folder in the sample format.");
     const auto options = std::make_shared<ContentOptions>();
-    command->add_option("FOLDER", options->folder, "the folder that DataPath names")->required();
+    command->add_option("FOLDER", options->folder, "the data folder, as in DataPath")->required();
     command
         ->add_option("--show", options->show,
-                     "shows this page in the job window, too, in each language")
+                     "also shows this page in the job window, in each language")
         ->type_name("PAGE.jbb");
     command
-        ->add_option("--seconds", options->seconds, "for how long each, unless it is closed before")
+        ->add_option("--seconds", options->seconds, "how long, unless the window is closed earlier")
         ->check(CLI::Range(1, 3600));
-    command->add_flag("--json", options->json, "tell it as one JSON object");
+    command->add_flag("--json", options->json, "write one JSON object instead");
     command->callback(
         [&action, options] { action = [options] { return checkContent(*options); }; });
 }

@@ -36,7 +36,7 @@ void addHostArgument(CLI::App& command, std::string& host) {
 
 void nameHost(const std::string& host) {
     const std::string path = inFull(host);
-    if (fileNamePart(path).empty()) throw BadUse("'" + host + "' is no file name");
+    if (fileNamePart(path).empty()) throw BadUse("'" + host + "' is not a file name");
     if (isFolder(GetFileAttributesA(path.c_str()))) {
         throw BadUse("'" + host + "' is a folder, not a program");
     }

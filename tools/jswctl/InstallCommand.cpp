@@ -65,7 +65,7 @@ int update(const Settings& settings, const SettingsFile& file, bool dryRun) {
         if (!isKept && !dryRun) writeEntry(entry);
     }
     say(concat(changed, dryRun ? " values would be changed" : " values changed", " by ", file.path,
-               ", ", kept, " kept as this machine has them."));
+               ", ", kept, " left as they are on this machine."));
     return kWell;
 }
 
@@ -85,7 +85,7 @@ int firstInstall(const SettingsFile& file, bool dryRun) {
     for (const std::string& key : made) openToEveryone(key);
     if (!installed) {
         throw std::runtime_error("not all settings of " + file.path + " could be installed in " +
-                                 storeName() + "; 'jswctl check' says which");
+                                 storeName() + "; 'jswctl check' lists them");
     }
     say(concat("Installed ", file.path, " in ", storeName(), "."));
     return kWell;
@@ -102,8 +102,8 @@ int install(const InstallOptions& options) {
     const bool isDue = !isThere || isFirstRunPending();
     if (!isDue && !options.update) {
         say(storeName() +
-            " has its settings already; 'jswctl install --update' brings in what is new in the "
-            "file, 'jswctl remove' takes them away.");
+            " already has its settings; 'jswctl install --update' stores what is new in the file, "
+            "'jswctl remove' removes them.");
         return kWell;
     }
     const SettingsFile file = requireSettingsFile();
@@ -114,13 +114,13 @@ int install(const InstallOptions& options) {
 
 void addInstallCommand(CLI::App& program, Action& action) {
     auto* command = program.add_subcommand(
-        "install", "Installs the settings file beside a host, as the host's first job would.");
+        "install", "Installs the settings file beside a host, as the host's first job does.");
     const auto options = std::make_shared<InstallOptions>();
     addHostArgument(*command, options->host);
     command->add_flag("--update", options->update,
-                      "brings what is new or different in the file into settings that are there; "
-                      "history, window and updates stay as they are");
-    command->add_flag("--dry-run", options->dryRun, "says what would be done, and does nothing");
+                      "stores values that are new or different in the file into existing settings; "
+                      "keeps history, window and updates");
+    command->add_flag("--dry-run", options->dryRun, "shows what would be done, and does nothing");
     command->callback([&action, options] { action = [options] { return install(*options); }; });
 }
 

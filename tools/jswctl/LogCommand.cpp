@@ -96,8 +96,8 @@ bool isSameFile(const std::string& one, const std::string& other) {
 void requireLog(const log::Totals& totals, const std::string& file) {
     if (totals.isLog()) return;
     if (totals.bytes == 0) throw BadUse(file + " is empty");
-    throw BadUse(file + " is no log: no line " +
-                 (totals.gaveUp ? "of its first megabyte " : "in it ") + "has the form of one");
+    throw BadUse(file + " is not a log: no line " +
+                 (totals.gaveUp ? "of its first megabyte " : "in it ") + "looks like one");
 }
 
 int tell(const LogOptions& options) {
@@ -106,7 +106,7 @@ int tell(const LogOptions& options) {
         return kWell;
     }
     if (!options.rotate.empty()) return rotateLog(options.rotate);
-    if (options.file.empty()) throw BadUse("no log is given; try jswctl log --help");
+    if (options.file.empty()) throw BadUse("no log given; try jswctl log --help");
     if (isSameFile(options.file, options.html)) {
         throw BadUse("the page would overwrite the log " + options.file);
     }
@@ -121,7 +121,7 @@ int tell(const LogOptions& options) {
 }  // namespace
 
 void addLogCommand(CLI::App& program, Action& action) {
-    auto* command = program.add_subcommand("log", "Tells a log in words.");
+    auto* command = program.add_subcommand("log", "Explains a log.");
     const auto options = std::make_shared<LogOptions>();
     command->add_option("FILE", options->file, "the log, such as %ALLUSERSPROFILE%\\abcdJSW.log")
         ->type_name("");
@@ -130,12 +130,11 @@ void addLogCommand(CLI::App& program, Action& action) {
     command->add_flag("--json", options->json, "writes one JSON object instead");
     command
         ->add_option("--rotate", options->rotate,
-                     "moves the log of a host to <id>JSW.old.log instead, without losing a line")
+                     "renames the log of a host to <id>JSW.old.log instead; loses no line")
         ->type_name("HOST.exe");
-    command->add_flag(
-        "--texts", options->texts,
-        "writes what the log says of trouble, with causes and remedies, as a table in "
-        "Markdown; takes no file");
+    command->add_flag("--texts", options->texts,
+                      "writes a Markdown table of the log's problem lines with causes and "
+                      "remedies; takes no file");
     command->callback([&action, options] { action = [options] { return tell(*options); }; });
 }
 

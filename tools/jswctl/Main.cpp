@@ -41,7 +41,7 @@ int runProgram(int argc, char** argv) {
     program.set_version_flag("--version", "jswctl " JSWCTL_VERSION);
     program.allow_windows_style_options(false);  // "/x" is a file name
     program.require_subcommand(0, 1);  // what is missing is said below, in words of our own
-    program.footer("Exit code: 0 well, 1 something stops a job or could not be done, 2 bad use.");
+    program.footer("Exit code: 0 success, 1 something stops a job or failed, 2 wrong usage.");
     Action action;
     for (AddCommand* addTo : kCommands) addTo(program, action);
     try {
@@ -49,7 +49,7 @@ int runProgram(int argc, char** argv) {
     } catch (const CLI::ParseError& end) {
         return endAfterParsing(program, end);
     }
-    if (!action) return complain(std::string("no command is given") + kTryHelp, kBadUse);
+    if (!action) return complain(std::string("no command given") + kTryHelp, kBadUse);
     return action();
 }
 

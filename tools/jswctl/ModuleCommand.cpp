@@ -34,7 +34,8 @@ void requireFile(const std::string& file) {
 int checkModule(const ModuleOptions& options) {
     const ModuleKind* kind = findModuleKind(options.kind);
     if (kind == nullptr) {
-        throw BadUse("'" + options.kind + "' is no kind of module; there are " + moduleKindNames());
+        throw BadUse("'" + options.kind + "' is not a kind of module; the kinds are " +
+                     moduleKindNames());
     }
     requireFile(options.file);
     const std::string path = inFull(options.file);
@@ -57,15 +58,14 @@ int checkModule(const ModuleOptions& options) {
 
 void addModuleCommand(CLI::App& program, Action& action) {
     auto* command = program.add_subcommand(
-        "module",
-        "Says what is wrong with one module and goes through its calls as a job does, each timed.");
+        "module", "Checks one module, calls it as a job does and times each call.");
     const auto options = std::make_shared<ModuleOptions>();
     command->add_option("KIND", options->kind, moduleKindNames())->required();
     command->add_option("FILE.dll", options->file, "the module, a 64-bit library")->required();
     addJobOptions(*command, options->job);
-    command->add_option("--seconds", options->seconds, "how long it may take before it is ended")
+    command->add_option("--seconds", options->seconds, "after how many seconds the trial is ended")
         ->check(CLI::Range(1, 3600));
-    command->add_flag("--json", options->json, "tell it as one JSON object");
+    command->add_flag("--json", options->json, "write one JSON object instead");
     command->callback([&action, options] { action = [options] { return checkModule(*options); }; });
 }
 

@@ -69,9 +69,9 @@ void backUp(const std::string& key, const std::string& file) {
     }
     if (code != 0 || GetFileAttributesA(file.c_str()) == INVALID_FILE_ATTRIBUTES) {
         throw std::runtime_error(concat("cannot write the backup ", file,
-                                        "; nothing was removed, and --no-backup goes without"));
+                                        "; nothing was removed. --no-backup skips the backup"));
     }
-    std::printf("Wrote %s; 'reg import' brings it back.\n", file.c_str());
+    std::printf("Wrote %s; 'reg import' restores it.\n", file.c_str());
 }
 
 int remove(const RemoveOptions& options) {
@@ -105,16 +105,17 @@ int remove(const RemoveOptions& options) {
 void addRemoveCommand(CLI::App& program, Action& action) {
     auto* command = program.add_subcommand(
         "remove",
-        "Removes the settings of a host, after a backup; the last one's take their product line "
-        "along when DeleteStoreOnUninstall says so.");
+        "Backs up and removes the settings of a host; if it is its product line's last host and "
+        "DeleteStoreOnUninstall is not 0, those of the whole line.");
     const auto options = std::make_shared<RemoveOptions>();
     addHostArgument(*command, options->host);
     command
         ->add_option("--backup", options->backup,
-                     "the file for the backup; else <id>JSW-<time>.reg beside the log")
+                     "the backup's file; default: <id>JSW-<time>.reg beside the log")
         ->type_name("FILE.reg");
     command->add_flag("--no-backup", options->noBackup, "removes them without a backup");
-    command->add_flag("--dry-run", options->dryRun, "says what would go, and removes nothing");
+    command->add_flag("--dry-run", options->dryRun,
+                      "shows what would be removed, and removes nothing");
     command->callback([&action, options] { action = [options] { return remove(*options); }; });
 }
 

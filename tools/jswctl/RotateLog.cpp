@@ -20,12 +20,12 @@ int rotateLog(const std::string& host) {
     InterProcessLock lock(logLockName(log));
     const InterProcessLock::Hold hold(lock);
     if (MoveFileExA(log.c_str(), old.c_str(), MOVEFILE_REPLACE_EXISTING) != FALSE) {
-        std::printf("Moved %s to %s.\n", log.c_str(), old.c_str());
+        std::printf("Renamed %s to %s.\n", log.c_str(), old.c_str());
         return kWell;
     }
     const DWORD error = GetLastError();
     if (error != ERROR_FILE_NOT_FOUND) {
-        throw std::runtime_error("cannot move " + log + ": " + errorText(error));
+        throw std::runtime_error("cannot rename " + log + ": " + errorText(error));
     }
     std::printf("There is no %s.\n", log.c_str());
     return kWell;

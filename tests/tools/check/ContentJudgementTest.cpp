@@ -53,15 +53,15 @@ TEST(ContentJudgementTest, EachMistakeIsNamed) {
         {"no id", [](ContentFacts& f) { f.catalog.root->children[0].attributes.erase("id"); },
          kError, "a <billboard> has no id"},
         {"twice", [](ContentFacts& f) { f.catalog.root->children[1].attributes["id"] = "DEFAULT"; },
-         kError, "two of the id DEFAULT"},
+         kError, "two elements have the id DEFAULT"},
         {"no page", [](ContentFacts& f) { f.pages.erase(f.pages.begin()); }, kError,
          "DEFAULT: there is no page Scripts\\a.jbb"},
         {"unused", [](ContentFacts& f) { f.catalog.root->children[0].attributes.erase("file"); },
-         kWarning, "no billboard of the catalog has this page"},
+         kWarning, "no billboard of the catalog uses this page"},
         {"empty action", [](ContentFacts& f) { f.catalog.root->children[1].children[0].text = ""; },
          kWarning, "INK_STATUS: action 0 is empty"},
         {"action number", [](ContentFacts& f) { f.catalog.root->children[1].children.clear(); },
-         kError, "'&Patronen' takes action 0, and INK_STATUS has 0"},
+         kError, "'&Patronen' uses action 0, but INK_STATUS has 0"},
         {"action",
          [](ContentFacts& f) { f.pages[0] = page("a.jbb", "", "title=A\nbutton=B|NIX|0"); },
          kWarning, "'B' reports NIX"},
@@ -69,7 +69,7 @@ TEST(ContentJudgementTest, EachMistakeIsNamed) {
          [](ContentFacts& f) {
              f.catalog.root->children[2].children[0].attributes["id"] = "INK_STATSU";
          },
-         kError, "INK_STATSU, which is no billboard. Was INK_STATUS meant?"},
+         kError, "INK_STATSU, which is not a billboard. Did you mean INK_STATUS?"},
         {"rule", [](ContentFacts& f) { f.rules.root->children[0].attributes["result"] = "X"; },
          kError, "rule 1: X is neither a category nor a billboard"},
         {"condition",
@@ -91,9 +91,9 @@ TEST(ContentJudgementTest, EachMistakeIsNamed) {
          [](ContentFacts& f) { f.pages[0] = page("a.jbb", "", "title=A\npicture=p.bmp"); },
          kWarning, "there is no picture Scripts\\p.bmp"},
         {"language", [](ContentFacts& f) { f.pages[2].language = "xx"; }, kWarning,
-         "the window does not speak 'xx'"},
+         "the window has no language 'xx'"},
         {"other buttons", [](ContentFacts& f) { f.pages[2] = page("b.jbb", "de", "title=B"); },
-         kWarning, "do other things than those of b.jbb"},
+         kWarning, "have other actions than those of b.jbb"},
     };
     for (const ContentRow& row : rows) {
         ContentFacts facts = goodContent();

@@ -62,7 +62,7 @@ TEST(HostJudgementTest, AGoodHostHasNoFindings) {
     EXPECT_EQ(report.count(Severity::error) + report.count(Severity::warning), 0U)
         << asText(report);
     EXPECT_TRUE(has(report, Severity::note, "product line QuillonInkjet"));
-    EXPECT_TRUE(has(report, Severity::note, "first run: has been"));
+    EXPECT_TRUE(has(report, Severity::note, "first run: done"));
 }
 
 struct BadHostRow {
@@ -75,14 +75,14 @@ struct BadHostRow {
 TEST(HostJudgementTest, EachMistakeIsNamedWithItsRemedy) {
     const BadHostRow rows[] = {
         {"unknown prefix", [](HostFacts& facts) { facts.productLine.clear(); }, Severity::note,
-         "of no product line"},
+         "no product line"},
         {"no library", [](HostFacts& facts) { facts.library.exists = false; }, Severity::warning,
          "there is no file C:\\h\\jsw.dll"},
         {"another version", [](HostFacts& facts) { facts.libraryVersion = "1.0.0"; },
-         Severity::warning, "it is of version 1.0.0, this jswctl of 1.1.0"},
+         Severity::warning, "its version is 1.0.0, jswctl's is 1.1.0"},
         {"closed keys",
          [](HostFacts& facts) { facts.firstRun.closedKeys = {std::string(kStore) + "\\Settings"}; },
-         Severity::warning, "cannot open 1 key of the store with all rights"},
+         Severity::warning, "cannot open 1 key of the settings with all rights"},
         {"large log",
          [](HostFacts& facts) {
              facts.log.exists = true;
@@ -113,10 +113,10 @@ TEST(HostJudgementTest, EachMistakeIsNamedWithItsRemedy) {
          [](HostFacts& facts) {
              facts.firstRun.file.sections = {"Software\\Else\\JSW\\Local\\qlab"};
          },
-         Severity::error, "no section of C:\\h\\qlabjsw.loc lies below this host's store"},
+         Severity::error, "no section of C:\\h\\qlabjsw.loc is below this host's key"},
         {"one foreign section",
          [](HostFacts& facts) { facts.firstRun.file.sections.emplace_back("Software\\Else"); },
-         Severity::warning, "the section [Software\\Else] is not this host's"},
+         Severity::warning, "the section [Software\\Else] does not belong to this host"},
         {"like-named neighbour",
          [](HostFacts& facts) {
              facts.firstRun.file.sections = {std::string(kStore) + "x\\Settings"};
@@ -126,16 +126,16 @@ TEST(HostJudgementTest, EachMistakeIsNamedWithItsRemedy) {
          [](HostFacts& facts) {
              for (FileEntry& entry : facts.firstRun.file.entries) entry.stored.reset();
          },
-         Severity::error, "first run: was missed"},
+         Severity::error, "first run: did not happen"},
         {"cut off",
          [](HostFacts& facts) {
              facts.firstRun.isPending = true;
              facts.firstRun.file.entries[0].stored.reset();
          },
-         Severity::warning, "first run: was cut off"},
+         Severity::warning, "first run: is incomplete"},
         {"file changed later",
          [](HostFacts& facts) { facts.firstRun.file.entries[0].stored.reset(); }, Severity::warning,
-         "1 of 2 values of C:\\h\\qlabjsw.loc are not in the store: DllPath"},
+         "1 of 2 values of C:\\h\\qlabjsw.loc are not in the registry: DllPath"},
         {"value changed later",
          [](HostFacts& facts) { facts.firstRun.file.entries[0].stored = "x"; }, Severity::note,
          "DllPath is x, string:C:\\m in the settings file"},
@@ -145,9 +145,9 @@ TEST(HostJudgementTest, EachMistakeIsNamedWithItsRemedy) {
          [](HostFacts& facts) {
              facts.image.put("Settings\\Controller\\", "VIEW", {Source::wrongType});
          },
-         Severity::error, "Settings\\Controller View is stored with another type than text"},
+         Severity::error, "Settings\\Controller View is not stored as a text"},
         {"relative", [](HostFacts& facts) { facts.image.put("Settings", "DllPath", text(".\\m")); },
-         Severity::warning, "DllPath '.\\m' is relative: it counts from the current folder"},
+         Severity::warning, "DllPath '.\\m' is relative to the current folder"},
         {"drive only",
          [](HostFacts& facts) { facts.image.put("Settings", "DataPath", text("\\d")); },
          Severity::warning, "DataPath '\\d' is relative"},
@@ -155,13 +155,13 @@ TEST(HostJudgementTest, EachMistakeIsNamedWithItsRemedy) {
          [](HostFacts& facts) {
              facts.unknownValues = {{"Settings", "DataPaht"}};
          },
-         Severity::warning, "Was DataPath meant?"},
+         Severity::warning, "Did you mean DataPath?"},
         {"no parser", [](HostFacts& facts) { facts.parserRegistered = false; }, Severity::error,
          "MSXML 3.0 is not registered"},
         {"no parser file", [](HostFacts& facts) { facts.parserVersion = 0; }, Severity::error,
-         "msxml3.dll is not in the system folder"},
+         "msxml3.dll is missing in the system folder"},
         {"old parser", [](HostFacts& facts) { facts.parserVersion = 0x8001D; }, Severity::error,
-         "is of version 8.29, and at least 8.30 is needed"},
+         "has version 8.29; version 8.30 or later is needed"},
         {"no data folder",
          [](HostFacts& facts) {
              facts.dataFolder = {"C:\\d", false, false};
@@ -175,12 +175,12 @@ TEST(HostJudgementTest, EachMistakeIsNamedWithItsRemedy) {
          [](HostFacts& facts) {
              facts.cachedDefault = {"", false, "old.jbb", {"C:\\d\\old.jbb"}};
          },
-         Severity::error, "the page kept from an earlier job is gone"},
+         Severity::error, "the page stored by an earlier job is missing"},
         {"kept page is another",
          [](HostFacts& facts) {
              facts.cachedDefault = {"", false, "old.jbb", {"C:\\d\\old.jbb", true, false}};
          },
-         Severity::warning, "jobs begin with old.jbb"},
+         Severity::warning, "jobs start with old.jbb"},
         {"log", [](HostFacts& facts) { facts.logError = 5; }, Severity::warning,
          "C:\\all\\qlabJSW.log cannot be written, error 5"},
         {"updater with a path",
@@ -188,7 +188,7 @@ TEST(HostJudgementTest, EachMistakeIsNamedWithItsRemedy) {
              facts.image.put("Settings\\Updater", "BillBoardUpdaterExecutableName",
                              text("..\\u.exe"));
          },
-         Severity::error, "is no plain file name"},
+         Severity::error, "is not a plain file name"},
         {"no updater",
          [](HostFacts& facts) {
              facts.image.put("Settings\\Updater", "BillBoardUpdaterExecutableName", text("u.exe"));

@@ -35,7 +35,7 @@ struct BadModuleRow {
 TEST(ModuleJudgementTest, EachFaultIsNamed) {
     const BadModuleRow rows[] = {
         {"absent", [](ModuleFacts& facts) { facts.exists = false; },
-         "there is no file C:\\m\\module.dll; JSWInit answers 0", false},
+         "there is no file C:\\m\\module.dll; JSWInit returns 0", false},
         {"folder", [](ModuleFacts& facts) { facts.isFolder = true; }, "is a folder", false},
         {"unreadable", [](ModuleFacts& facts) { facts.unreadable = "error 5"; },
          "cannot be read: error 5", false},
@@ -80,12 +80,12 @@ TEST(ModuleJudgementTest, EachFaultIsNamed) {
          },
          "it ends the process in Initialize", true},
         {"hang", [](ModuleFacts& facts) { facts.trial.timedOut = true; },
-         "it does not come back from LoadLibrary", true},
+         "it does not return from LoadLibrary", true},
         {"exception",
          [](ModuleFacts& facts) {
              facts.trial.calls.push_back({"Initialize", true, 1, kException});
          },
-         "Initialize lets a C++ exception out", true},
+         "Initialize raised a C++ exception", true},
         {"refused", [](ModuleFacts& facts) { facts.trial.problem = "it cannot be loaded: 1114"; },
          "it cannot be loaded: 1114", true},
     };
@@ -111,12 +111,12 @@ TEST(ModuleJudgementTest, WhatIsNoFaultOnlyGetsANote) {
 
     // What a view may do without, but the user should hear of.
     std::erase(facts.file.exports, "ShowGui");
-    EXPECT_TRUE(has(judged(facts), Severity::warning, "ShowGui is missing: no window comes up"));
+    EXPECT_TRUE(has(judged(facts), Severity::warning, "ShowGui is missing: no window appears"));
 
     ModuleFacts prompts = goodModule(*findModuleKind("legacy"));
     prompts.exists = false;
     EXPECT_EQ(judged(prompts).count(Severity::error), 0U);
-    EXPECT_TRUE(has(judged(prompts), Severity::warning, "JSWDisplayPrompt asks nobody"));
+    EXPECT_TRUE(has(judged(prompts), Severity::warning, "JSWDisplayPrompt shows nothing"));
 }
 
 TEST(ModuleJudgementTest, SlowCallsAreNamedWithTheirTime) {

@@ -150,7 +150,7 @@ TEST_F(ProgramTest, AHostWithoutAnythingIsToldWhatItLacks) {
     EXPECT_TRUE(run.says("settings in HKLM\\" + store())) << run.output;
     EXPECT_TRUE(run.says("jsw.dll: file ")) << run.output;
     EXPECT_TRUE(run.says("there is no settings file")) << run.output;
-    EXPECT_TRUE(run.says("zyctjswv.dll; JSWInit answers 0")) << run.output;
+    EXPECT_TRUE(run.says("zyctjswv.dll; JSWInit returns 0")) << run.output;
     EXPECT_FALSE(hasValue("Settings", "DllPath"));
     // An empty store would keep the file from being installed.
     const Outcome install = onHost("install");
@@ -167,8 +167,8 @@ TEST_F(ProgramTest, AFileForAnotherRootAndAStoreMadeTooEarlyAreNamed) {
     set("Logger", "startLog", "1");
     const Outcome run = onHost("check");
     EXPECT_EQ(run.exitCode, 1U);
-    EXPECT_TRUE(run.says("error    first run: was missed")) << run.output;
-    EXPECT_TRUE(run.says("Logger startLog is stored with another type than number")) << run.output;
+    EXPECT_TRUE(run.says("error    first run: did not happen")) << run.output;
+    EXPECT_TRUE(run.says("Logger startLog is not stored as a number")) << run.output;
 }
 
 TEST_F(ProgramTest, AnInstalledHostIsWellAndStaysAsItWas) {
@@ -272,7 +272,7 @@ TEST_F(ProgramTest, MisspeltValuesAbsentPagesAndRelativeFoldersAreNamed) {
     set("Settings", "DefaultBilboard", "X");
     const Outcome run = onHost("check");
     EXPECT_EQ(run.exitCode, 1U);
-    EXPECT_TRUE(run.says("Was DefaultBillboard meant?")) << run.output;
+    EXPECT_TRUE(run.says("Did you mean DefaultBillboard?")) << run.output;
     EXPECT_TRUE(run.says("DllPath '.' is relative")) << run.output;
     EXPECT_TRUE(run.says("error    billboard DEFAULT: ")) << run.output;
 }
@@ -305,14 +305,14 @@ TEST_F(ProgramTest, FaultsOfAModuleAreFoundInItsFile) {
         << misspelt.output;
     const Outcome text = check(folder_.write("d.dll", "no module"));
     EXPECT_EQ(text.exitCode, 1U);
-    EXPECT_TRUE(text.says("it is no Windows program or library")) << text.output;
+    EXPECT_TRUE(text.says("it is not a Windows program or library")) << text.output;
 }
 
 TEST_F(ProgramTest, AModuleIsTriedInAProcessOfItsOwn) {
     const Outcome good = jswctl("module catalog bcat.dll", folder_);
     EXPECT_EQ(good.exitCode, 0U) << good.output;
     EXPECT_TRUE(good.says("GetBillboardFileName(DEFAULT): ")) << good.output;
-    EXPECT_TRUE(good.says("answer welcome.jbb")) << good.output;
+    EXPECT_TRUE(good.says("returned welcome.jbb")) << good.output;
     const struct {
         const char* fault;
         const char* finding;
@@ -320,7 +320,7 @@ TEST_F(ProgramTest, AModuleIsTriedInAProcessOfItsOwn) {
         {"crash", "it crashes in GetBillboardFileName(DEFAULT) (0xC0000005)"},
         {"literal", "GetBillboardFileName(DEFAULT) returns memory that is not from the given"},
         {"leak", "2 of the texts and lists that it allocated"},
-        {"loop", "it does not come back from GetBillboardFileName(DEFAULT)"},
+        {"loop", "it does not return from GetBillboardFileName(DEFAULT)"},
     };
     for (const auto& row : rows) {
         SetEnvironmentVariableA("JSWCTL_FAULT", row.fault);

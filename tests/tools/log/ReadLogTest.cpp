@@ -151,21 +151,20 @@ TEST(ReadLog, SaysWhichBillboardWasChosenAndWhy) {
         return read(log.text()).jobs.at(0).choice;
     };
     const std::string show = "+Controller::changeBillboard: ";
-    EXPECT_EQ(
-        choice({tag + "Rule result is CategoryId=offers, checkHistory=true", tag + "ProjectId=tip1",
-                tag + "ProjectId=tip2", tag + "ProjectId=tip3",
-                tag + "ProjectId=tip1 was in History (failed history check).",
-                tag + "WARNING:  Billboard id='tip2' not valid. Billboard is being bypassed.",
-                tag + "Should show the billboard, showSpecial=true "
-                      "isInkType=trueisStandardType=false",
-                show, "Controller::changeBillboard: bbId ='tip3'",
-                "BillboardView::displayBillboard: billboard= 'tip3.jbb' "
-                "enableBillboardNavigation=true restoreWindow=false"}),
-        "\"tip3\" (page tip3.jbb), an ink billboard: the rules named the category \"offers\"; "
-        "passed over: \"tip1\" (shown before), \"tip2\" (its page cannot be shown)");
+    EXPECT_EQ(choice({tag + "Rule result is CategoryId=offers, checkHistory=true",
+                      tag + "ProjectId=tip1", tag + "ProjectId=tip2", tag + "ProjectId=tip3",
+                      tag + "ProjectId=tip1 was in History (failed history check).",
+                      tag + "WARNING:  Billboard id='tip2' not valid. Billboard is being bypassed.",
+                      tag + "Should show the billboard, showSpecial=true "
+                            "isInkType=trueisStandardType=false",
+                      show, "Controller::changeBillboard: bbId ='tip3'",
+                      "BillboardView::displayBillboard: billboard= 'tip3.jbb' "
+                      "enableBillboardNavigation=true restoreWindow=false"}),
+              "\"tip3\" (page tip3.jbb), an ink billboard: the rules named the category "
+              "\"offers\"; skipped: \"tip1\" (shown before), \"tip2\" (its page cannot be shown)");
     EXPECT_EQ(choice({tag + "Rule result is ProjectId=tip1, checkHistory=true",
                       tag + "ProjectId=tip1 was in History (failed history check)."}),
-              "none: the rules named \"tip1\"; passed over: \"tip1\" (shown before); the default "
+              "none: the rules named \"tip1\"; skipped: \"tip1\" (shown before); the default "
               "page stays");
     EXPECT_EQ(
         choice({tag + "Rule result is ProjectId=news, checkHistory=false"}),
@@ -266,7 +265,7 @@ TEST(ReadLog, TakesALogOfErrorsAlone) {
     EXPECT_THAT(fileInWords(reading.totals, 1), Contains(HasSubstr("startLog")));
     EXPECT_TRUE(reading.statistics.isAnythingStopped());
     const Totals midJob = read(log.line(0, "-Controller::jswUpdateInfo: ").text()).totals;
-    EXPECT_THAT(fileInWords(midJob, 2), Contains(HasSubstr("switched on in mid-job")));
+    EXPECT_THAT(fileInWords(midJob, 2), Contains(HasSubstr("switched on during a job")));
 }
 
 TEST(ReadLog, CountsTheTimeOfACallWithoutThoseInside) {

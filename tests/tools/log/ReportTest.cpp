@@ -108,7 +108,7 @@ TEST(Reports, TellTroubleWithCauseAndRemedy) {
     const Reports reports(twoJobs());
     for (const char* part : {"Job 1: \"first\" on \"Office printer\"",
                              "hinders  line 4: ERROR - bbId is empty string.",
-                             "remedy: Look at the catalog's default page", "2 jobs in",
+                             "remedy: Check the catalog's default page", "2 jobs in",
                              "0.250       1     0.250  Catalog::initialize"}) {
         EXPECT_THAT(reports.text_, HasSubstr(part));
     }

@@ -21,7 +21,7 @@ std::vector<FileEntry> entriesOfStore(const HostFacts& facts) {
 }
 
 std::string bringIn(const HostFacts& facts) {
-    return concat("Bring them in with 'jswctl install --update \"", facts.hostPath, "\"'");
+    return concat("Store them with 'jswctl install --update \"", facts.hostPath, "\"'");
 }
 
 void judgeSections(const HostFacts& facts, Report& report) {
@@ -29,19 +29,19 @@ void judgeSections(const HostFacts& facts, Report& report) {
     const bool reachesStore =
         std::any_of(sections.begin(), sections.end(),
                     [&](const std::string& section) { return isBelow(section, facts.storePath); });
-    const std::string remedy = concat("Begin its sections with [", facts.storePath, "\\Settings]");
+    const std::string remedy = concat("Start its sections with [", facts.storePath, "\\Settings]");
     if (!reachesStore) {
         report.error("settings file",
                      concat("no section of ", facts.firstRun.file.path,
-                            " lies below this host's store; the first one is [",
+                            " is below this host's key; the first one is [",
                             sections.empty() ? "" : sections.front(), "]"),
                      remedy);
         return;
     }
     for (const std::string& section : sections) {
         if (isBelow(section, facts.productRoot)) continue;
-        report.warn("settings file", concat("the section [", section, "] is not this host's"),
-                    remedy);
+        report.warn("settings file",
+                    concat("the section [", section, "] does not belong to this host"), remedy);
     }
 }
 
@@ -80,22 +80,22 @@ void judgeInstalled(const HostFacts& facts, Report& report) {
     }
     const std::string& file = facts.firstRun.file.path;
     if (facts.firstRun.isPending) {
-        report.warn(kTopic,
-                    concat("was cut off, unless it is going on now; the next job installs ", file,
-                           " once more"),
-                    concat("Let a job begin, or run 'jswctl install \"", facts.hostPath, "\"'"));
+        report.warn(
+            kTopic,
+            concat("is incomplete, or still going on; the next job installs ", file, " again"),
+            concat("Start a job, or run 'jswctl install \"", facts.hostPath, "\"'"));
     } else if (count == 0) {
-        report.note(kTopic, concat("has been; the values of ", file, " are in the store"));
+        report.note(kTopic, concat("done; the values of ", file, " are in the registry"));
     } else if (count == entries.size()) {
         report.error(kTopic,
-                     concat("was missed: the store was there before ", file,
-                            " could be installed, so no value of the file is in it. A single "
-                            "value set beforehand, such as a log switch, is enough for that"),
+                     concat("did not happen: the settings' key existed before ", file,
+                            " could be installed, so no value of the file is in it. A single value "
+                            "set earlier, such as a log switch, creates the key"),
                      bringIn(facts));
     } else {
         report.warn(kTopic,
                     concat(count, " of ", entries.size(), " values of ", file,
-                           " are not in the store: ", missing),
+                           " are not in the registry: ", missing),
                     bringIn(facts));
     }
     judgeDifferences(facts, entries, report);
@@ -105,14 +105,15 @@ void judgeInstalled(const HostFacts& facts, Report& report) {
 void judgeAccess(const HostFacts& facts, Report& report) {
     const std::vector<std::string>& closed = facts.firstRun.closedKeys;
     if (closed.empty()) return;
-    report.warn("access",
-                concat("jobs of ordinary users cannot open ", closed.size(),
-                       closed.size() == 1 ? " key" : " keys",
-                       " of the store with all rights and do as if nothing were in them; the first "
-                       "is HKLM\\",
-                       closed.front()),
-                "Give the users who print full access, or begin anew with 'jswctl remove' and "
-                "'jswctl install'");
+    report.warn(
+        "access",
+        concat(
+            "jobs of ordinary users cannot open ", closed.size(),
+            closed.size() == 1 ? " key" : " keys",
+            " of the settings with all rights and run as if they were empty; the first is HKLM\\",
+            closed.front()),
+        "Give the users who print full access, or start over with 'jswctl remove' and 'jswctl "
+        "install'");
 }
 
 }  // namespace
@@ -127,20 +128,20 @@ void judgeFirstRun(const HostFacts& facts, Report& report) {
                      "Give the users who print full access to it");
     } else if (!run.file.exists) {
         if (run.storeOpens) {
-            report.note(kTopic, concat("has been; there is no ", run.file.path));
+            report.note(kTopic, concat("done; there is no ", run.file.path));
         } else {
-            report.error(kTopic,
-                         concat("there is no settings file ", run.file.path,
-                                "; the first job makes an empty store and never looks for it "
-                                "again"),
-                         "Put the file beside the host before its first job");
+            report.error(
+                kTopic,
+                concat("there is no settings file ", run.file.path,
+                       "; the first job creates an empty key and never looks for the file again"),
+                "Put the file beside the host before its first job");
         }
         return;
     }
     if (!run.file.exists) return;
     if (!run.file.parsed) {
         report.error("settings file", concat(run.file.path, " has no sections to install"),
-                     "See docs/settings.md for how it is written");
+                     "See docs/settings.md for its format");
         return;
     }
     judgeSections(facts, report);

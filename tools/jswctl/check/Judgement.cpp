@@ -33,11 +33,11 @@ std::string prefixes() {
 void judgeRelative(const HostFacts& facts, const setting::Text& folder, Report& report) {
     const EffectiveText path = facts.image.text(folder);
     if (!isSet(path.source) || path.value.empty() || !isRelative(path.value)) return;
-    report.warn("settings",
-                concat(folder.name, " '", path.value,
-                       "' is relative: it counts from the current folder of the process, here ",
-                       facts.currentFolder),
-                "Write a full path, or let the host set its current folder");
+    report.warn(
+        "settings",
+        concat(folder.name, " '", path.value,
+               "' is relative to the current folder of the process, here ", facts.currentFolder),
+        "Use a full path, or let the host set its current folder");
 }
 
 void judgePage(const PageFacts& page, const char* purpose, Severity severity, Report& report) {
@@ -48,7 +48,7 @@ void judgePage(const PageFacts& page, const char* purpose, Severity severity, Re
                    concat("Let the catalog answer GetBillboardFileName(\"", page.id, "\")"));
     } else if (!page.file.exists) {
         report.add(severity, topic, concat("there is no file ", page.file.path, ": ", purpose),
-                   "Put the page there or correct the data folder or the catalog");
+                   "Put the page there, or correct the data folder or the catalog");
     } else {
         report.note(topic, concat("page ", page.file.path));
     }
@@ -59,17 +59,17 @@ void judgeCachedDefault(const HostFacts& facts, Report& report) {
     const PageFacts& kept = facts.cachedDefault;
     if (kept.fileName.empty()) return;
     constexpr char kRemedy[] =
-        "Empty FileName in Settings\\Controller\\DefaultBillboard, so that the next job asks anew";
+        "Empty FileName in Settings\\Controller\\DefaultBillboard; the next job then asks the "
+        "catalog again";
     if (!kept.file.exists) {
         report.error("default page",
-                     concat("the page kept from an earlier job is gone: ", kept.file.path),
+                     concat("the page stored by an earlier job is missing: ", kept.file.path),
                      kRemedy);
     } else if (!facts.pages.empty() && facts.pages.front().wasAsked &&
                facts.pages.front().fileName != kept.fileName) {
         report.warn("default page",
-                    concat("jobs begin with ", kept.fileName,
-                           ", kept from an earlier one; the "
-                           "catalog now says '",
+                    concat("jobs start with ", kept.fileName,
+                           ", stored by an earlier job; the catalog now says '",
                            facts.pages.front().fileName, "'"),
                     kRemedy);
     }
@@ -80,7 +80,7 @@ void judgeCachedDefault(const HostFacts& facts, Report& report) {
 void judgeNames(const HostFacts& facts, Report& report) {
     report.note("host", facts.hostPath);
     const std::string line = facts.productLine.empty()
-                                 ? concat("of no product line (", prefixes(), ")")
+                                 ? concat("no product line (", prefixes(), ")")
                                  : "product line " + facts.productLine;
     report.note("names",
                 concat("id ", facts.localId, ", ", line, ", settings in HKLM\\", facts.storePath));
@@ -91,9 +91,9 @@ void judgeLibrary(const HostFacts& facts, Report& report) {
     if (!facts.library.exists || facts.libraryVersion == facts.toolVersion) return;
     report.warn(
         "jsw.dll",
-        concat("it is of version ", facts.libraryVersion.empty() ? "none" : facts.libraryVersion,
-               ", this jswctl of ", facts.toolVersion),
-        "Take both from one package");
+        concat("its version is ", facts.libraryVersion.empty() ? "none" : facts.libraryVersion,
+               ", jswctl's is ", facts.toolVersion),
+        "Install both from the same package");
 }
 
 void judgeSettings(const HostFacts& facts, Report& report) {
@@ -101,8 +101,8 @@ void judgeSettings(const HostFacts& facts, Report& report) {
         report.setting(row);
         if (row.source == Source::wrongType) {
             report.error("settings",
-                         concat(row.key, " ", row.name, " is stored with another type than ",
-                                row.type, "; jobs take the default"),
+                         concat(row.key, " ", row.name, " is not stored as a ", row.type,
+                                "; jobs use the default"),
                          concat("Store it as a ", row.type));
         } else if (row.source == Source::unreadable) {
             report.error("settings", concat(row.key, " ", row.name, " cannot be read"),
@@ -113,24 +113,24 @@ void judgeSettings(const HostFacts& facts, Report& report) {
         const std::string nearest = nearestName(value.name, settingNames(value.key));
         if (nearest.empty()) continue;
         report.warn("settings",
-                    concat(value.key, " ", value.name, " is no value that the library knows"),
-                    concat("Was ", nearest, " meant?"));
+                    concat(value.key, " ", value.name, " is not a value that the library knows"),
+                    concat("Did you mean ", nearest, "?"));
     }
     judgeRelative(facts, setting::kDllPath, report);
     judgeRelative(facts, setting::kDataPath, report);
 }
 
 void judgeParser(const HostFacts& facts, Report& report) {
-    constexpr char kRemedy[] = "Install MSXML 3.0; until then JSWInit answers 0";
+    constexpr char kRemedy[] = "Install MSXML 3.0; until then JSWInit returns 0";
     if (!facts.parserRegistered) {
         report.error("XML parser", "MSXML 3.0 is not registered (MSXML2.DomDocument.3.0)", kRemedy);
     } else if (facts.parserVersion == 0) {
-        report.error("XML parser", "msxml3.dll is not in the system folder, or has no version",
+        report.error("XML parser", "msxml3.dll is missing in the system folder, or has no version",
                      kRemedy);
     } else if (facts.parserVersion < kMinXmlParserVersion) {
         report.error("XML parser",
-                     concat("msxml3.dll is of version ", version(facts.parserVersion),
-                            ", and at least ", version(kMinXmlParserVersion), " is needed"),
+                     concat("msxml3.dll has version ", version(facts.parserVersion), "; version ",
+                            version(kMinXmlParserVersion), " or later is needed"),
                      kRemedy);
     } else {
         report.note("XML parser", concat("msxml3.dll ", version(facts.parserVersion)));
@@ -140,7 +140,7 @@ void judgeParser(const HostFacts& facts, Report& report) {
 void judgePages(const HostFacts& facts, Report& report) {
     if (!facts.dataFolder.isFolder) {
         report.error("data folder", concat("there is no folder ", facts.dataFolder.path),
-                     "Put the billboard data there or correct DataPath");
+                     "Put the billboard data there, or correct DataPath");
     } else {
         report.note("data folder", facts.dataFolder.path);
     }
@@ -155,7 +155,7 @@ void judgePages(const HostFacts& facts, Report& report) {
     }
     report.note("history", concat(facts.historySize, " of ",
                                   facts.image.number(setting::kHistoryMaxSize).value,
-                                  " billboards remembered"));
+                                  " billboards in the history"));
 }
 
 void judgeHost(const HostFacts& facts, Report& report) {

@@ -22,10 +22,10 @@ std::time_t makeTime(std::tm* time) {
 void judgeUpdater(const HostFacts& facts, Report& report) {
     const std::string name = facts.image.text(setting::kUpdaterExecutable).value;
     if (name.empty()) {
-        report.note("updates", "no updater is named, so none is started");
+        report.note("updates", "no updater is set, so none is started");
     } else if (!isPlainFileName(name)) {
-        report.error("updates", concat("the updater's name '", name, "' is no plain file name"),
-                     "Put it into the module folder and name it without a path");
+        report.error("updates", concat("the updater's name '", name, "' is not a plain file name"),
+                     "Put the file into the module folder and set its name without a path");
     } else if (!facts.updater.exists || facts.updater.isFolder) {
         report.error("updates", concat("there is no updater ", facts.updater.path),
                      "Put it there, or set CheckForUpdates to 0");
@@ -50,9 +50,10 @@ void judgeDate(const HostFacts& facts, Report& report) {
 void judgeFlag(const HostFacts& facts, const setting::Number& flag, const char* what,
                Report& report) {
     if (facts.image.number(flag).value != static_cast<std::uint32_t>(UpdateFlag::updated)) return;
-    report.note("updates", concat(what,
-                                  " that the updater has left are taken into use by the "
-                                  "next job; this check looks at the old ones"));
+    report.note(
+        "updates",
+        concat(what,
+               " of an update come into use with the next job; this check looks at the old ones"));
 }
 
 }  // namespace
@@ -64,19 +65,18 @@ void judgeLog(const HostFacts& facts, Report& report) {
                                  : " (not there yet)";
     report.note("log", concat(facts.log.path, size,
                               on ? ", switched on"
-                                 : ", errors only; Logger startLog 1 switches "
-                                   "the rest on"));
+                                 : ", errors only; Logger startLog 1 switches all lines on"));
     if (facts.logSize > kLargeLog) {
-        report.warn("log", "it only grows",
-                    concat("Move it away with 'jswctl log --rotate \"", facts.hostPath, "\"'"));
+        report.warn("log", "the log is large, and only grows",
+                    concat("Rename it with 'jswctl log --rotate \"", facts.hostPath, "\"'"));
     }
     if (facts.log.isFolder || facts.logError != 0) {
-        report.warn("log",
-                    concat(facts.log.path, " cannot be written",
-                           facts.log.isFolder ? ": it is a folder"
-                                              : concat(", error ", facts.logError).c_str()),
-                    "Give the users who print the right to write it; nothing else tells what "
-                    "goes wrong");
+        report.warn(
+            "log",
+            concat(facts.log.path, " cannot be written",
+                   facts.log.isFolder ? ": it is a folder"
+                                      : concat(", error ", facts.logError).c_str()),
+            "Give the users who print permission to write it; otherwise failures remain unknown");
     }
 }
 

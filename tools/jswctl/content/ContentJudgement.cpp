@@ -17,21 +17,21 @@ constexpr char kRules[] = "rules.xml";
 
 using Ids = std::set<std::string>;
 
-/// ". Was X meant?" or what else to do about an id that nobody knows.
+/// ". Did you mean X?" or what else to do about an id that nobody knows.
 std::string remedyFor(const std::string& id, const Ids& known, const char* otherwise) {
     const std::string nearest = nearestName(id, {known.begin(), known.end()});
-    return nearest.empty() ? otherwise : concat("Was ", nearest, " meant?");
+    return nearest.empty() ? otherwise : concat("Did you mean ", nearest, "?");
 }
 
 /// Notes an element's id; false, and told, when it has none.
 bool takeId(const sample::XmlNode& element, Ids& ids, Report& report) {
     const std::string id = element.attribute("id");
     if (id.empty()) {
-        report.error(kCatalog, concat("a <", element.name, "> has no id and is left out"),
+        report.error(kCatalog, concat("a <", element.name, "> has no id and is skipped"),
                      "Give it one");
     } else if (!ids.insert(id).second) {
-        report.error(kCatalog, concat("there are two of the id ", id, "; the last one counts"),
-                     "Take one away");
+        report.error(kCatalog, concat("two elements have the id ", id, "; the last one counts"),
+                     "Remove one");
     }
     return !id.empty();
 }
@@ -44,8 +44,8 @@ std::size_t countActions(const sample::XmlNode& billboard, Report& report) {
         if (child.text.empty()) {
             report.warn(kCatalog,
                         concat(billboard.attribute("id"), ": action ", count,
-                               " is empty; it and those behind it do not count"),
-                        "Write an address or a command");
+                               " is empty; it and the later ones do not count"),
+                        "Add an address or a command");
             break;
         }
         ++count;
@@ -59,7 +59,7 @@ void judgeBillboard(const sample::XmlNode& billboard, const ContentFacts& facts,
     const std::string file = billboard.attribute("file");
     const std::size_t actions = countActions(billboard, report);
     if (file.empty()) {
-        report.warn(kCatalog, concat(id, " names no file: it is never shown"), "Name its page");
+        report.warn(kCatalog, concat(id, " has no file: it is never shown"), "Set its file");
         return;
     }
     used.insert(toLower(file));
@@ -71,7 +71,7 @@ void judgeBillboard(const sample::XmlNode& billboard, const ContentFacts& facts,
     }
     if (!isThere) {
         report.error(kCatalog, concat(id, ": there is no page Scripts\\", file),
-                     "Put it there or correct the name");
+                     "Put the page there, or correct the name");
     }
 }
 
@@ -83,9 +83,9 @@ void judgeCategory(const sample::XmlNode& category, const Ids& billboards, Repor
         ++projects;
         const std::string project = child.attribute("id");
         if (billboards.contains(project)) continue;
-        report.error(kCatalog,
-                     concat("category ", id, " names ", project, ", which is no billboard"),
-                     remedyFor(project, billboards, "Add the billboard or take it out"));
+        report.error(
+            kCatalog, concat("category ", id, " names ", project, ", which is not a billboard"),
+            remedyFor(project, billboards, "Add the billboard, or remove it from the category"));
     }
     if (projects == 0) {
         report.warn(kCatalog, concat("category ", id, " has no billboards"), "Add some");
@@ -98,10 +98,11 @@ void judgeRules(const sample::XmlNode& root, const Ids& results, Report& report)
         for (const sample::Rule& rule : sample::readRules(root)) {
             ++number;
             if (results.contains(rule.result)) continue;
-            report.error(kRules,
-                         concat("rule ", number, ": ", rule.result,
-                                " is neither a category nor a billboard of the catalog"),
-                         remedyFor(rule.result, results, "Add it there or correct the rule"));
+            report.error(
+                kRules,
+                concat("rule ", number, ": ", rule.result,
+                       " is neither a category nor a billboard of the catalog"),
+                remedyFor(rule.result, results, "Add it to the catalog, or correct the rule"));
         }
         report.note(kRules, concat(number, " rules"));
     } catch (const sample::RuleError& error) {
@@ -130,26 +131,27 @@ void judgeContent(const ContentFacts& facts, Report& report) {
         }
         if (!billboards.contains("DEFAULT")) {
             report.error(kCatalog, "there is no billboard DEFAULT: jobs start without a page",
-                         "Add it, unless the host's settings name another");
+                         "Add it, unless the host's settings name another one");
         }
         if (!billboards.contains("INK_STATUS")) {
-            report.warn(kCatalog, "there is no billboard INK_STATUS: its button does nothing",
+            report.warn(kCatalog,
+                        "there is no billboard INK_STATUS: the ink status button does nothing",
                         "Add it");
         }
         report.note(kCatalog,
                     concat(billboards.size(), " billboards, ", categories.size(), " categories"));
     } else {
-        report.error(kCatalog, facts.catalog.problem, "No page is shown without it");
+        report.error(kCatalog, facts.catalog.problem, "Without it no page is shown");
     }
     for (const ContentPage& page : facts.pages) {
         judgePage(page, facts, report);
         if (facts.catalog.root && !used.contains(toLower(page.name))) {
-            report.warn(page.fileName, "no billboard of the catalog has this page",
-                        "Name it in catalog.xml or take it away");
+            report.warn(page.fileName, "no billboard of the catalog uses this page",
+                        "Use it in catalog.xml, or remove it");
         }
     }
     if (!facts.rules.root) {
-        report.error(kRules, facts.rules.problem, "Jobs stay with their first page without it");
+        report.error(kRules, facts.rules.problem, "Without it jobs keep their first page");
     } else if (facts.catalog.root) {
         Ids results = billboards;
         results.insert(categories.begin(), categories.end());

@@ -44,7 +44,7 @@ void judgeAccessKeys(const ContentPage& page, const view::Strings& strings, Repo
         if (taken.find(key) != std::string::npos) {
             report.warn(page.fileName,
                         concat("the access key of '", button.label,
-                               "' is one of the window's or of another button"),
+                               "' is used by the window or another button"),
                         concat("Choose a letter other than ", taken));
         }
         taken += key;
@@ -61,23 +61,23 @@ void judgeNames(const ContentPage& page, const ContentFacts& facts, Report& repo
     const std::string theme = valueOf("theme");
     if (!theme.empty() && content.theme == view::Theme::blue &&
         !equalsIgnoringCase(theme, "blue")) {
-        report.warn(page.fileName, concat("there is no theme '", theme, "'; blue is taken"),
-                    "Themes are blue, green, amber, violet");
+        report.warn(page.fileName, concat("there is no theme '", theme, "'; the page is blue"),
+                    "The themes are blue, green, amber, violet");
     }
     const std::string picture = valueOf("picture");
     if (!picture.empty() && content.picture == view::Picture::none) {
         report.warn(page.fileName, concat("there is no picture '", picture, "'"),
-                    "Pictures are printer, drop, bulb, ink and .bmp files beside the page");
+                    "Use printer, drop, bulb, ink or a .bmp file beside the page");
     }
     if (content.picture != view::Picture::file) return;
     const auto file = facts.pictures.find(toLower(content.pictureFile));
     if (file == facts.pictures.end()) {
         report.warn(page.fileName, concat("there is no picture Scripts\\", content.pictureFile),
-                    "Put it there");
+                    "Put the file there");
     } else if (!file->second) {
         report.warn(page.fileName,
                     concat("the picture ", content.pictureFile, " cannot be read or is too large"),
-                    "Pictures are uncompressed .bmp files of up to 2000 by 2000 pixels");
+                    "Use an uncompressed .bmp file of at most 2000 by 2000 pixels");
     }
 }
 
@@ -100,18 +100,18 @@ const ContentPage* findPage(const ContentFacts& facts, const std::string& name,
 void judgeTranslation(const ContentPage& page, const ContentFacts& facts, Report& report) {
     const ContentPage* const original = findPage(facts, page.name, "");
     if (view::Language::find(page.language) == nullptr) {
-        report.warn(page.fileName, concat("the window does not speak '", page.language, "'"),
+        report.warn(page.fileName, concat("the window has no language '", page.language, "'"),
                     "The page is never shown");
     }
     if (original == nullptr) {
         report.warn(page.fileName, concat("there is no ", page.name, " for the other languages"),
-                    "Write one");
+                    "Add one");
     } else if (original->parsed.problem == view::Problem::none &&
                !(sameActions(original->parsed.page.buttons, page.parsed.page.buttons) &&
                  sameActions(original->parsed.page.links, page.parsed.page.links))) {
         report.warn(page.fileName,
-                    concat("its buttons or links do other things than those of ", page.name),
-                    "Give both the same actions in the same order");
+                    concat("its buttons or links have other actions than those of ", page.name),
+                    "Give both pages the same actions in the same order");
     }
 }
 
@@ -152,7 +152,7 @@ void judgeActions(const ContentPage& page, const std::string& billboard, std::si
             equalsIgnoringCase(button.action, "LAUNCH_APP")) {
             if (static_cast<std::size_t>(button.actionId) < actions) return;
             report.error(page.fileName,
-                         concat("'", button.label, "' takes action ", button.actionId, ", and ",
+                         concat("'", button.label, "' uses action ", button.actionId, ", but ",
                                 billboard, " has ", actions),
                          "Numbers count from 0; add the action to the catalog");
         } else if (std::none_of(std::begin(kKnown), std::end(kKnown), [&](const char* known) {

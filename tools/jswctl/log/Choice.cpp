@@ -95,8 +95,7 @@ std::string Choice::reason() const {
 std::string Choice::passedOverInWords() const {
     std::string words;
     for (const PassedOver& one : passedOver_) {
-        words +=
-            concat(words.empty() ? "; passed over: " : ", ", "\"", one.id, "\" (", one.why, ")");
+        words += concat(words.empty() ? "; skipped: " : ", ", "\"", one.id, "\" (", one.why, ")");
     }
     return words;
 }

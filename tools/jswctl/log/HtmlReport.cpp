@@ -102,12 +102,12 @@ std::string pictureAsHtml(const Job& job) {
     std::string picture = timelineAsSvg(job);
     if (picture.empty()) {
         return job.begun
-                   ? "<p class=\"soft\">No picture: the lines have no times, or no calls.</p>\n"
+                   ? "<p class=\"soft\">No picture: the lines contain no times or no calls.</p>\n"
                    : "";
     }
     if (job.callsLeftOut != 0) {
         picture += concat("<p class=\"soft\">", countInWords(job.callsLeftOut, "call", "calls"),
-                          " too short to be seen left out.</p>\n");
+                          " too short to be seen are omitted.</p>\n");
     }
     return picture;
 }
@@ -125,8 +125,8 @@ std::string troublesAsHtml(const Statistics& statistics) {
     const auto troubles = statistics.troubles();
     if (troubles.empty()) return "<p>None.</p>\n";
     std::string page =
-        "<table class=\"trouble\">\n<tr><th></th><th>What is seen</th><th>Line in the log</th>"
-        "<th>Cause</th><th>What to do</th></tr>\n";
+        "<table class=\"trouble\">\n<tr><th></th><th>Symptom</th><th>Line in the log</th>"
+        "<th>Cause</th><th>Remedy</th></tr>\n";
     for (const TroubleTotals& trouble : troubles) {
         const KnownText& known = *trouble.finding.known;
         const std::string where =
@@ -141,7 +141,7 @@ std::string troublesAsHtml(const Statistics& statistics) {
 
 std::string moduleCallsAsHtml(const Statistics& statistics) {
     const auto calls = statistics.moduleCalls();
-    if (calls.empty()) return "<p>The log has no calls into modules.</p>\n";
+    if (calls.empty()) return "<p>The log contains no calls into modules.</p>\n";
     std::string page =
         "<table class=\"calls\">\n<tr><th>Call</th><th>Module</th><th class=\"n\">Calls</th>"
         "<th class=\"n\">All, ms</th><th class=\"n\">Longest, ms</th><th class=\"n\">at line</th>"
@@ -218,7 +218,7 @@ std::string HtmlReport::page(std::string_view file, const Totals& totals,
         troublesAsHtml(statistics), element("h2", "", "Jobs"), "\n");
     if (leftOut_ != 0) {
         page += concat("<p>Only the last ", countInWords(jobs_.size(), "is", "are"),
-                       " on this page; jswctl tells the others without --html.</p>\n");
+                       " on this page; without --html jswctl shows the others.</p>\n");
     }
     page += legendAsHtml();
     for (const std::string& job : jobs_) page += job;

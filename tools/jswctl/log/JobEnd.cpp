@@ -9,21 +9,19 @@ namespace {
 
 using enum Severity;
 
-constexpr KnownText kInModule = {
-    "", stops, "The job ends in a module's call, or hangs in it",
-    "The module has crashed or ended the host, or has not come back yet",
-    "Try the module with `jswctl module KIND FILE`; Windows' event log names the file and the "
-    "place of a crash"};
+constexpr KnownText kInModule = {"", stops, "The log ends inside a call of a module",
+                                 "The module crashed or ended the host, or has not returned yet",
+                                 "Test the module with `jswctl module KIND FILE`; Windows' event "
+                                 "log names the file and place of a crash"};
 constexpr KnownText kNoEnd = {
     "", hinders, "The job has no end",
-    "The host has crashed, was ended, or still prints; without process ids in the lines it may "
-    "also "
-    "be that another process wrote in between",
-    "Look into Windows' event log for the host; switch `Proc_Id_In_Header` on"};
+    "The host crashed, was ended or is still printing; or, if the lines have no process ids, "
+    "another process wrote in between",
+    "Check Windows' event log for the host; switch `Proc_Id_In_Header` on"};
 constexpr KnownText kEndedInPrompt = {
-    "", note, "The log has not all of the job's end",
-    "A job that is ended from inside a prompt leaves a part of its end to the next one",
-    "None, when there was a prompt"};
+    "", note, "A part of the job's end is missing in the log",
+    "The next job completes the end of a job that was ended inside a prompt",
+    "None, if there was a prompt"};
 
 /// The driver waits in a call of its own while a module works on another thread: that module is the
 /// one to name.

@@ -126,8 +126,7 @@ std::string summaryAsText(const Totals& totals, const Statistics& statistics) {
 }
 
 std::string knownTextsAsMarkdown() {
-    std::string text =
-        "| What is seen | Line in the log | | Cause | What to do |\n|---|---|---|---|---|\n";
+    std::string text = "| Symptom | Line in the log | | Cause | Remedy |\n|---|---|---|---|---|\n";
     for (const KnownText& known : knownTexts()) {
         text +=
             concat("| ", known.symptom, " | `", known.text, "` | ", severityInWords(known.severity),

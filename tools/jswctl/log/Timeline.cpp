@@ -40,7 +40,7 @@ struct CallKind {
 
 constexpr CallKind kKinds[] = {
     {"view", "view"},          {"catalog", "catalog"}, {"rules", "rules engine"},
-    {"older", "older window"}, {"update", "updates"},  {"own", "the library's own"},
+    {"older", "older window"}, {"update", "updates"},  {"own", "the library"},
 };
 
 std::string_view cssClassOf(std::string_view method) {
@@ -117,7 +117,7 @@ std::string axisAsSvg(const TimeAxis& axis, double bottom) {
     std::string svg;
     for (const TimeAxis::Fold& fold : axis.folds()) {
         svg += rectangle("fold", kLeft + fold.x, kTop - 4, fold.width, bottom - kTop + 4);
-        svg += concat("><title>nothing for ", secondsInWords(fold.duration), "</title></rect>\n");
+        svg += concat("><title>idle for ", secondsInWords(fold.duration), "</title></rect>\n");
         svg +=
             text("axis middle", kLeft + fold.x + fold.width / 2, 14, secondsInWords(fold.duration));
     }
@@ -205,7 +205,7 @@ std::string legendAsHtml() {
            "<span class=\"mark stops\">&#9660;</span>stops something "
            "<span class=\"mark hinders\">&#9660;</span>hinders "
            "<span class=\"mark note\">&#9660;</span>note "
-           "<span class=\"key fold\"></span>nothing happens, shortened</p>\n";
+           "<span class=\"key fold\"></span>idle time, shortened</p>\n";
 }
 
 std::string timelineAsSvg(const Job& job) {

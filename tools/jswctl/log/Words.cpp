@@ -111,32 +111,32 @@ std::vector<std::string> fileInWords(const Totals& totals, std::uint64_t linesOu
             concat("from ", timeInWords(*totals.first), " to ", timeInWords(*totals.last)));
     }
     if (totals.jobs == 0) {
-        words.emplace_back(totals.hasTraces
-                               ? "no job begins in it: it was switched on in mid-job, or cut off"
-                               : "no job: while the log is switched off (startLog) it has only "
-                                 "errors");
+        words.emplace_back(
+            totals.hasTraces
+                ? "no job begins in the log: it was switched on during a job, or truncated"
+                : "no job: while the log is switched off (startLog), it contains only errors");
     }
     say(totals.processes, "process", "processes", " with ids in the lines");
     say(linesOutsideJobs, "line", "lines", " outside any job");
     say(totals.foreign, "line or part of one", "lines or parts of lines",
-        " that are no lines of a log");
-    say(totals.torn, "torn line", "torn lines", ", with the next one begun inside");
-    say(totals.cut, "line", "lines", " too long to be read whole");
+        " that are not lines of a log");
+    say(totals.torn, "torn line", "torn lines", ", with the next line begun inside");
+    say(totals.cut, "line", "lines", " too long to be read completely");
     say(totals.backwards, "line", "lines",
         " older than the one before: the clock was set back, or files were joined");
-    if (totals.endsInLine) words.emplace_back("the last line has no end");
+    if (totals.endsInLine) words.emplace_back("the last line is incomplete");
     if (totals.withProcessId != totals.logLines) {
         words.emplace_back(
             "not all lines have a process id: jobs of several processes cannot be told apart "
-            "(switch Proc_Id_In_Header)");
+            "(set Proc_Id_In_Header)");
     }
     if (totals.withThreadId != totals.logLines) {
         words.emplace_back(
-            "not all lines have a thread id: threads are told apart by what they do "
-            "(switch Thread_Id_In_Header)");
+            "not all lines have a thread id: threads are distinguished by what they do (set "
+            "Thread_Id_In_Header)");
     }
     if (totals.withTime == 0) {
-        words.emplace_back("the lines have no times (switch Clocktime_In_Header)");
+        words.emplace_back("the lines have no times (set Clocktime_In_Header)");
     }
     return words;
 }

@@ -7,8 +7,8 @@ namespace jsw::ctl {
 void Caller::free(const std::string& title, void* memory) const {
     if (memory == nullptr || returned::take(memory)) return;
     tell(trialline::fault(concat(title,
-                                 " returns memory that is not from the given function, or "
-                                 "returns it twice; the host would crash")));
+                                 " returns memory that was not allocated with the given function, "
+                                 "or returns it twice; the host would crash")));
 }
 
 std::string Caller::answer(const std::string& title, char* text) const {

@@ -66,24 +66,25 @@ void judgeFile(const ModuleFacts& facts, Report& report) {
     const std::string& path = facts.fullPath;
     if (!facts.exists) {
         cannotBeUsed(facts, report, concat("there is no file ", path),
-                     "Put the module there or correct its name and folder in the settings");
+                     "Put the module there, or correct its name and folder in the settings");
     } else if (facts.isFolder) {
         cannotBeUsed(facts, report, concat(path, " is a folder"), "Name the module's file");
     } else if (!facts.unreadable.empty()) {
         cannotBeUsed(facts, report, concat(path, " cannot be read: ", facts.unreadable),
-                     "Give the users who print the right to read it");
+                     "Give the users who print permission to read it");
     } else if (!facts.file.problem.empty()) {
         cannotBeUsed(facts, report, concat(path, " cannot be loaded: ", facts.file.problem),
-                     "Build or copy it anew");
+                     "Build or copy it again");
     } else if (const std::string wrong = wrongKindOfFile(facts.file); !wrong.empty()) {
         cannotBeUsed(facts, report, concat(path, " is ", wrong),
                      "Build it as a dynamic library for x86-64");
     }
     for (const MissingLibrary& library : facts.missing) {
-        cannotBeUsed(facts, report,
-                     concat(path, " cannot be loaded: ", library.neededBy, " needs ", library.name,
-                            ", which is not found"),
-                     concat("Put ", library.name, " into the host's folder or link it statically"));
+        cannotBeUsed(
+            facts, report,
+            concat(path, " cannot be loaded: ", library.neededBy, " needs ", library.name,
+                   ", which is not found"),
+            concat("Put ", library.name, " into the host's folder, or link it statically"));
     }
 }
 
@@ -117,7 +118,7 @@ void judgeEntryPoints(const ModuleFacts& facts, Report& report) {
     }
     if (!absent.empty()) {
         report.note(topicOf(facts),
-                    concat("entry points it does not have, which is allowed: ", listed(absent)));
+                    concat("entry points it does without, which is allowed: ", listed(absent)));
     }
     if (!unknown.empty()) {
         report.note(topicOf(facts),
@@ -128,8 +129,8 @@ void judgeEntryPoints(const ModuleFacts& facts, Report& report) {
 void judgeCall(const ModuleFacts& facts, const ModuleCall& call, Report& report) {
     if (!call.ended) return;
     if (call.answer == kException) {
-        report.error(topicOf(facts), concat(call.name, " lets a C++ exception out"),
-                     "Catch it in the module; the library takes it for an empty answer");
+        report.error(topicOf(facts), concat(call.name, " raised a C++ exception"),
+                     "Catch it in the module; the library treats it as an empty answer");
     }
     if (call.milliseconds >= kSlowMilliseconds) {
         report.warn(
@@ -150,7 +151,7 @@ void judgeTrial(const ModuleFacts& facts, Report& report) {
     if (!trial.started && trial.problem.empty()) return;
     const std::string last = trial.calls.empty() ? "its start" : trial.calls.back().name;
     if (trial.timedOut) {
-        cannotBeUsed(facts, report, concat("it does not come back from ", last),
+        cannotBeUsed(facts, report, concat("it does not return from ", last),
                      "The job would wait for ever; look for a lock or a wait in the module");
     } else if (!trial.problem.empty()) {
         cannotBeUsed(facts, report, trial.problem, "Load it in a debugger to see why");
@@ -163,7 +164,7 @@ void judgeTrial(const ModuleFacts& facts, Report& report) {
                      "The host would end with it; a module must not call exit()");
     }
     for (const std::string& fault : trial.faults) {
-        report.error(topicOf(facts), fault, "See what its header says on memory and on its calls");
+        report.error(topicOf(facts), fault, "See its header on memory and calls");
     }
     for (const ModuleCall& call : trial.calls) judgeCall(facts, call, report);
 }
@@ -181,7 +182,7 @@ void tellCalls(const ModuleFacts& facts, Report& report) {
         char time[32];
         std::snprintf(time, sizeof time, "%.1f ms", call.milliseconds);
         report.note(topicOf(facts), concat(call.name, ": ", time,
-                                           call.answer.empty() ? "" : ", answer ", call.answer));
+                                           call.answer.empty() ? "" : ", returned ", call.answer));
     }
 }
 

@@ -22,34 +22,37 @@ constexpr const char* kDevice[] = {JSW_DEVICE_ENTRY_POINTS(JSWCTL_NAME)};
 
 constexpr Need kViewNeeds[] = {
     {"DisplayBillboard", "no page is shown", true},
-    {"ShowGui", "no window comes up, unless the view does without", true}};
+    {"ShowGui", "no window appears, unless the view does without it", true}};
 constexpr Need kCatalogNeeds[] = {
-    {"Initialize", "the catalog has no memory to answer with"},
+    {"Initialize", "the catalog cannot allocate what it returns"},
     {"GetBillboardFileName", "no page is found and no billboard is shown"}};
-constexpr Need kRulesNeeds[] = {{"InitializeEngine", "no rule is asked"},
-                                {"IsMoreRules", "no rule is asked"},
+constexpr Need kRulesNeeds[] = {{"InitializeEngine", "no rule is evaluated"},
+                                {"IsMoreRules", "no rule is evaluated"},
                                 {"EvaluateRule", "no billboard is chosen"}};
 constexpr Need kLegacyNeeds[] = {{"JSWInitEx", "no prompt is shown"},
                                  {"JSWDisplayPrompt", "no prompt is shown"}};
-constexpr Need kDeviceNeeds[] = {{"PcsInitialize", "nothing is known of printers"},
-                                 {"PcsGetClientId", "nothing is known of printers"},
+constexpr Need kDeviceNeeds[] = {{"PcsInitialize", "printers are unknown"},
+                                 {"PcsGetClientId", "printers are unknown"},
                                  {"PcsEnumWindowsPrinters", "no printer is found"}};
 
 constexpr ModuleKind kKinds[] = {
-    {"view", "view module", kView, kViewNeeds, "JSWInit answers 0 and there is no job window",
-     true},
+    {"view", "view module", kView, kViewNeeds, "JSWInit returns 0 and no job window appears", true},
     {"catalog", "catalog module", kCatalog, kCatalogNeeds, "no billboard is shown", true},
     {"rules", "rules module", kRules, kRulesNeeds, "no billboard is chosen for a job", true},
-    {"legacy", "legacy module", kLegacy, kLegacyNeeds, "JSWDisplayPrompt asks nobody", false},
-    {"device", "device module", kDevice, kDeviceNeeds,
-     "nothing is known of real printers and their ink", false},
+    {"legacy", "legacy module", kLegacy, kLegacyNeeds, "JSWDisplayPrompt shows nothing", false},
+    {"device", "device module", kDevice, kDeviceNeeds, "real printers and their ink are unknown",
+     false},
 };
 
 constexpr const char* kLibrary[] = {"JSWInit",          "JSWTerminate",    "JSWUpdateInfo",
                                     "JSWDisplayPrompt", "JSWPostDlgMsg",   "JSWFilterDllMsg",
                                     "JSWGetAPIVersion", "JSWGetWindowHwnd"};
 constexpr ModuleKind kLibraryKind = {
-    "jsw", "jsw.dll", kLibrary, {}, "a host that does not load it from elsewhere has no job window",
+    "jsw",
+    "jsw.dll",
+    kLibrary,
+    {},
+    "the host has no job window, unless it loads jsw.dll from elsewhere",
     false};
 
 }  // namespace

@@ -45,7 +45,7 @@ class Reader {
     template <class Number>
     Number number(std::size_t offset) const {
         if (offset > bytes_.size() || bytes_.size() - offset < sizeof(Number)) {
-            throw Damage("it ends too early");
+            throw Damage("it is truncated");
         }
         Number value{};
         std::memcpy(&value, bytes_.data() + offset, sizeof value);
@@ -55,7 +55,7 @@ class Reader {
     std::uint32_t dword(std::size_t offset) const { return number<std::uint32_t>(offset); }
 
     std::string text(std::size_t offset) const {
-        if (offset >= bytes_.size()) throw Damage("a name lies outside the file");
+        if (offset >= bytes_.size()) throw Damage("a name is outside the file");
         const auto rest = bytes_.subspan(offset, std::min(bytes_.size() - offset, kLongestName));
         const auto end = std::find(rest.begin(), rest.end(), '\0');
         if (end == rest.end()) throw Damage("a name has no end");
@@ -74,9 +74,10 @@ class PeReader {
     PeReader(std::span<const char> bytes, PeFile& file) : reader_(bytes), file_(file) {}
 
     void read() {
-        if (reader_.word(0) != 0x5A4D) throw Damage("it is no Windows program or library");
+        if (reader_.word(0) != 0x5A4D) throw Damage("it is not a Windows program or library");
         header_ = reader_.dword(kHeaderOffsetField);
-        if (reader_.dword(header_) != 0x4550) throw Damage("it is no Windows program or library");
+        if (reader_.dword(header_) != 0x4550)
+            throw Damage("it is not a Windows program or library");
         file_.machine = reader_.word(header_ + kFileHeader);
         file_.isDll = (reader_.word(header_ + kCharacteristicsField) & kDllFlag) != 0;
         readSections();
@@ -101,7 +102,7 @@ class PeReader {
         const std::size_t optional = header_ + kOptionalHeader;
         const std::uint16_t magic = reader_.word(optional);
         if (magic != kOptionalMagic32 && magic != kOptionalMagic64) {
-            throw Damage("its header is of an unknown kind");
+            throw Damage("its header is unknown");
         }
         const std::size_t directories =
             optional + (magic == kOptionalMagic64 ? kDirectories64 : kDirectories32);
@@ -116,7 +117,7 @@ class PeReader {
                 return std::size_t{section.offset} + (address - section.address);
             }
         }
-        throw Damage("a table lies outside its sections");
+        throw Damage("a table is outside its sections");
     }
 
     void readExports() {

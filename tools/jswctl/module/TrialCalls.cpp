@@ -50,7 +50,7 @@ void useRules(const Caller& caller, const TrialJob& job) {
         }
         if (++rules < kMostRules) continue;
         caller.tell(trialline::fault(concat("IsMoreRules still says yes after ", kMostRules,
-                                            " rules; the choice of a billboard would never end")));
+                                            " rules; choosing a billboard would never end")));
         break;
     }
     caller.call<JswRulesUnInitialize>("UnInitialize");
@@ -137,9 +137,8 @@ void goThrough(std::string_view kind, const Caller& caller, const TrialJob& job,
     if (kind == "device") useDevice(caller);
     if (const std::size_t left = returned::left(); left != 0) {
         caller.tell(trialline::fault(concat(left,
-                                            " of the texts and lists that it allocated with "
-                                            "the given function were never returned, so "
-                                            "nobody frees them")));
+                                            " of the texts and lists that it allocated with the "
+                                            "given function were never returned and leak")));
     }
 }
 

@@ -7,9 +7,9 @@
 namespace jsw::ctl {
 
 void addJobOptions(CLI::App& command, TrialJob& job) {
-    command.add_option("--job", job.name, "the trial job's document");
+    command.add_option("--job", job.name, "the document of the trial job");
     command.add_option("--printer", job.printer, "its printer");
-    command.add_option("--pages", job.pages, "its pages; -1 or -2: not known");
+    command.add_option("--pages", job.pages, "its pages; -1 or -2: unknown");
     command.add_option("--copies", job.copies, "its copies");
     command.add_option("--data", job.dataFolder, "the folder of a view's pages");
     command.add_option("--shown", job.shownMilliseconds)->group("");
@@ -21,8 +21,8 @@ void addJobOptions(CLI::App& command, TrialJob& job) {
 std::string jobInWords(const TrialJob& job) {
     std::string ink;
     for (const std::int32_t percent : job.ink) ink += concat(ink.empty() ? "" : ",", percent);
-    return concat("told of the job '", job.name, "' on '", job.printer, "', pages ", job.pages,
-                  ", copies ", job.copies, ", ink ", ink.empty() ? "not known" : ink);
+    return concat("with the job '", job.name, "' on '", job.printer, "', pages ", job.pages,
+                  ", copies ", job.copies, ", ink ", ink.empty() ? "unknown" : ink);
 }
 
 }  // namespace jsw::ctl

@@ -16,7 +16,7 @@ struct TrialJob {
     std::string name = "jswctl";
     std::int32_t pages = 1;
     std::int32_t copies = 1;
-    std::vector<std::int32_t> ink;     ///< per cent, slot by slot; what is missing is not known
+    std::vector<std::int32_t> ink;     ///< per cent, slot by slot; what is missing is unknown
     std::string dataFolder = ".";      ///< for a view
     unsigned shownMilliseconds = 500;  ///< of its window
 };
