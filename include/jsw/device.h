@@ -1,21 +1,21 @@
 /**
  * @file device.h
  * The part of the device client's interface that jsw.dll uses. The device client is the printer
- * maker's library through which printers are found, read and asked; this header is for people who
- * write one, or a stand-in for tests.
+ * maker's library that finds and queries printers. This header is for authors of device clients, or
+ * of replacements for tests.
  *
- * The library is loaded from the file named by the text value "Settings\PcsClient" of the host
- * program's store, or else "<local id>Comc.dll". Entry points are undecorated and looked up by name
- * at every call. Each returns a Win32 error number, 0 for success.
+ * The text value "Settings\PcsClient" in the host's settings names the library's file, by default
+ * "<local id>Comc.dll". jsw.dll looks up the undecorated entry points by name at every call. Each
+ * returns a Win32 error number, 0 for success.
  *
  * Order of calls:
  *
  *     PcsInitialize, PcsGetClientId           before the first call of a user
  *     PcsEnumWindowsPrinters, PcsEnumHids, PcsEnumScanners, PcsGetString..., PcsGetCachePrinter
  *     PcsOpenPrinter, PcsExchangeBidiPrinter, PcsClosePrinter
- *     PcsUninitialize                         after the last user's last call
+ *     PcsUninitialize                         after a user's last call
  *
- * Every function may be called from any thread. What is passed in is valid only during the call.
+ * Every function may be called from any thread. Arguments are valid only during the call.
  */
 #ifndef JSW_DEVICE_H
 #define JSW_DEVICE_H
@@ -23,19 +23,20 @@
 #include <jsw/module.h>
 
 typedef uint32_t JswDeviceStatus;   /**< a Win32 error number */
-typedef uint32_t JswDeviceClientId; /**< names a user of the client; given by PcsGetClientId */
-typedef int32_t JswDeviceHandle;    /**< names a printer, HID or scanner interface; never 0 */
+typedef uint32_t JswDeviceClientId; /**< identifies a user of the client; from PcsGetClientId */
+typedef int32_t JswDeviceHandle;    /**< a printer, HID or scanner interface; never 0 */
 
 /**
- * Called once for each printer, from within the enumeration and on its thread. The texts are ANSI;
- * friendlyName is the spooler's name of the printer, port its port. Returns 1 to go on.
+ * Called once for each printer, on the enumerating thread before the function returns. The texts
+ * are ANSI; friendlyName is the spooler's name of the printer, port its port. Returns 1 to
+ * continue.
  */
 typedef int32_t (*JswDevicePrinterCallback)(JswDeviceClientId client, JswDeviceHandle printer,
                                             const char* friendlyName, const char* port);
 /** The same for each HID or scanner interface. */
 typedef int32_t (*JswDeviceCallback)(JswDeviceClientId client, JswDeviceHandle device);
 
-/** The transports that jsw.dll asks for, and those of a printer that is connected locally. */
+/** The transports that jsw.dll enumerates, and those of a locally connected printer. */
 #define JSW_DEVICE_ALL_TRANSPORTS "ALL_TRANSPORT"
 #define JSW_DEVICE_LOCAL_USB "USB1"
 #define JSW_DEVICE_LOCAL_PARALLEL "PAR1"
@@ -48,12 +49,12 @@ typedef int32_t (*JswDeviceCallback)(JswDeviceClientId client, JswDeviceHandle d
 
 /* Function types of the entry points. */
 /**
- * PcsInitialize: makes the library ready for one more user; when it fails it also leaves the error
- * in GetLastError(), and the library is unloaded. PcsUninitialize: its opposite, before that user
- * unloads the library. Several users in a process may overlap.
+ * PcsInitialize: prepares the library for one more user. On failure it also sets the last error,
+ * and the library is unloaded. PcsUninitialize: its counterpart, called before that user unloads
+ * the library. Several users in a process may overlap.
  */
 typedef JswDeviceStatus JswDeviceLifetime(void);
-/** Gives the id that the user passes to all other calls. server: "" for this computer. */
+/** Returns the id that the user passes to all other calls. server: "" for this computer. */
 typedef JswDeviceStatus JswDeviceGetClientId(JswDeviceClientId* client, const char* server);
 /** Calls back for each printer. transports: JSW_DEVICE_ALL_TRANSPORTS. reserved: "". */
 typedef JswDeviceStatus JswDeviceEnumPrinters(JswDeviceClientId client, const char* transports,

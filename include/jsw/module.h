@@ -1,36 +1,35 @@
 /**
  * @file module.h
- * What the interfaces of all modules that jsw.dll loads have in common.
+ * What all modules that jsw.dll loads have in common.
  *
- * A module is a dynamic library with undecorated entry points. jsw.dll looks an entry point up by
- * name at every call; one that is missing is skipped and noted in the log, so a module only needs
- * the entry points it has a use for.
+ * A module is a dynamic library with undecorated entry points. jsw.dll looks up an entry point by
+ * name at every call; it skips a missing one and logs it, so a module needs only the entry points
+ * it uses.
  *
- * Each interface header lists its entry points in a macro of the form LIST(X), where X is called
- * with the entry point's name and its function type. Declaring them all with
+ * Each interface header lists its entry points in a macro of the form LIST(X), which calls X with
+ * each entry point's name and function type. Declaring them all with
  *
  *     JSW_VIEW_ENTRY_POINTS(JSW_MODULE_DECLARE)
  *
- * makes the compiler check a module's definitions against the interface and export them. A
- * definition with a misspelt name is another function to the compiler, and the entry point is
- * simply not there; a module that means to have them all therefore adds, once and after the
+ * makes the compiler check the types of a module's definitions and export them. It does not find
+ * misspelt names. A module that implements all entry points therefore adds, once and after the
  * declarations,
  *
  *     JSW_VIEW_REQUIRE_ENTRY_POINTS
  *
  * and the linker names every one that is not defined.
  *
- * Where a module lies: "<id>" in the file names given by the headers stands for the host's id, the
- * first four letters of its program's file name in lower case. The host printdlg.exe loads
- * "prinjswv.dll", unless its settings name another file.
+ * File names: "<id>" in the headers is the host's id, the first four letters of its program's file
+ * name in lower case. The host printdlg.exe loads "prinjswv.dll", unless its settings name another
+ * file.
  *
- * No C++ exception may leave an entry point. One that does counts as an empty answer.
+ * No C++ exception may leave an entry point. If one does, the call counts as answered with nothing.
  *
- * All modules but the view's are loaded and freed for each job: what a module takes of the process
- * it must give back before it is freed, or the process runs out of it after a thousand jobs. With
- * MinGW avoid std::thread, std::mutex, thread_local and the streams, each of which loses an index
- * of thread-local storage, and compile samples/common/ModuleEnd.cpp into the module: without it an
- * exception, even one caught inside, loses another index, and 70 KB of memory stay behind.
+ * All modules except the view are loaded and freed for each job: a module must release all process
+ * resources before it is freed, or the process runs out of them after a thousand jobs. With MinGW
+ * avoid std::thread, std::mutex, thread_local and the streams, because each leaks an index of
+ * thread-local storage. Compile samples/common/ModuleEnd.cpp into the module: without it an
+ * exception, even one caught inside, leaks another index and 70 KB of memory.
  */
 #ifndef JSW_MODULE_H
 #define JSW_MODULE_H
@@ -43,8 +42,8 @@
 typedef uint8_t JswBool;
 
 /**
- * Allocates memory that a module hands to jsw.dll: size bytes from the heap of the C library that
- * jsw.dll uses. Null when there is not enough. jsw.dll frees it.
+ * Allocates memory that a module returns to jsw.dll: size bytes from the heap of jsw.dll's C
+ * library, or null if there is not enough. jsw.dll frees it.
  */
 typedef void* (*JswAllocate)(int32_t size);
 

@@ -1,16 +1,15 @@
 /**
  * @file product_lines.h
- * The product lines. The host program's name decides which one it belongs to, and with it where its
- * settings lie; this header is for those who look for them themselves, such as installers and
- * modules that keep values beside the library's.
+ * The product lines. A host program's name decides its product line, and thereby where its settings
+ * are. This header is for code that looks for them itself, such as installers and modules that keep
+ * values beside the library's.
  *
- * The settings of a host lie in HKEY_LOCAL_MACHINE, in
+ * The settings of a host are in HKEY_LOCAL_MACHINE, in
  *
  *     Software\<key>\JSW\Local\<id>\
  *
  * <id> is the first four letters of the host program's file name in lower case. <key> is that of
- * the first row whose prefix is the first two letters of the id, and JSW_NO_PRODUCT_LINE without
- * one.
+ * the first row whose prefix is the first two letters of the id, or else JSW_NO_PRODUCT_LINE.
  */
 #ifndef JSW_PRODUCT_LINES_H
 #define JSW_PRODUCT_LINES_H

@@ -1,23 +1,23 @@
 /**
  * @file rules.h
  * Interface of the rules engine module ("<id>reng.dll"), which decides which billboard a job shows.
- * It lies in the folder "DllPath" of the host's settings; the value "RulesEngine" may name another
- * file.
+ * The module is in the folder "DllPath" of the host's settings; the value "RulesEngine" may name
+ * another file.
  *
  * Order of calls for one job, all on one worker thread:
  *
  *     InitializeEngine
- *     IsMoreRules, EvaluateRule, IsHistoryChecked    repeated while more rules remain and none of
- *                                                    the results has led to a billboard
+ *     IsMoreRules, EvaluateRule, IsHistoryChecked    repeated until no rule remains or a result has
+ *                                                    led to a billboard
  *     UpdateSettings                                 what was shown; not after a failed start
  *     UnInitialize
  *
- * Rules may be without end: after every hundred results the library pauses for 10 milliseconds. An
- * engine that raises a third C++ exception in a run is asked for no more rules.
+ * The number of rules is not limited; after every hundred results the library pauses for 10
+ * milliseconds. After the third C++ exception in a run the library asks for no more rules.
  *
- * Memory: InitializeEngine hands over an allocation function; the text that EvaluateRule returns
- * must be allocated with it and is freed by jsw.dll. What is passed in is valid only during the
- * call: copy what is needed later.
+ * Memory: InitializeEngine gets an allocation function; the text that EvaluateRule returns must be
+ * allocated with it, and jsw.dll frees it. Arguments are valid only during the call: copy what is
+ * needed later.
  */
 #ifndef JSW_RULES_H
 #define JSW_RULES_H
@@ -26,19 +26,18 @@
 
 /* Function types of the entry points. */
 /**
- * Starts the engine for a job; 0 when it cannot work, and no rule is asked for then. totalPages is
- * -1 or -2 when not known: what the driver said, as it said it. Ink levels are negative when not
- * known.
+ * Starts the engine for a job. Returns 0 if it cannot work; then no rule is evaluated. totalPages
+ * is the driver's value unchanged, -1 or -2 if unknown. Unknown ink levels are negative.
  */
 typedef JswBool JswRulesInitializeEngine(JswAllocate allocate, const InkInfo* inkInfo,
                                          const char* friendlyName, const char* jobName,
                                          int32_t totalPages, int32_t totalCopies);
-/** Tells what was shown: the ink billboard's cartridges (or "") and the kind of billboard. */
+/** Gets what was shown: the ink billboard's cartridges (or "") and the kind of billboard. */
 typedef void JswRulesUpdateSettings(const char* carts, JswBool inkBillboard,
                                     JswBool specialBillboard);
-/** The next rule's result: a category or billboard id; null or "" when the rule does not apply. */
+/** The next rule's result: a category or billboard id; null or "" if the rule does not apply. */
 typedef char* JswRulesEvaluateRule(void);
-/** IsMoreRules: a rule is left. IsHistoryChecked: the last result must not repeat the history. */
+/** IsMoreRules: rules remain. IsHistoryChecked: the last result must not repeat the history. */
 typedef JswBool JswRulesQuestion(void);
 typedef void JswRulesUnInitialize(void);
 

@@ -1,6 +1,6 @@
 /**
  * @file types.h
- * The ink record and the status codes, which the driver, jsw.dll and its modules share.
+ * The ink record and the status codes, shared by the driver, jsw.dll and its modules.
  */
 #ifndef JSW_TYPES_H
 #define JSW_TYPES_H
@@ -16,8 +16,8 @@
 
 #pragma pack(push, 1)
 /**
- * Ink and cartridge state at job start: 152 bytes, packed, little-endian. The library reads it and
- * never writes to it. Field names are those the log shows.
+ * Ink and cartridge state at the start of a job: 152 bytes, packed, little-endian. The library
+ * never writes to it. The log shows the same field names.
  */
 typedef struct InkInfo {
     uint32_t InkStyle;                                 /**< offset 0 */
@@ -45,8 +45,8 @@ typedef struct InkInfo {
 #pragma pack(pop)
 
 /**
- * Initialiser of a record in which no ink level is known: InkInfo ink = JSW_INK_UNKNOWN;
- * Zero would be an empty cartridge, not an unknown one.
+ * Initialises a record in which no ink level is known: InkInfo ink = JSW_INK_UNKNOWN;
+ * A level of 0 is an empty cartridge, not an unknown one.
  */
 #define JSW_INK_UNKNOWN                                                                           \
     {                                                                                             \
@@ -70,7 +70,7 @@ JSW_STATIC_ASSERT(offsetof(InkInfo, iCart1PrintheadDiag) == 104, "offset of iCar
 JSW_STATIC_ASSERT(offsetof(InkInfo, iCart2PrintheadDiag) == 124, "offset of iCart2PrintheadDiag");
 JSW_STATIC_ASSERT(offsetof(InkInfo, iCart1PartNum) == 144, "offset of iCart1PartNum");
 
-/** Status codes of a job window. Other codes are possible and reach the callback as they are. */
+/** Status codes of a job window. Other codes are possible and reach the callback unchanged. */
 enum JswStatus {
     JSW_STATUS_GUI_CLOSED = 2,   /**< the user closed the window; not reported to the driver */
     JSW_STATUS_JOB_CLOSED = 3,   /**< the job was closed */

@@ -1,7 +1,7 @@
 /**
  * @file version.h
- * Version of jsw.dll and of this kit: the one place where it stands. The build takes it from here,
- * for the resource, the tools and the package.
+ * The version of jsw.dll and of this kit. The build takes it from here, for the resource, the tools
+ * and the package.
  */
 #ifndef JSW_VERSION_H
 #define JSW_VERSION_H

@@ -1,7 +1,7 @@
 /**
  * @file view.h
- * Interface of the view module ("<id>jswv.dll"), which draws the job window and its billboard. It
- * lies in the folder "DllPath" of the host's settings; the value "View" may name another file.
+ * Interface of the view module ("<id>jswv.dll"), which draws the job window and its billboard. The
+ * module is in the folder "DllPath" of the host's settings; the value "View" may name another file.
  *
  * Order of calls for one job:
  *
@@ -13,32 +13,33 @@
  *     SetShowProcessWindow SetJswProgressMinimized SetShowSpecialMessages
  *     SetReserveModeCart1 SetReserveModeCart2 SetCompleteAPrintMode SetUpdateSoftware
  *     SetSaveAppearanceCallback SetSaveValueCallback SetUpdateSoftwareCallback
- *     SetSavedValue                         once for each value kept from earlier jobs
+ *     SetSavedValue                         once for each value saved in earlier jobs
  *     ShowGui                               unless the user has switched the window off
  *     UpdateInfo, DisplayBillboard          any number of times
  *     HideGui
  *     Uninitialize
  *
- * Threads: the calls come from the driver's threads, which may call the library from inside its
- * status callback, so also from the module's own thread inside an event callback: every entry point
- * must serve that, and HideGui and Uninitialize must not wait there for the thread they run on.
- * DisplayBillboard comes from a worker thread and from inside a billboard callback, too; HideGui
- * and Uninitialize may come from the worker thread. The module may call back from any thread, also
- * from inside an entry point. After Uninitialize has returned it must not call back any more;
- * callbacks that come late all the same are ignored as long as jsw.dll is loaded. A click that is
- * being carried out at that moment may still lead to a DisplayBillboard, which is to do nothing.
+ * Threads: the driver's threads call the module. A driver may call the library inside its status
+ * callback, so every entry point may also be called on the module's own thread inside an event
+ * callback; HideGui and Uninitialize must not wait there for the thread they run on.
+ * DisplayBillboard is also called on a worker thread and inside a billboard callback; HideGui and
+ * Uninitialize may be called on the worker thread. The module may call back from any thread,
+ * including from inside an entry point. After Uninitialize has returned it must not call back; late
+ * callbacks have no effect. A click that is being handled at that moment may still lead to a
+ * DisplayBillboard, which must then do nothing.
  *
- * Memory: strings and records belong to jsw.dll and are valid only during the call. Strings passed
- * to a callback belong to the module and need to be valid only during the call.
+ * Memory: strings and records passed to the module belong to jsw.dll and are valid only during the
+ * call. Strings passed to a callback belong to the module and need to be valid only during it.
  *
- * The module stays loaded until the process ends; several jobs of one process follow each other.
+ * The module stays loaded until the process exits; one process may run several jobs, one after the
+ * other.
  */
 #ifndef JSW_VIEW_H
 #define JSW_VIEW_H
 
 #include <jsw/module.h>
 
-/** Reports a window event: a JswStatus code or any other value of the module's own. */
+/** Reports a window event: a JswStatus code or a value of the module's own. */
 typedef void (*JswViewEventCallback)(int32_t event);
 
 /**
@@ -48,15 +49,15 @@ typedef void (*JswViewEventCallback)(int32_t event);
 typedef void (*JswViewBillboardCallback)(const char* action, int32_t actionId);
 
 /**
- * Keeps an appearance choice for later jobs. Keys, in any letter case: "Job Progress Minimized",
+ * Saves an appearance setting for later jobs. Keys, in any letter case: "Job Progress Minimized",
  * "Show Process Window", "Show Special Messages"; others are refused.
  */
 typedef void (*JswViewSaveAppearanceCallback)(const char* key, int32_t value);
 
-/** Keeps a value of the module's own; it comes back through SetSavedValue at the next job. */
+/** Saves a value of the module's own; the next job passes it to SetSavedValue. */
 typedef void (*JswViewSaveValueCallback)(const char* key, const char* value);
 
-/** Keeps the user's choice whether to look for updates: 1 yes, 0 no. */
+/** Saves the user's choice whether to check for updates: 1 yes, 0 no. */
 typedef void (*JswViewUpdateSoftwareCallback)(int32_t updateSoftware);
 
 /* Function types of the entry points. */
@@ -79,16 +80,17 @@ typedef void JswViewSetUpdateSoftwareCallback(JswViewUpdateSoftwareCallback call
 /**
  * The entry points.
  *
- * SetDataPath: folder of the billboard data, without a trailing backslash; billboard files lie in
- * its "Scripts" folder (empty: not known, then there are no files). SetTotalPages: -1 or -2 when
- * not known. SetShowPageInfo: 0 exactly then, so that a window shows no "page 2 of 3".
- * SetReserveModeCart1/2, SetCompleteAPrintMode: how the printer's settings say that it deals with
- * an empty cartridge, by its reserve and by finishing the print; for the window to show, the
- * library itself does nothing with them. DisplayBillboard: file name within the "Scripts" folder
- * (empty: none), whether to offer Previous and Next, whether to bring a minimised window back.
- * SetShowProcessWindow, SetJswProgressMinimized, SetShowSpecialMessages, SetReserveModeCart1/2,
- * SetCompleteAPrintMode, SetUpdateSoftware: non-zero is on. UpdateInfo: the driver's progress
- * values as they came (see JSWUpdateInfo).
+ * - SetDataPath: folder of the billboard data, without a trailing backslash; billboard files are in
+ *   its "Scripts" folder. Empty: unknown, and there are no files.
+ * - SetTotalPages: -1 or -2 if unknown.
+ * - SetShowPageInfo: 0 if the number of pages is unknown, so that no "page 2 of 3" is shown.
+ * - SetReserveModeCart1/2, SetCompleteAPrintMode: the printer's settings for an empty cartridge:
+ *   use its reserve, finish the print. The window may show them; the library does not use them.
+ * - DisplayBillboard: file name in the "Scripts" folder (empty: none), whether to offer Previous
+ *   and Next, whether to restore a minimised window.
+ * - SetShowProcessWindow, SetJswProgressMinimized, SetShowSpecialMessages, SetReserveModeCart1/2,
+ *   SetCompleteAPrintMode, SetUpdateSoftware: non-zero is on.
+ * - UpdateInfo: the driver's progress values unchanged (see JSWUpdateInfo).
  */
 #define JSW_VIEW_ENTRY_POINTS(X)                                   \
     X(Initialize, JswViewPlain)                                    \
