@@ -5,12 +5,12 @@
 
 namespace jsw {
 
-/// Lets one thread at a time into the library, as often as it comes. An ordinary thread waits for
-/// its turn and serves the messages sent to its windows meanwhile; one that must not wait
-/// (NoWaiting) gets in only when nobody else is inside.
+/// A re-entrant lock that lets one thread at a time into the library. An ordinary thread waits for
+/// its turn and keeps serving the messages sent to its windows. A thread that must not wait
+/// (NoWaiting) gets in only if no other thread is inside.
 class ApiGate {
   public:
-    /// A thread's stay inside, for a scope; false when it was not let in.
+    /// A thread's stay inside the library, for a scope; false if it was not let in.
     class Pass {
       public:
         explicit Pass(ApiGate& gate) : gate_(gate), isInside_(gate.enter()) {}

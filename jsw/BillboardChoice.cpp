@@ -16,12 +16,12 @@ namespace {
 
 constexpr char kTag[] = "Controller::ProcessRules: ";
 
-// What keeps an engine that never comes to an end from doing harm.
+// Limits for an engine that never ends or keeps throwing.
 constexpr int kMostRaises = 3;
 constexpr int kResultsBetweenPauses = 100;
 constexpr DWORD kPause = 10;  // milliseconds
 
-/// One run of the rules and what it has come to.
+/// One run of the rules and its outcome.
 class BillboardChoice {
   public:
     BillboardChoice(MethodTrace& trace, Controller& controller, const BillboardView& view,
@@ -50,7 +50,8 @@ class BillboardChoice {
     int raises_ = 0;
     bool found_ = false;
     std::string chosenId_;
-    /// While rules are asked: the last result was an ink status page. Then: an ink billboard.
+    /// During the run: the last result is an ink status page. Afterwards: an ink billboard is
+    /// shown.
     bool isInkType_ = false;
     bool showSpecial_ = false;
     std::string carts_;  ///< of the chosen billboard, for ink billboards
@@ -92,7 +93,7 @@ void BillboardChoice::make(const Job& job) {
 void BillboardChoice::runRules() {
     int results = 0;
     while (raises_ < kMostRaises && engine_.isMoreRules() && !stop_ && !found_) {
-        if (++results % kResultsBetweenPauses == 0) Sleep(kPause);  // others need the processor
+        if (++results % kResultsBetweenPauses == 0) Sleep(kPause);  // lets others run
         const std::string ruleResult = engine_.evaluateRule();
         countRaise();
         if (!ruleResult.empty()) processRule(ruleResult);
@@ -102,7 +103,7 @@ void BillboardChoice::runRules() {
             " exceptions in one run of the rules. NO more rules are processed.");
 }
 
-/// Each one is a line in the log, whether the log is on or off.
+/// Each exception is a line in the log, even with the log off.
 void BillboardChoice::countRaise() {
     if (engine_.lastCall() == CallEnd::raised) ++raises_;
 }

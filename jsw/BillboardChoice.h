@@ -9,11 +9,11 @@ class Controller;
 class JobTexts;
 struct Job;
 
-/// Lets the rules choose a job's billboard and shows it: the rules engine names ids, the catalog
-/// the candidates that each stands for, and the first one wins that the history lets through and
-/// whose file is there. The engine, which lives as long as the call, is told the outcome.
+/// Chooses a job's billboard by the rules and shows it. The rules engine returns ids, the catalog
+/// the candidates for each id; the first candidate wins whose file exists and which the history
+/// does not exclude. At the end the engine, which lives as long as the call, gets the outcome.
 ///
-/// Runs on the rules thread. Ends when a billboard is found, no rule is left, or stop is set.
+/// Runs on the rules thread until a billboard is found, no rule remains, or stop is set.
 void chooseBillboard(const Job& job, Controller& controller, const BillboardView& view,
                      JobTexts& texts, const std::atomic<bool>& stop);
 

@@ -95,7 +95,8 @@ bool Controller::jswInit(const Job& job) {
     logLine(component::kJsw, kLogModuleCall, ">>> Controller::jswInit: ");
     stopRules();  // an earlier job that was never terminated
     stop_ = false;
-    // This object serves another job when the one before was ended inside a prompt or not at all.
+    // This object may serve several jobs: if the previous one was ended inside a prompt or not at
+    // all.
     texts_.reset(job.friendlyName, defaultBillboardId_);
     if (!isMsXmlValid()) return false;
 
@@ -104,7 +105,7 @@ bool Controller::jswInit(const Job& job) {
                                billboard.restore};
     if (!view_->jswInit(job, first)) return false;
     job_ = job;
-    job_.inkInfo = &job_.ink;  // the driver's lives no longer than its call
+    job_.inkInfo = &job_.ink;  // the driver's record is valid only during the call
     return startRules();
 }
 
@@ -141,7 +142,7 @@ void Controller::stopRules() {
 
 void Controller::jswTerminate() {
     MethodTrace trace(component::kJsw, "Controller::jswTerminate: ");
-    // The closing marker stands at the beginning: scripts that read the log expect it there.
+    // The closing marker comes first, see "Fixed interfaces" in docs/architecture.md.
     logLine(component::kJsw, kLogModuleCall, "<<< Controller::jswTerminate: ");
     stopRules();
     view_->jswTerminate();

@@ -16,9 +16,9 @@ namespace jsw {
 
 class LegacyJswGui;
 
-/// What is known of one billboard.
+/// What the catalog says about one billboard.
 struct BillboardData {
-    std::string fileName;  ///< relative to the scripts folder; empty when there is none
+    std::string fileName;  ///< relative to the scripts folder; empty if there is none
     std::string type;      ///< "standard", "ink", "ink_status" or another, special one
     bool navigate = false;
     bool restore = false;
@@ -39,7 +39,7 @@ class Controller : public Observer, public BillboardActions {
 
     // The job (Controller.cpp).
 
-    /// Brings the window up and starts the rules; false when the job must run without them.
+    /// Shows the window and starts the rules; false if the job must run without them.
     bool jswInit(const Job& job);
     void jswTerminate();
     /// The fourth and fifth value are not used.
@@ -47,7 +47,7 @@ class Controller : public Observer, public BillboardActions {
                        std::uint32_t value4, std::uint32_t value5, void* data);
     /// Returns when the prompt is answered.
     void jswDisplayPrompt(std::uint32_t promptType, std::uint32_t totalPages);
-    /// Does nothing while there is no prompt.
+    /// Does nothing without a prompt.
     void jswPostDlgMsg(void* message);
     /// The view's window reports an event.
     void update(Subject* subject, const WindowEvent& event) override;
@@ -73,7 +73,7 @@ class Controller : public Observer, public BillboardActions {
     void ProcessRules();
     void runLegacyPrompt(std::uint32_t promptType, std::uint32_t totalPages);
 
-    /// Nothing when the id is not valid.
+    /// Nothing if the id is not valid.
     std::optional<BillboardData> getBillboardData(const std::string& bbId);
     BillboardData getDefaultBillboardData();
     BillboardData lookUpDefaultBillboard();
@@ -83,16 +83,16 @@ class Controller : public Observer, public BillboardActions {
     void launchUrl(std::uint32_t actionId);
     void walkHistory(const std::string& bbId, MethodTrace& trace);
 
-    std::shared_ptr<BillboardView> view_;  // kept until this object has detached from it
+    std::shared_ptr<BillboardView> view_;  // held until this object has detached from it
     std::string dataPath_;
     std::atomic<bool> stop_{false};
-    std::unique_ptr<LegacyJswGui> legacyGui_;  // while a prompt is up
+    std::unique_ptr<LegacyJswGui> legacyGui_;  // while a prompt is open
     std::string defaultBillboardId_;
     JobTexts texts_;
 
     Job job_{};  // as the rules see it: written before their thread starts
     std::unique_ptr<RunnableMethod<Controller>> rulesRunnable_;
-    std::unique_ptr<Thread> rulesThread_;  // goes first, which waits for its end
+    std::unique_ptr<Thread> rulesThread_;  // destroyed first, which waits for its end
 };
 
 }  // namespace jsw

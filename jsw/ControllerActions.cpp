@@ -21,7 +21,7 @@ namespace jsw {
 
 namespace {
 
-/// Runs an action; nothing that goes wrong goes further than the log.
+/// Runs an action and logs every failure.
 template <class Work>
 void guardLaunch(const char* otherFailure, const Work& work) {
     try {
@@ -33,11 +33,11 @@ void guardLaunch(const char* otherFailure, const Work& work) {
     }
 }
 
-/// Opens a program, document or address through the shell, without any dialog of the shell's own.
-/// The shell runs others' code in this process, which may crash.
-/// @param directory  working directory, in which variables are expanded; null: this process's
+/// Opens a program, document or address through the shell, without a dialog of the shell. The shell
+/// runs foreign code in this process, which may crash.
+/// @param directory  working directory, with variables expanded; null: this process's
 void launch(const std::string& target, const char* directory, const char* failure) {
-    std::array<char, 1000> file{};  // what is longer is cut
+    std::array<char, 1000> file{};  // longer texts are cut
     target.copy(file.data(), file.size() - 1);
     SHELLEXECUTEINFOA info{};
     info.cbSize = sizeof(info);

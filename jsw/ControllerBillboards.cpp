@@ -36,7 +36,7 @@ void Controller::changeBillboard(const std::string& bbId) {
 
 bool Controller::isBillboardIdValid(const std::string& bbId) {
     MethodTrace trace(component::kJsw, "Controller::isBillboardIdValid: bbId=", bbId, ".");
-    // Looked up afresh each time: an update may have moved the data while the job runs.
+    // Determined at each call: an update may have moved the data while the job runs.
     const std::string dataPath = determineDataPath();
     const std::string fileName = Catalog::instance()->getBillboardFileName(bbId);
     if (fileName.empty()) {
@@ -44,7 +44,7 @@ bool Controller::isBillboardIdValid(const std::string& bbId) {
         trace.setResult("false");
         return false;
     }
-    if (dataPath.empty()) {  // the path would lead to the root of some drive
+    if (dataPath.empty()) {  // the path would name the root of a drive
         trace.add("No data folder to look for bbId='", bbId, "' in");
         trace.setResult("false");
         return false;
@@ -94,7 +94,8 @@ BillboardData Controller::lookUpDefaultBillboard() {
     History::instance()->clear();
     BillboardData data = getBillboardData(defaultBillboardId_).value_or(BillboardData{});
     if (data.fileName.empty()) return data;
-    // What is kept is the catalog's answer; shown is "no navigation", as the history is empty.
+    // The catalog's answer is stored; the window gets "no navigation", because the history is
+    // empty.
     const bool navigate = Catalog::instance()->getEnableNavigation(defaultBillboardId_);
     const Settings settings;
     const auto keep = [&settings](const auto& place, const auto& value) {

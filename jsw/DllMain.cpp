@@ -1,10 +1,10 @@
-// What happens when the library is loaded.
+// Called when the library is loaded.
 
 #include "jsw/LibraryPin.h"
 
 #include <windows.h>
 
-/// Pins the library: threads of the view may still be in its code after the last job.
+/// Pins the library: threads of the view may still run its code after the last job.
 // NOLINTNEXTLINE(readability-identifier-naming): the name that the loader calls
 extern "C" BOOL WINAPI DllMain(HINSTANCE library, DWORD reason, void* /*reserved*/) {
     if (reason != DLL_PROCESS_ATTACH) return TRUE;

@@ -21,7 +21,7 @@ namespace {
 constexpr char kOtherThreadInside[] =
     "it comes from the status callback while another thread is inside the library";
 
-/// Sets a flag for the length of a scope and puts it back as it was.
+/// Sets a flag for a scope, then restores its value.
 class FlagScope {
   public:
     explicit FlagScope(bool& flag) : flag_(flag), before_(std::exchange(flag, true)) {}
@@ -43,8 +43,8 @@ bool isJobRunning() {
     return session && session->isRunning();
 }
 
-// Never destroyed when the process ends: tearing a job down at that moment would call into modules
-// under the loader's lock. A driver ends its jobs with JSWTerminate.
+// Never destroyed: a teardown while the process exits would call modules under the loader lock. A
+// driver ends its jobs with JSWTerminate.
 NeverDestroyed<DriverApi> driverApi;
 
 }  // namespace
@@ -79,7 +79,7 @@ bool DriverApi::init(const Job& job, JswStatusCallback callback) {
     return started;
 }
 
-/// Null when a job can start.
+/// Null if a job can start.
 const char* DriverApi::whyNoStart(const JobSession* before) const {
     if (inStep_) return "a job is starting or ending on this thread";
     if (before != nullptr && NoWaiting::holdsHere() && before->actions().isChoosing())
@@ -102,7 +102,7 @@ bool DriverApi::startJob(const Job& job, JswStatusCallback callback) {
     bool started = false;
     try {
         started = controller->jswInit(job);
-        session->setRunning();  // JSWTerminate ends a job that could not start, too
+        session->setRunning();  // JSWTerminate also ends a job that could not start
     } catch (...) {
         reportException(component::kJsw, "JSWInit");
         if (wasRunning) session->setRunning();
@@ -127,7 +127,7 @@ void DriverApi::terminateWithoutWaiting() {
     }
 }
 
-/// A job that is starting on this thread is ended when its start is through.
+/// If the job is still starting on this thread, ends it after the start.
 void DriverApi::endNowOrAfterStart(Session session) {
     if (!inStep_) {
         endJob(std::move(session));
@@ -141,13 +141,13 @@ void DriverApi::endJob(Session session) {
     const FlagScope inStep(inStep_);
     if (session) {
         session->setOver();
-        // Whatever goes wrong, the job is over and what it has built must go.
+        // Whatever fails, the job is over and its objects must be destroyed.
         runGuarded(component::kJsw, "JSWTerminate", [] { Controller::instance()->jswTerminate(); });
         session->close();
         JobSession::setPresent(nullptr);
-        session.reset();  // so that its objects go in the order of the teardown
+        session.reset();  // so that its objects are destroyed in the teardown's order
     }
-    // From inside a prompt the driver is still in the middle of the objects.
+    // Inside a prompt the driver's call still uses the objects.
     if (!inPrompt_) destroySingletons();
 }
 
@@ -156,7 +156,7 @@ void DriverApi::endOnThreadOfItsOwn(const Session& session) {
     const KernelHandle thread(reinterpret_cast<HANDLE>(
         _beginthreadex(nullptr, 0, &DriverApi::endThread, job.get(), 0, nullptr)));
     if (thread) {
-        static_cast<void>(job.release());  // the thread's
+        static_cast<void>(job.release());  // owned by the thread
     } else {
         logLine(component::kJsw, kLogError,
                 "ERROR - no thread to end the job on, error=", GetLastError(),
@@ -176,7 +176,7 @@ unsigned __stdcall DriverApi::endThread(void* argument) {
     return 0;
 }
 
-/// Tests before and after passing the gate: the job may end while this thread waits.
+/// Tests before and inside the gate: the job may end while this thread waits.
 template <class Work>
 void DriverApi::whileRunning(const char* function, const Work& work) {
     if (!isJobRunning()) return;

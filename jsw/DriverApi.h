@@ -15,14 +15,14 @@ namespace jsw {
 class Controller;
 class JobSession;
 
-/// What stands behind the exported functions: the steps of each, inside the API gate, on the
-/// present JobSession. Every operation may raise; the exports let nothing out.
+/// Implements the exported functions: the steps of each, inside the API gate, on the present
+/// JobSession. Every operation may throw; the exports catch everything.
 ///
-/// A driver may call from inside its own status callback, on whatever thread that runs. Nothing is
-/// waited for there (NoWaiting): a call that would have to wait is refused, with a line in the log.
-/// JSWTerminate never is: the job is over for the driver at once, and when its end cannot be
-/// carried out there without waiting, a thread made for it does. A JSWInit that comes before
-/// carries it out itself; when there is no such thread, the next JSWInit or JSWTerminate does.
+/// A driver may call from inside its status callback, on any thread. Nothing waits there
+/// (NoWaiting): a call that would have to wait is refused, with a line in the log. JSWTerminate is
+/// never refused: the job is over for the driver at once. If ending it would have to wait, a new
+/// thread ends it, or a JSWInit that comes earlier. If that thread cannot be started, the next
+/// JSWInit or JSWTerminate ends the job.
 class DriverApi {
   public:
     static DriverApi& instance();
@@ -51,11 +51,11 @@ class DriverApi {
     void destroySingletons();
 
     ApiGate gate_;
-    CriticalSection singletonLock_;  // for the manager alone; inside the gate, never around it
+    CriticalSection singletonLock_;  // for the manager only; taken inside the gate, never around it
     std::unique_ptr<SingletonMgr> singletons_;
     // Of the thread that is inside the gate:
     bool inPrompt_ = false;
-    bool inStep_ = false;  // a start or an end is at work
+    bool inStep_ = false;  // a start or an end is in progress
 };
 
 }  // namespace jsw

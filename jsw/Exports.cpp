@@ -1,7 +1,7 @@
-// The exported functions: guard and one call each. What they do is in DriverApi.cpp.
+// The exported functions: a guard and one call each. DriverApi.cpp has their steps.
 //
-// Another one is also declared and described in include/jsw/jsw.h, which drivers compile against,
-// and named in jsw.def: what is not named there is not exported.
+// To add one, also declare and describe it in include/jsw/jsw.h, which drivers compile against, and
+// name it in jsw.def: only names listed there are exported.
 
 #include "PublicLib/calls/EntryGuard.h"
 #include "jsw/Controller.h"
@@ -20,7 +20,7 @@ std::string textOf(const char* text) {
     return text == nullptr ? "" : text;
 }
 
-/// For a driver that knows nothing of the ink and passes null.
+/// For a driver that passes null because it does not know the ink levels.
 constexpr InkInfo kUnknownInkInfo = JSW_INK_UNKNOWN;
 
 }  // namespace
@@ -33,7 +33,7 @@ uint8_t JSWInit(const char* friendlyName, const char* jobname, uint32_t jobType,
                 uint32_t secondsRemaining, JswStatusCallback statusCallback) {
     bool started = false;
     EntryGuard::run(kJsw, "JSWInit", [&] {
-        // Read before a lock is taken: the record may be anywhere.
+        // Copied before a lock is taken: reading the driver's memory may fault.
         const InkInfo ink = inkInfo != nullptr ? *inkInfo : kUnknownInkInfo;
         const InkInfo* record = inkInfo != nullptr ? inkInfo : &ink;
         const jsw::Job job{textOf(friendlyName), textOf(jobname), jobType, currentPage, totalPages,
@@ -65,7 +65,7 @@ uint32_t JSWPostDlgMsg(void* message) {
     return 1;
 }
 
-/// Exported as JSWGetAPIVersion too.
+/// Also exported as JSWGetAPIVersion.
 uint32_t JSWFilterDllMsg(void* /*value1*/, void* /*value2*/, void* /*value3*/) {
     return 1;
 }

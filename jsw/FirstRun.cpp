@@ -17,11 +17,11 @@ namespace jsw {
 
 namespace {
 
-/// Followed by the local id. All sessions share the name, as they share the store: a job may be
-/// printed by a service.
+/// Followed by the local id. The name is global to all sessions, like the store: a service may
+/// print a job.
 constexpr char kLockName[] = "Global\\QNSETUP_";
 
-/// Where the mark lies: a value of the key that holds the stores.
+/// The mark is a value of the key that contains the stores.
 std::string marksPath() {
     return Localize::getInstance()->getJswRoot() + "Local";
 }
@@ -29,9 +29,9 @@ std::string markName() {
     return Localize::getInstance()->localId() + setting::kInstallationPending;
 }
 
-/// Raises for a store that may be there but cannot be opened: nothing must be written over it.
+/// Throws if a store may exist but cannot be opened: it must not be overwritten.
 bool isInstallationDue(const std::string& store) {
-    // The store first: one that is there had its mark before.
+    // Look for the store first: its mark is written before it is created.
     if (RegistryKey::openExisting(store)) return isFirstRunPending();
     const DWORD error = GetLastError();
     if (readOutcome(error) == Read::missing) return true;
@@ -46,7 +46,7 @@ std::string settingsFilePath() {
 }
 
 bool isFirstRunPending() {
-    // For reading: who may use his store need not have all rights to the key above it.
+    // Read-only: an account may use its store without having all rights to the key above it.
     return RegGetValueA(HKEY_LOCAL_MACHINE, marksPath().c_str(), markName().c_str(), RRF_RT_ANY,
                         nullptr, nullptr, nullptr) == ERROR_SUCCESS;
 }
@@ -60,7 +60,7 @@ bool FirstRun::installStoreIfMissing() {
         lock_->acquire(INFINITE);
         if (!isInstallationDue(store) || install(store)) return true;
     } catch (const Exception& error) {
-        // Asks no switch: without a store there are none, and nobody would hear of it.
+        // Ignores the switches: without a store there are none, and the error would be lost.
         writeLogLine(component::kJsw, kLogError, concat("ERROR - ", error.text()));
     }
     SetLastError(ERROR_INTERNAL_ERROR);
@@ -74,7 +74,7 @@ bool FirstRun::install(const std::string& store) {
     const RegistryKey created(store, true);
     const std::string file = settingsFilePath();
     const bool installed = SettingsInstaller(file).installSettings();
-    // The log goes by what it last read for a while; now there are settings to read.
+    // The log caches its switches for a while; now there are settings to read.
     if (const auto logger = BasicLogger::existing()) logger->recheckStore();
     if (!installed) {
         logLine(component::kJsw, kLogError, "ERROR - unable to install all settings of ", file);

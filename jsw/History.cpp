@@ -39,8 +39,8 @@ void History::destroy() {
     MethodTrace trace(component::kJsw, "History::destroy: ");
     const auto leaving = singleton->existing();
     singleton->destroy([&] { trace.add("destroying History."); });
-    // A thread that is still inside lets go of it, and so saves it, later; but the next job is to
-    // read what there is by now.
+    // A thread that still holds the history destroys and saves it later, but the next job must
+    // already read the present list.
     if (leaving.use_count() > 1) {
         runGuarded(component::kJsw, "History::save", [&] { leaving->save(); });
     }
@@ -58,7 +58,7 @@ History::~History() {
     });
 }
 
-/// A missing number is the normal case; one of another type is an error worth a line.
+/// A missing number is normal; one of another type is logged as an error.
 void History::readMaxSize() {
     try {
         std::uint32_t maxSize = 0;
@@ -84,7 +84,7 @@ void History::read() {
     ownNames_.clear();
     for (const auto& [name, bbId] : entries) {
         ownNames_.insert(toLower(name));
-        if (ownNames_.size() > most) continue;  // not read, but this list's to remove
+        if (ownNames_.size() > most) continue;  // not read, but save() removes it
         if (bbId) {
             trace.add("bbId=", *bbId);
             add(*bbId);
@@ -112,20 +112,20 @@ void History::save() {
             complete = false;
         }
     }
-    // An id that could not be written may still be there under its old name.
+    // An id that could not be written may still be stored under its old name.
     if (complete) removeStaleIds(trace);
     dirty_ = !complete;
 }
 
-/// What else this object has found in the key would come back at the next job: values left by an
-/// earlier, longer list, and foreign ones, which are in the list under names of their own by now.
-/// What another process has added meanwhile stays.
+/// Removes the other values that read() has found, or the next job would read them again: those of
+/// an earlier, longer list, and foreign ones, which the list has stored under its own names by now.
+/// Values that another process has added meanwhile stay.
 void History::removeStaleIds(MethodTrace& trace) {
     std::set<std::string> current;
     for (std::uint32_t position = 0; position < count(); ++position) {
         current.insert(toLower(valueName(position)));
     }
-    auto key = RegistryKey::openExisting(idsPath());  // one for all: there may be thousands
+    auto key = RegistryKey::openExisting(idsPath());  // once: there may be thousands
     if (!key) return;
     for (const std::string& name : ownNames_) {
         if (current.contains(name)) continue;
@@ -208,7 +208,7 @@ void History::clear() {
     ids_.clear();
     try {
         RegistryKey::recurseDeleteKey(idsPath(), HKEY_LOCAL_MACHINE);
-        ownNames_.clear();  // else save() removes them
+        ownNames_.clear();  // or save() would remove them
     } catch (const Exception& error) {
         trace.add("Unable to clear history from the registry");
         trace.add(error.text());

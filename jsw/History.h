@@ -13,25 +13,25 @@ namespace jsw {
 
 class MethodTrace;
 
-/// The billboards that were shown, oldest first, kept in the registry between jobs. Every thread
-/// may use it. Failures of the registry are logged and never raised.
+/// The billboards that were shown, oldest first, stored in the registry between jobs. Every thread
+/// may use it. Failures of the registry are logged, never raised.
 class History {
   public:
     static std::shared_ptr<History> instance();
     static void destroy();
 
-    /// Reads the list that an earlier job has left.
+    /// Reads the list that earlier jobs have stored.
     History();
-    /// Writes the list back when anything was added.
+    /// Saves the list, unless it was empty when read and nothing was added.
     ~History();
     History(const History&) = delete;
     History& operator=(const History&) = delete;
 
     void read();
-    /// Writes the list and removes what read() has found besides it. Other values, which another
-    /// process has added since, stay.
+    /// Writes the list and removes the other values that read() has found. Values that another
+    /// process has added since then stay.
     void save();
-    /// Appends an id, which becomes the current one; the oldest goes when there are too many.
+    /// Appends an id, which becomes the current one; removes the oldest if there are too many.
     void add(const std::string& bbId);
     std::int32_t size() const;
     bool isPresentInHistory(const std::string& bbId) const;
@@ -53,7 +53,7 @@ class History {
 
     mutable CriticalSection lock_;
     std::deque<std::string> ids_;
-    std::set<std::string> ownNames_;  // of the stored values, lowered as the registry takes them
+    std::set<std::string> ownNames_;  // of the stored values, in lower case
     std::int32_t current_ = -1;
     std::uint32_t maxSize_ = setting::kHistoryMaxSize.defaultValue;
     bool dirty_ = false;

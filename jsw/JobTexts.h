@@ -7,8 +7,8 @@
 
 namespace jsw {
 
-/// The texts of a job that several threads share. Values go in and out as copies, so the lock is
-/// never held across a call to anybody else.
+/// The texts of a job that several threads share. Values are copied in and out, so the lock is
+/// never held across another call.
 class JobTexts {
   public:
     /// A new job begins, with this billboard on screen.
@@ -23,7 +23,7 @@ class JobTexts {
     std::string friendlyName() const { return get(friendlyName_); }
     /// The billboard that the INK_STATUS action shows.
     std::string inkStatusId() const { return get(inkStatusId_); }
-    /// The last billboard shown that is no ink status page; empty before.
+    /// The last billboard shown that is not an ink status page; empty before.
     std::string currentId() const { return get(currentId_); }
     /// The billboard on screen.
     std::string displayedId() const { return get(displayedId_); }

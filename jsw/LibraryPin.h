@@ -4,8 +4,8 @@
 
 namespace jsw {
 
-/// Why the library could not be pinned when it was loaded; ERROR_SUCCESS when it stays loaded until
-/// the process ends. Each job then says so in the log.
+/// The error of pinning the library at load; each job logs it. ERROR_SUCCESS: the library stays
+/// loaded until the process exits.
 inline DWORD pinError = ERROR_SUCCESS;
 
 }  // namespace jsw

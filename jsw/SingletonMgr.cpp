@@ -29,8 +29,8 @@ void logBuilt(const char* name) {
             "::instance() <<<");
 }
 
-/// In the order of teardown; each one that does not exist is passed over. A callback that is late
-/// makes none that stays.
+/// In the order of teardown; skips those that do not exist. A late callback creates none that
+/// stays.
 void destroyJobObjects() {
     singletonsStay = false;
     CurrentProcess::destroy();
@@ -41,7 +41,7 @@ void destroyJobObjects() {
     BillboardView::destroy();
 }
 
-/// The folders that an installed store still lacks belong to its first run.
+/// The first run also sets the folders that an installed store lacks.
 void setUpStore() {
     FirstRun firstRun;
     firstRun.installStoreIfMissing();
@@ -92,7 +92,7 @@ SingletonMgr::~SingletonMgr() {
     runGuarded(component::kJsw, "SingletonMgr::~SingletonMgr", [] {
         logMarker(">>> SingletonMgr::~SingletonMgr: ");
         destroyJobObjects();
-        // Last, when the window is gone: the updater may replace the modules.
+        // Last, after the window has closed: the updater may replace the modules.
         runGuarded(component::kUpdater, "AppUpdatesController::checkForUpdates",
                    [] { AppUpdatesController::instance()->checkForUpdates(); });
         AppUpdatesController::destroy();

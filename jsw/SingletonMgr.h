@@ -5,7 +5,7 @@ namespace jsw {
 /// The process's singletons: built when the first job starts, torn down when the last one ends.
 class SingletonMgr {
   public:
-    /// Throws when one of them cannot be built; what was built until then is torn down again.
+    /// Throws if one of them cannot be built, after tearing down those built so far.
     SingletonMgr();
     virtual ~SingletonMgr();
     SingletonMgr(const SingletonMgr&) = delete;

@@ -37,11 +37,11 @@ class Thread {
     Thread(const Thread&) = delete;
     Thread& operator=(const Thread&) = delete;
 
-    /// Starts the thread. Throws Win32Exception when it cannot be created.
+    /// Starts the thread. Throws Win32Exception if it cannot be created.
     void launch();
 
-    /// Waits up to so many milliseconds (INFINITE: for ever, serving the messages sent to windows
-    /// of this thread); true when the thread has ended. With 0: whether it has ended.
+    /// Waits at most timeoutMilliseconds; with INFINITE it keeps serving the messages sent to the
+    /// calling thread's windows. True if the thread has ended.
     bool wait(std::uint32_t timeoutMilliseconds) const;
 
     static constexpr std::uint32_t kDefaultStackSize = 4096;
