@@ -20,11 +20,11 @@ constexpr auto kUncountedPages = static_cast<std::uint32_t>(-2);
 
 NeverDestroyed<Singleton<BillboardView>> singleton;
 
-/// The view modules that this process has loaded, by the name of their file. There is more than one
-/// only when an update has brought another; none is ever freed.
+/// The view modules that this process has loaded, by file name. An update may add another one; none
+/// is ever freed.
 class ViewModules {
   public:
-    /// The module of the file; null when it cannot be loaded.
+    /// The module of the file; null if it cannot be loaded.
     ModuleDll* load(const std::string& fileName, MethodTrace& trace) {
         const std::lock_guard lock(lock_);
         std::unique_ptr<ModuleDll>& module = modules_[fileName];
@@ -156,7 +156,7 @@ void BillboardView::jswTerminate() {
 
 void BillboardView::jswUpdateInfo(std::uint32_t value1, std::uint32_t value2, std::uint32_t value3,
                                   void* data) {
-    MethodTrace silent;  // pages come often: nothing of this is ever logged
+    MethodTrace silent;  // called for every page: never logs
     if (dll_ == nullptr) return;
     lookUpAndCall<JswViewUpdateInfo>(dll_, component::kJsw, "UpdateInfo", silent, value1, value2,
                                      value3, data);
@@ -168,7 +168,7 @@ void BillboardView::displayBillboard(const std::string& billboard, bool enableBi
     MethodTrace trace(component::kJsw, kTag);
     trace.add("billboard= '", billboard, "' enableBillboardNavigation=", enableBillboardNavigation,
               " restoreWindow=", restoreWindow);
-    if (!isUp_) return;  // for a click that has outlived its job
+    if (!isUp_) return;  // for a click that outlives its job
     forwardMarked<JswViewDisplayBillboard>(kTag, "DisplayBillboard", trace, billboard.c_str(),
                                            JswBool{enableBillboardNavigation},
                                            JswBool{restoreWindow});
@@ -187,7 +187,7 @@ void BillboardView::hideGui() {
 }
 
 void BillboardView::setDataPath(const std::string& dataPath) const {
-    // The tag is that of the setting forwarder; readers of the log know it so.
+    // The tag: see "Fixed interfaces" in docs/architecture.md.
     MethodTrace trace(component::kJsw, "BillboardView::setGuiSetting: ");
     trace.add("dataPath='", dataPath, "'.");
     if (dll_ == nullptr) {
@@ -237,7 +237,7 @@ void BillboardView::setJswProgressMinimized() const {
 void BillboardView::setShowSpecialMessages() {
     MethodTrace trace(component::kJsw, "BillboardView::setShowSpecialMessages: ");
     showSpecialMessages_ = readFlag(setting::kShowSpecialMessages);
-    // Unlike the process window's, the default here is always "on".
+    // Unlike the process window's, this default is always "on".
     setGuiSetting("SetShowSpecialMessages", setting::kShowSpecialMessages, 1);
 }
 

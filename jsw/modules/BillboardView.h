@@ -13,7 +13,7 @@
 
 namespace jsw {
 
-/// What the window shows first.
+/// What the window shows at the start.
 struct FirstBillboard {
     std::string dataPath;          ///< folder of the billboard data, without a trailing backslash
     std::string defaultBillboard;  ///< file name
@@ -22,19 +22,19 @@ struct FirstBillboard {
 };
 
 /// The process-wide binding of the view module, which draws the job window. Window events are
-/// published to the attached observers. Without a module every operation does nothing but log.
+/// published to the attached observers. Without a module every operation only logs.
 class BillboardView : public Subject {
   public:
     static std::shared_ptr<BillboardView> instance();
     static void destroy();
 
     BillboardView();
-    /// Leaves the module loaded until the process ends: a thread of its window may still be leaving
-    /// its code. A later job shares it again.
+    /// Leaves the module loaded until the process exits, because a thread of its window may still
+    /// run its code. Later jobs share it.
     ~BillboardView() override;
 
-    /// Sets the window up and shows it, unless the user has switched it off. False only when there
-    /// is no module.
+    /// Sets the window up and shows it, unless the user has switched it off. False only without a
+    /// module.
     bool jswInit(const Job& job, const FirstBillboard& first);
     void jswTerminate();
     void jswUpdateInfo(std::uint32_t value1, std::uint32_t value2, std::uint32_t value3,

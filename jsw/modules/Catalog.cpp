@@ -15,8 +15,8 @@ NeverDestroyed<Singleton<Catalog>> singleton;
 constexpr char kNoList[] =
     "There are no project Ids for the given category. It may be a project id instead.";
 
-/// How many texts a list has; an empty text ends it as a null pointer does. Nothing when the list
-/// or a text leads nowhere, which is a fault of the module's.
+/// The number of texts in a list, which a null pointer or an empty text ends. Nothing if the list
+/// or a text is an invalid pointer, which is the module's fault.
 std::optional<std::size_t> countTexts(const char* const* list) {
     std::size_t count = 0;
     CallEnd end{};
@@ -32,7 +32,7 @@ std::optional<std::size_t> countTexts(const char* const* list) {
 
 }  // namespace
 
-/// What a question for a list logs.
+/// The log texts of a query for a list.
 struct Catalog::ListTexts {
     const char* entryName;
     const char* emptyList;
@@ -83,7 +83,7 @@ bool Catalog::initialize() {
     callForeign(
         component::kCatalog, kName, [&] { entry(&allocateForModule); }, end);
     if (end != CallEnd::returned) {
-        // A module that could not start must not be asked; the next question tries it again.
+        // A module that could not start is not queried; the next query tries to load it again.
         dll_.reset();
         trace.add("ERROR - Catalog is not loaded.");
         return false;
@@ -102,7 +102,7 @@ void Catalog::uninitialize() {
     lookUpAndCall<JswCatalogUnInitialize>(dll_.get(), component::kCatalog, "UnInitialize", trace);
 }
 
-/// Puts one question to the module; the empty answer when that is not possible.
+/// Queries the module; returns the empty answer if that is not possible.
 template <class Function>
 auto Catalog::ask(const char* name, const std::string& id, MethodTrace& trace)
     -> decltype(std::declval<Function>()(nullptr)) {
@@ -158,10 +158,10 @@ void Catalog::askList(const ListTexts& texts, const std::string& id, std::vector
         return;
     }
     const auto count = countTexts(answer);
-    if (!count) return;  // who knows whose memory it is
+    if (!count) return;  // ownership unknown, so not freed
     const ModuleMemory<char*> owner(answer);
     if (*answer == nullptr) trace.add(texts.emptyList);
-    // The empty text that ends the list, and what follows it, stay the module's.
+    // The empty text that ends the list and the entries after it are not freed.
     for (std::size_t i = 0; i < *count; ++i) {
         list.push_back(takeText(answer[i]));
         trace.add(texts.added, list.back());
@@ -179,7 +179,7 @@ void Catalog::getBillboardIds(const std::string& category, std::vector<std::stri
 void Catalog::getBillboardActions(const std::string& bbId, std::vector<std::string>& actions) {
     MethodTrace trace(component::kCatalog, "Catalog::getBillboardActions: ");
     trace.add("bbId=", bbId);
-    // The texts speak of project ids here too; readers of the log know them so.
+    // The texts: see "Fixed interfaces" in docs/architecture.md.
     askList({"GetBillboardActions", "There are no project Ids for the given category.",
              "Added action="},
             bbId, actions, trace);

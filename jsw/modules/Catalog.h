@@ -10,7 +10,7 @@
 
 namespace jsw {
 
-/// The process-wide binding of the catalog module, which knows the billboards. The first question
+/// The process-wide binding of the catalog module, which describes the billboards. The first query
 /// loads the module. Nothing is raised: whatever is missing gives an empty answer.
 class Catalog {
   public:
@@ -20,15 +20,15 @@ class Catalog {
     Catalog();
     virtual ~Catalog();
 
-    /// Loads the module and starts it, once; false when there is no usable module, such as one that
-    /// raises an exception when it is started.
+    /// Loads and starts the module, once; false if there is no usable module, for example because
+    /// its start raises an exception.
     bool initialize();
     void uninitialize();
 
-    /// Project ids of a category; the list is replaced, and empty for a text that is no category.
+    /// Replaces the list by the project ids of a category; empty if the text is not a category.
     void getBillboardIds(const std::string& category, std::vector<std::string>& ids);
     void getBillboardActions(const std::string& bbId, std::vector<std::string>& actions);
-    /// The parameter of one action, counted from 0; empty when there is none.
+    /// The parameter of one action, counted from 0; empty if there is none.
     std::string getBillboardActionParam(const std::string& bbId, std::int32_t actionId);
     std::string getBillboardFileName(const std::string& bbId);
     std::string getBillboardType(const std::string& bbId);
@@ -47,8 +47,8 @@ class Catalog {
     void askList(const ListTexts& texts, const std::string& id, std::vector<std::string>& list,
                  MethodTrace& trace);
 
-    // Two threads may ask their first question at once. The module's Initialize runs under it, so
-    // that no question comes before its end.
+    // Two threads may make their first query at the same time. The module's Initialize runs under
+    // this lock, so that every query comes after it.
     CriticalSection loadLock_;
     std::unique_ptr<ModuleDll> dll_;
 };

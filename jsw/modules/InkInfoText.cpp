@@ -42,7 +42,7 @@ constexpr Field kFields[] = {
     {"iPhysCartID2=", offsetof(InkInfo, iPhysCartID2), Kind::number},
 };
 
-/// The record is packed, so its numbers need not be aligned.
+/// The record is packed, so its numbers may be unaligned.
 template <class Number>
 Number numberAt(const InkInfo& inkInfo, std::size_t offset) {
     Number number{};
@@ -50,7 +50,7 @@ Number numberAt(const InkInfo& inkInfo, std::size_t offset) {
     return number;
 }
 
-/// The driver need not end the text with a zero byte.
+/// The driver may omit the text's terminating zero byte.
 std::string diagnosticAt(const InkInfo& inkInfo, std::size_t offset) {
     const char* text = reinterpret_cast<const char*>(&inkInfo) + offset;
     const void* end = std::memchr(text, 0, JSW_PRINTHEAD_DIAG_SIZE);

@@ -7,7 +7,7 @@
 
 namespace jsw {
 
-/// One line per field of the ink record, name and value, in the order of the log.
+/// One log line per field of the ink record, name and value, in the log's order.
 std::vector<std::string> inkInfoLines(const InkInfo& inkInfo);
 
 }  // namespace jsw

@@ -13,11 +13,11 @@ struct Job {
     std::string jobName;
     std::uint32_t jobType;
     std::uint32_t currentPage;
-    std::uint32_t totalPages;  ///< -1 or -2 when not known
+    std::uint32_t totalPages;  ///< -1 or -2 if unknown
     std::uint32_t currentCopy;
     std::uint32_t totalCopies;
-    const InkInfo* inkInfo;  ///< for the view: the driver's, or one like it
-    InkInfo ink;             ///< what it says, -1 for what is not known
+    const InkInfo* inkInfo;  ///< for the view: the driver's, or a substitute if it passed null
+    InkInfo ink;             ///< a copy of it; -1: unknown
     std::uint32_t portType;
     std::uint32_t secondsRemaining;
 };

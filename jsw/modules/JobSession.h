@@ -23,9 +23,9 @@ class BillboardActions {
     virtual bool isChoosing() const = 0;
 };
 
-/// One job of the driver's, from its JSWInit until its window is down. A callback of the view
-/// module holds the present session while it runs and acts through it: what it reaches lives on,
-/// and what it reports goes to the driver that started this job.
+/// One job of the driver, from its JSWInit until its window is closed. A callback of the view
+/// module holds the present session while it runs and acts through it. So the objects that it uses
+/// stay alive, and its reports go to the driver that started this job.
 class JobSession {
   public:
     /// @param callback  null: the driver wants no status codes
@@ -41,14 +41,14 @@ class JobSession {
     BillboardView& view() const { return *view_; }
     BillboardActions& actions() const { return *actions_; }
 
-    /// Calls the driver's status callback, if it wants codes and the job's end is not through, on
-    /// this thread.
+    /// Calls the driver's status callback on this thread, if there is one and the job's end is not
+    /// complete.
     void report(std::uint32_t status) const;
 
-    /// Whether the driver's calls act on it: its start is through and it is not over.
+    /// Whether the driver's calls act on it: it has started and is not over.
     bool isRunning() const { return stage_ == Stage::running; }
-    /// Whether the driver has ended it. For the driver it is over then, whoever carries the end
-    /// out.
+    /// Whether the driver has ended it. For the driver it is then over, on whatever thread the end
+    /// runs.
     bool isOver() const { return stage_ == Stage::over; }
 
     void setRunning() {
@@ -56,7 +56,7 @@ class JobSession {
         stage_.compare_exchange_strong(expected, Stage::running);
     }
     void setOver() { stage_ = Stage::over; }
-    /// The end is through: the driver hears no more of this job.
+    /// The end is complete: the driver gets no more status codes of this job.
     void close() { callback_ = nullptr; }
 
   private:

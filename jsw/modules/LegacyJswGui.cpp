@@ -17,7 +17,7 @@ constexpr char kModuleName[] = "jswo.dll";
 LegacyJswGui::LegacyJswGui() {
     MethodTrace trace(component::kJsw, "LegacyJswGui::LegacyJswGui: ");
     const std::string folder = OsVersion::instance().printerDriverFolderByMajorVersion();
-    if (folder.empty()) {  // the path would lead to the root of some drive
+    if (folder.empty()) {  // the path would name the root of a drive
         logLine(component::kJsw, kLogError,
                 "ERROR - The printer driver directory is unknown, error=", GetLastError(),
                 ". The JSW GUI DLL is not loaded.");
@@ -32,7 +32,7 @@ LegacyJswGui::~LegacyJswGui() {
     MethodTrace trace(component::kJsw, "LegacyJswGui::~LegacyJswGui: ");
 }
 
-/// The entry point, or null: with a line that is always written when there is no module.
+/// The entry point, or null. Without a module a line is written even with the log off.
 template <class Function>
 Function* LegacyJswGui::find(const char* operation, const char* name, MethodTrace& trace) const {
     if (dll_) return findEntry<Function>(dll_.get(), name, trace);

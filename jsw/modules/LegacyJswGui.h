@@ -9,8 +9,8 @@
 
 namespace jsw {
 
-/// The older job window module, which lies in the printer driver's own folder, for the length of
-/// one prompt. Nothing is raised; a module that is not loaded is reported at every call.
+/// The older job window module from the printer driver's own folder, loaded for one prompt. Nothing
+/// is raised; if the module is not loaded, every call logs that.
 class LegacyJswGui {
   public:
     LegacyJswGui();
@@ -18,7 +18,7 @@ class LegacyJswGui {
     LegacyJswGui(const LegacyJswGui&) = delete;
     LegacyJswGui& operator=(const LegacyJswGui&) = delete;
 
-    /// True when the module has prepared itself.
+    /// True if the module has prepared itself.
     bool jswInitEx(const std::string& text);
     void jswTerminate();
     /// Returns when the prompt is answered.

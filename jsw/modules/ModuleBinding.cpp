@@ -51,7 +51,7 @@ std::string takeText(char* text) {
     CallEnd end{};
     const std::size_t length = callForeign(
         component::kJsw, "a text that it returned", [&] { return std::strlen(text); }, end);
-    if (end != CallEnd::returned) return {};  // who knows whose memory it is
+    if (end != CallEnd::returned) return {};  // ownership unknown, so not freed
     const ModuleMemory<char> owner(text);
     return {text, length};
 }

@@ -11,10 +11,10 @@
 #include <string>
 #include <utility>
 
-/// What all bindings of modules have in common: where a module lies, how it is loaded, how an entry
-/// point is called and who frees what it returns.
+/// What all bindings of modules have in common: where a module's file is, how it is loaded, how an
+/// entry point is called and who frees what it returns.
 ///
-/// When a module is loaded, and when it is tried again after that has failed:
+/// When a module is loaded, how long it stays, and when a failed load is repeated:
 ///
 ///     view           with the first job's objects; stays for the process    with the next job's
 ///     catalog        at its first question; until the job's objects go      at the next question
@@ -22,22 +22,22 @@
 ///     older window   when a prompt begins; until it is answered             at the next prompt
 ///     device client  by PcsClient, at each call that needs it               at the next call
 ///
-/// An update takes effect at these moments. A failure is logged each time, and what was to be asked
-/// gets its empty answer.
+/// An update takes effect at these moments. Each failure is logged, and the query gets the empty
+/// answer.
 namespace jsw {
 
 using ModuleDll = BasicDll<DllHandler>;
 
-/// Full name of a module's file: the module folder of the settings ("DllPath", "." when it is
-/// missing) joined with the module's name from the settings, or the default one.
+/// Full path of a module's file: the module folder from the settings ("DllPath", default ".")
+/// joined with the module's name from the settings, or its default name.
 std::string moduleFilePath(const setting::Text& module);
 
-/// Loads a module; null, with an error line in the log, when it cannot be loaded.
+/// Loads a module; null, with an error line in the log, if it cannot be loaded.
 std::unique_ptr<ModuleDll> loadModule(const std::string& fileName, const LoggerComponent& component,
                                       MethodTrace& trace);
 
-/// The module's entry point, or null with a line in the trace. Looked up at every call, because a
-/// module may be loaded afresh between two calls.
+/// The module's entry point, or null with a line in the trace. Looked up at every call, because the
+/// module may be loaded again between two calls.
 template <class Function>
 Function* findEntry(const ModuleDll* dll, const char* name, MethodTrace& trace) {
     Function* entry = dll == nullptr ? nullptr : findEntryPoint<Function>(dll->handle(), name);
@@ -45,7 +45,7 @@ Function* findEntry(const ModuleDll* dll, const char* name, MethodTrace& trace) 
     return entry;
 }
 
-/// Looks an entry point up and calls it; the empty answer when it is missing.
+/// Looks up an entry point and calls it; returns the empty answer if it is missing.
 template <class Function, class... Args>
 auto lookUpAndCall(const ModuleDll* dll, const LoggerComponent& component, const char* name,
                    MethodTrace& trace, const Args&... args)
@@ -56,7 +56,7 @@ auto lookUpAndCall(const ModuleDll* dll, const LoggerComponent& component, const
     return decltype(std::declval<Function>()(args...))();
 }
 
-/// The allocation function handed to modules: size bytes that this library frees, or null.
+/// The allocation function for modules: size bytes that this library frees, or null.
 void* allocateForModule(std::int32_t size);
 
 struct FreeModuleMemory {
@@ -66,8 +66,8 @@ struct FreeModuleMemory {
 template <class T>
 using ModuleMemory = std::unique_ptr<T, FreeModuleMemory>;
 
-/// Copies a text that a module returned, null as an empty one, and frees it. A pointer that leads
-/// nowhere is a fault of the module's.
+/// Copies a text that a module returned (null: empty) and frees it. An invalid pointer is the
+/// module's fault.
 std::string takeText(char* text);
 
 }  // namespace jsw

@@ -35,7 +35,7 @@ bool RulesEngine::initialize(const InkInfo& inkInfo, const std::string& friendly
     trace.add("friendlyName='", friendlyName, "' jobName='", jobName, "' totalPages=", pages,
               " totalCopies=", copies, ".");
     trace.setResult(0);
-    if (!dll_) return false;  // the constructor has said so already
+    if (!dll_) return false;  // the constructor has logged why
     const bool started = forward<JswRulesInitializeEngine>(
                              "InitializeEngine", trace, &allocateForModule, &inkInfo,
                              friendlyName.c_str(), jobName.c_str(), pages, copies) != 0;

@@ -8,8 +8,8 @@
 
 namespace jsw {
 
-/// The rules engine module for one run of rules. Used by one thread. Nothing is raised: without a
-/// module, or an entry point, the answer is empty.
+/// The rules engine module for one run of rules. Not thread-safe. Nothing is raised: without the
+/// module or an entry point, the answer is empty.
 class RulesEngine {
   public:
     RulesEngine();
@@ -21,13 +21,13 @@ class RulesEngine {
                     const std::string& jobName, std::uint32_t totalPages,
                     std::uint32_t totalCopies);
     void updateSettings(const std::string& carts, bool inkBillboard, bool specialBillboard);
-    /// A category or billboard id; empty when the rule does not apply.
+    /// A category or billboard id; empty if the rule does not apply.
     std::string evaluateRule();
     bool isMoreRules();
     bool isHistoryChecked();
     void uninitialize();
 
-    /// How the last call of the module came to its end.
+    /// How the last call of the module ended.
     CallEnd lastCall() const { return lastCall_; }
 
   private:

@@ -16,22 +16,22 @@ struct WindowEvent {
     const JobSession& session;  ///< the job whose window reports
 };
 
-/// Wants to know when something happens to a subject.
+/// Gets the events of a subject.
 class Observer {
   public:
     virtual ~Observer() = default;
-    /// Called on the thread on which it happened.
+    /// Called on the thread of the event.
     virtual void update(Subject* subject, const WindowEvent& event) = 0;
 };
 
-/// Tells its observers when something happens to it. Does not own them: they detach before they go.
+/// Notifies its observers of events. Does not own them: they detach before they are destroyed.
 class Subject {
   public:
     virtual ~Subject() = default;
     virtual void attach(Observer* observer);
     virtual void detach(Observer* observer);
-    /// Calls every observer that is attached at this moment; without holding a lock, so an
-    /// observer may attach, detach or notify.
+    /// Calls every observer that is attached at this moment. Holds no lock, so an observer may
+    /// attach, detach or notify.
     virtual void notify(const WindowEvent& event);
 
   private:

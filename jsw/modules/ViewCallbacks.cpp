@@ -12,8 +12,8 @@ namespace jsw {
 
 namespace {
 
-/// Runs a callback's work on the present job; does nothing when there is none. Nothing that goes
-/// wrong reaches the module.
+/// Runs a callback's work on the present job; does nothing without one. No failure reaches the
+/// module.
 template <class Work>
 void runCallback(const char* name, const Work& work) {
     EntryGuard::run(component::kJsw, name, [&] {

@@ -2,7 +2,7 @@
 
 #include <jsw/view.h>
 
-/// The view module's entry points that the binding only forwards to: each with the tag of its trace
+/// The view module's entry points to which the binding only forwards: the tag of each one's trace,
 /// and its name.
 namespace jsw::view {
 

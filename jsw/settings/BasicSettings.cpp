@@ -20,7 +20,7 @@ void endWithBackslash(std::string& path) {
     if (path.empty() || path.back() != '\\') path += '\\';
 }
 
-/// Runs one access to the registry; what it raises becomes false and the thread's last error.
+/// Runs one access to the registry; turns an exception into false and the thread's last error.
 template <class Access>
 bool orLastError(const Access& access) {
     try {
@@ -28,7 +28,7 @@ bool orLastError(const Access& access) {
     } catch (const Exception& error) {
         SetLastError(static_cast<DWORD>(error.code()));
     } catch (const std::exception&) {
-        SetLastError(ERROR_NOT_ENOUGH_MEMORY);  // a value or name too large to be held
+        SetLastError(ERROR_NOT_ENOUGH_MEMORY);  // a value or name too large for memory
     }
     return false;
 }
@@ -66,7 +66,7 @@ template <class Value>
 Read BasicSettings::get(const std::string& subKey, const std::string& name, Value& value,
                         bool shared) const {
     const bool found = orLastError([&] {
-        // A missing key is ordinary: nothing is raised for it.
+        // A missing key is normal: nothing is raised.
         const auto key = RegistryKey::openExisting(getKeyPath(shared) + subKey);
         if (!key) return false;
         if (key->getValue(name, value)) return true;

@@ -10,46 +10,45 @@
 
 namespace jsw {
 
-/// A value of a key that was listed.
+/// A listed value of a key.
 struct NamedText {
     std::string name;
-    std::optional<std::string> text;  ///< nothing: the value is no text, or was not read
+    std::optional<std::string> text;  ///< nothing: the value is not a text, or was not read
 };
 
-/// Values below one root key of HKEY_LOCAL_MACHINE, in a store shared by all host programs or in
-/// the one of this host.
+/// Values below one root key of HKEY_LOCAL_MACHINE, in the store shared by all host programs or in
+/// this host's own.
 ///
-/// Every call opens and closes a key of its own, so an object holds no handles and may be used on
-/// any thread. Nothing is raised: a call that fails answers false, leaves its outputs as they were
-/// and the Win32 error in GetLastError(), which is ERROR_FILE_NOT_FOUND for a missing value.
+/// Thread-safe: every call opens and closes its own key, so an object holds no handles. Nothing is
+/// raised: a call that fails returns false, leaves its outputs unchanged and sets GetLastError(),
+/// to ERROR_FILE_NOT_FOUND for a missing value.
 class BasicSettings {
   public:
-    /// How many names of a key are listed where nothing else is asked for.
+    /// The default for the number of listed names of a key.
     static constexpr std::uint32_t kMaxNames = 100;
 
-    /// @param root       path below HKEY_LOCAL_MACHINE; a trailing "\" is added when missing
+    /// @param root       path below HKEY_LOCAL_MACHINE; a missing trailing "\" is added
     /// @param localName  name of the host's own store, or empty: then all keys lie below the root
     BasicSettings(std::string root, std::string localName);
 
     /// Read only. The value is a number (std::uint32_t), a text (std::string) or bytes
-    /// (std::vector<std::uint8_t>); false when the key or value is missing or of another type.
+    /// (std::vector<std::uint8_t>); false if the key or value is missing or has another type.
     template <class Value>
     bool getValue(const std::string& subKey, const std::string& name, Value& value,
                   bool shared = false) const {
         return get(subKey, name, value, shared) == Read::found;
     }
 
-    /// The same for a setting of the local store, with what the look came to.
+    /// The same for a setting of the local store; returns the outcome.
     Read read(const setting::Text& text, std::string& value) const;
     Read read(const setting::Number& number, std::uint32_t& value) const;
 
-    /// The same, but a value that is missing is written with its default and returned. It stays
-    /// Read::missing when the root key does not exist, which is not created, or when the default
-    /// cannot be written.
+    /// The same, but for a missing value the default is written and returned. Read::missing if the
+    /// default cannot be written, or if the root key does not exist, which is not created.
     Read readOrWriteDefault(const setting::Text& text, std::string& value) const;
     Read readOrWriteDefault(const setting::Number& number, std::uint32_t& value) const;
 
-    /// Create the key when it is missing.
+    /// Create a missing key.
     bool setValue(const std::string& subKey, const std::string& name, std::uint32_t value,
                   bool shared = false) const;
     bool setValue(const std::string& subKey, const std::string& name, const std::string& value,
@@ -58,7 +57,7 @@ class BasicSettings {
     bool write(const setting::Number& number, std::uint32_t value) const;
 
     bool deleteValue(const std::string& subKey, const std::string& name, bool shared = false) const;
-    /// Deletes the key and everything below it; one that does not exist is no failure.
+    /// Deletes the key and everything below it; a missing key is not a failure.
     bool deleteKey(const std::string& subKey, bool shared = false) const;
     /// Appends the names of the key's values, kMaxNames at most; false when there is no such key.
     bool getValueNames(const std::string& subKey, std::vector<std::string>& names,
@@ -68,7 +67,7 @@ class BasicSettings {
     bool getStringValues(const std::string& subKey, std::vector<NamedText>& texts,
                          std::size_t mostTexts = kMaxNames, bool shared = false) const;
 
-    /// Where the keys of a store lie, below HKEY_LOCAL_MACHINE; ends with "\".
+    /// The path of a store's keys below HKEY_LOCAL_MACHINE; ends with "\".
     std::string getKeyPath(bool shared) const;
     bool rootExists() const;
 

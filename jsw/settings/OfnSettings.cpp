@@ -47,7 +47,7 @@ std::string originalFriendlyName(const std::string& printerName) {
         const std::lock_guard lock(cache.lock);
         if (cache.filled && cache.printerName == printerName) return cache.originalName;
     }
-    // Without the lock: a printer on another machine may take its time to answer.
+    // Without the lock: a printer on another machine may answer slowly.
     std::string originalName = readOriginalFriendlyName(printerName);
     const std::lock_guard lock(cache.lock);
     cache.printerName = printerName;

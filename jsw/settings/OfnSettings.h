@@ -7,19 +7,19 @@
 
 namespace jsw {
 
-/// The store of one printer. A printer that is renamed keeps its store: the store is named after
-/// the friendly name that the printer was installed with.
+/// The store of one printer. The store has the friendly name with which the printer was installed,
+/// so a renamed printer keeps it.
 class OfnSettings : public BasicSettings {
   public:
-    /// @param printerName  name by which the spooler knows the printer now; empty: no printer
+    /// @param printerName  the printer's present name in the spooler; empty: no printer
     explicit OfnSettings(const std::string& printerName);
 
-    /// Where a printer's store lies below HKEY_LOCAL_MACHINE.
+    /// The path of a printer's store below HKEY_LOCAL_MACHINE.
     static std::string printerStorePath(const std::string& printerName);
 };
 
-/// The friendly name that a printer was installed with (printer data "OriginalFriendlyName");
-/// empty when it cannot be had. The answer for the last name asked is remembered.
+/// The friendly name with which a printer was installed (printer data "OriginalFriendlyName");
+/// empty if unavailable. The answer for the last name is cached.
 std::string originalFriendlyName(const std::string& printerName);
 
 }  // namespace jsw

@@ -23,13 +23,13 @@ namespace {
 
 constexpr REGSAM kAllRights = KEY_ALL_ACCESS;
 
-/// A type of values as getValue() reads it, and what it raises when it cannot.
+/// A type of values that getValue() reads, and the errors that it raises.
 struct ValueKind {
     DWORD type;
-    DWORD otherType;  ///< is taken as well
+    DWORD otherType;  ///< is accepted, too
     const char* failure;
     ErrorPlace place;
-    const char* longFailure;  ///< of the second query, which a long value takes
+    const char* longFailure;  ///< for the second query, which a long value needs
     ErrorPlace longPlace;
 };
 
@@ -52,10 +52,10 @@ constexpr ValueKind kBytes{REG_BINARY,
                            "RegistryKey::getValue(binary)",
                            place::kGetBytes};
 
-/// A value as it lies in the registry. One query is enough for a value of ordinary length.
+/// A raw value of the registry. A value of ordinary length needs only one query.
 class StoredValue {
   public:
-    /// False when there is no such value. Raises for one that is of another type.
+    /// False if there is no such value. Raises if it has another type.
     bool read(HKEY key, const std::string& name, const ValueKind& kind) {
         DWORD type = REG_NONE;
         DWORD size = 0;
@@ -70,7 +70,7 @@ class StoredValue {
         if (status == ERROR_FILE_NOT_FOUND) return false;
         const bool exists = status == ERROR_SUCCESS || status == ERROR_MORE_DATA;
         if (!exists || (type != kind.type && type != kind.otherType)) {
-            // A text that cannot be queried has no type, and is reported as of the wrong one.
+            // A text that cannot be queried has no type; the error says "wrong type".
             const bool mismatch = type != kind.type && (exists || kind.type == REG_SZ);
             raise(concat(kind.failure, name, mismatch ? " : incorrect value type" : ""),
                   exists ? ERROR_INVALID_DATATYPE : status, kind.place);
@@ -83,7 +83,7 @@ class StoredValue {
         return true;
     }
 
-    /// Valid as long as this object.
+    /// Valid during this object's lifetime.
     std::span<const BYTE> bytes() const { return bytes_; }
 
   private:
@@ -174,7 +174,7 @@ bool RegistryKey::getValue(const std::string& name, std::uint32_t& value) const 
 bool RegistryKey::getValue(const std::string& name, std::string& value) const {
     StoredValue stored;
     if (!stored.read(key_.get(), name, kText)) return false;
-    // A stored text need not have a terminator, and may have more than one.
+    // A stored text may have no terminator, or several.
     const auto bytes = stored.bytes();
     value.assign(bytes.begin(), std::find(bytes.begin(), bytes.end(), BYTE{0}));
     return true;
@@ -204,7 +204,7 @@ void RegistryKey::setValue(const std::string& name, const std::string& value) {
 }
 
 void RegistryKey::setValue(const std::string& name, const std::vector<std::uint8_t>& value) {
-    // A string's text: a fixed interface.
+    // The text about strings: see "Fixed interfaces" in docs/architecture.md.
     set(name, REG_BINARY, value.data(), value.size(),
         "RegistryKey::setValue(string): Unable to set ");
 }
@@ -216,8 +216,8 @@ void RegistryKey::deleteValue(const std::string& name) {
 
 namespace {
 
-/// Appends the names that next(index, buffer, size) gives until it has no more or max is reached;
-/// all or, when it fails, none.
+/// Appends the names that next(index, buffer, size) returns until there are no more or max is
+/// reached. On failure appends nothing.
 template <std::size_t bufferSize, class Next>
 void enumerate(std::vector<std::string>& names, std::uint32_t max, const char* failure,
                const Next& next) {
@@ -259,13 +259,13 @@ namespace {
     raise("RegistryKey::recurseDeleteKey() RegOpenKey()", status, place::kDeleteKeyOpen);
 }
 
-/// The one key that is emptied but never deleted, wherever it lies.
+/// The one key that is emptied but never deleted, at any level.
 bool isProtected(std::string_view path) {
     while (path.ends_with('\\')) path.remove_suffix(1);
     return equalsIgnoringCase(path.substr(path.rfind('\\') + 1), "SOFTWARE");
 }
 
-/// Whether an open key is a link: it has no keys or values of its own but leads to another key.
+/// Whether an open key is a link: it has no keys or values of its own but refers to another key.
 bool isLink(HKEY key) {
     DWORD type = REG_NONE;
     return RegQueryValueExA(key, "SymbolicLinkValue", nullptr, &type, nullptr, nullptr) ==
@@ -273,8 +273,7 @@ bool isLink(HKEY key) {
            type == REG_LINK;
 }
 
-/// Deletes an open link. By its handle, which RegDeleteKey does not take: asked for its name, that
-/// may follow the link.
+/// Deletes an open link by its handle. RegDeleteKey needs a name and may follow the link.
 LSTATUS deleteLink(HKEY link) {
     // Never unloaded, so its handle needs no owner.
     const HMODULE system = GetModuleHandleA("ntdll");
@@ -286,7 +285,7 @@ LSTATUS deleteLink(HKEY link) {
 
 void deleteChildren(HKEY key);
 
-/// False when there is no such key. A link is deleted itself; what it leads to stays.
+/// False if there is no such key. Deletes a link itself, not its target.
 bool deleteTree(HKEY parent, const std::string& path) {
     KeyHandle key;
     LSTATUS status =
@@ -317,12 +316,12 @@ void deleteChildren(HKEY key) {
            ERROR_SUCCESS) {
         const std::string child(buffer.data(), size);
         if (!deleteTree(key, child)) {
-            // Another process may have been faster. A name that is listed once more is one that
-            // cannot be opened, and would be listed for ever.
+            // Another process may have deleted the key. If the same name is listed again, it cannot
+            // be opened and would be listed for ever.
             if (child == missing) raiseOpenFailure(ERROR_FILE_NOT_FOUND);
             missing = child;
         }
-        if (isProtected(child)) ++index;  // it is still there
+        if (isProtected(child)) ++index;  // still exists
         size = kKeyNameSize;
     }
 }

@@ -13,30 +13,30 @@ namespace jsw {
 
 class Security;
 
-/// What a look for a key or a value came to.
+/// The outcome of looking for a key or a value.
 enum class Read {
     found,
-    missing,    ///< it is not there, or nothing above it is
-    wrongType,  ///< there is a value of another type or size
-    refused,    ///< the system does not tell, so it may be there and say anything
+    missing,    ///< the value, or a key above it, does not exist
+    wrongType,  ///< the value has another type or size
+    refused,    ///< the system refused; the value may exist
 };
 
-/// What the Win32 error means that a look ended with; 0 is success.
+/// The outcome for a Win32 error; 0 is success.
 [[nodiscard]] Read readOutcome(std::uint32_t error);
 
-/// An open registry key with all rights. Keys are created open to everyone. Every failure but a
-/// missing value raises Win32Exception; outputs are then left as they were.
+/// An open registry key with all rights. New keys give everyone full access. Every failure except a
+/// missing value raises Win32Exception and leaves outputs unchanged.
 class RegistryKey {
   public:
-    /// Opens the path, or creates it and what is missing above it.
+    /// Opens the path, or creates it and the missing keys above it.
     RegistryKey(const std::string& path, bool createIfMissing, HKEY hive = HKEY_LOCAL_MACHINE);
 
-    /// The key, or nothing when it cannot be opened; then GetLastError() says why.
+    /// The key; nothing, with GetLastError() set, if it cannot be opened.
     [[nodiscard]] static std::optional<RegistryKey> openExisting(const std::string& path,
                                                                  HKEY hive = HKEY_LOCAL_MACHINE);
 
-    /// Each answers false when the value does not exist and raises when it has another type. A
-    /// text may also be a REG_EXPAND_SZ; it is not expanded.
+    /// Each returns false if the value does not exist and raises if it has another type. A text may
+    /// also be a REG_EXPAND_SZ, which is not expanded.
     bool getValue(const std::string& name, std::uint32_t& value) const;
     bool getValue(const std::string& name, std::string& value) const;
     bool getValue(const std::string& name, std::vector<std::uint8_t>& value) const;
@@ -50,7 +50,7 @@ class RegistryKey {
     void getChildrenNames(std::vector<std::string>& names, std::uint32_t max) const;
     void getValueNames(std::vector<std::string>& names, std::uint32_t max) const;
 
-    /// Deletes a key and everything below it; a key that does not exist is no failure. A key named
+    /// Deletes a key and everything below it; a missing key is not a failure. A key named
     /// "SOFTWARE" is emptied but never deleted. Links to other keys are deleted, not followed. The
     /// first key that cannot be opened or deleted ends the call.
     static void recurseDeleteKey(const std::string& path, HKEY hive);

@@ -3,9 +3,9 @@
 #include "PublicLib/logging/LogSwitches.h"
 #include "PublicLib/printer/PrinterSettings.h"
 
-/// Every key and value of the registry store that the library reads or writes; those of the log and
-/// of the printer are named where they are read. Keys lie below the host's local store unless said
-/// otherwise.
+/// Every key and value of the registry store that the library reads or writes, except those of the
+/// log and the printer, which are next to their readers. Keys are below the host's local store
+/// unless stated otherwise.
 namespace jsw::setting {
 
 inline constexpr char kSettingsKey[] = "Settings\\";
@@ -15,10 +15,10 @@ inline constexpr char kHistoryKey[] = "Settings\\Controller\\History";
 inline constexpr char kHistoryIdsKey[] = "Settings\\Controller\\History\\Ids";
 inline constexpr char kCatalogKey[] = "Settings\\Catalog\\";
 inline constexpr char kUpdatedFilesKey[] = "Settings\\FileNamesOfUpdatedFiles";
-inline constexpr char kGuiKey[] = "Settings\\Gui\\";  // one text per value the view wants kept
+inline constexpr char kGuiKey[] = "Settings\\Gui\\";  // one text per value that the view saves
 inline constexpr char kUpdaterKey[] = "Settings\\Updater";
 
-// Folders and identification. What is missing has a fallback of its own where it is read.
+// Folders and identification. The readers have fallbacks for missing values.
 inline constexpr Text kDataPath{kSettingsKey, "DataPath", ""};
 inline constexpr Text kDllPath{kSettingsKey, "DllPath", "."};
 inline constexpr Text kDefaultBillboard{kSettingsKey, "DefaultBillboard", "DEFAULT"};
@@ -28,18 +28,18 @@ inline constexpr Text kManufacturerName{kSettingsKey, "ManufacturerName", ""};
 inline constexpr Text kPrinterCode{kSettingsKey, "PrinterCode", ""};
 inline constexpr Number kDeleteStoreOnUninstall{kSettingsKey, "DeleteStoreOnUninstall", 0};
 
-/// Above the local store, after the local id: a number that is there during a first run, and after
-/// one whose process was killed.
+/// In the key above the local stores, after the local id: a number that exists during a first run,
+/// and after one whose process was killed.
 inline constexpr char kInstallationPending[] = "InstallationPending";
 
-// The modules in use; the default is appended to the local id. The updater leaves the names of new
-// ones in kUpdatedFilesKey under the same value names.
+// The modules in use; the default is the local id plus this name. The updater writes the names of
+// new ones to kUpdatedFilesKey under the same value names.
 inline constexpr Text kCatalogModule{kControllerKey, "Catalog", "bcat.dll"};
 inline constexpr Text kRulesEngineModule{kControllerKey, "RulesEngine", "reng.dll"};
 inline constexpr Text kViewModule{kControllerKey, "View", "jswv.dll"};
 inline constexpr Text kCatalogFilename{kCatalogKey, "CatalogFilename", ""};
 
-// What the default billboard was when it was last looked up.
+// The default billboard that was last looked up.
 inline constexpr Text kDefaultBillboardFile{kDefaultBillboardKey, "FileName", ""};
 inline constexpr Number kDefaultBillboardNavigate{kDefaultBillboardKey, "Navigate", 0};
 inline constexpr Number kDefaultBillboardRestore{kDefaultBillboardKey, "RestoreGui", 0};

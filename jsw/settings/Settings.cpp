@@ -51,7 +51,7 @@ bool Settings::setFlag(const setting::Number& flag, UpdateFlag state) const {
 
 std::string Settings::dataUpdatesFolder() const {
     const std::string common = specialFolder(CSIDL_COMMON_APPDATA);
-    if (common.empty()) return {};  // the path would lead to the root of some drive
+    if (common.empty()) return {};  // the path would name the root of a drive
     std::string directory = setting::kDataUpdatesDirectory.defaultValue;
     readOrWriteDefault(setting::kDataUpdatesDirectory, directory);
     std::string driver;

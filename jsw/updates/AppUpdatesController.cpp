@@ -24,20 +24,19 @@ std::time_t makeTime(std::tm* time) {
     return std::mktime(time);
 }
 
-/// A setting that nobody knows may say that no check is wanted yet, so none is made.
+/// A setting that cannot be read may switch checks off, so no check is made.
 void logUnreadable(const char* name) {
     const DWORD error = GetLastError();
     logLine(component::kUpdater, kLogError, "ERROR - unable to read the setting ", name,
             ", error=", error);
 }
 
-/// Throws Exception for what must not be started. Whether there is such a program at all is left to
-/// the launch.
+/// Throws Exception if the program must not be started. The launch finds out whether it exists.
 void refuseUnlessUpdater(const std::string& path, const std::string& name) {
     const auto refuse = [](const std::string& why) { throw Exception(why, 0); };
     if (name.empty()) refuse("the updater has no name");
     if (!isPlainFileName(name)) refuse("the updater's name is no plain file name: " + name);
-    // The shell would open it in a window.
+    // The shell would open a folder in a window.
     if (isFolder(path)) refuse("the updater is a folder: " + path);
 }
 
@@ -75,7 +74,7 @@ void AppUpdatesController::checkForUpdates() {
         return;
     }
     trace.add("It it time to check for updates. Attempting to initiate the update process");
-    // Before anything is started: a launch that fails is not tried again with every job.
+    // Before the launch, so that a launch that fails is not repeated at every job.
     resetLastUpdatesCheckTime();
 
     std::string name;
@@ -152,9 +151,8 @@ bool AppUpdatesController::isItTimeToCheckForUpdates() {
     return due;
 }
 
-/// Today's date for a store that has none yet, and while there is no store; empty, which is no
-/// date, for a value of the wrong type, so that the check is due and puts it right. Nothing, and
-/// logged, for one that cannot be read.
+/// Today's date if the value or the store is missing. Empty for a value of the wrong type, so that
+/// a check is due, which corrects it. Nothing, and logged, if the value cannot be read.
 std::optional<std::string> AppUpdatesController::lastCheckDate(const Settings& settings,
                                                                const std::string& today) const {
     setting::Text stored = setting::kDateLastChecked;

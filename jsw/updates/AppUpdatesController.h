@@ -16,9 +16,8 @@ namespace jsw {
 
 class MethodTrace;
 
-/// Starts the updater program when it is time to, and takes into use what it has installed. Nothing
-/// that goes wrong reaches the job: it is logged, and the job goes on. Used by the thread that
-/// begins or ends a job.
+/// Starts the updater program when a check is due, and switches to what it has installed. Failures
+/// are logged and do not affect the job. Used only by the thread that begins or ends a job.
 class AppUpdatesController {
   public:
     static std::shared_ptr<AppUpdatesController> instance();
@@ -45,19 +44,20 @@ class AppUpdatesController {
     void checkForUpdatesVista(const std::string& updaterPath);
     /// As the user at the console: this process may be a service.
     void checkForUpdatesXp(const std::string& updaterPath);
-    /// The primary token of the user at the console. False, with the Win32 error, when there is
-    /// none; both outputs must be given.
+    /// The primary token of the user at the console. False, with the Win32 error, if there is none.
+    /// Neither output may be null.
     bool getSessionUserToken(KernelHandle* token, DWORD* error);
-    /// The environment of the token's user. False, and logged, when there is none: the updater is
-    /// started all the same, with the environment of this process.
+    /// The environment of the token's user. False, and logged, if there is none: the updater then
+    /// starts with the environment of this process.
     bool createEnvironment(UserEnvironment& environment, HANDLE token);
 
     // What follows an update, in PostUpdateChanges.cpp.
 
-    /// Takes new modules and data into use, once.
+    /// Switches to new modules and data, once.
     void performPostUpdateChangesIfRequired();
-    /// Gives a fresh store its data and module folders. True when the data folder was missing and
-    /// everything missing could be written, so false when only the module folder was missing.
+    /// Writes a new store's missing data and module folders. True if the data folder was missing
+    /// and everything missing could be written; so false if only the module folder was missing, see
+    /// "Fixed interfaces" in docs/architecture.md.
     bool setInitialPaths();
     std::string getInitialPath();
     void resetCachedDefaultBillboardSettings();
@@ -66,8 +66,8 @@ class AppUpdatesController {
     struct Moment;
 
     bool currentTime(Moment& moment) const;
-    /// Not when the setting cannot be read, which is logged. What to add to the trace when it says
-    /// that updates are off is given by the caller.
+    /// Whether updates are on. False, and logged, if the setting cannot be read. whenOff: the line
+    /// for the trace if updates are off.
     static bool isTurnedOn(const Settings& settings, MethodTrace& trace, const char* whenOff);
     std::optional<std::string> lastCheckDate(const Settings& settings,
                                              const std::string& today) const;

@@ -10,7 +10,7 @@ namespace jsw {
 
 namespace {
 
-/// A file that the updater replaces by one of a new name.
+/// A file that the updater replaces by a file with a new name.
 struct UpdatedFile {
     const char* what;            ///< in the log
     const setting::Text* inUse;  ///< holds the name in use; the new one has the same value name
@@ -23,7 +23,7 @@ constexpr UpdatedFile kUpdatedFiles[] = {
     {"BillBoard Version", &setting::kBillBoardVersionFile},
 };
 
-/// Hands on whether a setting was written; when not, says so.
+/// Returns written; if false, logs it.
 bool noteWritten(const char* name, bool written) {
     if (!written) {
         const DWORD error = GetLastError();
@@ -37,8 +37,8 @@ void setFlag(const Settings& settings, const setting::Number& flag, UpdateFlag s
     noteWritten(flag.name, settings.setFlag(flag, state));
 }
 
-/// Takes the file's new name into use; false, with the old name kept, when there is no such file or
-/// the name cannot be stored.
+/// Stores the file's new name as the name in use. False, with the old name kept, if the file does
+/// not exist or the name cannot be stored.
 bool switchFile(const Settings& settings, const UpdatedFile& file, const std::string& folder,
                 MethodTrace& trace) {
     std::string name;
@@ -52,8 +52,8 @@ bool switchFile(const Settings& settings, const UpdatedFile& file, const std::st
     return noteWritten(file.inUse->name, settings.write(*file.inUse, name));
 }
 
-/// Takes the folder of the new data into use; false, with the old one kept, when the catalog is not
-/// there or the folder cannot be stored.
+/// Stores the folder of the new data as the folder in use. False, with the old one kept, if the
+/// catalog is missing or the folder cannot be stored.
 bool switchDataPath(const Settings& settings, const std::string& folder, const std::string& catalog,
                     MethodTrace& trace) {
     if (!isFileIn(folder, catalog)) {
@@ -126,10 +126,10 @@ void AppUpdatesController::performPostUpdateChangesIfRequired() {
 }
 
 void AppUpdatesController::switchSoftware(const Settings& settings, MethodTrace& trace) {
-    // A software package brings its data along.
+    // A software package contains its data.
     setFlag(settings, setting::kDataUpdated, UpdateFlag::updated);
-    // setInitialPaths() could not write a folder, and the names alone would lead to the root of
-    // some drive. The flag stays for the next job.
+    // If setInitialPaths() could not write a folder, the names alone would name files in the root
+    // of a drive. The flag stays for the next job.
     std::string folder;
     settings.read(setting::kDllPath, folder);
     if (folder.empty()) {

@@ -14,8 +14,8 @@ constexpr std::int32_t kFirstYear = 1900;  // of broken-down time
 constexpr double kSecondsPerDay = 86400.0;
 constexpr std::time_t kNoTime = -1;
 
-/// Takes a number, with the blanks before it, from the front of the text. What does not fit 32 bits
-/// is none.
+/// Takes a number, with the blanks before it, from the front of the text. Values beyond 32 bits are
+/// rejected.
 std::optional<std::int32_t> takeNumber(std::string_view& text) {
     while (!text.empty() && std::isspace(static_cast<unsigned char>(text.front())) != 0) {
         text.remove_prefix(1);
@@ -34,7 +34,7 @@ bool takeSlash(std::string_view& text) {
     return true;
 }
 
-/// Midnight at the beginning of the day; nothing for a day that has none in calendar time.
+/// Midnight at the beginning of the day; nothing if calendar time has no such moment.
 std::optional<std::time_t> midnight(const CalendarDate& date, int daylightSaving,
                                     const MakeTime& makeTime) {
     constexpr std::int32_t kLowest = std::numeric_limits<std::int32_t>::min();

@@ -8,7 +8,7 @@
 
 namespace jsw {
 
-/// Day of the calendar, as the numbers were written; none of them is checked.
+/// A date as written; the numbers are not checked.
 struct CalendarDate {
     std::int32_t month;
     std::int32_t day;
@@ -18,15 +18,15 @@ struct CalendarDate {
 /// "month/day/year" without leading zeros: 7/4/2008 is the fourth of July.
 std::string formatDate(const std::tm& time);
 
-/// The three numbers of a date text, in the order of formatDate(); blanks before a number and
-/// anything after the last one are passed over. Nothing when there are no three numbers.
+/// The three numbers of a date text, in the order of formatDate(). Blanks before a number and
+/// anything after the last one are ignored. Nothing if there are fewer than three numbers.
 std::optional<CalendarDate> parseDate(const std::string& text);
 
-/// Turns local broken-down time into calendar time; -1 when that is impossible.
+/// Converts local broken-down time to calendar time; -1 if that is impossible.
 using MakeTime = std::function<std::time_t(std::tm*)>;
 
-/// Whether the interval since the midnight that began the day of the last check is over. A date
-/// that cannot be understood, and an interval of 0, is always over.
+/// Whether the interval since the midnight at the start of the last check's day is over. With an
+/// invalid date or an interval of 0 a check is always due.
 ///
 /// @param lastCheck     date text of the last check
 /// @param intervalDays  days of 24 hours

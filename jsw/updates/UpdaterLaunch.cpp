@@ -25,16 +25,16 @@ bool queryUserToken(KernelHandle& token) {
     return query != nullptr && query(activeConsoleSession(), token.put()) != FALSE;
 }
 
-/// Starts the program as the token's user and lets go of it at once. FALSE with GetLastError()
-/// set.
+/// Starts the program as the token's user and does not wait for it. On failure FALSE, with
+/// GetLastError() set.
 BOOL startAsUser(HANDLE token, const std::string& path, void* environment) {
-    // Refused, not cut: what is left of a longer path may be the name of another program.
+    // A longer path is refused, not cut: the rest may name another program.
     if (path.size() > kLongestPath) {
         SetLastError(ERROR_FILENAME_EXCED_RANGE);
         return FALSE;
     }
-    // Within quotes: of "C:\up dates\upd.exe" without them, "C:\up.exe" would be started. No path
-    // has quotes of its own, which would end these.
+    // In quotes: for C:\up dates\upd.exe without quotes, Windows would start C:\up.exe. A quote
+    // inside the path would end them; no valid path has one.
     if (path.find('"') != std::string::npos) {
         SetLastError(ERROR_INVALID_NAME);
         return FALSE;
@@ -62,7 +62,7 @@ void AppUpdatesController::checkForUpdatesVista(const std::string& updaterPath) 
     const auto result = reinterpret_cast<INT_PTR>(
         callEntry(component::kUpdater, "ShellExecuteA", &ShellExecuteA, nullptr, "RunAs",
                   updaterPath.c_str(), "-UAC", nullptr, SW_SHOWNORMAL));
-    // A failure is no news: there may be no updater, and the user may refuse the elevation.
+    // A failure is not an error: there may be no updater, and the user may refuse the elevation.
     if (result > kHighestError) trace.add("Updater launched successfully.");
 }
 

@@ -8,11 +8,11 @@
 
 namespace jsw {
 
-/// The session of the user at the console; 0 on systems that cannot tell.
+/// The session of the user at the console; 0 on systems without that function.
 DWORD activeConsoleSession();
 
 /// The environment variables of a user, as a block for a new process. Owns the block and the
-/// library that made it, and gives both back.
+/// library that made it.
 class UserEnvironment {
   public:
     UserEnvironment() = default;
@@ -20,11 +20,11 @@ class UserEnvironment {
     UserEnvironment(const UserEnvironment&) = delete;
     UserEnvironment& operator=(const UserEnvironment&) = delete;
 
-    /// Makes the block of a token's user, without anything of this process's environment. Called
-    /// once. Empty on success, else what failed, with the error number: for the log.
+    /// Makes the block of a token's user, without this process's environment. Call it once. Returns
+    /// an empty text on success, else what failed, with the error number, for the log.
     std::string create(HANDLE token);
 
-    /// In wide characters; null when there is none, so that this process's own is inherited.
+    /// In wide characters; null if there is none, so that the process inherits this one's.
     void* block() const { return block_; }
 
   private:

@@ -13,8 +13,8 @@ constexpr CartridgeHolder kHolder2{
     &IPrinterCache::getInkCartridge2Type, &IPrinterCache::getInkCartridge2Level,
     &IPrinterCache::getCartridge2PartNumber, &IPrinterCache::getCartridge2ProgramType};
 
-/// The web pages know one code per kind. The size class is asked for, because the question belongs
-/// to the trace of a tag, but does not refine the code.
+/// The web pages have one code per kind. The size class is queried but does not refine the code,
+/// see "Fixed interfaces" in docs/architecture.md.
 std::string capacityCode(const IPrinterCache& cache, const CartridgeHolder& holder) {
     switch ((cache.*holder.type)()) {
         case CartridgeType::black:

@@ -16,7 +16,7 @@ struct Language {
     std::array<std::uint16_t, 16> ids;  // up to the first 0
 };
 
-/// Spanish (4 and 28) is told by its primary language instead; 11 was never given out.
+/// Spanish (4 and 28) is recognised by its primary language instead; 11 is unused.
 constexpr Language kLanguages[] = {
     {1, {0x040C, 0x080C, 0x0C0C, 0x100C, 0x140C}},
     {2, {0x0407, 0x0807, 0x0C07, 0x1007, 0x1407}},
@@ -71,7 +71,7 @@ constexpr Language kLanguages[] = {
 }  // namespace
 
 std::uint32_t languageCode(std::uint16_t languageId) {
-    if (languageId == 0) return 0;  // also fills the rows
+    if (languageId == 0) return 0;  // 0 also fills the rows
     if ((languageId & kPrimaryLanguageMask) == kSpanish) {
         return languageId == kSpanishModernSort ? 28 : 4;
     }

@@ -25,7 +25,7 @@ namespace {
 
 using Value = std::optional<std::string>;  // nothing: the fallback is used
 
-/// A tag that is told by its whole name.
+/// A tag that is recognised by its whole name.
 struct Macro {
     std::string_view name;
     const char* fallback;  ///< null: the tag stays
@@ -49,10 +49,10 @@ Value readPrinterSetting(const Printer& printer, const setting::Text& text) {
     return value;
 }
 
-/// The retailer's code in a file of the folder; empty when there is none.
+/// The retailer's code in a file of the folder; empty if there is none.
 std::string codeInRetailerFile(const std::string& folder) {
-    constexpr DWORD kMaxCode = 260;  // characters with the end
-    if (folder.empty()) return {};   // the path would lead to the root of some drive
+    constexpr DWORD kMaxCode = 260;  // characters with the terminator
+    if (folder.empty()) return {};   // the path would name the root of a drive
     const std::string file = joinPath(folder, Localize::getInstance()->localId() + "rtlr.ini");
     char code[kMaxCode] = "";
     GetPrivateProfileStringA("Skin", "Partner1URL", "", code, kMaxCode, file.c_str());
@@ -99,14 +99,14 @@ Value cartridgeValue(const CartridgeTag& tag, std::string_view tagName, Printer&
     return tag.value(printer.getCache(), *holder);
 }
 
-/// What a value's source answers; nothing, and a log line, when it fails.
+/// What a value's source returns; nothing, and a log line, if it fails.
 template <class Source>
 Value orLogged(const Source& source) {
     try {
         return source();
     } catch (const Exception& error) {
         logLine(component::kJsw, kLogError, error.text());
-    } catch (const std::exception&) {  // most often for want of memory, which another tag may have
+    } catch (const std::exception&) {  // usually out of memory; another tag may succeed
         reportException(component::kJsw, "MacroResolver::resolveTag");
     }
     return std::nullopt;

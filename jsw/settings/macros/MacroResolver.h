@@ -11,18 +11,17 @@ namespace jsw {
 
 class Printer;
 
-/// Puts facts about the machine, the job's printer and its cartridges in the place of the tags in
-/// an address. Nothing fails: a tag without a value gets its fallback or stays. Used by one thread
-/// at a time.
+/// Replaces the tags in an address by values of the machine, the job's printer and its cartridges.
+/// Nothing fails: a tag without a value gets its fallback or stays. Not thread-safe.
 class MacroResolver : public ISymbolicResolverHandler {
   public:
-    /// @param printer  whose facts are asked for; held, so that one address never speaks of two
+    /// @param printer  the source of values; held, so that an address never mixes two printers
     explicit MacroResolver(std::shared_ptr<Printer> printer);
 
     Printer& printer() const { return *printer_; }
 
-    /// The text with all tags replaced. When values lead back to themselves, the replacement stops
-    /// at TagLimits and the log gets a warning.
+    /// The text with all tags replaced. If values lead back to themselves, replacing stops at
+    /// TagLimits and the log gets a warning.
     std::string replaceMacros(const std::string& text);
 
     /// The value of one tag. An empty tag text gives the tag name.
@@ -30,8 +29,8 @@ class MacroResolver : public ISymbolicResolverHandler {
                                           std::string_view tagName) override;
 
     /// "&partner=" and the retailer's code, from the retailer file in the printer-driver folder or
-    /// from the printer's store; empty when there is none. Throws Exception when the host or the
-    /// version of Windows is not known.
+    /// from the printer's store; empty if there is none. Throws Exception if the host or the
+    /// version of Windows is unknown.
     std::string getPartnerCode();
 
   private:

@@ -6,7 +6,7 @@
 
 namespace jsw {
 
-/// The web pages' code for a system, and what the log notes when it is chosen.
+/// The web pages' code for a system, and the log's note about it.
 struct OsCode {
     std::string_view code;
     std::string_view note;  ///< may be empty

@@ -4,14 +4,15 @@
 
 namespace jsw {
 
-/// The codes of this machine that the addresses of web pages carry.
+/// The codes of this machine in the addresses of web pages.
 class PageDirectUtilities {
   public:
     /// The system's default language id, eight hexadecimal digits: "00000409".
     static std::string getCountryCode();
-    /// The number of the user's language, in decimal; "0" for English and all without a number.
+    /// The number of the user's language, in decimal; "0" for English and for languages without
+    /// one.
     static std::string getLanguageCode();
-    /// Throws Win32Exception when Windows does not tell its version.
+    /// Throws Win32Exception if Windows does not return its version.
     static std::string getOsCode();
 };
 

@@ -5,7 +5,7 @@
 namespace jsw {
 
 namespace {
-// They have no letters, so that they are the same in either case.
+// Without letters, so letter case does not matter.
 constexpr std::string_view kOpen = "_^";
 constexpr std::string_view kClose = "^_";
 }  // namespace
@@ -14,7 +14,7 @@ TagResult replaceTags(std::string text, ISymbolicResolverHandler* handler,
                       const TagLimits& limits) {
     const std::size_t maxSize = text.size() + limits.growth;
     std::size_t nested = 0;
-    std::size_t original = text.size();  // characters at the end that no value has reached
+    std::size_t original = text.size();  // characters at the end that are not part of a value
     std::size_t open = 0;
     while (handler != nullptr && (open = text.find(kOpen, open)) != std::string::npos) {
         const std::size_t close = text.find(kClose, open + kOpen.size());

@@ -12,19 +12,18 @@ class ISymbolicResolverHandler {
   public:
     virtual ~ISymbolicResolverHandler() = default;
 
-    /// The text that replaces a tag; nothing: the tag stays as it is.
+    /// The text that replaces a tag; nothing: the tag stays.
     /// @param tagText  the whole tag with its delimiters
-    /// @param tagName  what lies between the delimiters
+    /// @param tagName  the text between the delimiters
     virtual std::optional<std::string> resolveTag(std::string_view tagText,
                                                   std::string_view tagName) = 0;
 };
 
-/// Where replacing ends, because a value may lead back to itself.
+/// Limits of replacing, because a value may lead back to itself.
 struct TagLimits {
-    /// Replacements of tags that lie wholly in values. Those that use up characters of the text
-    /// are limited by its length.
+    /// Replacements of tags that are entirely inside values. The text's length limits the others.
     std::size_t nestedReplacements = 1000;
-    /// Characters by which the result may be longer than the text.
+    /// Characters by which the result may exceed the text.
     std::size_t growth = std::size_t{16} * 1024 * 1024;
 };
 
@@ -34,9 +33,9 @@ struct TagResult {
 };
 
 /// Replaces the tags in a text, "_^name^_", by their values. A value may contain tags, or complete
-/// one together with the text that follows it; those are replaced too. For texts of the length of
-/// an address: each replacement moves what follows it.
-/// @param handler  null: the text stays as it is
+/// one together with the text after it; these are replaced, too. Meant for texts of an address's
+/// length: each replacement moves the rest of the text.
+/// @param handler  null: the text is returned unchanged
 TagResult replaceTags(std::string text, ISymbolicResolverHandler* handler,
                       const TagLimits& limits = {});
 
