@@ -227,7 +227,7 @@ TEST(HostJudgementTest, UpdatesAreToldAsTheyStand) {
         [](StoreImage& image) {
             image.put("Settings\\Updater", "CompleteSoftwareUpdated", number(1));
         },
-        "modules that the updater has left");
+        "modules of an update come into use");
 }
 
 TEST(HostJudgementTest, SettingsAreToldAsAJobGoesByThem) {

@@ -318,7 +318,7 @@ TEST_F(ProgramTest, AModuleIsTriedInAProcessOfItsOwn) {
         const char* finding;
     } rows[] = {
         {"crash", "it crashes in GetBillboardFileName(DEFAULT) (0xC0000005)"},
-        {"literal", "GetBillboardFileName(DEFAULT) returns memory that is not from the given"},
+        {"literal", "GetBillboardFileName(DEFAULT) returns memory that was not allocated"},
         {"leak", "2 of the texts and lists that it allocated"},
         {"loop", "it does not return from GetBillboardFileName(DEFAULT)"},
     };

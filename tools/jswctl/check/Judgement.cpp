@@ -153,9 +153,9 @@ void judgePages(const HostFacts& facts, Report& report) {
                             "nothing",
                   isFirst ? Severity::error : Severity::warning, report);
     }
-    report.note("history", concat(facts.historySize, " of ",
-                                  facts.image.number(setting::kHistoryMaxSize).value,
-                                  " billboards in the history"));
+    report.note("history",
+                concat(facts.historySize, " of ",
+                       facts.image.number(setting::kHistoryMaxSize).value, " billboards"));
 }
 
 void judgeHost(const HostFacts& facts, Report& report) {
