@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <iterator>
 #include <system_error>
 
 namespace jsw {
@@ -16,9 +17,8 @@ constexpr std::uint32_t kDeviceSerialNumber = 0x0016;
 constexpr std::uint32_t kModemState = 0x0515;
 constexpr std::uint32_t kModemPresent = 0x0523;
 
-// The records of each cartridge lie in a block of their own.
-constexpr std::uint32_t kCartridge1Block = 0x0110;
-constexpr std::uint32_t kCartridge2Block = 0x0120;
+// The ids of each cartridge's records are a block of their own, the second behind the first.
+constexpr std::uint32_t kCartridgeBlocks = 0x0110;
 enum CartridgeField : std::uint32_t {
     kTypeField = 0x0,
     kSerialNumberField = 0x3,
@@ -33,11 +33,26 @@ std::uint32_t toCount(double value) {
     return value > 0 ? static_cast<std::uint32_t>(value) : 0;
 }
 
-/// Which cartridge, 1 or 2, a record belongs to; 0 when it belongs to none.
-unsigned cartridgeOf(std::uint32_t id) {
-    const std::uint32_t block = id - id % kCartridgeFields;
-    if (block == kCartridge1Block) return 1;
-    return block == kCartridge2Block ? 2 : 0;
+/// What the high half of a type byte means.
+struct TypeCode {
+    int highHalf;
+    CartridgeType type;
+    const char* name;  ///< in the log
+};
+constexpr TypeCode kTypeCodes[] = {
+    {0x2, CartridgeType::missing, "CARTRIDGETYPE_MISSING"},
+    {0x3, CartridgeType::black, "CARTRIDGETYPE_BLACK"},
+    {0x5, CartridgeType::color, "CARTRIDGETYPE_COLOR"},
+    {0x7, CartridgeType::photo, "CARTRIDGETYPE_PHOTO"},
+};
+constexpr TypeCode kInvalidType{-1, CartridgeType::invalid, "CARTRIDGETYPE_INVALID"};
+
+/// In base 36, with lower-case letters.
+PartNumber toPartNumber(std::uint32_t value) {
+    std::array<char, 34> text{};
+    const auto [end, error] = std::to_chars(text.data(), text.data() + text.size(), value, 36);
+    if (error != std::errc{}) return {"00", static_cast<int>(error)};
+    return {std::string(text.data(), end), 0};
 }
 
 double percentLeft(double capacity, double dots) {
@@ -57,29 +72,6 @@ const std::array<InkNumber, 10> kInkNumbers{
      {0x0414, "blackCartridgeCapacity=", &InkNumbers::blackCapacity},
      {0x0415, "colorCartridgeCapacity=", &InkNumbers::colorCapacity},
      {0x0417, "photoCartridgeCapacity=", &InkNumbers::photoCapacity}}};
-
-const char* cartridgeTypeName(CartridgeType type) {
-    switch (type) {
-        case CartridgeType::black:
-            return "CARTRIDGETYPE_BLACK";
-        case CartridgeType::photo:
-            return "CARTRIDGETYPE_PHOTO";
-        case CartridgeType::color:
-            return "CARTRIDGETYPE_COLOR";
-        case CartridgeType::missing:
-            return "CARTRIDGETYPE_MISSING";
-        case CartridgeType::invalid:
-            break;
-    }
-    return "CARTRIDGETYPE_INVALID";
-}
-
-PartNumber toPartNumber(std::uint32_t value) {
-    std::array<char, 34> text{};
-    const auto [end, error] = std::to_chars(text.data(), text.data() + text.size(), value, 36);
-    if (error != std::errc{}) return {"00", static_cast<int>(error)};
-    return {std::string(text.data(), end), 0};
-}
 
 void CacheRecord::parse(std::span<const std::uint8_t> stream) {
     std::size_t position = kHeaderSize;
@@ -104,12 +96,19 @@ void CacheRecord::parse(std::span<const std::uint8_t> stream) {
 void CacheRecord::takeRecord(std::uint32_t id, std::uint8_t length,
                              std::span<const std::uint8_t> rest) {
     if (id == kDeviceSerialNumber) {
-        if (length > rest.size()) return;
-        values_.deviceSerialNumber.assign(rest.begin(), rest.begin() + length);
+        if (length <= rest.size())
+            values_.deviceSerialNumber.assign(rest.begin(), rest.begin() + length);
         return;
     }
     if (!rest.empty()) takeByte(id, rest[0]);
     if (rest.size() >= kNumberSize) takeNumber(id, rest.data());
+}
+
+/// The cartridge that a record is about; null when it is about none.
+CartridgeValues* CacheRecord::cartridgeOf(std::uint32_t id) {
+    const std::uint32_t block = (id - kCartridgeBlocks) / kCartridgeFields;
+    return id >= kCartridgeBlocks && block < values_.cartridges.size() ? &values_.cartridges[block]
+                                                                       : nullptr;
 }
 
 void CacheRecord::takeByte(std::uint32_t id, std::uint8_t byte) {
@@ -118,23 +117,18 @@ void CacheRecord::takeByte(std::uint32_t id, std::uint8_t byte) {
         if (byte == 1) values_.modemCableReversed = true;
     }
     if (id == kModemPresent && byte == 1) values_.modemAvailable = true;
-    if (const unsigned cartridge = cartridgeOf(id); cartridge != 0) {
-        takeCartridgeByte(id % kCartridgeFields, values_.cartridges[cartridge - 1], byte);
-    }
-}
-
-void CacheRecord::takeCartridgeByte(std::uint32_t field, CartridgeValues& cartridge,
-                                    std::uint8_t byte) {
-    switch (field) {
+    CartridgeValues* const cartridge = cartridgeOf(id);
+    if (cartridge == nullptr) return;
+    switch (id % kCartridgeFields) {
         case kTypeField:
-            cartridge.type = getCartridgeType(byte);
+            cartridge->type = getCartridgeType(byte);
             takeCartridgeClass(byte);
             break;
         case kAuthenticityField:
-            cartridge.authenticity = byte >= 1 && byte <= 4 ? byte : 5;
+            cartridge->authenticity = byte >= 1 && byte <= 4 ? byte : 5;
             break;
         case kProgramTypeField:
-            cartridge.programType = std::min<std::uint32_t>(byte, 2);
+            cartridge->programType = std::min<std::uint32_t>(byte, 2);
             break;
         default:
             break;
@@ -151,23 +145,19 @@ void CacheRecord::takeCartridgeClass(std::uint8_t typeByte) {
 }
 
 void CacheRecord::takeNumber(std::uint32_t id, const std::uint8_t* bytes) {
-    if (id >= kInkNumbers.front().id && id <= kInkNumbers.back().id) {
-        const auto number = std::ranges::find(kInkNumbers, id, &InkNumber::id);
-        if (number != kInkNumbers.end()) ink_.*number->field = getUnsignedLongValue(bytes);
-    }
-    const unsigned cartridge = cartridgeOf(id);
-    if (cartridge == 0) return;
+    const auto number = std::ranges::find(kInkNumbers, id, &InkNumber::id);
+    if (number != kInkNumbers.end()) ink_.*number->field = getUnsignedLongValue(bytes);
+    CartridgeValues* const cartridge = cartridgeOf(id);
+    if (cartridge == nullptr) return;
     if (id % kCartridgeFields == kSerialNumberField) {
-        values_.cartridges[cartridge - 1].serialNumber = getUnsignedLongValue(bytes);
+        cartridge->serialNumber = getUnsignedLongValue(bytes);
     } else if (id % kCartridgeFields == kPartNumberField) {
-        takePartNumber(cartridge, getUnsignedLongValue(bytes));
+        const PartNumber partNumber = toPartNumber(getUnsignedLongValue(bytes));
+        cartridge->partNumber = partNumber.text;
+        if (observer_ != nullptr) {
+            observer_->onPartNumber(cartridge == &values_.cartridges[0] ? 1 : 2, partNumber);
+        }
     }
-}
-
-void CacheRecord::takePartNumber(unsigned cartridge, std::uint32_t value) {
-    const PartNumber partNumber = toPartNumber(value);
-    values_.cartridges[cartridge - 1].partNumber = partNumber.text;
-    if (observer_ != nullptr) observer_->onPartNumber(cartridge, partNumber);
 }
 
 void CacheRecord::tell(const char* conversion, const char* note) const {
@@ -200,22 +190,10 @@ std::uint32_t CacheRecord::mostDots(CartridgeType kind) const {
 }
 
 CartridgeType CacheRecord::getCartridgeType(std::uint8_t typeByte) const {
-    const CartridgeType type = [typeByte] {
-        switch (typeByte & 0xF0) {
-            case 0x20:
-                return CartridgeType::missing;
-            case 0x30:
-                return CartridgeType::black;
-            case 0x50:
-                return CartridgeType::color;
-            case 0x70:
-                return CartridgeType::photo;
-            default:
-                return CartridgeType::invalid;
-        }
-    }();
-    tell("getCartridgeType", cartridgeTypeName(type));
-    return type;
+    const auto* known = std::ranges::find(kTypeCodes, typeByte >> 4, &TypeCode::highHalf);
+    const TypeCode& code = known != std::end(kTypeCodes) ? *known : kInvalidType;
+    tell("getCartridgeType", code.name);
+    return code.type;
 }
 
 std::uint32_t CacheRecord::getUnsignedLongValue(const std::uint8_t* bytes) const {

@@ -40,12 +40,6 @@ struct PartNumber {
     int error;  // of the conversion; 0 when it went well, otherwise the text is "00"
 };
 
-/// Writes a part number in base 36, with lower-case letters.
-PartNumber toPartNumber(std::uint32_t value);
-
-/// The name under which a cartridge type is logged.
-const char* cartridgeTypeName(CartridgeType type);
-
 /// Is told what a CacheRecord does; does nothing itself.
 class CacheObserver {
   public:
@@ -90,10 +84,9 @@ class CacheRecord {
   private:
     void takeRecord(std::uint32_t id, std::uint8_t length, std::span<const std::uint8_t> rest);
     void takeByte(std::uint32_t id, std::uint8_t byte);
-    void takeCartridgeByte(std::uint32_t field, CartridgeValues& cartridge, std::uint8_t byte);
     void takeCartridgeClass(std::uint8_t typeByte);
     void takeNumber(std::uint32_t id, const std::uint8_t* bytes);
-    void takePartNumber(unsigned cartridge, std::uint32_t value);
+    CartridgeValues* cartridgeOf(std::uint32_t id);
     std::uint32_t capacityOf(CartridgeType kind) const;
     std::uint32_t mostDots(CartridgeType kind) const;
     void tell(const char* conversion, const char* note = nullptr) const;
