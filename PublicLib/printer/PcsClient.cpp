@@ -1,98 +1,55 @@
 #include "PublicLib/printer/PcsClient.h"
 
 #include "PublicLib/logging/Guard.h"
-#include "PublicLib/logging/MethodTrace.h"
 #include "PublicLib/printer/ServerName.h"
-#include "PublicLib/win/LoadLibrary.h"
 
-#include <windows.h>
-
-#include <utility>
+#include <mutex>
 
 namespace jsw {
 
-namespace {
-
-constexpr PcsStatus kHandleNotOpen = ERROR_INVALID_FUNCTION;
-
-/// Traces an operation and its status.
-class CallTrace : public MethodTrace {
-  public:
-    explicit CallTrace(const char* operation)
-        : MethodTrace(component::kJsw, "PcsClient::", operation, ": ") {}
-};
-
-}  // namespace
-
-PcsStatus PcsClient::callOnce(const char* operation, const Call& call, GivesUp onClientIdFailure) {
-    CallTrace trace(operation);
-    JswDeviceClientId clientId = 0;
-    PcsStatus status = acquireForCall(clientId, onClientIdFailure);
-    if (status != ERROR_SUCCESS) return trace.returning(status);
-    status = callLibrary(operation, call, find(operation), clientId);
-    release();
-    return trace.returning(status);
-}
-
 /// The references taken here are kept while the handle is open. The handle's record is made before
 /// anything is taken, so that a handle that was opened cannot fail to be remembered.
-PcsStatus PcsClient::open(const char* operation, PcsHandle handle, PcsDevice device,
-                          const Call& call) {
-    CallTrace trace(operation);
-    OpenHandles::node_type record = makeRecord(handle, device);
-    if (!record) return trace.returning<PcsStatus>(ERROR_NOT_ENOUGH_MEMORY);
-    JswDeviceClientId& clientId = record.mapped().clientId;
+PcsStatus PcsClient::open(const char* operation, PcsHandle handle, PcsDevice device) {
+    MethodTrace trace(component::kJsw, "PcsClient::", operation, ": ");
+    OpenHandles opened;
+    if (!runGuarded(component::kJsw, "PcsClient::open", [&] {
+            opened.emplace(handle, OpenHandle{0, 1, device});
+        })) {
+        return trace.returning<PcsStatus>(ERROR_NOT_ENOUGH_MEMORY);
+    }
+    JswDeviceClientId& clientId = opened.begin()->second.clientId;
     PcsStatus status = acquireForCall(clientId, GivesUp::library);
     if (status != ERROR_SUCCESS) return trace.returning(status);
     const EntryPoint entryPoint = find(operation);
-    status = callLibrary(operation, call, entryPoint, clientId);
+    status = callLibrary(operation, entryPoint, clientId, handle);
     if (entryPoint == nullptr) {
-        releaseUnopened(device);
+        // HID interfaces and scanners keep the client id: a fixed interface.
+        if (device != PcsDevice::hid && device != PcsDevice::scanner) releaseClientId();
+        releaseLibrary();
     } else if (status == ERROR_SUCCESS) {
-        remember(std::move(record));
+        const std::lock_guard lock(handleMapLock_);
+        openHandles_.merge(opened);
+        if (!opened.empty()) ++openHandles_.find(handle)->second.openCount;
     } else {
         release();
     }
     return trace.returning(status);
 }
 
-PcsStatus PcsClient::callByHandle(const char* operation, PcsHandle handle, const Call& call) {
-    CallTrace trace(operation);
-    const auto clientId = clientIdOf(handle);
-    if (!clientId) return trace.returning(kHandleNotOpen);
-    return trace.returning(callLibrary(operation, call, find(operation), *clientId));
-}
-
 /// Gives up what the open took, whatever the library says; of several threads that close one open,
 /// one gives it up. With a library that cannot close, the handle's record stays.
-PcsStatus PcsClient::close(const char* operation, PcsHandle handle) {
-    CallTrace trace(operation);
+PcsStatus PcsClient::closing(const char* operation, PcsHandle handle) {
+    MethodTrace trace(component::kJsw, "PcsClient::", operation, ": ");
     const auto clientId = clientIdOf(handle);
     if (!clientId) return trace.returning(kHandleNotOpen);
     const EntryPoint entryPoint = find(operation);
-    const PcsStatus status = callLibrary(operation, withClientId(handle), entryPoint, *clientId);
+    const PcsStatus status = callLibrary(operation, entryPoint, *clientId, handle);
     if (entryPoint == nullptr || forget(handle)) release();
     return trace.returning(status);
 }
 
-PcsStatus PcsClient::callService(const char* operation, const Call& call) {
-    CallTrace trace(operation);
-    if (acquireLibrary() != ERROR_SUCCESS) return trace.returning<PcsStatus>(ERROR_MOD_NOT_FOUND);
-    const PcsStatus status = callLibrary(operation, call, find(operation));
-    releaseLibrary();
-    return trace.returning(status);
-}
-
-/// Loads the library for this call alone and does not initialise it.
-PcsStatus PcsClient::callInstall(const char* operation, const Call& call) {
-    CallTrace trace(operation);
-    const ModuleHandle library = loadLibraryQuietly(dllName_);
-    if (!library) return trace.returning<PcsStatus>(GetLastError());
-    return trace.returning(callLibrary(operation, call, findIn(library.get(), operation)));
-}
-
 PcsStatus PcsClient::acquire() {
-    CallTrace trace("acquire");
+    MethodTrace trace(component::kJsw, "PcsClient::acquire: ");
     PcsStatus status = acquireLibrary();
     if (status != ERROR_SUCCESS) return trace.returning(status);
     JswDeviceClientId clientId = 0;
@@ -102,14 +59,14 @@ PcsStatus PcsClient::acquire() {
 }
 
 PcsStatus PcsClient::release() {
-    CallTrace trace("release");
+    MethodTrace trace(component::kJsw, "PcsClient::release: ");
     releaseClientId();
     releaseLibrary();
     return trace.returning<PcsStatus>(ERROR_SUCCESS);
 }
 
 PcsStatus PcsClient::checkServerName() {
-    CallTrace trace("checkServerName");
+    MethodTrace trace(component::kJsw, "PcsClient::checkServerName: ");
     PcsStatus status = ERROR_NOT_ENOUGH_MEMORY;
     runGuarded(component::kJsw, "PcsClient::checkServerName",
                [&] { status = findServer(serverName_); });
@@ -117,12 +74,12 @@ PcsStatus PcsClient::checkServerName() {
 }
 
 PcsStatus PcsClient::closeAllPrinters() {
-    CallTrace trace("closeAllPrinters");
+    MethodTrace trace(component::kJsw, "PcsClient::closeAllPrinters: ");
     return trace.returning(closeAll(PcsDevice::printer));
 }
 
 PcsStatus PcsClient::closeAllHids() {
-    CallTrace trace("closeAllHids");
+    MethodTrace trace(component::kJsw, "PcsClient::closeAllHids: ");
     return trace.returning(closeAll(PcsDevice::hid));
 }
 

@@ -1,13 +1,21 @@
 #pragma once
 
+#include "PublicLib/calls/ForeignCall.h"
 #include "PublicLib/locks/CriticalSection.h"
+#include "PublicLib/logging/MethodTrace.h"
 #include "PublicLib/printer/PcsFunctions.h"
 #include "PublicLib/win/Handles.h"
+#include "PublicLib/win/LoadLibrary.h"
 
+#include <windows.h>
+
+#include <array>
 #include <cstdint>
 #include <map>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <utility>
 
 namespace jsw {
 
@@ -61,77 +69,79 @@ class PcsClient {
     enum class GivesUp { library, clientId };
     using EntryPoint = void (*)();
 
-    /// A function of the library with its arguments: to be made with the entry point and, where it
-    /// takes one, the client id.
-    class Call {
-      public:
-        virtual PcsStatus make(EntryPoint entryPoint, JswDeviceClientId clientId) const = 0;
-
-      protected:
-        ~Call() = default;
-    };
-    template <class Make>
-    class CallMadeBy final : public Call {
-      public:
-        explicit CallMadeBy(const Make& make) : make_(make) {}
-        PcsStatus make(EntryPoint entryPoint, JswDeviceClientId clientId) const override {
-            return make_(entryPoint, clientId);
-        }
-
-      private:
-        Make make_;
-    };
-
-    template <class... Arguments>
-    static auto withClientId(Arguments... arguments) {
-        return CallMadeBy([=](EntryPoint entryPoint, JswDeviceClientId clientId) {
-            using Function = PcsStatus(JswDeviceClientId, Arguments...);
-            return reinterpret_cast<Function*>(entryPoint)(clientId, arguments...);
-        });
-    }
-    template <class... Arguments>
-    static auto withoutClientId(Arguments... arguments) {
-        return CallMadeBy([=](EntryPoint entryPoint, JswDeviceClientId) {
-            using Function = PcsStatus(Arguments...);
-            return reinterpret_cast<Function*>(entryPoint)(arguments...);
-        });
-    }
+    static constexpr PcsStatus kHandleNotOpen = ERROR_INVALID_FUNCTION;
+    static constexpr PcsStatus kLibraryRaised = 574;  // ERROR_UNHANDLED_EXCEPTION
 
     // The call families.
     template <class... Arguments>
     PcsStatus perCall(const char* operation, Arguments... arguments) {
-        return callOnce(operation, withClientId(arguments...), GivesUp::library);
+        return callOnce(operation, GivesUp::library, arguments...);
     }
     template <class... Arguments>
     PcsStatus perCallHid(const char* operation, Arguments... arguments) {
-        return callOnce(operation, withClientId(arguments...), GivesUp::clientId);
+        return callOnce(operation, GivesUp::clientId, arguments...);
+    }
+    template <class... Arguments>
+    PcsStatus callOnce(const char* operation, GivesUp onClientIdFailure, Arguments... arguments) {
+        MethodTrace trace(component::kJsw, "PcsClient::", operation, ": ");
+        JswDeviceClientId clientId = 0;
+        PcsStatus status = acquireForCall(clientId, onClientIdFailure);
+        if (status != ERROR_SUCCESS) return trace.returning(status);
+        status = callLibrary(operation, find(operation), clientId, arguments...);
+        release();
+        return trace.returning(status);
     }
     template <PcsDevice device>
     PcsStatus opening(const char* operation, PcsHandle handle) {
-        return open(operation, handle, device, withClientId(handle));
+        return open(operation, handle, device);
     }
+    PcsStatus open(const char* operation, PcsHandle handle, PcsDevice device);
     template <class... Arguments>
     PcsStatus byHandle(const char* operation, PcsHandle handle, Arguments... arguments) {
-        return callByHandle(operation, handle, withClientId(handle, arguments...));
+        MethodTrace trace(component::kJsw, "PcsClient::", operation, ": ");
+        const auto clientId = clientIdOf(handle);
+        if (!clientId) return trace.returning(kHandleNotOpen);
+        return trace.returning(
+            callLibrary(operation, find(operation), *clientId, handle, arguments...));
     }
-    PcsStatus closing(const char* operation, PcsHandle handle) {
-        return close(operation, handle);
-    }
+    PcsStatus closing(const char* operation, PcsHandle handle);
     template <class... Arguments>
     PcsStatus serviceCall(const char* operation, Arguments... arguments) {
-        return callService(operation, withoutClientId(arguments...));
+        MethodTrace trace(component::kJsw, "PcsClient::", operation, ": ");
+        if (acquireLibrary() != ERROR_SUCCESS) {
+            return trace.returning<PcsStatus>(ERROR_MOD_NOT_FOUND);
+        }
+        const PcsStatus status = callLibrary(operation, find(operation), arguments...);
+        releaseLibrary();
+        return trace.returning(status);
     }
+    /// Loads the library for this call alone and does not initialise it.
     template <class... Arguments>
     PcsStatus installCall(const char* operation, Arguments... arguments) {
-        return callInstall(operation, withoutClientId(arguments...));
+        MethodTrace trace(component::kJsw, "PcsClient::", operation, ": ");
+        const ModuleHandle library = loadLibraryQuietly(dllName_);
+        if (!library) return trace.returning<PcsStatus>(GetLastError());
+        return trace.returning(
+            callLibrary(operation, findIn(library.get(), operation), arguments...));
     }
 
-    PcsStatus callOnce(const char* operation, const Call& call, GivesUp onClientIdFailure);
-    PcsStatus open(const char* operation, PcsHandle handle, PcsDevice device, const Call& call);
-    PcsStatus callByHandle(const char* operation, PcsHandle handle, const Call& call);
-    PcsStatus close(const char* operation, PcsHandle handle);
-    PcsStatus callService(const char* operation, const Call& call);
-    PcsStatus callInstall(const char* operation, const Call& call);
+    /// Calls an entry point of the library; 127 when it is null, 574 when it does not return.
+    template <class... Arguments>
+    static PcsStatus callLibrary(const char* operation, EntryPoint entryPoint,
+                                 Arguments... arguments) {
+        if (entryPoint == nullptr) return ERROR_PROC_NOT_FOUND;
+        using Function = PcsStatus(Arguments...);
+        CallEnd end{};
+        const PcsStatus status = callForeign(
+            component::kJsw, entryPointName(operation).data(),
+            [&] { return reinterpret_cast<Function*>(entryPoint)(arguments...); }, end);
+        return end == CallEnd::returned ? status : kLibraryRaised;
+    }
+    EntryPoint find(const char* operation) const;
+    static EntryPoint findIn(HMODULE library, const char* operation);
+    /// "getCachePrinter" is the library's "PcsGetCachePrinter". Takes no memory, so that an entry
+    /// point can be looked up, and references given up, when there is none.
+    static std::array<char, 64> entryPointName(std::string_view operation);
 
     PcsStatus acquireLibrary();
     PcsStatus loadLibrary();
@@ -142,25 +152,13 @@ class PcsClient {
     void releaseClientId();
     void releaseUnopened(PcsDevice device);
     void unload();
-    /// Calls an entry point of the library; 127 when it is null, 574 when it does not return.
-    static PcsStatus callLibrary(const char* operation, const Call& call, EntryPoint entryPoint,
-                                 JswDeviceClientId clientId = 0);
-    EntryPoint find(const char* operation) const;
-    static EntryPoint findIn(HMODULE library, const char* operation);
-
-    /// A record of its own for a handle, empty when memory is short.
-    static OpenHandles::node_type makeRecord(PcsHandle handle, PcsDevice device);
-    void remember(OpenHandles::node_type record);
     /// The client id with which a handle was opened; nothing for one that is not open.
     std::optional<JswDeviceClientId> clientIdOf(PcsHandle handle);
     /// Takes one open off a handle's record; false when none was left.
     bool forget(PcsHandle handle);
-    struct OpenCount {
-        PcsHandle handle;
-        std::uint32_t count;
-    };
-    /// The first open handle of a kind beyond a handle, or of all.
-    std::optional<OpenCount> nextOpen(PcsDevice device, std::optional<PcsHandle> after);
+    /// The first open handle of a kind beyond a handle, or of all, with its count of opens.
+    std::optional<std::pair<PcsHandle, std::uint32_t>> nextOpen(PcsDevice device,
+                                                                std::optional<PcsHandle> after);
     PcsStatus closeAll(PcsDevice device);
 
     JswDeviceClientId clientId_ = 0;

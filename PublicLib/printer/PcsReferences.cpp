@@ -1,50 +1,12 @@
 // What PcsClient holds: the library, the client id and the open handles.
 
-#include "PublicLib/calls/ForeignCall.h"
-#include "PublicLib/logging/Guard.h"
 #include "PublicLib/printer/PcsClient.h"
 #include "PublicLib/win/EntryPoint.h"
-#include "PublicLib/win/LoadLibrary.h"
 
-#include <windows.h>
-
-#include <array>
 #include <cctype>
 #include <mutex>
-#include <string_view>
-#include <utility>
 
 namespace jsw {
-
-namespace {
-
-constexpr PcsStatus kLibraryRaised = 574;  // ERROR_UNHANDLED_EXCEPTION, which not all headers have
-
-using EntryPointName = std::array<char, 64>;
-
-/// "getCachePrinter" is the library's "PcsGetCachePrinter". Takes no memory, so that an entry point
-/// can be looked up, and references given up, when there is none.
-EntryPointName entryPointName(std::string_view operation) {
-    EntryPointName name{'P', 'c', 's'};
-    operation.copy(name.data() + 3, name.size() - 4);
-    name[3] = static_cast<char>(std::toupper(static_cast<unsigned char>(name[3])));
-    return name;
-}
-
-const char* closeOperation(PcsDevice device) {
-    switch (device) {
-        case PcsDevice::hid:
-            return "closeHid";
-        case PcsDevice::scanner:
-            return "closeScanner";
-        case PcsDevice::cardReader:
-            return "closeCardReader";
-        default:
-            return "closePrinter";
-    }
-}
-
-}  // namespace
 
 PcsClient::PcsClient(std::string dllName, std::string serverName, bool keepLoaded)
     : serverName_(std::move(serverName)), dllName_(std::move(dllName)), keepLoaded_(keepLoaded) {
@@ -74,7 +36,7 @@ PcsStatus PcsClient::loadLibrary() {
     ModuleHandle library = loadLibraryQuietly(dllName_);
     if (!library) return GetLastError();
     const EntryPoint entryPoint = findIn(library.get(), "initialize");
-    if (callLibrary("initialize", withoutClientId(), entryPoint) != ERROR_SUCCESS) {
+    if (callLibrary("initialize", entryPoint) != ERROR_SUCCESS) {
         const PcsStatus error = GetLastError();
         // A library may fail without leaving an error behind; that must not pass for a success.
         return error != ERROR_SUCCESS ? error : ERROR_DLL_INIT_FAILED;
@@ -86,7 +48,7 @@ PcsStatus PcsClient::loadLibrary() {
 PcsStatus PcsClient::acquireClientId(JswDeviceClientId& clientId) {
     std::unique_lock lock(clientIdLock_);
     if (const PcsStatus status = checkServerName(); status != ERROR_SUCCESS) {
-        // The lock is left held: a fixed interface, like the two exceptions below.
+        // The lock is left held: a fixed interface.
         lock.release();
         return status;
     }
@@ -104,8 +66,7 @@ PcsStatus PcsClient::askForClientId() {
     const EntryPoint entryPoint = findIn(library_.get(), "getClientId");
     if (entryPoint == nullptr) return GetLastError();
     JswDeviceClientId clientId = 0;
-    const PcsStatus status =
-        callLibrary("getClientId", withoutClientId(&clientId, serverName_.c_str()), entryPoint);
+    const PcsStatus status = callLibrary("getClientId", entryPoint, &clientId, serverName_.c_str());
     clientId_ = status == ERROR_SUCCESS ? clientId : 0;
     return status;
 }
@@ -116,8 +77,7 @@ PcsStatus PcsClient::acquireForCall(JswDeviceClientId& clientId, GivesUp onClien
     if (status == ERROR_SUCCESS) return status;
     if (onClientIdFailure == GivesUp::library) {
         releaseLibrary();
-    } else {
-        // Not the library, which stays loaded after a window enumeration that failed here.
+    } else {  // not the library, which stays loaded: a fixed interface
         releaseClientId();
     }
     return status;
@@ -135,15 +95,9 @@ void PcsClient::releaseLibrary() {
     if (libraryUsers_ <= 0 && library_ && !keepLoaded_) unload();
 }
 
-/// After an open whose entry point is missing. HID interfaces and scanners keep the client id.
-void PcsClient::releaseUnopened(PcsDevice device) {
-    if (device != PcsDevice::hid && device != PcsDevice::scanner) releaseClientId();
-    releaseLibrary();
-}
-
 /// Under libraryLock_, or when nobody else has this object any more.
 void PcsClient::unload() {
-    callLibrary("uninitialize", withoutClientId(), findIn(library_.get(), "uninitialize"));
+    callLibrary("uninitialize", findIn(library_.get(), "uninitialize"));
     library_.reset();
     libraryUsers_ = 0;
 }
@@ -158,30 +112,11 @@ PcsClient::EntryPoint PcsClient::findIn(HMODULE library, const char* operation) 
     return findEntryPoint<void()>(library, entryPointName(operation).data());
 }
 
-PcsStatus PcsClient::callLibrary(const char* operation, const Call& call, EntryPoint entryPoint,
-                                 JswDeviceClientId clientId) {
-    if (entryPoint == nullptr) return ERROR_PROC_NOT_FOUND;
-    CallEnd end{};
-    const PcsStatus status = callForeign(
-        component::kJsw, entryPointName(operation).data(),
-        [&] { return call.make(entryPoint, clientId); }, end);
-    return end == CallEnd::returned ? status : kLibraryRaised;
-}
-
-PcsClient::OpenHandles::node_type PcsClient::makeRecord(PcsHandle handle, PcsDevice device) {
-    OpenHandles::node_type record;
-    runGuarded(component::kJsw, "PcsClient::open", [&] {
-        OpenHandles handles;
-        handles.emplace(handle, OpenHandle{0, 1, device});
-        record = handles.extract(handle);
-    });
-    return record;
-}
-
-void PcsClient::remember(OpenHandles::node_type record) {
-    const std::lock_guard lock(handleMapLock_);
-    const auto added = openHandles_.insert(std::move(record));
-    if (!added.inserted) ++added.position->second.openCount;
+std::array<char, 64> PcsClient::entryPointName(std::string_view operation) {
+    std::array<char, 64> name{'P', 'c', 's'};
+    operation.copy(name.data() + 3, name.size() - 4);
+    name[3] = static_cast<char>(std::toupper(static_cast<unsigned char>(name[3])));
+    return name;
 }
 
 std::optional<JswDeviceClientId> PcsClient::clientIdOf(PcsHandle handle) {
@@ -199,12 +134,12 @@ bool PcsClient::forget(PcsHandle handle) {
     return true;
 }
 
-std::optional<PcsClient::OpenCount> PcsClient::nextOpen(PcsDevice device,
-                                                        std::optional<PcsHandle> after) {
+std::optional<std::pair<PcsHandle, std::uint32_t>> PcsClient::nextOpen(
+    PcsDevice device, std::optional<PcsHandle> after) {
     const std::lock_guard lock(handleMapLock_);
     auto entry = after ? openHandles_.upper_bound(*after) : openHandles_.begin();
     for (; entry != openHandles_.end(); ++entry) {
-        if (entry->second.device == device) return OpenCount{entry->first, entry->second.openCount};
+        if (entry->second.device == device) return {{entry->first, entry->second.openCount}};
     }
     return std::nullopt;
 }
@@ -212,14 +147,17 @@ std::optional<PcsClient::OpenCount> PcsClient::nextOpen(PcsDevice device,
 /// Closes each handle as often as it is open when its turn comes. Always ends, even when a handle
 /// cannot be closed and so stays. Answers the last failure of a close, if any.
 PcsStatus PcsClient::closeAll(PcsDevice device) {
+    static constexpr const char* kClose[]{"closePrinter", "closeHid", "closeScanner",
+                                          "closeCardReader"};
     PcsStatus result = ERROR_SUCCESS;
     std::optional<PcsHandle> last;
     while (const auto open = nextOpen(device, last)) {
-        for (std::uint32_t i = 0; i < open->count; ++i) {
-            const PcsStatus status = close(closeOperation(device), open->handle);
+        const auto [handle, count] = *open;
+        for (std::uint32_t i = 0; i < count; ++i) {
+            const PcsStatus status = closing(kClose[static_cast<int>(device)], handle);
             if (status != ERROR_SUCCESS) result = status;
         }
-        last = open->handle;
+        last = handle;
     }
     return result;
 }
