@@ -3,13 +3,10 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <span>
-
-namespace jsw {
 
 /// Command packets of the printer's bidirectional channel: a start byte 0xA5, the big-endian number
 /// of bytes that follow, a flag byte, command, sub-command and data.
-namespace npa {
+namespace jsw::npa {
 
 inline constexpr std::size_t kFlagByte = 3;
 inline constexpr std::size_t kPrintHeadClassByte = 9;
@@ -31,13 +28,20 @@ struct ExpectedByte {
     const char* message;
 };
 
-extern const std::array<ExpectedByte, 4> kLoopbackResponse;
-extern const std::array<ExpectedByte, 5> kPrintHeadClassResponse;
+inline constexpr std::array<ExpectedByte, 4> kLoopbackResponse{{
+    {4, 0x03, "NPA response - cmd byte does not match expected resp. byte="},
+    {5, 0x04, "NPA response - sub cmd byte does not match expected resp. byte="},
+    {6, 0x31, "NPA rsp - data byte1 does not match source="},
+    {7, 0x32, "NPA rsp - data byte2 does not match source="},
+}};
 
-/// The first byte that is not as expected, or null. The response must reach to the last offset.
-const ExpectedByte* findMismatch(std::span<const std::uint8_t> response,
-                                 std::span<const ExpectedByte> expected);
+/// The function byte of the answer is 0x20, not the 0x14 of the question.
+inline constexpr std::array<ExpectedByte, 5> kPrintHeadClassResponse{{
+    {4, 0xE0, "NPA response - cmd does not match expected, = "},
+    {5, 0x8F, "NPA response - sub cmd does not match expected, = "},
+    {6, 0x20, "NPA rsp - Function does not match source= "},
+    {7, 0x03, "NPA rsp - Sub Function does not match source= "},
+    {8, 0x00, "NPA rsp - Sub Function query does not match source= "},
+}};
 
-}  // namespace npa
-
-}  // namespace jsw
+}  // namespace jsw::npa

@@ -43,8 +43,8 @@ class RealPrinter final : public NullPrinter {
     /// Asks the device until it has answered once, for whichever thread; -1 on any failure.
     std::int32_t getPrintHeadType() override;
 
-    // The steps of init(): the discovery, in RealPrinterDiscovery.cpp, and the matching of what it
-    // has found, in RealPrinterMatching.cpp, which answers the handle chosen, 0 for none.
+    // The steps of init(), in RealPrinterDiscovery.cpp: the discovery, one at a time in a process,
+    // and the matching of what it has found, which answers the handle chosen, 0 for none.
 
     bool queryDeviceInfo();
     std::int32_t processPrinters();
@@ -61,8 +61,7 @@ class RealPrinter final : public NullPrinter {
     bool isSharedFromElsewhere(MethodTrace& trace);
     bool findPrinter(PcsClient& client, MethodTrace& trace);
     void readTransport(PcsClient& client, MethodTrace& trace);
-    void findHid(PcsClient& client, MethodTrace& trace);
-    void findScanner(PcsClient& client, MethodTrace& trace);
+    void findInterfaces(PcsClient& client, MethodTrace& trace);
     /// A client of this printer's library, with nothing loaded yet; null when memory is short.
     std::unique_ptr<PcsClient> makeClient(bool keepLoaded) const;
     std::shared_ptr<IPrinterCache> readCache(MethodTrace& trace) const;
@@ -72,8 +71,6 @@ class RealPrinter final : public NullPrinter {
     JswDeviceStatus exchange(std::span<const std::uint8_t> request,
                              std::span<std::uint8_t> response, std::uint32_t& length,
                              MethodTrace& trace) const;
-    std::uint32_t loopBack() const;
-    std::int32_t findPrintHeadClass();
     std::int32_t askPrintHeadClass(MethodTrace& trace) const;
 
     bool sharedFromElsewhere_ = false;

@@ -1,14 +1,19 @@
-// How RealPrinter finds its device among those that the client knows.
+// How RealPrinter finds its device among those that the client knows: the printer by its name, the
+// other interfaces by its port.
 
+#include "PublicLib/NeverDestroyed.h"
 #include "PublicLib/calls/EntryGuard.h"
+#include "PublicLib/locks/Locked.h"
 #include "PublicLib/logging/MethodTrace.h"
 #include "PublicLib/printer/DeviceEnumerator.h"
-#include "PublicLib/printer/DeviceProperty.h"
-#include "PublicLib/printer/DiscoveredDevices.h"
 #include "PublicLib/printer/PcsClient.h"
 #include "PublicLib/printer/RealPrinter.h"
 
 #include <windows.h>
+
+#include <algorithm>
+#include <array>
+#include <map>
 
 namespace jsw {
 
@@ -16,12 +21,94 @@ namespace {
 
 constexpr std::int32_t kGoOn = 1;
 
+struct DiscoveredPrinter {
+    PcsHandle handle = 0;
+    std::string port{};
+};
+
+/// What the client has enumerated. One per process, because the client's callbacks carry no
+/// context; they may come on any thread.
+struct Discovered {
+    std::map<std::string, DiscoveredPrinter> printers{};  // by friendly name, letter case included
+    std::vector<PcsHandle> hids{};
+    std::vector<PcsHandle> scanners{};
+};
+NeverDestroyed<Locked<Discovered>> discovered;
+NeverDestroyed<CriticalSection> discoveryLock;
+
+/// Makes the thread the one that discovers, with nothing found yet, for as long as it lives.
+class Discovery {
+  public:
+    Discovery() : lock_(*discoveryLock) { forget(); }
+    ~Discovery() { forget(); }
+    Discovery(const Discovery&) = delete;
+    Discovery& operator=(const Discovery&) = delete;
+
+  private:
+    static void forget() {
+        discovered->use([](Discovered& found) { found = {}; });
+    }
+
+    std::lock_guard<CriticalSection> lock_;
+};
+
+/// A text property of a device, and the client's status when it did not give it.
+struct TextProperty {
+    PcsStatus status;
+    std::string text{};
+};
+
+/// The client's function that gives the text properties of one kind of device.
+using GetString = PcsStatus (PcsClient::*)(JSW_PCS_PARAMS_STRING);
+
+TextProperty readProperty(PcsClient& client, GetString getString, PcsHandle handle,
+                          const char* property) {
+    std::array<char, 1024> buffer{};
+    std::uint32_t length = 0;
+    const PcsStatus status = (client.*getString)(
+        handle, property, buffer.data(), static_cast<std::uint32_t>(buffer.size()), &length);
+    if (status != ERROR_SUCCESS) return {status};
+    return {status, std::string(buffer.begin(), std::ranges::find(buffer, '\0'))};
+}
+
+/// What tells the search for a HID interface from that for a scanner.
+struct InterfaceKind {
+    GetString getString;
+    const char* emptyList;
+    const char* notFound;
+    const char* queryFailed;  // null: a failed query is passed over silently
+};
+constexpr InterfaceKind kHid{&PcsClient::getStringHid,
+                             "Empty HidHandles List. Matching Hid handle not found.",
+                             "Matching hid handle not found.", nullptr};
+constexpr InterfaceKind kScanner{
+    &PcsClient::getStringScanner, "Empty ScannerHandles List. Matching scanner handle not found.",
+    "Matching scanner handle not found.", "getPcsClient()->getStringScanner rc="};
+
+/// The first interface on the port; 0 when there is none.
+PcsHandle findOnPort(PcsClient& client, const InterfaceKind& kind,
+                     const std::vector<PcsHandle>& handles, const std::string& port,
+                     MethodTrace& trace) {
+    for (const PcsHandle handle : handles) {
+        const TextProperty found =
+            readProperty(client, kind.getString, handle, JSW_DEVICE_PORT_PROPERTY);
+        if (found.status != ERROR_SUCCESS) {
+            if (kind.queryFailed != nullptr) trace.add(kind.queryFailed, found.status);
+        } else if (found.text == port) {
+            trace.add("Found matching port name =", port);
+            return handle;
+        }
+    }
+    trace.add(handles.empty() ? kind.emptyList : kind.notFound);
+    return 0;
+}
+
 }  // namespace
 
 bool RealPrinter::queryDeviceInfo() {
     MethodTrace trace(component::kJsw, "RealPrinter::queryDeviceInfo: ");
     std::unique_ptr<PcsClient> client;
-    const DiscoveredDevices::Discovery discovery;  // ends, and with it what was found, first
+    const Discovery discovery;  // ends, and with it what was found, first
     if (isSharedFromElsewhere(trace)) {
         trace.add("true");
         return true;
@@ -32,8 +119,7 @@ bool RealPrinter::queryDeviceInfo() {
         return false;
     }
     readTransport(*client, trace);
-    findHid(*client, trace);
-    findScanner(*client, trace);
+    findInterfaces(*client, trace);
     return true;
 }
 
@@ -70,26 +156,44 @@ void RealPrinter::readTransport(PcsClient& client, MethodTrace& trace) {
     trace.add("Connection Type - ", fields().network);
 }
 
-void RealPrinter::findHid(PcsClient& client, MethodTrace& trace) {
+void RealPrinter::findInterfaces(PcsClient& client, MethodTrace& trace) {
     client.enumHids(JSW_DEVICE_ALL_TRANSPORTS, "", enumHidCallback);
-    const PcsHandle handle = processHidList(client);
-    setHidHandle(handle);
-    if (handle != 0) {
-        setHid(true);
-    } else {
+    setHidHandle(processHidList(client));
+    if (fields().hidHandle == 0) {
         trace.add("PCS hid enumeration failed.");
+    } else {
+        setHid(true);
+    }
+    client.enumScanners(JSW_DEVICE_ALL_TRANSPORTS, "", enumScanCallback);
+    setScannerHandle(processScannerList(client));
+    if (fields().scannerHandle == 0) {
+        trace.add("PCS scanner enumeration failed.");
+    } else {
+        setScanner(true);
     }
 }
 
-void RealPrinter::findScanner(PcsClient& client, MethodTrace& trace) {
-    client.enumScanners(JSW_DEVICE_ALL_TRANSPORTS, "", enumScanCallback);
-    const PcsHandle handle = processScannerList(client);
-    setScannerHandle(handle);
-    if (handle != 0) {
-        setScanner(true);
-    } else {
-        trace.add("PCS scanner enumeration failed.");
-    }
+std::int32_t RealPrinter::processPrinters() {
+    MethodTrace trace(component::kJsw, "RealPrinter::processPrinters()");
+    const DiscoveredPrinter printer = discovered->use([this](const Discovered& found) {
+        const auto entry = found.printers.find(fields().friendlyName);
+        return entry != found.printers.end() ? entry->second : DiscoveredPrinter{};
+    });
+    setPrtHandle(printer.handle);
+    setPort(printer.handle != 0 ? printer.port : "");
+    return trace.returning(printer.handle);
+}
+
+std::int32_t RealPrinter::processHidList(PcsClient& client) {
+    MethodTrace trace(component::kJsw, "RealPrinter::processHidList():");
+    const auto hids = discovered->use([](const Discovered& found) { return found.hids; });
+    return findOnPort(client, kHid, hids, fields().port, trace);
+}
+
+std::int32_t RealPrinter::processScannerList(PcsClient& client) {
+    MethodTrace trace(component::kJsw, "RealPrinter::processScannerList():");
+    const auto scanners = discovered->use([](const Discovered& found) { return found.scanners; });
+    return findOnPort(client, kScanner, scanners, fields().port, trace);
 }
 
 std::int32_t RealPrinter::enumPrtCallback(JswDeviceClientId clientId, JswDeviceHandle handle,
@@ -99,8 +203,9 @@ std::int32_t RealPrinter::enumPrtCallback(JswDeviceClientId clientId, JswDeviceH
                           ", handle=", handle, ", friendlyName = ", friendlyName, ", port = ", port,
                           "): ");
         if (friendlyName == nullptr) return;
-        DiscoveredDevices::instance().addPrinter(friendlyName,
-                                                 {handle, port != nullptr ? port : ""});
+        discovered->use([&](Discovered& found) {
+            found.printers[friendlyName] = {handle, port != nullptr ? port : ""};
+        });
     });
     return kGoOn;
 }
@@ -109,7 +214,7 @@ std::int32_t RealPrinter::enumHidCallback(JswDeviceClientId clientId, JswDeviceH
     EntryGuard::run(component::kJsw, "RealPrinter::enumHidCallback", [&] {
         MethodTrace trace(component::kJsw, "RealPrinter::enumHidCallback(clientId=", clientId,
                           ", handle=", handle, "): ");
-        DiscoveredDevices::instance().addHid(handle);
+        discovered->use([&](Discovered& found) { found.hids.push_back(handle); });
     });
     return kGoOn;
 }
@@ -118,7 +223,7 @@ std::int32_t RealPrinter::enumScanCallback(JswDeviceClientId clientId, JswDevice
     EntryGuard::run(component::kJsw, "RealPrinter::enumScanCallback", [&] {
         MethodTrace trace(component::kJsw, "RealPrinter::enumScanCallback(clientId=", clientId,
                           ", handle=", handle, "): ");
-        DiscoveredDevices::instance().addScanner(handle);
+        discovered->use([&](Discovered& found) { found.scanners.push_back(handle); });
     });
     return kGoOn;
 }

@@ -1,6 +1,5 @@
 // The questions that RealPrinter puts to the device itself.
 
-#include "PublicLib/logging/Guard.h"
 #include "PublicLib/logging/MethodTrace.h"
 #include "PublicLib/printer/NpaPacket.h"
 #include "PublicLib/printer/PcsClient.h"
@@ -16,15 +15,17 @@ namespace jsw {
 namespace {
 
 constexpr std::int32_t kUnknown = -1;
-constexpr char kNoHandle[] = "Invalid Printer Handle.";
 
 /// Whether the response has every byte that it must have; says which it has not.
 bool isAsExpected(std::span<const std::uint8_t> response,
                   std::span<const npa::ExpectedByte> expected, MethodTrace& trace) {
     trace.add("NPA response flagbyte = ", response[npa::kFlagByte]);
-    const npa::ExpectedByte* const mismatch = npa::findMismatch(response, expected);
-    if (mismatch != nullptr) trace.add(mismatch->message, response[mismatch->offset]);
-    return mismatch == nullptr;
+    for (const auto& [offset, value, message] : expected) {
+        if (response[offset] == value) continue;
+        trace.add(message, response[offset]);
+        return false;
+    }
+    return true;
 }
 
 }  // namespace
@@ -32,9 +33,13 @@ bool isAsExpected(std::span<const std::uint8_t> response,
 JswDeviceStatus RealPrinter::exchange(std::span<const std::uint8_t> request,
                                       std::span<std::uint8_t> response, std::uint32_t& length,
                                       MethodTrace& trace) const {
+    const PcsHandle handle = fields().prtHandle;
+    if (handle == 0) {
+        trace.add("Invalid Printer Handle.");
+        return ERROR_INVALID_HANDLE;
+    }
     const auto client = makeClient(false);
     if (!client) return ERROR_FILE_NOT_FOUND;
-    const PcsHandle handle = fields().prtHandle;
     PcsStatus status = client->openPrinter(handle);
     if (status != ERROR_SUCCESS) {
         trace.add("OpenPrinter failed with rc =", status);
@@ -51,17 +56,7 @@ JswDeviceStatus RealPrinter::exchange(std::span<const std::uint8_t> request,
 }
 
 std::uint32_t RealPrinter::ping() {
-    std::uint32_t status = ERROR_FILE_NOT_FOUND;
-    runGuarded(component::kJsw, "RealPrinter::ping", [&] { status = loopBack(); });
-    return status;
-}
-
-std::uint32_t RealPrinter::loopBack() const {
     MethodTrace trace(component::kJsw, "RealPrinter::ping():");
-    if (fields().prtHandle == 0) {
-        trace.add(kNoHandle);
-        return ERROR_INVALID_HANDLE;
-    }
     std::array<std::uint8_t, 8> response{};
     std::uint32_t length = 0;
     const PcsStatus status = exchange(npa::kLoopbackRequest, response, length, trace);
@@ -76,16 +71,8 @@ std::uint32_t RealPrinter::loopBack() const {
 }
 
 std::int32_t RealPrinter::getPrintHeadType() {
-    std::int32_t printHeadClass = kUnknown;
-    runGuarded(component::kJsw, "RealPrinter::getPrintHeadType",
-               [&] { printHeadClass = findPrintHeadClass(); });
-    return printHeadClass;
-}
-
-/// A thread that comes while another asks the device waits for the answer.
-std::int32_t RealPrinter::findPrintHeadClass() {
     MethodTrace trace(component::kJsw, "RealPrinter::getPrintHeadType():");
-    const std::lock_guard lock(printHeadLock_);
+    const std::lock_guard lock(printHeadLock_);  // others wait for the device's answer
     if (printHeadClassKnown_) {
         trace.add("Retriving the cached value of the print head class =", fields().printHeadClass);
         return fields().printHeadClass;
@@ -99,10 +86,6 @@ std::int32_t RealPrinter::findPrintHeadClass() {
 }
 
 std::int32_t RealPrinter::askPrintHeadClass(MethodTrace& trace) const {
-    if (fields().prtHandle == 0) {
-        trace.add(kNoHandle);
-        return kUnknown;
-    }
     std::array<std::uint8_t, 13> response{};
     std::uint32_t length = 0;
     if (exchange(npa::kPrintHeadClassRequest, response, length, trace) != ERROR_SUCCESS) {
