@@ -20,7 +20,7 @@ class LoadedModule {
   public:
     /// Null when nothing is loaded.
     HMODULE handle() const { return handle_; }
-    /// File name as it was given to the loader.
+    /// File name as passed to the loader.
     const std::string& name() const { return name_; }
 
   protected:
@@ -31,7 +31,7 @@ class LoadedModule {
     HMODULE handle_ = nullptr;  // NOLINT(*-non-private-member-variables-in-classes)
 };
 
-/// Told when a module has just been loaded and when it is about to be freed. Does nothing itself.
+/// Hooks after a module's load and before it is freed. These do nothing.
 class DllHandler {
   public:
     virtual ~DllHandler() = default;
@@ -39,7 +39,7 @@ class DllHandler {
     virtual void onUnload(LoadedModule& /*module*/) {}
 };
 
-/// How many loader objects hold each module. One table for the process; a module that was freed
+/// The number of loader objects that hold each module. One table for the process; a freed module
 /// stays in it with count 0.
 struct ModuleTable {
     CriticalSection lock;
@@ -57,13 +57,13 @@ class BasicDll : public LoadedModule {
     BasicDll(const BasicDll&) = delete;
     BasicDll& operator=(const BasicDll&) = delete;
 
-    /// Loads the module, or shares it. Called once. Throws Win32Exception when it cannot be loaded.
+    /// Loads the module, or shares it. Call it once. Throws Win32Exception if it cannot be loaded.
     void init(const std::string& fileName) {
         name_ = fileName;
         ModuleTable& table = ModuleTable::instance();
         const std::lock_guard lock(table.lock);
         handle_ = GetModuleHandleA(fileName.c_str());
-        // A module that somebody else has loaded is loaded once more, lest it vanish.
+        // If other code has loaded the module, load it once more, so that it stays loaded.
         if (refCount(handle_) < 1) load(table);
         ++table.counts[handle_];
     }
@@ -94,7 +94,7 @@ class BasicDll : public LoadedModule {
                                  place::kModuleLoad);
         }
         try {
-            // The same file under another spelling may be in the table already.
+            // The table may already contain the same file under another spelling.
             table.counts.try_emplace(handle_, 0);
             handler_.onLoad(*this);
         } catch (...) {
@@ -118,7 +118,7 @@ class BasicDll : public LoadedModule {
             CriticalLog("dkab", "DebugData",
                         "BasicDll<Handler>::~BasicDll(): Caught exception on '" + name_ + "'",
                         nullptr);
-        } catch (...) {  // NOLINT(bugprone-empty-catch): nobody is left to tell
+        } catch (...) {  // NOLINT(bugprone-empty-catch): nowhere to report to
         }
     }
 

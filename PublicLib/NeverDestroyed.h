@@ -4,9 +4,8 @@
 
 namespace jsw {
 
-/// Holds a process-wide object that is never destroyed: the library stays loaded until the process
-/// ends, and at that moment, under the loader's lock, a destructor must not call into other modules
-/// any more.
+/// Contains a process-wide object that is never destroyed. The library stays loaded until the
+/// process exits; then, under the loader lock, a destructor must not call other modules.
 template <class T>
 class NeverDestroyed {
   public:

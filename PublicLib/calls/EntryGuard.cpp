@@ -6,8 +6,8 @@ namespace jsw {
 
 namespace {
 
-/// Taken once: the library is never unloaded. Without one no thread is known to be inside, and a
-/// structured exception takes the library's frames away.
+/// Allocated once: the library is never unloaded. If that fails, no thread counts as being inside,
+/// and a structured exception unwinds the library's frames.
 const DWORD currentGuard = TlsAlloc();
 
 bool isSame(const EXCEPTION_RECORD& one, const EXCEPTION_RECORD& other) {
@@ -38,7 +38,7 @@ bool EntryGuard::catchNow(const EXCEPTION_RECORD& /*exception*/) {
     return false;
 }
 
-/// The library's own frames, this one among them, go without their destructors.
+/// The library's frames, including this one, are unwound without their destructors.
 bool EntryGuard::catchOnUnwind() {
     leave();
     return false;

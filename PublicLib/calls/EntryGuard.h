@@ -9,21 +9,20 @@ namespace jsw {
 
 class ForeignCall;
 
-/// Stands at each entry of the library: around an exported function, a callback that a module was
-/// given, and the run of a thread of the library's own. What the library knows of a thread, it
-/// knows through the guards on that thread's stack; the innermost one is found by thread-local
-/// storage.
+/// A guard at each entry of the library: around an exported function, a callback that a module
+/// calls, and the run of a library thread. The library keeps what it knows about a thread in the
+/// guards on that thread's stack; thread-local storage points to the innermost one.
 ///
-/// A C++ exception of the library ends here, with a line in the log.
+/// A C++ exception of the library is caught and logged here.
 ///
-/// A structured exception that comes out of foreign code, such as an access violation, is the
-/// host's to handle or to die of. When the host handles it, the library's frames must not just
-/// vanish: their locks would stay held. So the exception is caught at the call of the foreign code
-/// (callForeign()), the library is left in order, without calling foreign code any more, and the
-/// guard raises the exception again for the host.
+/// A structured exception of foreign code, such as an access violation, is the host's to handle, or
+/// ends the process. If the host handles it, the library's frames must not be skipped: their locks
+/// would stay held. So callForeign() catches the exception at the call of the foreign code, the
+/// library unwinds normally without calling foreign code again, and the guard re-raises the
+/// exception for the host.
 class EntryGuard : public SehFrame {
   public:
-    /// Runs work inside a guard. Does not return when there is an exception to raise again.
+    /// Runs work inside a guard. Does not return if it re-raises an exception.
     template <class Work>
     static void run(const LoggerComponent& component, const char* where, const Work& work) {
         struct Guard final : EntryGuard {
@@ -60,8 +59,8 @@ class EntryGuard : public SehFrame {
     /// The innermost guard of this thread; null outside the library.
     static EntryGuard* current();
 
-    /// An exception comes out of foreign code. False when that is known already, from a call
-    /// further in or from a guard there that raises it again.
+    /// Records an exception of foreign code. False if it is already known from an inner call, or
+    /// from an inner guard that re-raises it.
     bool note(const EXCEPTION_RECORD& exception);
     bool catchNow(const EXCEPTION_RECORD& exception) override;
     bool catchOnUnwind() override;
@@ -69,8 +68,8 @@ class EntryGuard : public SehFrame {
     void reraiseToHost() const;
 
     EntryGuard* const outer_;
-    std::optional<EXCEPTION_RECORD> exception_;  // the last one that came out of foreign code
-    bool mustReraise_ = false;                   // exception_, when the library has been left
+    std::optional<EXCEPTION_RECORD> exception_;  // the last one of foreign code
+    bool mustReraise_ = false;                   // exception_, after the library has unwound
     bool mustNotWait_ = false;                   // see NoWaiting
 };
 

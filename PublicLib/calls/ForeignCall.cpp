@@ -21,7 +21,7 @@ std::string hex(std::uintptr_t number) {
     return "0x" + std::string(digits.begin(), end);
 }
 
-/// "jswv.dll+0x1234"; the bare address when it lies in no module.
+/// "jswv.dll+0x1234"; the bare address if it is in no module.
 std::string placeOf(const void* address) {
     const auto number = reinterpret_cast<std::uintptr_t>(address);
     HMODULE module = nullptr;
@@ -51,14 +51,14 @@ bool ForeignCall::catchNow(const EXCEPTION_RECORD& exception) {
         end_ = CallEnd::raised;
         return true;
     }
-    const DWORD lastError = GetLastError();  // whoever handles the exception may let the code go on
+    const DWORD lastError = GetLastError();  // a handler may resume the code
     const bool isNew = guard_ == nullptr || guard_->note(exception);
     if (isNew && exception.ExceptionCode != EXCEPTION_STACK_OVERFLOW) logFault(exception);
     SetLastError(lastError);
     return false;
 }
 
-/// Without a search before, as by longjmp(), there is nothing to raise again.
+/// An unwinding without a search, as by longjmp(), leaves nothing to re-raise.
 bool ForeignCall::catchOnUnwind() {
     if (guard_ == nullptr || !guard_->exception_) return false;
     guard_->mustReraise_ = true;
@@ -66,8 +66,8 @@ bool ForeignCall::catchOnUnwind() {
     return true;
 }
 
-/// Written while the fault is still unhandled, so that it is in the log even if the process dies.
-/// What faults in turn, such as a broken heap, costs the line.
+/// Logs before the fault is handled, so that the line exists even if the process dies. If logging
+/// itself faults, for example because the heap is corrupt, the line is lost.
 void ForeignCall::logFault(const EXCEPTION_RECORD& exception) const {
     struct Report final : SehFrame {
         const ForeignCall& call;

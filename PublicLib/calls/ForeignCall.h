@@ -11,13 +11,13 @@ namespace jsw {
 /// How a call of foreign code ended.
 enum class CallEnd {
     returned,
-    raised,   ///< a C++ exception, of whatever compiler, came out of it
-    faulted,  ///< another structured exception did; the entry guard raises it again for the host
-    skipped,  ///< was not called: the entry guard has a structured exception to raise again already
+    raised,   ///< it raised a C++ exception of any compiler
+    faulted,  ///< it raised another structured exception; the entry guard re-raises it
+    skipped,  ///< not called: the entry guard already has an exception to re-raise
 };
 
-/// A call of code that is not the library's: an entry point of a module, the driver's callback, a
-/// function of the system that runs others' code. See callForeign().
+/// A call of foreign code: a module's entry point, the driver's callback, or a system function that
+/// runs foreign code. See callForeign().
 class ForeignCall : public SehFrame {
   public:
     ForeignCall(const ForeignCall&) = delete;
@@ -43,12 +43,12 @@ class ForeignCall : public SehFrame {
     CallEnd end_ = CallEnd::returned;
 };
 
-/// Calls code that is not the library's. Nothing that it raises reaches the caller: C++ exceptions
-/// end here, with a line in the log; other structured exceptions are logged before anybody handles
-/// them, and raised again by the entry guard. The answer is empty for anything but
-/// CallEnd::returned, after which GetLastError() is that of the call.
+/// Calls foreign code. No exception reaches the caller: C++ exceptions are caught and logged here;
+/// other structured exceptions are logged before they are handled, and the entry guard re-raises
+/// them. The answer is empty unless the end is CallEnd::returned; then GetLastError() is that of
+/// the call.
 ///
-/// @param name  what is called, for the log
+/// @param name  of the function, for the log
 template <class Call>
 auto callForeign(const LoggerComponent& component, const char* name, const Call& call, CallEnd& end)
     -> decltype(call()) {
@@ -76,8 +76,7 @@ auto callForeign(const LoggerComponent& component, const char* name, const Call&
     return static_cast<Answer>(std::move(frame.answer));
 }
 
-/// Calls an entry point of a module. One that raises gets the empty answer, so that the print job
-/// never sees it.
+/// Calls an entry point of a module. If it raises, the answer is empty, and the print job goes on.
 template <class Function, class... Args>
 auto callEntry(const LoggerComponent& component, const char* name, Function* entry,
                const Args&... args) -> decltype(entry(args...)) {

@@ -4,9 +4,9 @@
 
 namespace jsw {
 
-/// While one lives, its thread must not wait for another thread of this library: that one may be
-/// inside a module which in turn waits for this thread. The driver's status callback and the rules
-/// thread run so. Lives inside an EntryGuard.
+/// During its lifetime this thread must not wait for another thread of the library, which may be
+/// inside a module that waits for this thread. Used for the driver's status callback and the rules
+/// thread, always inside an EntryGuard.
 class NoWaiting {
   public:
     NoWaiting();
@@ -14,7 +14,7 @@ class NoWaiting {
     NoWaiting(const NoWaiting&) = delete;
     NoWaiting& operator=(const NoWaiting&) = delete;
 
-    /// Whether this thread is inside the life of one, however many guards further out.
+    /// Whether this thread has one, in any of its guards.
     static bool holdsHere();
 
   private:

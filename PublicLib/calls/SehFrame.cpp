@@ -11,9 +11,9 @@
 namespace {
 
 constexpr DWORD kUnwinding = 0x02 | 0x04;  // EXCEPTION_UNWINDING, EXCEPTION_EXIT_UNWIND
-constexpr DWORD kTargetUnwind = 0x20;      // this frame is the one that stays
+constexpr DWORD kTargetUnwind = 0x20;      // the unwinding ends at this frame
 
-/// The C++ exceptions of this compiler, which its own handlers look after.
+/// This compiler's C++ exceptions, which its own handlers catch.
 bool isOfThisCompiler(DWORD code) {
     return (code & 0x00FFFFFF) == 0x00474343;
 }
@@ -22,7 +22,7 @@ bool isOfThisCompiler(DWORD code) {
 
 extern "C" {
 
-/// Where jswRunInSehFrame goes on after an exception was caught.
+/// Where jswRunInSehFrame continues after it has caught an exception.
 extern char jswSehFrameCaught;  // NOLINT(*-avoid-non-const-global-variables): a place in the code
 
 /// The language-specific handler of jswRunInSehFrame, called by the system in both passes.
@@ -34,13 +34,13 @@ __attribute__((used)) EXCEPTION_DISPOSITION jswHandleException(EXCEPTION_RECORD*
         return ExceptionContinueSearch;
     jsw::SehFrame& frame =
         **reinterpret_cast<jsw::SehFrame**>(static_cast<char*>(base) + JSW_SEH_FRAME_OFFSET);
-    CONTEXT context;  // of its own: the dispatcher's belongs to the pass under way
+    CONTEXT context;  // our own: the dispatcher's belongs to the current pass
     if ((flags & kUnwinding) == 0) {
         if (frame.catchNow(*exception))
             RtlUnwindEx(base, &jswSehFrameCaught, exception, nullptr, &context, nullptr);
     } else if (frame.catchOnUnwind()) {
-        // Without the record of the unwinding under way: it may ask for a call in the frame that
-        // was to stay, as Microsoft's catch (...) does (STATUS_UNWIND_CONSOLIDATE).
+        // Without the current unwinding's record: it may demand a callback in its target frame, as
+        // Microsoft's catch (...) does (STATUS_UNWIND_CONSOLIDATE).
         RtlUnwindEx(base, &jswSehFrameCaught, nullptr, nullptr, &context, nullptr);
     }
     return ExceptionContinueSearch;

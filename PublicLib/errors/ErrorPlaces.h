@@ -2,8 +2,8 @@
 
 #include "PublicLib/errors/Exception.h"
 
-/// Where the library's errors say that they come from. These are constants of the interface, by
-/// which errors are told apart in logs: no places in this code, and never changed with it.
+/// The sources and lines in the library's errors. They are constants of the interface that tell
+/// errors apart in logs, not places in this code. See "Fixed interfaces" in docs/architecture.md.
 namespace jsw::place {
 
 inline constexpr ErrorPlace kModuleLoad{"../PublicLib\\BasicDll", 332};

@@ -7,27 +7,27 @@
 
 namespace jsw {
 
-/// Where an error says that it comes from: see ErrorPlaces.h.
+/// The source and line in an error's text: see ErrorPlaces.h.
 struct ErrorPlace {
     const char* source = "";  ///< name of a source file without folder and extension
     std::uint32_t line = 0;
 };
 
-/// A failure inside the library. Travels up to the nearest thread, callback or export boundary,
-/// which logs text() and carries on with an empty answer.
+/// A failure inside the library. The nearest thread, callback or export boundary catches it, logs
+/// text() and continues with an empty answer.
 class Exception : public std::exception {
   public:
-    /// @param code  number of the error, 0 when there is none
+    /// @param code  number of the error, or 0
     Exception(std::string message, std::int32_t code, ErrorPlace place = {})
         : message_(std::move(message)), code_(code), place_(place) {}
 
     const std::string& message() const noexcept { return message_; }
     std::int32_t code() const noexcept { return code_; }
 
-    /// What the code means; empty when it means nothing.
+    /// The meaning of the code; empty if it has none.
     virtual std::string description() const;
 
-    /// "file:<source>:<line>: <message>: <description>", without the parts that are empty.
+    /// "file:<source>:<line>: <message>: <description>", without empty parts.
     std::string text() const;
 
     const char* what() const noexcept override { return message_.c_str(); }

@@ -29,7 +29,7 @@ std::string fullPath(const std::string& name) {
     return path;
 }
 
-/// The file's size in bytes; nothing, with GetLastError() set, when it cannot be opened or is too
+/// The file's size in bytes; nothing, with GetLastError() set, if it cannot be opened or is too
 /// large for a buffer.
 std::optional<std::uint32_t> sizeOfFile(const std::string& path) {
     const KernelHandle file(CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
@@ -107,7 +107,7 @@ bool IniReader::buildSectionsData(std::uint32_t bufferSize) {
             IniPairs pairs;
             for (const std::string& key : keys) {
                 const std::string_view value = fetch(section, key.c_str());
-                // An empty value is a value; only the error tells it from one that is not there.
+                // An empty value is valid; only the error distinguishes it from a missing one.
                 if (value.empty() && GetLastError() == ERROR_FILE_NOT_FOUND) {
                     trace.add("Could not retrieve value for key='", key,
                               "' under section=", section);

@@ -13,19 +13,18 @@ namespace jsw {
 /// The keys of a section with their values, in file order.
 using IniPairs = std::vector<std::pair<std::string, std::string>>;
 
-/// Reads a whole settings file into memory, through Windows' profile functions. A file that cannot
-/// be read, or is none, or is too large for the memory there is, gives false results and empty
-/// lists. Nothing but std::bad_alloc is thrown, and that only where names and values are copied: by
-/// the constructor and by what asks for values. Used by one thread.
+/// Reads a whole settings file into memory with Windows' profile functions. If the file cannot be
+/// read, is not a settings file, or does not fit into memory, results are false and lists are
+/// empty. Only the constructor and the accessors throw, and only std::bad_alloc. Not thread-safe.
 class IniReader {
   public:
     explicit IniReader(const std::string& fileName);
 
-    /// Reads the file; true when its sections and their pairs are here.
+    /// Reads the file; true if its sections and their pairs have been read.
     bool build();
 
-    /// The two steps of build(). The buffer size, in bytes, must hold every list of names and every
-    /// value; the size of the file always does.
+    /// The two steps of build(). The buffer size, in bytes, must suffice for every list of names
+    /// and every value; the file's size always does.
     bool buildSections(std::uint32_t bufferSize);
     bool buildSectionsData(std::uint32_t bufferSize);
 
@@ -39,7 +38,7 @@ class IniReader {
     static IniValueType getValueType(const std::string& value, std::string& text);
 
   private:
-    std::string fileName_;  // in full: the profile functions look for bare names elsewhere
+    std::string fileName_;  // full path: the profile functions look for bare names elsewhere
     bool parsed_ = false;
     std::vector<std::string> sections_;
     std::map<std::string, IniPairs> sectionData_;

@@ -24,7 +24,7 @@ IniTypedValue splitTypedValue(std::string_view value) {
 
 std::uint32_t leadingNumber(const std::string& text) {
     using Limits = std::numeric_limits<std::int32_t>;
-    // strtol() alone would depend on how many bits a long has.
+    // Not strtol(), which depends on the size of a long.
     const long long number = std::strtoll(text.c_str(), nullptr, 10);
     return static_cast<std::uint32_t>(std::clamp<long long>(number, Limits::min(), Limits::max()));
 }

@@ -36,7 +36,7 @@ LSTATUS writeTypedValue(const std::string& path, const std::string& name, IniVal
 
 bool installPair(MethodTrace& trace, const std::string& section, const std::string& key,
                  const std::string& value) {
-    if (key.empty() || value.empty()) {  // a list of keys has no empty one; a value may be empty
+    if (key.empty() || value.empty()) {  // a listed key is never empty; a value may be
         trace.add("Empty KeyValue pair found in Section='", section, "' where key='", key,
                   "' and value='", value, "'");
         return false;
@@ -54,7 +54,7 @@ bool installPair(MethodTrace& trace, const std::string& section, const std::stri
 }
 
 bool installSection(MethodTrace& trace, const IniReader& reader, const std::string& section) {
-    if (section.empty()) {  // not so with the profile functions, whose list an empty name ends
+    if (section.empty()) {  // never happens: an empty name ends the profile functions' list
         trace.add("Empty Section name. Skipping..");
         return false;
     }

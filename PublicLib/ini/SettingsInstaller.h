@@ -8,14 +8,14 @@
 namespace jsw {
 
 /// Copies a settings file into the registry. Each section's name is a path below
-/// HKEY_LOCAL_MACHINE; its keys are value names with typed values ("string:", "dword:"). Nothing is
-/// thrown; what cannot be installed is logged and the rest is installed all the same.
+/// HKEY_LOCAL_MACHINE; its keys are value names with typed values ("string:", "dword:"). Never
+/// throws: a value that cannot be installed is logged, and the others are installed.
 class SettingsInstaller {
   public:
     /// Reads the file.
     explicit SettingsInstaller(const std::string& fileName);
 
-    /// True when every value of the file has been written.
+    /// True if every value of the file has been written.
     bool installSettings();
 
   private:

@@ -4,8 +4,7 @@
 
 namespace jsw {
 
-/// A lock of this process that the thread holding it may take again. Take it with a
-/// std::lock_guard.
+/// A re-entrant lock within this process. Take it with a std::lock_guard.
 class CriticalSection {
   public:
     CriticalSection() { InitializeCriticalSection(&section_); }
@@ -14,7 +13,7 @@ class CriticalSection {
     CriticalSection& operator=(const CriticalSection&) = delete;
 
     void lock() { EnterCriticalSection(&section_); }
-    /// Answers at once; true when the lock was taken.
+    /// Does not wait; true if the lock was taken.
     bool try_lock() { return TryEnterCriticalSection(&section_) != FALSE; }
     void unlock() { LeaveCriticalSection(&section_); }
 

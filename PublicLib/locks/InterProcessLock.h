@@ -6,21 +6,19 @@
 
 namespace jsw {
 
-/// A named mutex, open to every account, that is waited for without a time limit. Take it with a
-/// Hold.
+/// A named mutex, accessible to every account. Waiting for it has no timeout. Take it with a Hold.
 class InterProcessLock {
   public:
-    /// Throws Win32Exception when the mutex cannot be created.
+    /// Throws Win32Exception if the mutex cannot be created.
     explicit InterProcessLock(std::string name);
 
-    /// Throws Win32Exception when the lock has no name or waiting fails.
+    /// Throws Win32Exception if the lock has no name or waiting fails.
     void lock();
-    /// Throws Win32Exception when the mutex cannot be released.
+    /// Throws Win32Exception if the mutex cannot be released.
     void unlock();
 
-    /// Holds a lock for a scope. That it cannot be given back is no reason to fail what was done
-    /// under it: an attached debugger is told, and the mutex goes to the next one who waits when
-    /// this thread ends.
+    /// Holds a lock for a scope. If it cannot be released, the work under it still succeeds: the
+    /// debugger output says so, and the mutex becomes free when this thread ends.
     class Hold {
       public:
         explicit Hold(InterProcessLock& lock) : lock_(lock) { lock_.lock(); }

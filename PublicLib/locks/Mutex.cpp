@@ -6,7 +6,7 @@ namespace jsw {
 
 namespace {
 
-/// Security attributes that let everyone in: an access list that is present but null.
+/// Security attributes with access for everyone: a null access list.
 class OpenToEveryone {
   public:
     OpenToEveryone() {
@@ -44,7 +44,7 @@ Mutex::Mutex(bool initialOwner, const std::string& name, bool withEveryoneAccess
     } else {
         handle_ = createMutex(nullptr, initialOwner, name);
     }
-    // Asking for ownership of a mutex that another process has created already is in vain.
+    // A mutex that already exists is not acquired, even with initialOwner.
     isHeld_ = initialOwner && GetLastError() != ERROR_ALREADY_EXISTS;
 }
 
@@ -66,7 +66,7 @@ bool Mutex::acquire(std::uint32_t timeoutMilliseconds) {
 }
 
 void Mutex::release() {
-    isHeld_ = false;  // while the mutex is still held: the next thread may have it at once
+    isHeld_ = false;  // before the release: the next thread may acquire it at once
     if (ReleaseMutex(handle_.get()) == FALSE) {
         raiseLastError("Mutex::release() ReleaseMutex failed", place::kMutexRelease);
     }

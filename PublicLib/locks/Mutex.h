@@ -7,28 +7,28 @@
 
 namespace jsw {
 
-/// A Windows mutex, shared with every process that opens the same name. The object's own state is
-/// touched only by the thread that holds the mutex.
+/// A Windows mutex, shared with every process that opens the same name. Only the thread that holds
+/// the mutex accesses the object's state.
 class Mutex {
   public:
     /// @param name                empty for an unnamed mutex
-    /// @param withEveryoneAccess  lets processes of every account open it (a null access list)
-    /// Throws Win32Exception when the mutex cannot be had.
+    /// @param withEveryoneAccess  processes of every account may open it (null access list)
+    /// Throws Win32Exception if the mutex cannot be created.
     Mutex(bool initialOwner, const std::string& name, bool withEveryoneAccess);
     /// Releases the mutex if this object still holds it.
     ~Mutex();
     Mutex(const Mutex&) = delete;
     Mutex& operator=(const Mutex&) = delete;
 
-    /// Waits up to timeoutMilliseconds (INFINITE: for ever); false when the time is over. A mutex
-    /// whose owner died without releasing it counts as acquired. Not for the thread that holds it
-    /// already.
+    /// Waits at most timeoutMilliseconds (INFINITE: no timeout); false after the timeout. A mutex
+    /// whose owner died without releasing it counts as acquired. Not re-entrant: do not call it on
+    /// the thread that holds the mutex.
     bool acquire(std::uint32_t timeoutMilliseconds);
     void release();
 
   private:
     KernelHandle handle_;
-    bool isHeld_ = false;  // of the thread that has the mutex
+    bool isHeld_ = false;  // accessed only by the thread that holds the mutex
 };
 
 }  // namespace jsw

@@ -33,9 +33,9 @@ void SecurityEveryone::setSecurityIdEveryone() {
 void SecurityEveryone::setAccessList() {
     accessList_.resize(sizeof(ACL) + sizeof(ACCESS_ALLOWED_ACE) + GetLengthSid(everyone_.get()));
     auto* list = reinterpret_cast<ACL*>(accessList_.data());
-    // What lies below a key must be as open as the key itself.
+    // Subkeys get the same access as the key.
     constexpr DWORD kInherited = CONTAINER_INHERIT_ACE | OBJECT_INHERIT_ACE;
-    // A list sized for its one entry and a descriptor just initialised leave these no way to fail.
+    // These cannot fail: the list has room for its one entry, and the descriptor is initialised.
     InitializeAcl(list, static_cast<DWORD>(accessList_.size()), ACL_REVISION);
     AddAccessAllowedAceEx(list, ACL_REVISION, kInherited, GENERIC_ALL, everyone_.get());
     SetSecurityDescriptorDacl(&descriptor_, TRUE, list, FALSE);

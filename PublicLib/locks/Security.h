@@ -10,11 +10,11 @@
 
 namespace jsw {
 
-/// A security descriptor whose access list grants every right to the Everyone group. Things that
-/// are created with it can be opened by the printing applications of every account.
+/// A security descriptor whose access list grants every right to the group Everyone, so that
+/// printing applications of every account can open the objects created with it.
 class SecurityEveryone {
   public:
-    /// Throws Win32Exception when the descriptor cannot be built.
+    /// Throws Win32Exception if the descriptor cannot be built.
     SecurityEveryone();
     SecurityEveryone(const SecurityEveryone&) = delete;
     SecurityEveryone& operator=(const SecurityEveryone&) = delete;
@@ -30,19 +30,18 @@ class SecurityEveryone {
     std::vector<BYTE> accessList_;
 };
 
-/// Applies the Everyone descriptor: to things while they are created, through attributes(), or to
-/// things that exist, through doApply().
+/// Applies that descriptor: attributes() when an object is created, doApply() to an existing one.
 class Security {
   public:
     Security() = default;
     Security(const Security&) = delete;
     Security& operator=(const Security&) = delete;
 
-    /// Valid as long as this object.
+    /// Valid during this object's lifetime.
     SECURITY_ATTRIBUTES* attributes() { return &attributes_; }
 
-    /// Sets the descriptor's access list on an open object. A file, registry key or printer is
-    /// given by its type, everything else is SE_KERNEL_OBJECT. Throws Win32Exception on failure.
+    /// Sets the descriptor's access list on an open object. The type is that of a file, registry
+    /// key or printer; for all other objects SE_KERNEL_OBJECT. Throws Win32Exception on failure.
     void doApply(HANDLE object, SE_OBJECT_TYPE type);
 
   private:

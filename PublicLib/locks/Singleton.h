@@ -8,16 +8,16 @@
 
 namespace jsw {
 
-/// False from the moment the process's objects are torn down until they are built again. An object
-/// that is asked for then is made for the one who asks and does not stay.
+/// False from the teardown of the process's objects until they are built again. An object requested
+/// in between is created for its caller and is not stored.
 inline constinit std::atomic<bool> singletonsStay{true};
 
-/// The place of a process-wide object. Whoever asks shares the object, so that a thread still
-/// inside it when it is destroyed finishes safely; the last holder runs the destructor.
+/// Holds a process-wide object. Callers share ownership, so that a thread that still uses the
+/// object when it is destroyed finishes safely; the last holder runs the destructor.
 template <class T>
 class Singleton {
   public:
-    /// The object; create() makes it when there is none, under the lock.
+    /// The object; if there is none, create() makes it under the lock.
     template <class Create>
     std::shared_ptr<T> instance(const Create& create) {
         if (auto object = object_.load()) return object;
@@ -31,11 +31,11 @@ class Singleton {
         return object;
     }
 
-    /// The object, or null when there is none.
+    /// The object, or null.
     std::shared_ptr<T> existing() const { return object_.load(); }
 
-    /// Calls announce() and lets go of the object, under the lock; does nothing without one. An
-    /// object that another thread is making, which may take a module's time, is not waited for.
+    /// Calls announce() and releases the object, under the lock; does nothing without one. Does not
+    /// wait for another thread that is creating an object, which may call a module.
     template <class Announce>
     void destroy(const Announce& announce) {
         if (!object_.load()) return;

@@ -8,8 +8,8 @@
 
 namespace jsw {
 
-/// A lock of this process that the thread holding it may take again. A thread that waits for it
-/// goes on serving the messages sent to its windows, so the holder may send it some.
+/// A re-entrant lock within this process. A thread that waits for it keeps serving the messages
+/// sent to its windows, so the holder may send it messages.
 class WindowSafeLock {
   public:
     void lock() {
@@ -18,7 +18,7 @@ class WindowSafeLock {
         while (!section_.try_lock()) waitForRelease();
         --waiting_;
     }
-    /// Answers at once; true when the lock was taken.
+    /// Does not wait; true if the lock was taken.
     bool try_lock() { return section_.try_lock(); }
     void unlock() {
         section_.unlock();
@@ -26,10 +26,10 @@ class WindowSafeLock {
     }
 
   private:
-    /// One waiting thread is woken at a time; it wakes the next one when it has had its turn.
+    /// One waiting thread is woken at a time; it wakes the next one after its turn.
     void waitForRelease() {
         if (waitServingWindows(released_.get()) != WAIT_FAILED) return;
-        section_.lock();  // there is no event: windows are not served then
+        section_.lock();  // no event: windows are not served
         section_.unlock();
     }
 

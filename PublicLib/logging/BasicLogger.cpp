@@ -16,8 +16,8 @@ namespace {
 
 NeverDestroyed<Singleton<BasicLogger>> singleton;
 
-/// Holds while it is known that nothing but errors is wanted: "startLog" is 0, or there is no
-/// store. That is found out without the log object, before every line.
+/// Set while only errors are written: "startLog" is 0, or there is no store. Checked before every
+/// line, without the log object.
 CachedSwitch switchedOff;
 
 void noteSwitchedOff() {
@@ -64,7 +64,7 @@ void BasicLogger::readSwitch(const std::string& name, std::uint32_t& value,
     try {
         settingReader().readNumber({setting::kLoggerKey, name.c_str(), defaultValue}, value);
     } catch (const Exception&) {
-        value = defaultValue;  // a late line, after the host's names are gone
+        value = defaultValue;  // a late line, after Localize was destroyed
     }
     if (name == setting::kStartLog.name && value == 0) noteSwitchedOff();
 }

@@ -11,20 +11,19 @@
 
 namespace jsw {
 
-/// The log of the process, "<folder of all users>\<local id>JSW.log", with its switches in the
-/// registry.
+/// The process's log, "<folder of all users>\<local id>JSW.log", with its switches in the registry.
 class BasicLogger : public Logger {
   public:
-    /// The file's full name. Localize must exist.
+    /// The file's full path. Localize must exist.
     static std::string filePath();
-    /// Makes the log, which finds its file afresh, unless there is one. Localize must exist.
-    /// @param mask  kept only: what is written is decided by the switches alone
+    /// Creates the log, which determines its file again, unless there is one. Localize must exist.
+    /// @param mask  stored only: the switches alone decide what is written
     static void createInstance(std::uint32_t mask);
     /// Throws Win32Exception while there is no log.
     static std::shared_ptr<BasicLogger> getInstance();
     /// Ends the log. A thread that is writing a line, or has a trace open, finishes safely.
     static void destroyInstance();
-    /// The log, or null while there is none.
+    /// The log, or null.
     static std::shared_ptr<BasicLogger> existing();
 
     explicit BasicLogger(std::uint32_t mask);
@@ -33,9 +32,9 @@ class BasicLogger : public Logger {
                     std::uint32_t defaultValue) override;
 
     /// Whether a line of this component and level is to be written: not while the settings store
-    /// cannot be opened. Once it could, that is taken for granted.
+    /// cannot be opened. After the first success the store is assumed to exist.
     bool isWanted(const LoggerComponent& component, std::uint32_t level);
-    /// Reads store and switches afresh at the next question, after they have been installed.
+    /// After the settings were installed: reads store and switches again at the next query.
     void recheckStore();
 
     std::uint32_t mask() const { return mask_; }
@@ -45,25 +44,23 @@ class BasicLogger : public Logger {
     std::atomic<bool> storeSeen_{false};
 };
 
-/// Whether a line of this component and level is to be written to the process's log. Costs next to
-/// nothing while logging is switched off. Where memory is too short to tell, it is not.
+/// Whether a line of this component and level is to be written to the process's log. Very cheap
+/// while logging is switched off. False if memory is exhausted.
 bool isLogEnabled(const LoggerComponent& component, std::uint32_t level) noexcept;
 
 /// Writes a line to the process's log; only for lines that isLogEnabled() wants.
 void writeLogLine(const LoggerComponent& component, std::uint32_t level, const std::string& text);
 
-/// Runs what belongs to the log alone and may lack the memory for it: the line is lost then, and
-/// nothing else.
+/// Runs work for the log only. If memory is exhausted, only the line is lost.
 template <class Work>
 void withoutRaising(const Work& work) noexcept {
     try {
         work();
-    } catch (const std::exception&) {  // NOLINT(bugprone-empty-catch): there is no log for the log
+    } catch (const std::exception&) {  // NOLINT(bugprone-empty-catch): the log has no log
     }
 }
 
-/// Writes a line, joined from its parts only when it is wanted. Never raises, so that destructors
-/// may log, too.
+/// Writes a line, composed only if it is wanted. Never throws, so that destructors may log, too.
 template <class... Parts>
 void logLine(const LoggerComponent& component, std::uint32_t level,
              const Parts&... parts) noexcept {

@@ -14,7 +14,7 @@ namespace jsw {
 
 namespace {
 
-constexpr std::size_t kModuleNameLength = 4;  // a fixed interface
+constexpr std::size_t kModuleNameLength = 4;  // see "Fixed interfaces" in docs/architecture.md
 
 struct Critical {
     Critical(const std::string& fileName, const std::string& componentName)

@@ -10,7 +10,7 @@ namespace jsw {
 
 namespace {
 
-/// What the exception being handled says of itself.
+/// The text of the exception being handled.
 std::string reason() {
     try {
         throw;

@@ -57,13 +57,13 @@ void LogFile::write(std::string_view line) {
     LARGE_INTEGER end{};
     end.LowPart = GetFileSize(file.get(), reinterpret_cast<DWORD*>(&end.HighPart));
     if (end.LowPart == INVALID_FILE_SIZE && GetLastError() != NO_ERROR) return;
-    if (!moveTo(file.get(), end)) return;  // the line would overwrite others
+    if (!moveTo(file.get(), end)) return;  // the line would overwrite other lines
     DWORD written = 0;
     const auto size = static_cast<DWORD>(line.size());
     if (WriteFile(file.get(), line.data(), size, &written, nullptr) != FALSE && written == size) {
         return;
     }
-    // A full disk: what there is of the line would run into the next one.
+    // A full disk: the incomplete line would run into the next one.
     if (moveTo(file.get(), end)) SetEndOfFile(file.get());
 }
 

@@ -12,19 +12,18 @@ namespace jsw {
 /// Name of the system mutex under which every process writes to a log file.
 std::string logLockName(const std::string& path);
 
-/// A text file that several processes append to. It is opened for each line and every line is
+/// A text file to which several processes append. It is opened for each line, and each line is
 /// written under a named mutex, so lines of different processes never mix.
 class LogFile {
   public:
-    /// @param path  without any backslash: a file in the root of the Windows drive
-    /// Throws Win32Exception when the mutex cannot be created.
+    /// @param path  without a backslash: a file in the root of the Windows drive
+    /// Throws Win32Exception if the mutex cannot be created.
     explicit LogFile(const std::string& path);
 
     const std::string& path() const { return path_; }
 
-    /// Appends the line as it is; onMissing() is called when the file did not exist. A line that
-    /// cannot be written, or not wholly, is dropped. Throws Exception when the lock cannot be
-    /// taken.
+    /// Appends the line unchanged; calls onMissing() if the file did not exist. A line that cannot
+    /// be written completely is dropped. Throws Exception if the lock cannot be taken.
     template <class OnMissing>
     void append(std::string_view line, const OnMissing& onMissing) {
         const InterProcessLock::Hold hold(lock_);
@@ -42,7 +41,7 @@ class LogFile {
 
     std::string path_;
     InterProcessLock lock_;
-    std::optional<Security> security_;  // made with the first line: most jobs write none
+    std::optional<Security> security_;  // created with the first line: most jobs write none
 };
 
 }  // namespace jsw

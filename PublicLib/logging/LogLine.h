@@ -12,7 +12,7 @@ struct LogTime {
     unsigned year, month, day, hour, minute, second, millisecond;
 };
 
-/// What stands before the text of a log line; what is not set is left out.
+/// The parts before a log line's text; those that are not set are omitted.
 struct LogHeader {
     std::optional<LogTime> time;
     std::optional<std::uint32_t> processId;

@@ -2,8 +2,8 @@
 
 #include "PublicLib/settings/SettingReader.h"
 
-/// The log's switches: masks of levels for the components, and what each line begins with. They are
-/// read without writing defaults.
+/// The log's switches: masks of levels for the components, and the parts of a line's header.
+/// Reading them writes no defaults.
 namespace jsw::setting {
 
 inline constexpr char kLoggerKey[] = "Logger";

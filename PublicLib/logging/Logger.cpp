@@ -12,7 +12,7 @@ namespace jsw {
 
 namespace {
 
-// Set for the rest of the process when a log file cannot be set up.
+// Set for the rest of the process if a log file cannot be set up.
 std::atomic<bool> loggingKilled{false};
 
 LogTime localTime() {
@@ -42,7 +42,7 @@ void Logger::log(const LoggerComponent& component, std::uint32_t level, const ch
     if (!file_) return;
     try {
         file_->append(formatLine(component, level, text), [this] { onLogFileMissing(); });
-    } catch (const std::exception&) {  // NOLINT(bugprone-empty-catch): there is no log for the log
+    } catch (const std::exception&) {  // NOLINT(bugprone-empty-catch): the log has no log
     }
 }
 

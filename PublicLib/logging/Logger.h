@@ -13,27 +13,27 @@
 
 namespace jsw {
 
-/// Appends formatted lines to one log file. Every thread may use it. Nothing that goes wrong while
-/// a line is written reaches the caller: the line is dropped.
+/// Appends formatted lines to one log file. Thread-safe. A line that cannot be written is dropped;
+/// no failure reaches the caller.
 class Logger {
   public:
     /// Columns for the component's name in the files of this library.
     static constexpr unsigned kNameWidth = 25;
 
-    /// @param path       the file; without any backslash it lies in the root of the Windows drive
+    /// @param path       the file; without a backslash in the root of the Windows drive
     /// @param nameWidth  columns for the component's name
-    /// A file that cannot be set up ends all logging of the process.
+    /// If the file cannot be set up, the process logs nothing any more.
     Logger(const std::string& path, unsigned nameWidth);
     virtual ~Logger();
     Logger(const Logger&) = delete;
     Logger& operator=(const Logger&) = delete;
 
-    /// Appends one line, whatever the switches say; callers ask isEnabled() first.
+    /// Appends one line, whatever the switches; callers check isEnabled() first.
     virtual void log(const LoggerComponent& component, std::uint32_t level,
                      const std::string& text);
     virtual void log(const LoggerComponent& component, std::uint32_t level, const char* text);
     virtual void deleteLog();
-    /// Reads a switch afresh; the base knows only whether its file can be read ("startLog").
+    /// Reads a switch; the base class only has "startLog", on if its file could be set up.
     virtual void readSwitch(const std::string& name, std::uint32_t& value,
                             std::uint32_t defaultValue);
     virtual void onLogFileMissing();
@@ -48,7 +48,7 @@ class Logger {
     void decreaseDepth();
 
   protected:
-    /// Forgets the switches that were read.
+    /// Discards the cached switches.
     void forgetSwitches();
 
   private:

@@ -9,18 +9,18 @@ namespace jsw {
 
 /// Levels of log lines, combined in a mask.
 enum LogLevel : std::uint32_t {
-    kLogError = 1,        ///< always written, whatever the switches say
+    kLogError = 1,        ///< always written, whatever the switches
     kLogTrace = 2,        ///< entry and exit of methods
     kLogDetail = 4,       ///< dumps, such as the ink record
     kLogTraceLine = 8,    ///< lines added to a method trace
     kLogModuleCall = 16,  ///< ">>> " and "<<< " around calls into modules
-    kLogRules = 32,       ///< the choice of billboards
+    kLogRules = 32,       ///< how billboards are chosen
 };
 
-/// A subsystem that logs. Its name is also the registry value name of its switch.
+/// A component that logs. Its name is also the registry value of its switch.
 class LoggerComponent {
   public:
-    /// @param defaultMask  levels enabled when the registry has no value
+    /// @param defaultMask  levels enabled if the registry has no value
     LoggerComponent(std::string name, std::uint32_t defaultMask)
         : name_(std::move(name)), defaultMask_(defaultMask) {}
 
@@ -37,7 +37,7 @@ class LoggerComponent {
     std::atomic<std::uint32_t> defaultMask_;
 };
 
-/// All components. "All" is no subsystem: its mask is added to every other one's.
+/// All components. "All" is not a component: its mask is added to every other one's.
 namespace component {
 extern LoggerComponent kAll;
 extern LoggerComponent kJsw;

@@ -14,7 +14,7 @@ MethodTrace::MethodTrace(Logger* logger, const LoggerComponent& component, std::
 
 void MethodTrace::start(std::shared_ptr<Logger> logger, const LoggerComponent& component,
                         std::string tag, std::uint32_t level) {
-    if (!logger) return;  // the log ended just now
+    if (!logger) return;  // the log has just ended
     logger->log(component, level, "+" + tag);
     logger->increaseDepth();
     open_.emplace(Open{std::move(logger), component, std::move(tag), level});
@@ -30,7 +30,7 @@ void MethodTrace::end() noexcept {
 }
 
 void MethodTrace::setResult(std::int32_t value) noexcept {
-    if (open_) open_->result = std::to_string(value);  // so short that it takes no memory
+    if (open_) open_->result = std::to_string(value);  // short enough to need no allocation
 }
 
 void MethodTrace::setResult(std::string_view value) noexcept {

@@ -12,18 +12,17 @@
 
 namespace jsw {
 
-/// Traces one method, from its opening at the top of the method to the end of the scope:
+/// Traces one method, from its construction to the end of the scope:
 ///
 ///     MethodTrace trace(component::kJsw, "History::add: ");
 ///     trace.add("bbId=", id);
 ///
 /// writes "+History::add: ", "History::add: bbId=…" and "-History::add: ", the lines between
-/// indented by one column. Parts are joined only when the line will be written. Used by the thread
-/// that made it. Nothing of it raises, so that destructors may be traced, too: where memory is
-/// short, lines are missing.
+/// indented by one column. Parts are joined only if the line will be written. Not thread-safe.
+/// Never throws, so that destructors may be traced, too; if memory is exhausted, lines are missing.
 class MethodTrace {
   public:
-    /// A trace of the process's log at the method trace level; the tag is joined from its parts.
+    /// A trace to the process's log at the method trace level; the tag is joined from its parts.
     template <class... Tag>
     explicit MethodTrace(const LoggerComponent& component, const Tag&... tag) noexcept {
         if (!isLogEnabled(component, kLogTrace)) return;
@@ -31,7 +30,7 @@ class MethodTrace {
             [&] { start(BasicLogger::existing(), component, concat(tag...), kLogTrace); });
     }
 
-    /// A trace of any log and level. With announce false it is silent: it never logs anything.
+    /// A trace to any log at any level. With announce false it is silent: it never logs.
     /// @param logger  must outlive the trace
     MethodTrace(Logger* logger, const LoggerComponent& component, std::string tag,
                 std::uint32_t level, bool announce) noexcept;
@@ -63,7 +62,7 @@ class MethodTrace {
     void setResult(std::uint32_t value) noexcept { setResult(asSigned(value)); }
     void setResult(std::string_view value) noexcept;
 
-    /// Records the result and hands it on; an enumerator counts as its number.
+    /// Records and returns the result; an enumerator counts as its number.
     template <class Value>
     Value returning(Value value) noexcept {
         if constexpr (std::is_enum_v<Value>) {
@@ -75,8 +74,8 @@ class MethodTrace {
     }
 
   private:
-    /// What is known while the trace is written. A silent trace, which is what nearly all are, does
-    /// not even make the empty strings.
+    /// The state of a trace that is written. Nearly all traces are silent and do not even construct
+    /// empty strings.
     struct Open {
         std::shared_ptr<Logger> logger;  // the log may end before the method
         const LoggerComponent& component;

@@ -11,13 +11,13 @@
 
 namespace jsw {
 
-/// How long a switch read from the registry holds, in milliseconds.
+/// How long a switch read from the registry stays valid, in milliseconds.
 inline constexpr std::uint32_t kSwitchLifetimeMs = 5000;
 
-/// One switch and when it was read, in one word, so that a thread can ask without a lock.
+/// One switch and the time of its reading, in one atomic word, so that no lock is needed.
 class CachedSwitch {
   public:
-    /// The value while it holds: read before this tick, but less than five seconds before.
+    /// The value, if it was read before this tick, but less than five seconds before.
     std::optional<std::uint32_t> value(std::uint32_t tick) const {
         const std::uint64_t entry = entry_.load(std::memory_order_relaxed);
         const std::uint32_t age = tick - static_cast<std::uint32_t>(entry >> 32);
@@ -32,15 +32,15 @@ class CachedSwitch {
     void clear() { entry_.store(kEmpty, std::memory_order_relaxed); }
 
   private:
-    static constexpr std::uint64_t kEmpty = ~std::uint64_t{0};  // at worst it is read once more
+    static constexpr std::uint64_t kEmpty = ~std::uint64_t{0};  // at worst it is read again
 
     std::atomic<std::uint64_t> entry_{kEmpty};
 };
 
-/// The switches that have been read, by name.
+/// The cached switches, by name.
 class SwitchCache {
   public:
-    /// The entry of a name; valid as long as the cache.
+    /// The entry of a name; valid during the cache's lifetime.
     CachedSwitch& entry(const std::string& name) {
         const std::lock_guard lock(lock_);
         return entries_[name];

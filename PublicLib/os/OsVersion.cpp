@@ -65,7 +65,7 @@ bool OsVersion::isRunningUnderWow64() {
 
 namespace {
 
-/// An unknown directory stays empty: its folder would be one in the root of the current drive.
+/// An unknown directory stays empty: its folder would name the root of the current drive.
 std::string driverFolder(const char* versionFolder) {
     const std::string directory = printerDriverDirectory();
     return directory.empty() ? directory : directory + versionFolder;

@@ -6,7 +6,7 @@
 
 namespace jsw {
 
-/// The versions of Windows that the library tells apart.
+/// The versions of Windows that the library distinguishes.
 enum class OsClass {
     other = 0,
     windows95 = 1,
@@ -23,13 +23,14 @@ enum class OsClass {
 /// Classifies a version; newer systems than Windows 7 are "other".
 OsClass classifyOs(DWORD platformId, DWORD major, DWORD minor);
 
-/// Facts about the Windows that runs. Read once per process, afterwards the same for every thread.
+/// The running version of Windows. Read once per process, then immutable, so thread-safe.
 class OsVersion {
   public:
-    /// The version of this system. The first call throws Win32Exception when Windows does not tell.
+    /// The version of this system. The first call throws Win32Exception if Windows does not return
+    /// it.
     static const OsVersion& instance();
 
-    /// For deciding about another system than the one that runs.
+    /// For another system's version.
     explicit OsVersion(const OSVERSIONINFOEXA& version) : version_(version) {}
 
     DWORD majorVersion() const { return version_.dwMajorVersion; }
@@ -38,14 +39,14 @@ class OsVersion {
     bool isVersion6OrLater() const { return isNtFamily() && majorVersion() >= 6; }
     OsClass classification() const;
 
-    /// Whether this process is a 32-bit one on a 64-bit system.
+    /// Whether this is a 32-bit process on a 64-bit system.
     static bool isRunningUnderWow64();
 
     /// The printer-driver directory followed by the folder of this system's class: "\3" for
     /// Windows 2000 to 7, "\2" for NT 4, nothing for the others.
     std::string versionedPrinterDriverFolder() const;
 
-    /// The same, decided by the major version alone: "\3" for 5 and more, "\2" for 4.
+    /// The same, by the major version alone: "\3" for 5 and later, "\2" for 4.
     std::string printerDriverFolderByMajorVersion() const;
 
   private:

@@ -5,18 +5,18 @@
 
 namespace jsw {
 
-/// The host program's executable. Does not change after creation; every thread may read it.
+/// The host program's executable. Immutable, so thread-safe.
 class CurrentProcess {
   public:
-    /// Creates the instance on first use, also after destroy(). The answer stays valid while held.
+    /// Creates the instance on first use, also after destroy(). It stays valid while it is held.
     static std::shared_ptr<const CurrentProcess> instance();
     static void destroy();
 
-    /// Throws Win32Exception when Windows does not give the path.
+    /// Throws Win32Exception if Windows does not return the path.
     CurrentProcess();
 
     const std::string& path() const { return path_; }
-    /// The path up to and including the last backslash; empty when the path is empty.
+    /// The path up to and including the last backslash; empty if the path is empty.
     std::string folder() const;
 
   private:

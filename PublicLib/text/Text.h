@@ -24,7 +24,7 @@ void appendPart(std::string& text, Number number) {
     }
 }
 
-/// A driver's 32-bit value as the log and the modules take it.
+/// A driver's 32-bit value as the log and the modules use it.
 constexpr std::int32_t asSigned(std::uint32_t value) {
     return static_cast<std::int32_t>(value);
 }
@@ -37,10 +37,10 @@ std::string concat(const Parts&... parts) {
     return text;
 }
 
-/// The text with each letter lowered by the C library's tolower.
+/// The text in lower case, by the C library's tolower.
 std::string toLower(std::string_view text);
 
-/// Compares two texts after lowering both letter by letter.
+/// Compares two texts in lower case.
 bool equalsIgnoringCase(std::string_view left, std::string_view right);
 
 }  // namespace jsw

@@ -4,8 +4,8 @@
 
 namespace jsw {
 
-/// The function that a loaded library exports under this name, or null. Function is a function
-/// type; that it fits the export is the caller's promise. Fails with GetLastError() set.
+/// The function that a loaded library exports under this name; null, with GetLastError() set, if
+/// there is none. The function type must be the export's: it is not checked.
 template <class Function>
 Function* findEntryPoint(HMODULE module, const char* name) {
     return reinterpret_cast<Function*>(reinterpret_cast<void*>(GetProcAddress(module, name)));

@@ -8,9 +8,9 @@
 
 namespace jsw {
 
-/// Owns one Windows resource and gives it back when it goes out of scope. Null and
-/// INVALID_HANDLE_VALUE both count as empty. Giving back leaves GetLastError() as it was, so the
-/// error of a failed call can still be read after its handles are gone.
+/// Owns one Windows resource and closes it at the end of its scope. Null and INVALID_HANDLE_VALUE
+/// both count as empty. Closing preserves GetLastError(), so a failed call's error can still be
+/// read afterwards.
 template <class Handle, auto* close>
 class UniqueHandle {
   public:
@@ -39,7 +39,7 @@ class UniqueHandle {
         SetLastError(lastError);
     }
 
-    /// For Windows functions that fill a handle in: empties this owner first.
+    /// For Windows functions that return a handle by pointer; closes the present one first.
     Handle* put() {
         reset();
         return &handle_;

@@ -10,8 +10,8 @@ namespace {
 
 using SetErrorMode = BOOL WINAPI(DWORD mode, DWORD* before);
 
-/// Keeps the system from showing its errors on this thread. Older systems know no such thing for a
-/// thread; to change the whole process is the host's business.
+/// Keeps the system from showing its errors on this thread. Older systems have this only for the
+/// whole process, where it is the host's decision.
 class QuietErrors {
   public:
     QuietErrors()
@@ -44,7 +44,7 @@ ModuleHandle loadSystemLibrary(const std::string& fileName, std::string* path) {
     const std::string fullPath = joinPath(folder, fileName);
     if (path != nullptr) *path = fullPath;
     if (!folder.empty()) return loadLibraryQuietly(fullPath);
-    SetLastError(ERROR_PATH_NOT_FOUND);  // the path would lead to the root of some drive
+    SetLastError(ERROR_PATH_NOT_FOUND);  // the path would name the root of a drive
     return {};
 }
 

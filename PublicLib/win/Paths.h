@@ -9,10 +9,10 @@ namespace jsw {
 /// name is dropped, an empty folder gives "\name".
 std::string joinPath(std::string_view folder, std::string_view name);
 
-/// What follows the last backslash; the whole text when there is none.
+/// The text after the last backslash; the whole text if there is none.
 std::string_view fileNamePart(std::string_view path);
 
-/// The path up to and including the last backslash; empty when there is none.
+/// The path up to and including the last backslash; empty if there is none.
 std::string_view folderPart(std::string_view path);
 
 }  // namespace jsw

@@ -14,7 +14,7 @@ std::string moduleFileName(HMODULE module) {
     for (DWORD size = MAX_PATH + 1; size <= 2 * kLongestPath; size *= 2) {
         std::string name(size, '\0');
         const DWORD length = GetModuleFileNameA(module, name.data(), size);
-        if (length < size) {  // a full buffer may hold a cut-off name
+        if (length < size) {  // a full buffer may contain a truncated name
             name.resize(length);
             return name;
         }
