@@ -28,7 +28,7 @@ enum CartridgeField : std::uint32_t {
     kCartridgeFields = 0x10,
 };
 
-/// Truncates; what is below zero is none left. The values come from 32-bit capacities and so fit.
+/// Truncates; values below zero give 0. The values fit, because they come from 32-bit capacities.
 std::uint32_t toCount(double value) {
     return value > 0 ? static_cast<std::uint32_t>(value) : 0;
 }
@@ -91,8 +91,8 @@ void CacheRecord::parse(std::span<const std::uint8_t> stream) {
     }
 }
 
-/// @param rest  from the record's data to the end of the stream. A number or byte has the width of
-///              its field whatever the length says, which only leads to the next record.
+/// @param rest  from the record's data to the end of the stream. A number or byte has its field's
+/// width; the length only leads to the next record.
 void CacheRecord::takeRecord(std::uint32_t id, std::uint8_t length,
                              std::span<const std::uint8_t> rest) {
     if (id == kDeviceSerialNumber) {
@@ -177,7 +177,7 @@ std::uint32_t CacheRecord::capacityOf(CartridgeType kind) const {
     }
 }
 
-/// The dots fired of that ink in a cartridge of this kind of which most were fired.
+/// The largest number of fired dots among the inks of a cartridge of this kind.
 std::uint32_t CacheRecord::mostDots(CartridgeType kind) const {
     switch (kind) {
         case CartridgeType::black:
@@ -220,7 +220,7 @@ std::uint32_t CacheRecord::getRemainingDotCount(CartridgeType kind) const {
     const double capacity = capacityOf(kind);
     if (capacity <= 0) return 0;
     if (kind != CartridgeType::color) return toCount(capacity - mostDots(kind));
-    // Magenta counts in per cent, unlike the other two: a fixed interface (docs/architecture.md).
+    // Magenta in per cent, unlike the other two: see "Fixed interfaces" in docs/architecture.md.
     return toCount(std::min({capacity - ink_.cyanDots, percentLeft(capacity, ink_.magentaDots),
                              capacity - ink_.yellowDots}));
 }

@@ -37,14 +37,14 @@ extern const std::array<InkNumber, 10> kInkNumbers;
 /// A part number as text.
 struct PartNumber {
     std::string text;
-    int error;  // of the conversion; 0 when it went well, otherwise the text is "00"
+    int error;  // of the conversion; if not 0, the text is "00"
 };
 
-/// Is told what a CacheRecord does; does nothing itself.
+/// Observes a CacheRecord. These functions do nothing.
 class CacheObserver {
   public:
-    /// @param name  the conversion's, such as "getCartridgeType"
-    /// @param note  what there is to say of it; null: nothing
+    /// @param name  of the conversion, such as "getCartridgeType"
+    /// @param note  a note about it, or null
     virtual void onConversion(const char* /*name*/, const char* /*note*/) const {}
     /// @param cartridge  1 or 2
     virtual void onPartNumber(unsigned /*cartridge*/, const PartNumber& /*partNumber*/) const {}
@@ -53,32 +53,32 @@ class CacheObserver {
     ~CacheObserver() = default;
 };
 
-/// The byte stream in which a printer tells its state: a header of 2 bytes, then records of a
-/// big-endian 16-bit id, an 8-bit length and that many bytes. Needs no Windows, so that the parser
-/// can be fuzzed natively.
+/// The byte stream with a printer's state: a header of 2 bytes, then records of a big-endian 16-bit
+/// id, an 8-bit length and that many bytes. Needs no Windows, so that the parser can be fuzzed
+/// natively.
 class CacheRecord {
   public:
-    /// @param observer  null: nobody is told
+    /// @param observer  may be null
     explicit CacheRecord(const CacheObserver* observer = nullptr) : observer_(observer) {}
 
-    /// Takes the stream's records and works out what follows from them. Never fails: unknown ids
-    /// and values that do not lie wholly inside the stream are passed over.
+    /// Reads the stream's records and computes the values that follow from them. Never fails:
+    /// unknown ids and values that are not completely inside the stream are skipped.
     void parse(std::span<const std::uint8_t> stream);
 
     const PrinterCacheValues& values() const { return values_; }
     const InkNumbers& ink() const { return ink_; }
 
-    // The conversions, of which the observer is told.
+    // The conversions, which the observer gets.
 
     /// From the high half of a cartridge's type byte.
     CartridgeType getCartridgeType(std::uint8_t typeByte) const;
     /// Four bytes, most significant first; 0 for a null pointer.
     std::uint32_t getUnsignedLongValue(const std::uint8_t* bytes) const;
-    /// Ink left in a cartridge of this kind, in per cent; 0 when it is used beyond its capacity.
+    /// Ink left in a cartridge of this kind, in per cent; 0 if it is used beyond its capacity.
     std::uint32_t getInkCartridgeLevel(CartridgeType kind) const;
-    /// The capacity handed in, for the kinds that hold ink.
+    /// The given capacity for kinds that contain ink, otherwise 0.
     std::uint32_t getTotalDotCount(CartridgeType kind, std::uint32_t capacity) const;
-    /// Dots left in a cartridge of this kind; 0 when it is used beyond its capacity.
+    /// Dots left in a cartridge of this kind; 0 if it is used beyond its capacity.
     std::uint32_t getRemainingDotCount(CartridgeType kind) const;
 
   private:

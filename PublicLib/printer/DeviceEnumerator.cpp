@@ -18,7 +18,8 @@ constexpr DWORD kPrinterKinds = PRINTER_ENUM_LOCAL | PRINTER_ENUM_CONNECTIONS;
 constexpr DWORD kInfoLevel = 2;
 constexpr int kMaxTries = 4;  // printers may be added while the buffer grows
 
-/// A buffer that begins with `count` records of the spooler, which point into the rest of it.
+/// A buffer that begins with `count` records of the spooler; they point into the rest of the
+/// buffer.
 struct SpoolerAnswer {
     std::vector<std::byte> buffer;
     DWORD count = 0;

@@ -5,23 +5,23 @@
 
 namespace jsw {
 
-/// A printer that the local spooler knows.
+/// A printer of the local spooler.
 struct SpoolerPrinter {
     std::string name;
     std::string driver;
     std::string port;
 };
 
-/// The printers of the local spooler at the time it was made: those of the driver that the setting
-/// "DriverName" gives, or all of them when it is not set. A spooler that does not answer has none.
+/// The local spooler's printers at the time of construction: those of the driver in the setting
+/// "DriverName", or all if it is not set. None if the spooler does not answer.
 class DeviceEnumerator {
   public:
     DeviceEnumerator();
 
     const std::vector<SpoolerPrinter>& printers() const { return printers_; }
 
-    /// Names of printers are compared as the spooler does, without regard to letter case.
-    /// The printer's port; empty when there is no such printer.
+    /// Like the spooler, ignores letter case in names.
+    /// The printer's port; empty if there is no such printer.
     std::string getPortName(const std::string& friendlyName) const;
     /// Whether the printer is shared from another computer: its port begins with two backslashes.
     bool isUncPortName(const std::string& friendlyName) const;

@@ -5,7 +5,7 @@
 
 namespace jsw {
 
-/// What sits in a cartridge holder.
+/// The contents of a cartridge holder.
 enum class CartridgeType : std::uint32_t {
     black = 0,
     photo = 1,
@@ -14,8 +14,8 @@ enum class CartridgeType : std::uint32_t {
     missing = 4
 };
 
-/// What is known of a printer's cartridges and modem, read once from the printer. The answers never
-/// change, so any thread may ask. Cartridges are counted by their holder, from 1.
+/// A printer's cartridges and modem, read once from the printer. Immutable, so thread-safe.
+/// Cartridges are numbered by their holder, from 1.
 ///
 /// There is no virtual destructor: own an implementation through a std::shared_ptr made from its
 /// concrete type, never through a std::unique_ptr<IPrinterCache>.
@@ -30,13 +30,13 @@ class IPrinterCache {
     virtual std::uint32_t getInkCartridge2Level() const = 0;
     virtual bool isModemCableReversed() const = 0;
     virtual bool isModemAvailable() const = 0;
-    /// 1 to 4 as the printer tells, 5 for anything else, 0 when it did not tell.
+    /// 1 to 4 as the printer reports; 5: another value; 0: not reported.
     virtual std::uint32_t getCartridge1Authenticity() const = 0;
     virtual std::uint32_t getCartridge2Authenticity() const = 0;
-    /// The programme a cartridge was sold under: 0 or 1, 2 for an unknown one.
+    /// The programme under which a cartridge was sold: 0 or 1; 2: unknown.
     virtual std::uint32_t getCartridge1ProgramType() const = 0;
     virtual std::uint32_t getCartridge2ProgramType() const = 0;
-    /// Size class of the cartridge of that kind: 0 to 2, 3 when there is none.
+    /// Size class of the cartridge of that kind: 0 to 2; 3: no such cartridge.
     virtual std::uint32_t getBlackCartridgeClass() const = 0;
     virtual std::uint32_t getColorCartridgeClass() const = 0;
     virtual std::uint32_t getPhotoCartridgeClass() const = 0;

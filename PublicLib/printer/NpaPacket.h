@@ -15,13 +15,13 @@ inline constexpr std::size_t kPrintHeadClassByte = 9;
 inline constexpr std::array<std::uint8_t, 8> kLoopbackRequest{0xA5, 0x00, 0x05, 0x50,
                                                               0x03, 0x04, 0x31, 0x32};
 
-/// The question for the print head class: a packet of 9 bytes, handed over with a request length of
-/// 13, the rest zero. A fixed interface.
+/// The query for the print head class: a packet of 9 bytes, sent with a request length of 13, the
+/// rest zero; see "Fixed interfaces" in docs/architecture.md.
 inline constexpr std::array<std::uint8_t, 13> kPrintHeadClassRequest{0xA5, 0x00, 0x06, 0x50, 0xE0,
                                                                      0x8F, 0x14, 0x03, 0x00};
 
-/// A byte that a response must have, and what is logged, followed by the byte received, when it
-/// does not.
+/// A byte that a response must have, and the log text, followed by the received byte, if it
+/// differs.
 struct ExpectedByte {
     std::size_t offset;
     std::uint8_t value;

@@ -8,22 +8,22 @@
 
 namespace jsw {
 
-/// The printer used when no other can be reached, and the base of those that can: it answers every
-/// question with a default. Not locked; set up by one thread, then read by any.
+/// The printer that replaces an unreachable one, and the base class of the others: it answers every
+/// query with a default. Set up by one thread; afterwards any thread may read it.
 class NullPrinter {
   public:
     explicit NullPrinter(const std::string& friendlyName);
     NullPrinter(const NullPrinter&) = delete;
     NullPrinter& operator=(const NullPrinter&) = delete;
 
-    /// True when the printer is usable. This one forgets everything, its friendly name included.
+    /// True if the printer is usable. This one clears everything, including its friendly name.
     virtual bool init();
-    /// A Win32 error number, 0 for success; so does ping().
+    /// Returns a Win32 error number, 0 for success, like ping().
     virtual std::uint32_t print(const std::string& fileName);
-    /// Lives as long as the printer.
+    /// Valid during the printer's lifetime.
     virtual IPrinterCache& getCache();
     virtual std::uint32_t ping();
-    /// 0 to 255, or -1 when it is not known.
+    /// 0 to 255; -1: unknown.
     virtual std::int32_t getPrintHeadType();
     virtual ~NullPrinter();
 
@@ -43,7 +43,7 @@ class NullPrinter {
     JSW_PRINTER_GETTER(std::string, getFriendlyName, friendlyName)
     JSW_PRINTER_GETTER(std::string, getPort, port)
     JSW_PRINTER_GETTER(std::string, getPcsClientDllName, pcsClientDllName)
-    /// Handles of the device client, 0 for none.
+    /// Handles of the device client; 0: none.
     JSW_PRINTER_GETTER(std::int32_t, getPrtHandle, prtHandle)
     JSW_PRINTER_GETTER(std::int32_t, getHidHandle, hidHandle)
     JSW_PRINTER_GETTER(std::int32_t, getScannerHandle, scannerHandle)
@@ -55,7 +55,7 @@ class NullPrinter {
     JSW_PRINTER_SETTER(bool, setPrt, prt, "value=")
     JSW_PRINTER_SETTER(bool, setScanner, scanner, "value=")
     JSW_PRINTER_SETTER(bool, setHid, hid, "value=")
-    /// "LOCAL_TRANSPORT" or "NETWORK_TRANSPORT"; empty when it is not known.
+    /// "LOCAL_TRANSPORT" or "NETWORK_TRANSPORT"; empty: unknown.
     JSW_PRINTER_SETTER(const std::string&, setNetwork, network, "value=")
     JSW_PRINTER_SETTER(const std::string&, setPort, port, "value=")
     JSW_PRINTER_SETTER(const std::string&, setPcsClientDllName, pcsClientDllName, "value=")
@@ -68,7 +68,7 @@ class NullPrinter {
     static constexpr char kLocalTransport[] = "LOCAL_TRANSPORT";
     static constexpr char kNetworkTransport[] = "NETWORK_TRANSPORT";
 
-    /// For the derived classes' own steps, where the accessors' traces would be noise.
+    /// For the derived classes, where the accessors' traces would be noise.
     struct Fields {
         std::int32_t prtHandle = 0;
         std::int32_t hidHandle = 0;
@@ -76,7 +76,7 @@ class NullPrinter {
         bool prt = false;
         bool scanner = false;
         bool hid = false;
-        std::string text{};  // free for the derived classes; no operation here reads it
+        std::string text{};  // for the derived classes; not read here
         std::string pcsClientDllName{};
         std::string network{};
         std::string port{};

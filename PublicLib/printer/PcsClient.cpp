@@ -7,8 +7,8 @@
 
 namespace jsw {
 
-/// The references taken here are kept while the handle is open. The handle's record is made before
-/// anything is taken, so that a handle that was opened cannot fail to be remembered.
+/// Holds the references taken here while the handle is open. Allocates the handle's record first,
+/// so that recording an opened handle cannot fail.
 PcsStatus PcsClient::open(const char* operation, PcsHandle handle, PcsDevice device) {
     MethodTrace trace(component::kJsw, "PcsClient::", operation, ": ");
     OpenHandles opened;
@@ -36,8 +36,8 @@ PcsStatus PcsClient::open(const char* operation, PcsHandle handle, PcsDevice dev
     return trace.returning(status);
 }
 
-/// Gives up what the open took, whatever the library says; of several threads that close one open,
-/// one gives it up. With a library that cannot close, the handle's record stays.
+/// Releases what the open took, whatever the library returns. If several threads close one open,
+/// one of them releases it. If the library cannot close, the handle's record stays.
 PcsStatus PcsClient::closing(const char* operation, PcsHandle handle) {
     MethodTrace trace(component::kJsw, "PcsClient::", operation, ": ");
     const auto clientId = clientIdOf(handle);

@@ -19,25 +19,26 @@
 
 namespace jsw {
 
-/// The printer maker's device client library, loaded by name and asked by entry point. The library
-/// is loaded and initialised, and a client id taken, while a call or an open handle needs them.
+/// The printer maker's device client library, loaded by name and called by entry point. While a
+/// call or an open handle needs them, the library is loaded and initialised, and a client id is
+/// taken.
 ///
-/// Every operation answers a Win32 error number: the library's own when the call was made, else
-/// 126 (the library cannot be loaded or initialised; acquire() and install() answer the system's
-/// own number for that), 127 (it lacks the entry point), 1 (the handle was not opened through this
-/// object) or the error of the server's name or of getting a client id; 8 when memory is short, 574
-/// when the library raised an exception. No operation throws.
+/// Every operation returns a Win32 error number: the library's, if the call was made; 126: the
+/// library cannot be loaded or initialised (acquire() and install() return the system's number
+/// instead); 127: the entry point is missing; 1: the handle was not opened through this object; 8:
+/// out of memory; 574: the library raised an exception; or the error of the server's name or of
+/// getting a client id. No operation throws.
 ///
-/// Any thread may call. The bound functions are called outside the locks, but the library's start
-/// and end and its client ids are asked for inside them: there it must not wait for another caller
-/// of this object. Where the server's name was refused, only that thread can use client ids from
-/// then on.
+/// Thread-safe. The bound functions are called outside the locks. The library's initialisation, its
+/// end and its client ids are requested inside them: there the library must not wait for another
+/// caller of this object. After a refused server name only that thread can use client ids, see
+/// "Fixed interfaces" in docs/architecture.md.
 class PcsClient {
   public:
     /// Loads nothing yet.
     /// @param dllName     file name or path of the library
-    /// @param serverName  host whose library is meant; empty for this computer
-    /// @param keepLoaded  keeps the library loaded after its last user, until the object goes
+    /// @param serverName  host of the library; empty: this computer
+    /// @param keepLoaded  keeps the library loaded after its last user, until destruction
     PcsClient(std::string dllName, std::string serverName, bool keepLoaded);
     /// Closes the handles that are still open.
     virtual ~PcsClient();
@@ -54,7 +55,7 @@ class PcsClient {
 #undef JSW_PCS_WRAPPER
 #undef JSW_PCS_OWN
 
-    /// Who holds what at this moment.
+    /// The present numbers of users.
     std::int32_t libraryUsers() const;
     std::uint32_t clientIdUsers() const;
     bool isLoaded() const;
@@ -125,7 +126,7 @@ class PcsClient {
             callLibrary(operation, findIn(library.get(), operation), arguments...));
     }
 
-    /// Calls an entry point of the library; 127 when it is null, 574 when it does not return.
+    /// Calls an entry point of the library; 127 if it is null, 574 if it does not return.
     template <class... Arguments>
     static PcsStatus callLibrary(const char* operation, EntryPoint entryPoint,
                                  Arguments... arguments) {
@@ -152,9 +153,9 @@ class PcsClient {
     void releaseClientId();
     void releaseUnopened(PcsDevice device);
     void unload();
-    /// The client id with which a handle was opened; nothing for one that is not open.
+    /// The client id with which a handle was opened; nothing if it is not open.
     std::optional<JswDeviceClientId> clientIdOf(PcsHandle handle);
-    /// Takes one open off a handle's record; false when none was left.
+    /// Removes one open from a handle's record; false if there is none.
     bool forget(PcsHandle handle);
     /// The first open handle of a kind beyond a handle, or of all, with its count of opens.
     std::optional<std::pair<PcsHandle, std::uint32_t>> nextOpen(PcsDevice device,

@@ -5,22 +5,21 @@
 #include <cstdint>
 #include <type_traits>
 
-/// The device client library's functions, from which PcsClient makes its operations.
+/// The device client library's functions, from which PcsClient's operations are generated.
 ///
 /// One row of JSW_PCS_OPERATIONS at the end of this file is one operation: X(family, name, SHAPE).
-/// PcsClient expands the rows into member functions. Of X(perCall, getCachePrinter, CACHE) the
-/// compiler sees, inside the class,
+/// PcsClient expands the rows into member functions. X(perCall, getCachePrinter, CACHE) becomes,
+/// inside the class,
 ///     virtual PcsStatus getCachePrinter(PcsHandle handle, std::uint8_t* buffer,
 ///                                       std::uint32_t size, std::uint32_t* length) {
 ///         return perCall("getCachePrinter", handle, buffer, size, length);
 ///     }
 /// JSW_PCS_PARAMS_CACHE and JSW_PCS_ARGS_CACHE are the two lists of that shape; PcsClient::perCall
-/// acquires library and client id, looks "PcsGetCachePrinter" up, calls it and releases both.
+/// acquires library and client id, looks up "PcsGetCachePrinter", calls it and releases both.
 ///
 /// A shape is a list of parameters and the list of their names. The library passes the arguments
-/// that it knows with their types; the functions that it never calls take what their caller gives
-/// as up to six pointer-sized words, unchanged (trailing ones that a function does not have are
-/// zero and, in the one calling convention of this platform, without effect).
+/// that it knows with their types. The functions that it never calls pass up to six pointer-sized
+/// words unchanged; surplus ones are zero, which this platform's calling convention ignores.
 
 namespace jsw {
 
@@ -28,7 +27,7 @@ using PcsStatus = JswDeviceStatus;
 using PcsHandle = JswDeviceHandle;
 using PcsWord = std::uintptr_t;
 
-/// The kinds of devices that are opened.
+/// The kinds of devices that can be opened.
 enum class PcsDevice { printer, hid, scanner, cardReader };
 
 }  // namespace jsw
@@ -63,7 +62,7 @@ enum class PcsDevice { printer, hid, scanner, cardReader };
         std::uint8_t *response, std::uint32_t responseSize, std::uint32_t *responseLength
 #define JSW_PCS_ARGS_EXCHANGE handle, request, requestLength, response, responseSize, responseLength
 
-// After the client id, the typed shapes are what the header promises the library's author.
+// The typed shapes match the public header, apart from the client id.
 #define JSW_PCS_FITS(SHAPE, Type) \
     static_assert(std::is_same_v<jsw::PcsStatus(JswDeviceClientId, JSW_PCS_PARAMS_##SHAPE), Type>)
 namespace jsw {
@@ -76,9 +75,9 @@ JSW_PCS_FITS(EXCHANGE, JswDeviceExchange);
 }  // namespace jsw
 #undef JSW_PCS_FITS
 
-/// Every operation in slot order, as X(family, operation, SHAPE) for a library function, whose name
-/// is "Pcs" and the operation with a capital initial, and as Y(operation) for one of PcsClient's
-/// own. The families are PcsClient's member templates.
+/// Every operation in slot order: X(family, operation, SHAPE) for a library function, whose name is
+/// "Pcs" + the operation with a capital initial; Y(operation) for one of PcsClient's own. The
+/// families are PcsClient's member templates.
 #define JSW_PCS_OPERATIONS(X, Y)                                    \
     X(byHandle, cancelJobPrinter, HANDLE_WORDS)                     \
     X(perCall, getHostInfo, WORDS)                                  \

@@ -1,4 +1,4 @@
-// What PcsClient holds: the library, the client id and the open handles.
+// PcsClient's references: the library, the client id and the open handles.
 
 #include "PublicLib/printer/PcsClient.h"
 #include "PublicLib/win/EntryPoint.h"
@@ -30,15 +30,15 @@ PcsStatus PcsClient::acquireLibrary() {
     return ERROR_SUCCESS;
 }
 
-/// Under libraryLock_. A library that does not initialise is freed again, so that the next call
-/// tries afresh.
+/// Called under libraryLock_. A library that does not initialise is freed, so that the next call
+/// tries again.
 PcsStatus PcsClient::loadLibrary() {
     ModuleHandle library = loadLibraryQuietly(dllName_);
     if (!library) return GetLastError();
     const EntryPoint entryPoint = findIn(library.get(), "initialize");
     if (callLibrary("initialize", entryPoint) != ERROR_SUCCESS) {
         const PcsStatus error = GetLastError();
-        // A library may fail without leaving an error behind; that must not pass for a success.
+        // A library may fail without setting an error; that must not count as success.
         return error != ERROR_SUCCESS ? error : ERROR_DLL_INIT_FAILED;
     }
     library_ = std::move(library);
@@ -60,8 +60,8 @@ PcsStatus PcsClient::acquireClientId(JswDeviceClientId& clientId) {
     return ERROR_SUCCESS;
 }
 
-/// Under clientIdLock_. The library is read without its lock, which is never taken inside this one:
-/// the reference that the caller has keeps it as it is.
+/// Called under clientIdLock_. Reads the library without its lock, which is never taken inside this
+/// one: the caller's reference keeps it loaded.
 PcsStatus PcsClient::askForClientId() {
     const EntryPoint entryPoint = findIn(library_.get(), "getClientId");
     if (entryPoint == nullptr) return GetLastError();
@@ -95,14 +95,14 @@ void PcsClient::releaseLibrary() {
     if (libraryUsers_ <= 0 && library_ && !keepLoaded_) unload();
 }
 
-/// Under libraryLock_, or when nobody else has this object any more.
+/// Called under libraryLock_ or in the destructor.
 void PcsClient::unload() {
     callLibrary("uninitialize", findIn(library_.get(), "uninitialize"));
     library_.reset();
     libraryUsers_ = 0;
 }
 
-/// Null, too, when the library is not loaded.
+/// Also null if the library is not loaded.
 PcsClient::EntryPoint PcsClient::find(const char* operation) const {
     const std::lock_guard lock(libraryLock_);
     return library_ ? findIn(library_.get(), operation) : nullptr;
@@ -144,8 +144,8 @@ std::optional<std::pair<PcsHandle, std::uint32_t>> PcsClient::nextOpen(
     return std::nullopt;
 }
 
-/// Closes each handle as often as it is open when its turn comes. Always ends, even when a handle
-/// cannot be closed and so stays. Answers the last failure of a close, if any.
+/// Closes each handle as often as it is open at its turn. Always ends, even if a handle cannot be
+/// closed. Returns the last failure of a close, if any.
 PcsStatus PcsClient::closeAll(PcsDevice device) {
     static constexpr const char* kClose[]{"closePrinter", "closeHid", "closeScanner",
                                           "closeCardReader"};

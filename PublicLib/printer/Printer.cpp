@@ -60,7 +60,7 @@ std::string Printer::getFriendlyName() const {
     return trace.returning(printer_->getFriendlyName());
 }
 
-/// Always true: at worst the printer is a null printer.
+/// Always true: the fallback is a null printer.
 bool Printer::initialize(const std::string& friendlyName) {
     MethodTrace trace(component::kJsw, "Printer::initialize(friendlyName =", friendlyName, "): ");
     trace.setResult(1);

@@ -10,29 +10,28 @@ namespace jsw {
 class MethodTrace;
 class NullPrinter;
 
-/// The job's printer. Whatever its friendly name leads to - a device, the built-in simulated
-/// printer "SimulatedPrinter" or nothing at all - there is always a printer that answers; one that
-/// cannot be reached answers with the defaults of NullPrinter.
+/// The job's printer: the device with its friendly name, or the built-in simulated printer
+/// "SimulatedPrinter". If neither can be reached, it answers with the defaults of NullPrinter.
 ///
-/// Every thread may ask; the printer behind it is chosen once, at construction.
+/// Thread-safe: the device is chosen once, in the constructor.
 class Printer {
   public:
-    /// The process's printer, made for this friendly name when there is none yet; a later call
-    /// with another name gives the printer that exists. The answer stays valid while it is held.
+    /// The process's printer, created for this friendly name if there is none. A later call with
+    /// another name returns the existing printer. It stays valid while it is held.
     static std::shared_ptr<Printer> instance(const std::string& friendlyName);
-    /// Lets go of the process's printer; does nothing without one.
+    /// Releases the process's printer; does nothing without one.
     static void destroy();
 
-    /// @param friendlyName  name by which the spooler knows the printer; letter case counts
+    /// @param friendlyName  the printer's name in the spooler; letter case matters
     explicit Printer(const std::string& friendlyName);
     ~Printer();
     Printer(const Printer&) = delete;
     Printer& operator=(const Printer&) = delete;
 
-    /// Lives as long as this object. The first call reads the cache from the device.
+    /// Valid during this object's lifetime. The first call reads the cache from the device.
     IPrinterCache& getCache();
 
-    /// Empty when the name led to no usable printer.
+    /// Empty if no usable printer has the name.
     std::string getFriendlyName() const;
 
   private:

@@ -7,11 +7,11 @@
 
 namespace jsw {
 
-/// The cache of a real printer, parsed once from the byte stream that the printer gave. Shows the
-/// parser's conversions in the trace.
+/// The cache of a real printer, parsed once from the printer's byte stream. Traces the parser's
+/// conversions.
 class PrinterCache final : public ValuesPrinterCache {
   public:
-    /// @param buffer  may be null: every answer is then that of a printer that told nothing
+    /// @param buffer  may be null: then every value is "not reported"
     /// @param length  bytes in the buffer
     PrinterCache(const std::uint8_t* buffer, std::size_t length);
 

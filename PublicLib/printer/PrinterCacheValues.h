@@ -8,7 +8,7 @@
 
 namespace jsw {
 
-/// What a printer cache answers for one cartridge.
+/// A printer cache's values for one cartridge.
 struct CartridgeValues {
     CartridgeType type = CartridgeType::missing;
     std::uint32_t level = 0;  // per cent
@@ -20,7 +20,7 @@ struct CartridgeValues {
     std::uint32_t remainingDotCount = 0;  // dots
 };
 
-/// Every answer of a printer cache. The initial values are those of a printer that told nothing.
+/// All values of a printer cache. The initial values mean "not reported".
 struct PrinterCacheValues {
     std::uint32_t cartridgeCount = 0;
     std::array<CartridgeValues, 2> cartridges{};

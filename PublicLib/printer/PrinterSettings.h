@@ -2,8 +2,8 @@
 
 #include "PublicLib/settings/SettingReader.h"
 
-/// The settings of the host that the printer is found by. What is missing has a fallback of its own
-/// where it is read.
+/// The host's settings with which its printer is found. Their readers have fallbacks for missing
+/// values.
 namespace jsw::setting {
 
 inline constexpr Text kDriverName{"Settings\\", "DriverName", ""};

@@ -1,4 +1,4 @@
-// What RealPrinter is made of and how it begins: see RealPrinter.h.
+// Construction and initialisation of RealPrinter.
 
 #include "PublicLib/printer/RealPrinter.h"
 
@@ -17,8 +17,9 @@ namespace jsw {
 
 namespace {
 
-/// The file name of the device client; nothing when it cannot be told. An empty setting is taken as
-/// it is: a printer shared from elsewhere needs no client, and for others none can be loaded.
+/// The file name of the device client; nothing if it cannot be determined. An empty setting is used
+/// unchanged: a printer shared from another computer needs no client, and for others none can be
+/// loaded.
 std::optional<std::string> pcsClientName() {
     std::string name;
     if (settingReader().readText(setting::kPcsClient, name)) return name;

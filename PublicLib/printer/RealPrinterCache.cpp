@@ -1,4 +1,4 @@
-// How RealPrinter comes by its cache, and what stands in for one that cannot be read.
+// How RealPrinter reads its cache, and the substitute for one that cannot be read.
 
 #include "PublicLib/errors/ErrorPlaces.h"
 #include "PublicLib/logging/MethodTrace.h"
@@ -71,7 +71,7 @@ std::shared_ptr<IPrinterCache> RealPrinter::readCache(MethodTrace& trace) const 
     }
 }
 
-/// Fills the buffer and cuts it to what was read.
+/// Fills the buffer and cuts it to the bytes that were read.
 JswDeviceStatus RealPrinter::fetchCache(std::vector<std::uint8_t>& stream) const {
     const auto client = makeClient(true);
     if (!client) return ERROR_NOT_ENOUGH_MEMORY;

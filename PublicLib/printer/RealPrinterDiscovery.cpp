@@ -108,7 +108,7 @@ PcsHandle findOnPort(PcsClient& client, const InterfaceKind& kind,
 bool RealPrinter::queryDeviceInfo() {
     MethodTrace trace(component::kJsw, "RealPrinter::queryDeviceInfo: ");
     std::unique_ptr<PcsClient> client;
-    const Discovery discovery;  // ends, and with it what was found, first
+    const Discovery discovery;  // destroyed first, with what was found
     if (isSharedFromElsewhere(trace)) {
         trace.add("true");
         return true;
@@ -123,7 +123,7 @@ bool RealPrinter::queryDeviceInfo() {
     return true;
 }
 
-/// Such a printer is reached through the other computer only; no client is loaded.
+/// Such a printer can only be reached through the other computer; no client is loaded.
 bool RealPrinter::isSharedFromElsewhere(MethodTrace& trace) {
     const DeviceEnumerator spooler;
     const std::string& friendlyName = fields().friendlyName;

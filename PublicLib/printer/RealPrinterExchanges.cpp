@@ -1,4 +1,4 @@
-// The questions that RealPrinter puts to the device itself.
+// RealPrinter's queries to the device.
 
 #include "PublicLib/logging/MethodTrace.h"
 #include "PublicLib/printer/NpaPacket.h"
@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::int32_t kUnknown = -1;
 
-/// Whether the response has every byte that it must have; says which it has not.
+/// Whether the response has every required byte; logs the first that differs.
 bool isAsExpected(std::span<const std::uint8_t> response,
                   std::span<const npa::ExpectedByte> expected, MethodTrace& trace) {
     trace.add("NPA response flagbyte = ", response[npa::kFlagByte]);

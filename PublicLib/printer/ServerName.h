@@ -5,9 +5,9 @@
 
 namespace jsw {
 
-/// Whether a server can be asked for its printers: 0 for no name and for this computer, with or
-/// without two leading backslashes and in any letter case, else what the network says of a print
-/// resource of that name (a Win32 error number).
+/// Whether a server's printers can be queried: 0 without a name or for this computer, with or
+/// without two leading backslashes and in any letter case; otherwise the network's Win32 error
+/// number for a print resource of that name.
 std::uint32_t findServer(const std::string& serverName);
 
 }  // namespace jsw

@@ -5,8 +5,8 @@
 
 namespace jsw {
 
-/// The cache of the built-in simulated printer: a colour cartridge that is nearly full and a black
-/// one that is nearly empty, without capacities.
+/// The cache of the built-in simulated printer: a nearly full colour cartridge and a nearly empty
+/// black one, without capacities.
 class SimulatedPrinterCache final : public ValuesPrinterCache {
   public:
     SimulatedPrinterCache();
@@ -15,7 +15,7 @@ class SimulatedPrinterCache final : public ValuesPrinterCache {
 /// A printer with made-up values, so that everything can run without a device.
 class SimulatedPrinter final : public NullPrinter {
   public:
-    /// The friendly name that chooses this printer, letter case aside.
+    /// The friendly name of this printer, in any letter case.
     static constexpr char kReservedName[] = "SimulatedPrinter";
 
     explicit SimulatedPrinter(const std::string& friendlyName);

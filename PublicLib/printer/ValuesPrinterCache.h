@@ -8,7 +8,7 @@
 
 namespace jsw {
 
-/// The questions of IPrinterCache, each with the value that answers it.
+/// The queries of IPrinterCache, each with its value.
 #define JSW_CACHE_ANSWERS(X)                                                     \
     X(std::uint32_t, getCartridgeCount, cartridgeCount)                          \
     X(CartridgeType, getInkCartridge1Type, cartridges[0].type)                   \
@@ -34,7 +34,7 @@ namespace jsw {
     X(std::uint32_t, getCart1RemainingDotCount, cartridges[0].remainingDotCount) \
     X(std::uint32_t, getCart2RemainingDotCount, cartridges[1].remainingDotCount)
 
-/// A printer cache that answers from values. Traces every question under the name of its class.
+/// A printer cache that returns fixed values. Traces every query under its class's name.
 class ValuesPrinterCache : public IPrinterCache {
   public:
 #define JSW_CACHE_ANSWER(Type, question, value)            \
@@ -66,7 +66,7 @@ class ValuesPrinterCache : public IPrinterCache {
 
 #undef JSW_CACHE_ANSWERS
 
-/// The cache of a printer that cannot be read: each answer is the code of an unusable value.
+/// The cache of a printer that cannot be read: each value is the code for "unusable".
 class NullPrinterCache final : public ValuesPrinterCache {
   public:
     NullPrinterCache();
