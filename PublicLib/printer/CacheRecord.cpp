@@ -17,7 +17,7 @@ constexpr std::uint32_t kDeviceSerialNumber = 0x0016;
 constexpr std::uint32_t kModemState = 0x0515;
 constexpr std::uint32_t kModemPresent = 0x0523;
 
-// The ids of each cartridge's records are a block of their own, the second behind the first.
+// Each cartridge has its own block of record ids, the second after the first.
 constexpr std::uint32_t kCartridgeBlocks = 0x0110;
 enum CartridgeField : std::uint32_t {
     kTypeField = 0x0,
@@ -33,7 +33,7 @@ std::uint32_t toCount(double value) {
     return value > 0 ? static_cast<std::uint32_t>(value) : 0;
 }
 
-/// What the high half of a type byte means.
+/// The meaning of a type byte's high half.
 struct TypeCode {
     int highHalf;
     CartridgeType type;
@@ -104,7 +104,7 @@ void CacheRecord::takeRecord(std::uint32_t id, std::uint8_t length,
     if (rest.size() >= kNumberSize) takeNumber(id, rest.data());
 }
 
-/// The cartridge that a record is about; null when it is about none.
+/// The cartridge of a record; null if it belongs to none.
 CartridgeValues* CacheRecord::cartridgeOf(std::uint32_t id) {
     const std::uint32_t block = (id - kCartridgeBlocks) / kCartridgeFields;
     return id >= kCartridgeBlocks && block < values_.cartridges.size() ? &values_.cartridges[block]

@@ -35,7 +35,7 @@ inline constexpr std::array<ExpectedByte, 4> kLoopbackResponse{{
     {7, 0x32, "NPA rsp - data byte2 does not match source="},
 }};
 
-/// The function byte of the answer is 0x20, not the 0x14 of the question.
+/// The response's function byte is 0x20, the request's 0x14.
 inline constexpr std::array<ExpectedByte, 5> kPrintHeadClassResponse{{
     {4, 0xE0, "NPA response - cmd does not match expected, = "},
     {5, 0x8F, "NPA response - sub cmd does not match expected, = "},

@@ -23,7 +23,8 @@ PcsStatus PcsClient::open(const char* operation, PcsHandle handle, PcsDevice dev
     const EntryPoint entryPoint = find(operation);
     status = callLibrary(operation, entryPoint, clientId, handle);
     if (entryPoint == nullptr) {
-        // HID interfaces and scanners keep the client id: a fixed interface.
+        // HID interfaces and scanners keep the client id: "Fixed interfaces" in
+        // docs/architecture.md.
         if (device != PcsDevice::hid && device != PcsDevice::scanner) releaseClientId();
         releaseLibrary();
     } else if (status == ERROR_SUCCESS) {

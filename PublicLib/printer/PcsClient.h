@@ -116,7 +116,7 @@ class PcsClient {
         releaseLibrary();
         return trace.returning(status);
     }
-    /// Loads the library for this call alone and does not initialise it.
+    /// Loads the library for this call only and does not initialise it.
     template <class... Arguments>
     PcsStatus installCall(const char* operation, Arguments... arguments) {
         MethodTrace trace(component::kJsw, "PcsClient::", operation, ": ");
@@ -140,8 +140,8 @@ class PcsClient {
     }
     EntryPoint find(const char* operation) const;
     static EntryPoint findIn(HMODULE library, const char* operation);
-    /// "getCachePrinter" is the library's "PcsGetCachePrinter". Takes no memory, so that an entry
-    /// point can be looked up, and references given up, when there is none.
+    /// "getCachePrinter" becomes the library's "PcsGetCachePrinter". Allocates nothing, so that
+    /// references can be released even if memory is exhausted.
     static std::array<char, 64> entryPointName(std::string_view operation);
 
     PcsStatus acquireLibrary();
@@ -157,7 +157,8 @@ class PcsClient {
     std::optional<JswDeviceClientId> clientIdOf(PcsHandle handle);
     /// Removes one open from a handle's record; false if there is none.
     bool forget(PcsHandle handle);
-    /// The first open handle of a kind beyond a handle, or of all, with its count of opens.
+    /// The first open handle of a kind after the given one, or the first of all, with its count of
+    /// opens.
     std::optional<std::pair<PcsHandle, std::uint32_t>> nextOpen(PcsDevice device,
                                                                 std::optional<PcsHandle> after);
     PcsStatus closeAll(PcsDevice device);

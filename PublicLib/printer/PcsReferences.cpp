@@ -48,7 +48,7 @@ PcsStatus PcsClient::loadLibrary() {
 PcsStatus PcsClient::acquireClientId(JswDeviceClientId& clientId) {
     std::unique_lock lock(clientIdLock_);
     if (const PcsStatus status = checkServerName(); status != ERROR_SUCCESS) {
-        // The lock is left held: a fixed interface.
+        // The lock stays held: see "Fixed interfaces" in docs/architecture.md.
         lock.release();
         return status;
     }
@@ -77,7 +77,7 @@ PcsStatus PcsClient::acquireForCall(JswDeviceClientId& clientId, GivesUp onClien
     if (status == ERROR_SUCCESS) return status;
     if (onClientIdFailure == GivesUp::library) {
         releaseLibrary();
-    } else {  // not the library, which stays loaded: a fixed interface
+    } else {  // the library stays loaded: a fixed interface
         releaseClientId();
     }
     return status;

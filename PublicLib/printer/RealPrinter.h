@@ -43,7 +43,7 @@ class RealPrinter final : public NullPrinter {
     std::int32_t getPrintHeadType() override;
 
     // The steps of init(), in RealPrinterDiscovery.cpp: the discovery, one at a time in a process,
-    // and the matching of what it has found, which answers the handle chosen, 0 for none.
+    // and the matching, which returns the chosen handle or 0.
 
     bool queryDeviceInfo();
     std::int32_t processPrinters();

@@ -1,5 +1,5 @@
-// How RealPrinter finds its device among those that the client knows: the printer by its name, the
-// other interfaces by its port.
+// How RealPrinter finds its device among the client's: the printer by its name, the other
+// interfaces by its port.
 
 #include "PublicLib/NeverDestroyed.h"
 #include "PublicLib/calls/EntryGuard.h"
@@ -26,8 +26,8 @@ struct DiscoveredPrinter {
     std::string port{};
 };
 
-/// What the client has enumerated. One per process, because the client's callbacks carry no
-/// context; they may come on any thread.
+/// The devices that the client has enumerated. One per process, because the client's callbacks have
+/// no context argument; they may run on any thread.
 struct Discovered {
     std::map<std::string, DiscoveredPrinter> printers{};  // by friendly name, letter case included
     std::vector<PcsHandle> hids{};
@@ -36,7 +36,7 @@ struct Discovered {
 NeverDestroyed<Locked<Discovered>> discovered;
 NeverDestroyed<CriticalSection> discoveryLock;
 
-/// Makes the thread the one that discovers, with nothing found yet, for as long as it lives.
+/// During its lifetime its thread is the one that discovers; starts with nothing found.
 class Discovery {
   public:
     Discovery() : lock_(*discoveryLock) { forget(); }
@@ -52,13 +52,13 @@ class Discovery {
     std::lock_guard<CriticalSection> lock_;
 };
 
-/// A text property of a device, and the client's status when it did not give it.
+/// A text property of a device, or the client's error status.
 struct TextProperty {
     PcsStatus status;
     std::string text{};
 };
 
-/// The client's function that gives the text properties of one kind of device.
+/// The client's function that returns text properties of one kind of device.
 using GetString = PcsStatus (PcsClient::*)(JSW_PCS_PARAMS_STRING);
 
 TextProperty readProperty(PcsClient& client, GetString getString, PcsHandle handle,
@@ -71,12 +71,12 @@ TextProperty readProperty(PcsClient& client, GetString getString, PcsHandle hand
     return {status, std::string(buffer.begin(), std::ranges::find(buffer, '\0'))};
 }
 
-/// What tells the search for a HID interface from that for a scanner.
+/// The differences between searching a HID interface and a scanner.
 struct InterfaceKind {
     GetString getString;
     const char* emptyList;
     const char* notFound;
-    const char* queryFailed;  // null: a failed query is passed over silently
+    const char* queryFailed;  // null: a failed query is not logged
 };
 constexpr InterfaceKind kHid{&PcsClient::getStringHid,
                              "Empty HidHandles List. Matching Hid handle not found.",
@@ -85,7 +85,7 @@ constexpr InterfaceKind kScanner{
     &PcsClient::getStringScanner, "Empty ScannerHandles List. Matching scanner handle not found.",
     "Matching scanner handle not found.", "getPcsClient()->getStringScanner rc="};
 
-/// The first interface on the port; 0 when there is none.
+/// The first interface on the port; 0 if there is none.
 PcsHandle findOnPort(PcsClient& client, const InterfaceKind& kind,
                      const std::vector<PcsHandle>& handles, const std::string& port,
                      MethodTrace& trace) {
