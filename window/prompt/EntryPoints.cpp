@@ -1,5 +1,6 @@
 /**
- * The module's entry points. One prompt at a time, on one thread; messages for it come from any.
+ * The module's entry points. One prompt at a time, on one thread; messages for it may come from any
+ * thread.
  */
 #include "window/prompt/ControlIds.h"
 #include "window/prompt/Prompt.h"
@@ -13,7 +14,7 @@ JSW_LEGACY_REQUIRE_ENTRY_POINTS
 
 namespace {
 
-constexpr size_t kLongestName = 220;  // that a spooler knows
+constexpr size_t kLongestName = 220;  // in a spooler
 
 /** Printer between JSWInitEx and JSWTerminate. */
 std::string& printer() {
@@ -51,7 +52,7 @@ void JSWPostDlgMsg(void* message) {
     jsw::prompt::postToPrompt(reinterpret_cast<uintptr_t>(message));
 }
 
-/** From inside the dialog's message loop, too: the prompt is then taken away. */
+/** May be called inside the dialog's message loop; then it closes the prompt. */
 void JSWTerminate(void) {
     jsw::prompt::postToPrompt(JSW_LEGACY_CLOSE);
     initialised = false;

@@ -24,7 +24,7 @@ HMODULE thisModule() {
 void runPrompt(const std::string& printer, int32_t type, int32_t totalPages) {
     const ui::SharpWindows sharp;
     const ui::VisualStyles styles(thisModule());
-    // The interface has no place for the answer: the driver sees that the prompt is over.
+    // The interface does not return the answer: the driver only sees that the prompt is over.
     PromptDialog(printer, type, totalPages).run(thisModule());
 }
 

@@ -26,7 +26,7 @@ constexpr DWORD kStyle =
     DS_MODALFRAME | DS_SETFOREGROUND | WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
 constexpr DWORD kExtendedStyle = WS_EX_TOPMOST | WS_EX_CONTROLPARENT;
 
-/** The dialog that is up, or null. */
+/** The open dialog, or null. */
 std::atomic<HWND> currentDialog{nullptr};
 
 constexpr struct {
@@ -41,7 +41,7 @@ constexpr struct {
     {JSW_LEGACY_CANCEL, L"BUTTON", WS_TABSTOP | BS_PUSHBUTTON},
 };
 
-/** A dialog without controls: their places are computed when the scale is known. */
+/** A dialog without controls: their positions are computed when the scale is known. */
 struct EmptyTemplate {
     DLGTEMPLATE head;
     WORD menu = 0;
@@ -67,7 +67,7 @@ void PromptDialog::run(HINSTANCE instance) {
 }
 
 void PromptDialog::post(uintptr_t message) {
-    // Posted, because the dialog may belong to another thread, which may wait for this one.
+    // Posted, not sent: the dialog's thread may be waiting for this one.
     if (const HWND dialog = currentDialog) {
         PostMessageW(dialog, kDriverMessage, message, 0);
     }
@@ -76,14 +76,14 @@ void PromptDialog::post(uintptr_t message) {
 INT_PTR CALLBACK PromptDialog::procedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
     try {
         if (message == WM_INITDIALOG) {
-            // NOLINTNEXTLINE(performance-no-int-to-ptr): how a dialog is handed its object
+            // NOLINTNEXTLINE(performance-no-int-to-ptr): how a dialog gets its object
             auto* const created = reinterpret_cast<PromptDialog*>(lParam);
             SetWindowLongPtrW(dialog, DWLP_USER, lParam);
             created->dialog_ = dialog;
             created->createControls();
             currentDialog = dialog;
             SetFocus(GetDlgItem(dialog, JSW_LEGACY_CONTINUE));
-            return FALSE;  // the focus is where it belongs
+            return FALSE;  // the focus is already set
         }
         // NOLINTNEXTLINE(performance-no-int-to-ptr): as above
         auto* const self = reinterpret_cast<PromptDialog*>(GetWindowLongPtrW(dialog, DWLP_USER));
@@ -168,7 +168,7 @@ void PromptDialog::changeScale(int dotsPerInch) {
     }
     fonts_ = std::move(fonts);
     arrange();
-    // In the middle of its screen.
+    // Centred on its screen.
     const SIZE size = ui::frameSize({layout_.size.width, layout_.size.height}, kStyle,
                                     kExtendedStyle, dotsPerInch);
     MONITORINFO monitor{};

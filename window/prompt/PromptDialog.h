@@ -14,16 +14,16 @@
 
 namespace jsw::prompt {
 
-/** The dialog of one prompt. All but post() belongs to the thread that asks. */
+/** The dialog of one prompt. All methods except post() belong to the thread that shows it. */
 class PromptDialog {
   public:
     /** @param printer in the ANSI code page */
     PromptDialog(const std::string& printer, int32_t type, int32_t totalPages);
 
-    /** Blocks until the dialog is answered or taken away. */
+    /** Blocks until the dialog is answered or closed. */
     void run(HINSTANCE instance);
 
-    /** Posts a message of the driver's to the dialog that is up, if there is one. */
+    /** Posts a driver's message to the open dialog, if there is one. */
     static void post(uintptr_t message);
 
   private:

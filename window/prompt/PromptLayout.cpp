@@ -20,11 +20,11 @@ constexpr int kGap = 16;
 constexpr int kFooterMargin = 14;
 constexpr int kMostLines = 6;  // of one paragraph
 
-/** The paragraphs of the text, wrapped one below the other; answers their lower edge. */
+/** Places the text's paragraphs one below the other, wrapped; returns their lower edge. */
 int placeParagraphs(std::string_view text, const Box& area, const ui::TextMeasure& measure,
                     std::vector<ui::PlacedText>& lines) {
     int top = area.top;
-    Font font = Font::bold;  // what is to be done; the rest explains it
+    Font font = Font::bold;  // the first says what to do, the rest explains it
     while (!text.empty()) {
         const std::string_view paragraph = text.substr(0, text.find('\n'));
         text.remove_prefix(std::min(paragraph.size() + 1, text.size()));

@@ -1,7 +1,6 @@
 /**
  * @file PromptLayout.h
- * Where everything in the prompt is. No Windows in it: the scale and the measuring of texts are
- * handed in.
+ * The prompt's layout. Needs no Windows: the caller provides the scale and measures texts.
  */
 #pragma once
 
@@ -15,11 +14,11 @@ namespace jsw::prompt {
 
 struct PromptLayout {
     ui::Size size;
-    ui::Box sign; /**< the mark that something is to be done */
+    ui::Box sign; /**< the attention sign */
     ui::PlacedText printer;
     ui::Box text;
     std::vector<ui::PlacedText> textLines;
-    ui::PlacedText note; /**< its place stays free while there is no news */
+    ui::PlacedText note; /**< its place stays free without a note */
     ui::Box footer;
     std::vector<ui::PlacedButton> buttons; /**< continue, cancel */
 };

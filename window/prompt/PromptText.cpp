@@ -8,7 +8,7 @@ namespace {
 
 constexpr int32_t kTurnStack = 1;
 
-/** The kinds of prompts this module knows. */
+/** The prompt types that this module knows. */
 constexpr struct {
     int32_t type;
     const char* Strings::*text;
@@ -28,7 +28,7 @@ constexpr struct {
     {JSW_LEGACY_PRINTER_READY, &Strings::printerReady},
 };
 
-/** How many sheets lie in the stack, when the driver knows the pages. */
+/** The number of sheets in the stack, if the driver knows the pages. */
 std::string sheets(int32_t totalPages, const Strings& strings) {
     if (totalPages <= 0) {
         return {};

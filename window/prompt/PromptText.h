@@ -7,10 +7,10 @@
 
 namespace jsw::prompt {
 
-/** What the user is asked to do, for a prompt type of the driver's; any type has a text. */
+/** The request to the user for a driver's prompt type; every type has a text. */
 [[nodiscard]] std::string promptText(int32_t type, int32_t totalPages, const Strings& strings);
 
-/** The news that a message of the driver's brings; null when it brings none. */
+/** The note for a driver's message; null if it has none. */
 [[nodiscard]] const char* noteText(uintptr_t message, const Strings& strings);
 
 }  // namespace jsw::prompt

@@ -1,7 +1,7 @@
 /**
  * @file Strings.h
- * What the prompt says. Each language is one file in strings/, which needs no entry anywhere else.
- * Texts are UTF-8; {0}, {1} are places for values, "&" marks the access key of a label.
+ * The prompt's texts. Each language is one file in strings/, which needs no registration elsewhere.
+ * Texts are UTF-8; {0}, {1} are placeholders, "&" marks a label's access key.
  */
 #pragma once
 
@@ -16,17 +16,17 @@ struct Strings {
     const char* continueLabel;
     const char* cancelLabel;
 
-    /* What the user is asked to do */
+    /* The requests to the user */
     const char* turnStack;
     const char* loadPaper;
     const char* changeCartridge;
     const char* closeCover;
     const char* removeJam;
     const char* attention; /**< anything else; {0} its number */
-    Plural pages;          /**< behind turnStack; {0} number of pages */
-    Plural onSheets;       /**< behind pages; {0} number of sheets */
+    Plural pages;          /**< after turnStack; {0} number of pages */
+    Plural onSheets;       /**< after pages; {0} number of sheets */
 
-    /* The driver's news */
+    /* The driver's notes */
     const char* paperLoaded;
     const char* coverOpen;
     const char* coverClosed;

@@ -29,7 +29,7 @@ HRESULT giveNumber(long number, VARIANT* answer) {
     return S_OK;
 }
 
-/** The object of one control. Its calls arrive on the window's thread. */
+/** The object of one control. It is called on the window's thread. */
 class AccessibleControl : public IAccessible {
   public:
     explicit AccessibleControl(std::shared_ptr<AccessibleModel> model) : model_(std::move(model)) {}
@@ -53,7 +53,7 @@ class AccessibleControl : public IAccessible {
         return left;
     }
 
-    // Scripts are not served.
+    // No scripting interface.
     HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override {
         if (count) *count = 0;
         return S_OK;
@@ -82,7 +82,7 @@ class AccessibleControl : public IAccessible {
     HRESULT STDMETHODCALLTYPE get_accChild(VARIANT, IDispatch** child) override {
         if (!child) return E_INVALIDARG;
         *child = nullptr;
-        return S_FALSE;  // parts have no objects of their own
+        return S_FALSE;  // parts have no objects
     }
     HRESULT STDMETHODCALLTYPE get_accName(VARIANT which, BSTR* name) override {
         return giveTextOf(which, &AccessibleItem::name, name);
@@ -147,13 +147,13 @@ class AccessibleControl : public IAccessible {
         }
         return giveNumber(CHILDID_SELF, which);
     }
-    /** What can be pressed is a real button, which the system answers for. */
+    /** Everything that can be pressed is a real button, which the system serves. */
     HRESULT STDMETHODCALLTYPE accDoDefaultAction(VARIANT) override { return DISP_E_MEMBERNOTFOUND; }
     HRESULT STDMETHODCALLTYPE put_accName(VARIANT, BSTR) override { return DISP_E_MEMBERNOTFOUND; }
     HRESULT STDMETHODCALLTYPE put_accValue(VARIANT, BSTR) override { return DISP_E_MEMBERNOTFOUND; }
 
   private:
-    /** The control for 0, its parts from 1; null for what is not there. */
+    /** The control for 0, its parts from 1; null if there is no such part. */
     [[nodiscard]] const AccessibleItem* find(const VARIANT& which) const {
         if (which.vt != VT_I4 || which.lVal < 0) return nullptr;
         if (which.lVal == CHILDID_SELF) return &model_->self;
@@ -179,7 +179,7 @@ AccessibilityServer::~AccessibilityServer() {
 
 LRESULT AccessibilityServer::answer(const std::shared_ptr<AccessibleModel>& model, WPARAM wParam,
                                     LPARAM lParam) {
-    // The upper half of the parameter means nothing.
+    // The upper half of the parameter has no meaning.
     if (static_cast<DWORD>(lParam) != static_cast<DWORD>(OBJID_CLIENT)) return 0;
     if (!comBegun_) comBegun_ = SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED));
     auto* const object = new (std::nothrow) AccessibleControl(model);

@@ -1,6 +1,6 @@
 /**
  * @file Accessible.h
- * What screen readers are told of controls that are drawn by ourselves.
+ * Accessibility of controls that the window draws itself.
  */
 #pragma once
 
@@ -17,22 +17,22 @@ namespace jsw::ui {
 /** A control, or a part of one. Texts are UTF-8. */
 struct AccessibleItem {
     std::string name;
-    std::string value;       /**< empty: it has none */
-    std::string description; /**< empty: it has none */
+    std::string value;       /**< empty: none */
+    std::string description; /**< empty: none */
     long role = 0;           /**< ROLE_SYSTEM_... */
     long state = 0;          /**< STATE_SYSTEM_..., bits */
     Box box;                 /**< in the control's pixels; empty: the whole control */
     bool operator==(const AccessibleItem&) const = default;
 };
 
-/** A control with its parts; kept current by the window, on the window's thread. */
+/** A control with its parts; the window updates it on its thread. */
 struct AccessibleModel {
-    HWND control = nullptr; /**< null once it is gone */
+    HWND control = nullptr; /**< null after its destruction */
     AccessibleItem self;
     std::vector<AccessibleItem> parts;
 };
 
-/** Serves the screen readers that ask for the controls of one thread's windows. */
+/** Serves screen readers for the controls of one thread's windows. */
 class AccessibilityServer {
   public:
     AccessibilityServer() = default;
@@ -41,14 +41,14 @@ class AccessibilityServer {
     AccessibilityServer& operator=(const AccessibilityServer&) = delete;
 
     /**
-     * Answers WM_GETOBJECT for the client area of a control, and hands the asker an object that
-     * goes on telling what the model says. 0 for other objects, for the system to answer.
+     * Answers WM_GETOBJECT for a control's client area with an object that always shows the model's
+     * present state. Returns 0 for other objects, which the system answers.
      */
     [[nodiscard]] LRESULT answer(const std::shared_ptr<AccessibleModel>& model, WPARAM wParam,
                                  LPARAM lParam);
 
   private:
-    bool comBegun_ = false; /**< only when somebody asks; most windows are never asked */
+    bool comBegun_ = false; /**< only on request; most windows get none */
 };
 
 }  // namespace jsw::ui

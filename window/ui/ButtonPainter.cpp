@@ -10,7 +10,7 @@ namespace {
 constexpr int kRadius = 4;
 constexpr int kCheckSize = 15;
 
-/** What a control says of itself. */
+/** A control's own state. */
 struct ButtonState {
     ButtonState(HWND button, const ButtonLook& look)
         : text(textOf(button)),

@@ -1,7 +1,7 @@
 /**
  * @file ButtonPainter.h
- * Draws push buttons, check boxes and links in the window's colours, which the system's own drawing
- * does not know. The controls themselves stay the system's: keyboard, focus, screen readers.
+ * Draws push buttons, check boxes and links in the window's colours, which the system does not
+ * support. The controls remain the system's: keyboard, focus, accessibility.
  */
 #pragma once
 
@@ -15,26 +15,27 @@
 
 namespace jsw::ui {
 
-/** What the controls of a window look like. */
+/** The look of a window's controls. */
 struct ButtonLook {
     const Palette& palette;
     const Fonts& fonts;
     Scale scale;
     Colour ground; /**< behind the control */
     bool isDefault = false;
-    bool showsFocus = true; /**< if the system, too, has it shown */
-    bool showsKeys = true;  /**< likewise, the underlines of access keys */
+    bool showsFocus = true; /**< if the system shows it, too */
+    bool showsKeys = true;  /**< likewise for the underlines of access keys */
 };
 
 /**
  * Answers a button's NM_CUSTOMDRAW: draws a push button or check box in light or dark colours, and
- * leaves high contrast to the system. Without visual styles buttons do not ask, and are classic.
+ * leaves high contrast to the system. Without visual styles buttons send no such message and look
+ * classic.
  */
 [[nodiscard]] LRESULT customDrawButton(const NMCUSTOMDRAW& notice, const ButtonLook& look);
 
 /**
  * Draws an owner-drawn button as a link in a text.
- * @param whole where the link is in the control, which may show only a part of it
+ * @param whole the link's box in the control, which may show only a part of it
  */
 void drawLink(const DRAWITEMSTRUCT& item, const Box& whole, const ButtonLook& look);
 

@@ -23,7 +23,7 @@ void Canvas::frameRound(const Box& box, int radius, int thickness, Colour colour
 
 void Canvas::fillGradient(const Box& box, int radius, Colour top, Colour bottom) const {
     GdiFlush();
-    // Round on the left only: the box goes on to the right.
+    // Round corners on the left only: the box extends to the right.
     const RoundBox inside({box.left, box.top, box.right + radius, box.bottom}, radius);
     const int height = std::max(box.height(), 1);
     fillShape(pixels_, box, inside,
@@ -56,7 +56,7 @@ Picture::Picture(HDC like, Size size) {
     BITMAPINFO info{};
     info.bmiHeader.biSize = sizeof(info.bmiHeader);
     info.bmiHeader.biWidth = size.width;
-    info.bmiHeader.biHeight = -size.height;  // from the top down
+    info.bmiHeader.biHeight = -size.height;  // top row first
     info.bmiHeader.biPlanes = 1;
     info.bmiHeader.biBitCount = 32;
     info.bmiHeader.biCompression = BI_RGB;

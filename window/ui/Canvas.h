@@ -1,6 +1,6 @@
 /**
  * @file Canvas.h
- * Drawing with plain values: smooth shapes and text, in memory, so that nothing flickers.
+ * Draws smooth shapes and text in memory, so that nothing flickers.
  */
 #pragma once
 
@@ -27,17 +27,17 @@ namespace jsw::ui {
     return {rectangle.left, rectangle.top, rectangle.right, rectangle.bottom};
 }
 
-/** A picture in memory that is drawn on; made by paintBuffered. */
+/** A picture in memory to draw on; created by paintBuffered. */
 class Canvas {
   public:
-    /** @param dc has the picture selected that the pixels belong to */
+    /** @param dc the picture of the pixels is selected into it */
     Canvas(HDC dc, const Pixels& pixels) : dc_(dc), pixels_(pixels) { SetBkMode(dc, TRANSPARENT); }
 
     void fill(const Box& box, Colour colour) const;
     void fillRound(const Box& box, int radius, Colour colour) const;
     /** A line of this thickness along the inner edge of the box. */
     void frameRound(const Box& box, int radius, int thickness, Colour colour) const;
-    /** Colours of the rows, from one at the top to the other at the bottom; left corners round. */
+    /** Fills rows with colours from top to bottom; the left corners are round. */
     void fillGradient(const Box& box, int radius, Colour top, Colour bottom) const;
     /** Fills the points for which inside(x, y) holds. */
     template <typename Inside>
@@ -45,9 +45,9 @@ class Canvas {
         GdiFlush();
         fillShape(pixels_, bounds, std::forward<Inside>(inside), [&](int) { return colour; });
     }
-    /** One line, with DrawText's DT_LEFT, DT_RIGHT or DT_CENTER; "&" is nothing special. */
+    /** One line, with DrawText's DT_LEFT, DT_RIGHT or DT_CENTER; "&" has no special meaning. */
     void text(const Box& box, std::string_view text, HFONT font, Colour colour, UINT side) const;
-    /** The same for a label, whose "&" underlines a letter when underline is set. */
+    /** The same for a label, whose "&" underlines a letter if underline is set. */
     void label(const Box& box, std::string_view text, HFONT font, Colour colour, UINT side,
                bool underline) const;
     [[nodiscard]] HDC dc() const { return dc_; }
@@ -59,7 +59,7 @@ class Canvas {
     Pixels pixels_;
 };
 
-/** A bitmap whose pixels can be reached. */
+/** A bitmap with accessible pixels. */
 class Picture {
   public:
     Picture(HDC like, Size size);
@@ -71,7 +71,7 @@ class Picture {
     Pixels pixels_;
 };
 
-/** Calls paint(canvas, box) on a picture in memory and copies it into the area of the context. */
+/** Calls paint(canvas, box) on a picture in memory and copies it to the area of the context. */
 template <typename Paint>
 void paintBuffered(HDC target, const RECT& area, Paint&& paint) {
     const Size size{static_cast<int>(area.right - area.left),

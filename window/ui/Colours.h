@@ -1,6 +1,6 @@
 /**
  * @file Colours.h
- * The colours of a window, light, dark or the system's own for high contrast. No Windows in it.
+ * The colours of a window: light, dark or the system's for high contrast. Needs no Windows.
  */
 #pragma once
 
@@ -15,7 +15,7 @@ struct Colour {
     bool operator==(const Colour&) const = default;
 };
 
-/** How the user wants windows to look. */
+/** The user's choice of appearance. */
 enum class Appearance { light, dark, highContrast };
 
 /** Every colour by its use. */
@@ -43,7 +43,7 @@ struct Palette {
 [[nodiscard]] const Palette& lightPalette();
 [[nodiscard]] const Palette& darkPalette();
 
-/** The system's colours that a high contrast palette is made of. */
+/** The system's colours for a high contrast palette. */
 struct SystemColours {
     Colour window;
     Colour windowText;
@@ -58,7 +58,7 @@ struct SystemColours {
 /** Contrast of two colours, 1 (none) to 21 (black on white). */
 [[nodiscard]] double contrast(Colour first, Colour second);
 
-/** Part of the way (0 to 255) from one colour to the other. */
+/** A mixture of two colours; share, 0 to 255, is that of the second. */
 [[nodiscard]] constexpr Colour mixed(Colour from, Colour to, int share) {
     const auto mix = [share](int first, int second) {
         return static_cast<std::uint8_t>(first + (second - first) * share / 255);

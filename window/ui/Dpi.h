@@ -1,7 +1,7 @@
 /**
  * @file Dpi.h
- * The scale of the screen that a window is on. What newer systems know of it is looked up by name;
- * older ones have one scale for all screens.
+ * The scale of a window's screen. The functions of newer systems are looked up by name; older
+ * systems have one scale for all screens.
  */
 #pragma once
 
@@ -9,10 +9,10 @@
 
 namespace jsw::ui {
 
-/** Sent by newer systems when a window comes to a screen of another scale. */
+/** Sent by newer systems when a window moves to a screen with another scale. */
 inline constexpr UINT kMessageDpiChanged = 0x02E0;
 
-/** Makes windows that this thread creates sharp on every screen, for the length of a block. */
+/** During its lifetime, windows that this thread creates are sharp on every screen. */
 class SharpWindows {
   public:
     SharpWindows();

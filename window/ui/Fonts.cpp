@@ -22,8 +22,7 @@ bool isInstalled(const wchar_t* face) {
     return found;
 }
 
-/** The face of the system's messages; the stand-in "MS Shell Dlg" only when nothing better is
- * there. */
+/** The face of the system's messages; "MS Shell Dlg" only if nothing better exists. */
 std::wstring chooseFace() {
     constexpr const wchar_t* kStandIn = L"MS Shell Dlg";
     NONCLIENTMETRICSW metrics{};

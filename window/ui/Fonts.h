@@ -1,6 +1,6 @@
 /**
  * @file Fonts.h
- * The fonts of a window, and measuring with them.
+ * The fonts of a window, and text measurement.
  */
 #pragma once
 
@@ -23,7 +23,7 @@ class Fonts {
     std::array<GdiObject<HFONT>, 4> fonts_;
 };
 
-/** Measures with the fonts; one at a time, on the thread that made it. */
+/** Measures text with the fonts. Not thread-safe. */
 class FontMeasure : public TextMeasure {
   public:
     explicit FontMeasure(const Fonts& fonts) : fonts_(fonts), dc_(nullptr) {}

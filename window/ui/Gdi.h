@@ -10,7 +10,7 @@
 
 namespace jsw::ui {
 
-/** Owns a GDI object (font, brush, bitmap, ...); null when there is none. */
+/** Owns a GDI object (font, brush, bitmap, ...) or null. */
 template <typename Handle>
 class GdiObject {
   public:
@@ -30,7 +30,7 @@ class GdiObject {
     Handle handle_ = nullptr;
 };
 
-/** Selects an object into a device context for the length of a block. */
+/** Selects an object into a device context for a scope. */
 class Selection {
   public:
     Selection(HDC dc, HGDIOBJ object) : dc_(dc), previous_(SelectObject(dc, object)) {}
@@ -43,7 +43,7 @@ class Selection {
     HGDIOBJ previous_;
 };
 
-/** A device context in memory; null when there is not enough. */
+/** A device context in memory; null if memory is exhausted. */
 class MemoryDc {
   public:
     explicit MemoryDc(HDC like) : dc_(CreateCompatibleDC(like)) {}

@@ -1,6 +1,6 @@
 /**
  * @file Geometry.h
- * Sizes and boxes in pixels, and what they are at the scale of a screen. No Windows in it.
+ * Sizes and boxes in pixels, and their scaling. Needs no Windows.
  */
 #pragma once
 
@@ -11,14 +11,14 @@ namespace jsw::ui {
 /** Dots per inch of a screen at 100 %. */
 inline constexpr int kBaseDpi = 96;
 
-/** Translates lengths at 100 % to pixels of a screen. */
+/** Converts lengths at 100 % to pixels of a screen. */
 class Scale {
   public:
     explicit Scale(int dotsPerInch = kBaseDpi) : dotsPerInch_(std::max(dotsPerInch, 1)) {}
     [[nodiscard]] int operator()(int length) const {
         return (length * dotsPerInch_ + kBaseDpi / 2) / kBaseDpi;
     }
-    /** The way back. */
+    /** The inverse. */
     [[nodiscard]] int unscaled(int pixels) const {
         return (pixels * kBaseDpi + dotsPerInch_ / 2) / dotsPerInch_;
     }
@@ -50,7 +50,7 @@ struct Box {
     [[nodiscard]] Box moved(int x, int y) const {
         return {left + x, top + y, right + x, bottom + y};
     }
-    /** Only boxes with something in them overlap. */
+    /** Empty boxes never overlap. */
     [[nodiscard]] bool overlaps(const Box& other) const {
         return !empty() && !other.empty() && left < other.right && other.left < right &&
                top < other.bottom && other.top < bottom;
@@ -59,7 +59,8 @@ struct Box {
         return left <= other.left && top <= other.top && right >= other.right &&
                bottom >= other.bottom;
     }
-    /** The part within the other box; without any, nothing at the other's nearest edge. */
+    /** The part inside the other box; if there is none, an empty box at the other's nearest edge.
+     */
     [[nodiscard]] Box clippedTo(const Box& other) const {
         const auto x = [&](int value) {
             return std::max(std::min(value, other.right), other.left);

@@ -1,7 +1,7 @@
 /**
  * @file Language.h
- * Texts by language: each language of a module is one table in one source file, which makes itself
- * known. No Windows in it.
+ * Texts by language: each language of a module is one table in one source file, which registers
+ * itself. Needs no Windows.
  */
 #pragma once
 
@@ -20,8 +20,8 @@ namespace jsw::ui {
 inline constexpr std::uint16_t kEnglish = 0x09;
 
 /**
- * One language's table of texts. A file defines one with static lifetime, and with that the
- * language exists:
+ * One language's table of texts. To add a language, define one with static lifetime in a source
+ * file:
  *
  *     const Language<Strings> german(0x07, "de", {...});
  */
@@ -39,7 +39,7 @@ class Language {
     Language(const Language&) = delete;
     Language& operator=(const Language&) = delete;
 
-    /** The language with this id, of whatever country; English where there is none. */
+    /** The language with this id, whatever the country; English if there is none. */
     [[nodiscard]] static const Language& choose(std::uint16_t languageId) {
         const Language* chosen = first_;
         for (const Language* language = first_; language; language = language->next_) {
@@ -48,7 +48,7 @@ class Language {
         }
         return *chosen;  // NOLINT(clang-analyzer-core.uninitialized.UndefReturn): English exists
     }
-    /** The language with this code; null when there is none. */
+    /** The language with this code; null if there is none. */
     [[nodiscard]] static const Language* find(std::string_view code) {
         const Language* language = first_;
         while (language && code != language->code_) language = language->next_;
@@ -76,11 +76,11 @@ struct Plural {
     [[nodiscard]] const char* form(std::int64_t count) const { return count == 1 ? one : other; }
 };
 
-/** Puts the values in the places of {0}, {1}, ... of the pattern. */
+/** Replaces {0}, {1}, ... in the pattern by the values. */
 [[nodiscard]] std::string fillIn(std::string_view pattern,
                                  std::initializer_list<std::string_view> values);
 
-/** The number in groups of three digits: 12,345; four digits stay together. */
+/** The number in groups of three digits: 12,345; four digits are not separated. */
 [[nodiscard]] std::string grouped(std::int64_t number, std::string_view separator);
 
 }  // namespace jsw::ui

@@ -1,6 +1,6 @@
 /**
  * @file Look.h
- * How the system wants windows to look: visual styles, dark mode, high contrast.
+ * The system's appearance: visual styles, dark mode, high contrast.
  */
 #pragma once
 
@@ -11,12 +11,12 @@
 namespace jsw::ui {
 
 /**
- * While it lives, controls that this thread creates have the system's visual style, if it has one:
- * common controls 6, which the module's manifest asks for. Elsewhere they look classic.
+ * During its lifetime, controls that this thread creates have the system's visual style, if it has
+ * one: common controls 6, which the module's manifest requests. On other systems they look classic.
  */
 class VisualStyles {
   public:
-    /** @param module carries the manifest as resource kManifest */
+    /** @param module contains the manifest as resource kManifest */
     explicit VisualStyles(HMODULE module);
     ~VisualStyles();
     VisualStyles(const VisualStyles&) = delete;
@@ -27,19 +27,19 @@ class VisualStyles {
     ULONG_PTR cookie_ = 0;
 };
 
-/** Whether the system draws controls in a visual style now. */
+/** Whether the system now draws controls in a visual style. */
 [[nodiscard]] bool hasVisualStyles();
 
-/** The user's colours now. Dark only with visual styles: classic controls know no dark. */
+/** The user's present colours. Dark only with visual styles: classic controls have no dark mode. */
 [[nodiscard]] Palette currentPalette();
 
-/** Makes the title bar dark or light like the palette, where the system can. */
+/** Makes the title bar dark or light like the palette, if the system can. */
 void matchTitleBar(HWND window, const Palette& palette);
 
 /** The same for a scroll bar. */
 void matchScrollBar(HWND scrollBar, const Palette& palette);
 
-/** Whether the user wants things on the screen to move. */
+/** Whether the user wants animations. */
 [[nodiscard]] bool animationsWanted();
 
 }  // namespace jsw::ui

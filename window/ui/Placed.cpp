@@ -6,7 +6,7 @@
 namespace jsw::ui {
 namespace {
 
-constexpr int kLeastPadding = 12; /**< left and right of a label, where there is little room */
+constexpr int kLeastPadding = 12; /**< left and right of a label, if there is little room */
 
 }  // namespace
 

@@ -1,6 +1,6 @@
 /**
  * @file Placed.h
- * A text with its place in the window, and how texts are placed. No Windows in it.
+ * Texts and buttons with their positions in the window. Needs no Windows.
  */
 #pragma once
 
@@ -13,16 +13,16 @@
 
 namespace jsw::ui {
 
-/** What a text's colour says. */
+/** The meaning of a text's colour. */
 enum class Tone { usual, faint, warning, accent, badge };
 
 enum class Side { left, right, middle };
 
-/** A line of text in its place; it fits it. */
+/** A line of text and its box, into which it fits. */
 struct PlacedText {
     Box box;
     std::string text;
-    std::string full; /**< what was meant, when text had to be cut; else empty */
+    std::string full; /**< the full text if it was cut; else empty */
     Font font = Font::normal;
     Tone tone = Tone::usual;
     Side side = Side::left;
@@ -42,7 +42,8 @@ struct PlacedButton {
     bool operator==(const PlacedButton&) const = default;
 };
 
-/** A button (or check box) whose label has this much room; one that is cut has no access key. */
+/** A button (or check box) whose label has this much room; a label that is cut has no access key.
+ */
 [[nodiscard]] PlacedButton placeButton(int id, const Box& box, int room, std::string_view label,
                                        const TextMeasure& measure);
 
@@ -60,17 +61,17 @@ inline constexpr int kBarHeight = 8;
                               const Scale& scale);
 
 /**
- * Widths of push buttons in a row with this much room for them: the usual ones, else narrower ones
- * that still show the labels, else equal shares.
+ * Widths of push buttons in a row of this width: the usual ones, or narrower ones that still show
+ * the labels, or equal shares.
  */
 [[nodiscard]] std::vector<int> buttonWidths(const std::vector<std::string>& labels, int room,
                                             const TextMeasure& measure, const Scale& scale);
 
-/** The least width of a push button that shows this label in full. */
+/** The minimum width of a push button that shows this label in full. */
 [[nodiscard]] int leastButtonWidth(std::string_view label, const TextMeasure& measure,
                                    const Scale& scale);
 
-/** A push button, whose label is cut where it has no room. */
+/** A push button, whose label is cut if it does not fit. */
 [[nodiscard]] PlacedButton placePushButton(int id, const Box& box, std::string_view label,
                                            const TextMeasure& measure, const Scale& scale);
 

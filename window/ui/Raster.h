@@ -1,7 +1,6 @@
 /**
  * @file Raster.h
- * Smooth shapes in a picture of 32-bit pixels, which the system's own shapes are not. No Windows in
- * it.
+ * Anti-aliased shapes in a picture of 32-bit pixels. Needs no Windows.
  */
 #pragma once
 
@@ -15,7 +14,7 @@
 
 namespace jsw::ui {
 
-/** Rows of pixels (0x00RRGGBB), from the top down. */
+/** Rows of pixels (0x00RRGGBB), top row first. */
 struct Pixels {
     std::uint32_t* first = nullptr;
     int width = 0;
@@ -33,9 +32,9 @@ constexpr Colour colourOf(std::uint32_t pixel) {
 }
 
 /**
- * Fills the shape of all points for which inside(x, y) holds. Each pixel at its edge is mixed from
- * what is there and the colour, by the share of it that lies inside.
- * @param colour colour(y) of a row
+ * Fills the points for which inside(x, y) holds. A pixel at the edge is a mixture of the present
+ * colour and the new one, by the share of the pixel that is inside.
+ * @param colour colour(y) is the colour of a row
  */
 template <typename Inside, typename RowColour>
 void fillShape(const Pixels& pixels, const Box& bounds, Inside&& inside, RowColour&& colour) {
@@ -60,8 +59,8 @@ void fillShape(const Pixels& pixels, const Box& bounds, Inside&& inside, RowColo
 }
 
 /**
- * Makes the picture opaque where inside(x, y) holds and transparent elsewhere, with colours
- * multiplied by the opacity, as pictures with transparency have them.
+ * Makes the picture opaque where inside(x, y) holds and transparent elsewhere, with premultiplied
+ * alpha.
  */
 template <typename Inside>
 void setOpacity(const Pixels& pixels, Inside&& inside) {
@@ -78,7 +77,7 @@ void setOpacity(const Pixels& pixels, Inside&& inside) {
     }
 }
 
-/** Whether a point is in a box with round corners. */
+/** A box with round corners. */
 class RoundBox {
   public:
     RoundBox(const Box& box, double radius)

@@ -5,8 +5,8 @@
 namespace jsw::ui {
 
 /**
- * A function that newer systems have and the oldest that is served has not, by its name in a loaded
- * library; null where there is none. That it is of the type Function is the caller's promise.
+ * A function that older supported systems lack, by its name in a loaded library; null if there is
+ * none. The type Function must be the function's: it is not checked.
  */
 template <class Function>
 Function* systemFunction(HMODULE module, const char* name) {

@@ -6,14 +6,14 @@
 namespace jsw::ui {
 namespace {
 
-/** No line on a screen holds more. */
+/** No line on a screen is longer. */
 constexpr std::size_t kLongestLine = 2000;
 
 bool isInsideCharacter(char byte) {
     return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
 }
 
-/** The longest beginning (in bytes) of which fits(beginning) holds; fits(0) is taken for granted.
+/** The length in bytes of the longest beginning for which fits() holds; assumes fits(0).
  */
 template <typename Fits>
 std::size_t longestBeginning(std::string_view text, Fits&& fits) {
@@ -22,7 +22,7 @@ std::size_t longestBeginning(std::string_view text, Fits&& fits) {
     while (bad - good > 1) {
         const std::size_t middle = characterStart(text, good + (bad - good) / 2);
         if (middle <= good) {
-            // The rest between the two is one character.
+            // Only one character is between the two.
             std::size_t next = good + 1;
             while (next < text.size() && isInsideCharacter(text[next])) ++next;
             if (next >= bad || !fits(text.substr(0, next))) break;
@@ -41,7 +41,7 @@ std::string_view trimmedEnd(std::string_view text) {
     return text;
 }
 
-/** Cuts the next line off the text, for a width that is known to be too small for all of it. */
+/** Cuts the next line off a text that does not fit the width. */
 std::string takeLine(std::string_view& text, Font font, int width, const TextMeasure& measure) {
     const std::size_t fitting =
         longestBeginning(text.substr(0, std::min(text.size(), kLongestLine)),
@@ -52,7 +52,7 @@ std::string takeLine(std::string_view& text, Font font, int width, const TextMea
         if (blank != std::string_view::npos && blank > 0) end = blank;
     }
     if (end == 0) {
-        // Not even one character fits; it is put there all the same, or this would never end.
+        // Not even one character fits: take it all the same, or this would never end.
         end = 1;
         while (end < text.size() && isInsideCharacter(text[end])) ++end;
     }

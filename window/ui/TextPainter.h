@@ -1,6 +1,6 @@
 /**
  * @file TextPainter.h
- * Draws texts that have been given their place.
+ * Draws texts at their positions.
  */
 #pragma once
 
@@ -9,14 +9,14 @@
 
 namespace jsw::ui {
 
-/** What everything in a window is drawn with. */
+/** Everything needed to draw a window's content. */
 struct Look {
     const Palette& palette;
     const Fonts& fonts;
     Scale scale;
 };
 
-/** Draws the text in its place. */
+/** Draws the text in its box. */
 void paintText(const Canvas& canvas, const PlacedText& text, const Look& look);
 
 /** The text moved to a canvas with this origin in the layout's coordinates. */

@@ -8,7 +8,7 @@
 namespace jsw::view {
 namespace {
 
-/** A letter or digit of ASCII, in lower case; others are nobody's key here. */
+/** An ASCII letter or digit, in lower case; no other character is an access key here. */
 std::optional<char> keyOf(char letter) {
     if (letter >= 'A' && letter <= 'Z') return static_cast<char>(letter - 'A' + 'a');
     const bool isKey = (letter >= 'a' && letter <= 'z') || (letter >= '0' && letter <= '9');
@@ -23,7 +23,7 @@ std::optional<char> markedKey(std::string_view label) {
     return std::nullopt;
 }
 
-/** The keys of everything that the window itself may show. */
+/** The access keys of all of the window's own controls. */
 std::set<char> keysOfWindow(const Strings& strings) {
     std::set<char> keys;
     for (const char* label :
@@ -35,7 +35,7 @@ std::set<char> keysOfWindow(const Strings& strings) {
     return keys;
 }
 
-/** The label with the mark before the first of its letters that is free, or without one. */
+/** The label with the mark before its first free letter, or without a mark. */
 std::string markedAnew(std::string_view label, const std::set<char>& taken) {
     const std::string plain = ui::withoutAccessKey(label);
     for (std::size_t i = 0; i < plain.size(); ++i) {

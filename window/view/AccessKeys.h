@@ -1,6 +1,6 @@
 /**
  * @file AccessKeys.h
- * One access key for each button: the window's own come first. No Windows in it.
+ * Unique access keys for buttons; those of the window have priority. Needs no Windows.
  */
 #pragma once
 
@@ -12,9 +12,9 @@
 namespace jsw::view {
 
 /**
- * Gives the page's buttons access keys that nothing else in the window has: the letter that a label
- * marks or, where that is taken, the first free one in the label, or none.
- * @return for the page's author: a sentence for each key that was taken, empty when all is well
+ * Gives the page's buttons unique access keys: the letter that the label marks or, if that is
+ * taken, the first free one in the label, or none.
+ * @return for the page's author: a sentence for each key that was taken, or empty
  */
 std::vector<std::string> giveAccessKeys(Page& page, const Strings& strings);
 

@@ -47,7 +47,7 @@ std::string_view trimmed(std::string_view text) {
     return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
-/** Cuts the part before the separator off text; the whole text when there is no separator. */
+/** Cuts the part before the separator off text; the whole text if there is no separator. */
 std::string_view cutUpTo(std::string_view& text, char separator) {
     const auto end = text.find(separator);
     const std::string_view part = text.substr(0, end);
@@ -67,7 +67,7 @@ bool isControlCharacter(unsigned char character) {
     return character < ' ' && character != '\t' && character != '\r' && character != '\n';
 }
 
-/** A name without a folder or drive, so that a page only reaches pictures next to itself. */
+/** A name without a folder or drive, so that a page uses only pictures beside itself. */
 bool isPictureFileName(std::string_view name) {
     const std::string lower = lowered(name);
     return lower.size() > kPictureFileEnding.size() && lower.ends_with(kPictureFileEnding) &&
@@ -80,7 +80,7 @@ bool isActionName(std::string_view name) {
     });
 }
 
-/** Builds the page line by line; every step answers with its problem, if any. */
+/** Builds the page line by line; every step returns its problem, if any. */
 class PageBuilder {
   public:
     Problem takeHeaderLine(std::string_view line) {
@@ -143,7 +143,7 @@ class PageBuilder {
         page_.pictureFile = isFile ? std::string(value) : std::string();
     }
 
-    /** Label, action and number, separated by "|"; nothing when it is not of that form. */
+    /** Label, action and number, separated by "|"; nothing if the text has another form. */
     static std::optional<ContentButton> readAction(std::string_view value) {
         ContentButton button;
         button.label = cutUpTo(value, '|');
@@ -200,7 +200,7 @@ class PageBuilder {
     }
 
     Page page_;
-    std::vector<std::string> texts_; /**< of the paragraphs, as they stand in the file */
+    std::vector<std::string> texts_; /**< of the paragraphs, as in the file */
     bool inParagraph_ = false;
 };
 
@@ -254,7 +254,7 @@ bool isPictureHeaderAcceptable(std::string_view header) {
     constexpr std::size_t kHeightOffset = 22;
     if (header.size() < kHeightOffset + 4 || !header.starts_with("BM")) return false;
     const std::int64_t width = static_cast<std::int32_t>(littleEndian32(header, kWidthOffset));
-    // A negative height is a picture stored from top to bottom.
+    // A negative height means: stored top row first.
     const std::int64_t height = static_cast<std::int32_t>(littleEndian32(header, kHeightOffset));
     return width > 0 && width <= kMaxPictureSide && height != 0 && height <= kMaxPictureSide &&
            height >= -kMaxPictureSide;

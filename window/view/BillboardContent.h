@@ -30,7 +30,7 @@ enum class Theme { blue, green, amber, violet };
 
 enum class Picture { none, printer, drop, bulb, ink, file };
 
-/** A button or link on the page: what the view reports to its host when it is pressed. */
+/** A button or link on the page, and what the view reports when it is pressed. */
 struct ContentButton {
     std::string label;
     std::string action;
@@ -40,7 +40,7 @@ struct ContentButton {
 /** A run of plain text, or a link in the text. */
 struct Piece {
     std::string text;
-    std::optional<std::size_t> link; /**< index in Page::links; text is its label then */
+    std::optional<std::size_t> link; /**< index in Page::links; then text is its label */
     bool operator==(const Piece&) const = default;
 };
 
@@ -53,10 +53,10 @@ struct Paragraph {
 /** A paragraph that is one run of plain text. */
 [[nodiscard]] Paragraph plainParagraph(std::string text);
 
-/** The paragraph's text, links and all. */
+/** The paragraph's text, including links. */
 [[nodiscard]] std::string textOf(const Paragraph& paragraph);
 
-/** A page; texts are in the encoding of the file. */
+/** A page; texts are in the file's encoding. */
 struct Page {
     std::string title;
     Theme theme = Theme::blue;
@@ -86,7 +86,7 @@ enum class Problem {
 inline constexpr std::size_t kProblems = 13;
 
 struct ParsedPage {
-    Page page; /**< meaningful only without a problem */
+    Page page; /**< valid only without a problem */
     Problem problem = Problem::none;
 };
 
@@ -94,8 +94,8 @@ struct ParsedPage {
 [[nodiscard]] ParsedPage parseBillboard(std::string_view text);
 
 /**
- * Whether the first bytes of a .bmp file announce a picture within kMaxPictureSide. Checked before
- * the file is loaded, as a few bytes can announce a picture of gigabytes.
+ * Whether the header of a .bmp file has a size within kMaxPictureSide. Checked before loading,
+ * because a few bytes can specify a picture of gigabytes.
  */
 [[nodiscard]] bool isPictureHeaderAcceptable(std::string_view header);
 

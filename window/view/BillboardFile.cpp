@@ -11,7 +11,7 @@
 namespace jsw::view {
 namespace {
 
-/** The first bytes of a file, at most limit; nothing when it cannot be read. */
+/** The first bytes of a file, at most limit; nothing if it cannot be read. */
 std::optional<std::string> readStart(const std::string& path, std::size_t limit) {
     std::ifstream file(path, std::ios::binary);
     if (!file) return std::nullopt;
@@ -29,7 +29,7 @@ std::string nameInLanguage(const std::string& fileName, const char* code) {
     return fileName.substr(0, dot + 1) + code + fileName.substr(dot);
 }
 
-/** Files of either encoding are well-formed for as long as they are plain English. */
+/** Plain ASCII is valid in both encodings. */
 std::string asUtf8(std::string text) {
     return ui::isUtf8(text) ? std::move(text) : ui::utf8FromAnsi(text);
 }
@@ -43,7 +43,7 @@ std::string scriptPath(const std::string& dataPath, const std::string& fileName)
 Page loadBillboard(const std::string& dataPath, const std::string& fileName,
                    const Language& language) {
     const Strings& strings = language.strings();
-    // Without a folder the path would lead to the root of some drive.
+    // Without a folder the path would name the root of a drive.
     if (dataPath.empty() || fileName.empty()) return emptyPage(strings);
     auto text = readStart(scriptPath(dataPath, nameInLanguage(fileName, language.code())),
                           kMaxFileSize + 1);
@@ -52,7 +52,7 @@ Page loadBillboard(const std::string& dataPath, const std::string& fileName,
         return unshowablePage(ui::utf8FromAnsi(fileName), problem, strings);
     };
     if (!text) return unshowable(Problem::unreadable);
-    // Before it becomes UTF-8, which may be longer.
+    // Checked before the conversion to UTF-8, which may lengthen it.
     if (text->size() > kMaxFileSize) return unshowable(Problem::tooLarge);
     const ParsedPage parsed = parseBillboard(asUtf8(std::move(*text)));
     return parsed.problem == Problem::none ? parsed.page : unshowable(parsed.problem);

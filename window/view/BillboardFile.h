@@ -15,15 +15,14 @@ namespace jsw::view {
 [[nodiscard]] std::string scriptPath(const std::string& dataPath, const std::string& fileName);
 
 /**
- * The page in the file with this name, with its texts as UTF-8; a page that says so when there is
- * none (empty name) or when it cannot be read. Where a file of the same name exists for the
- * language ("welcome.de.jbb" for "welcome.jbb"), that one is read. Reads at most kMaxFileSize bytes
- * and one more.
+ * The page in the file with this name, in UTF-8. Without a name, or if the file cannot be read, a
+ * page that says so. Reads the file for the language if it exists ("welcome.de.jbb" for
+ * "welcome.jbb"). Reads at most kMaxFileSize + 1 bytes.
  */
 [[nodiscard]] Page loadBillboard(const std::string& dataPath, const std::string& fileName,
                                  const Language& language);
 
-/** Whether this .bmp file exists and its header announces an acceptable size. */
+/** Whether this .bmp file exists and its header has an acceptable size. */
 [[nodiscard]] bool isPictureFileAcceptable(const std::string& path);
 
 }  // namespace jsw::view

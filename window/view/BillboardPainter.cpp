@@ -45,7 +45,7 @@ void paintBillboard(const Canvas& canvas, const Box& origin, const Billboard& bi
         }
     }
     paintInk(canvas, origin, layout.ink, look);
-    // What is scrolled out of its area goes.
+    // Omits what is scrolled out of its area.
     const Box area = layout.textArea.moved(-origin.left, -origin.top);
     canvas.fill({area.left, card.top, area.right, area.top}, look.palette.card);
     canvas.fill({area.left, area.bottom, area.right, card.bottom}, look.palette.card);

@@ -11,13 +11,13 @@
 
 namespace jsw::view {
 
-/** A page with what it takes to draw it. */
+/** A page with everything needed to draw it. */
 struct Billboard {
     Page page;
     GdiObject<HBITMAP> bitmap; /**< the picture file's content, or null */
 };
 
-/** Draws the page as it is laid out. The buttons and links are controls of their own. */
+/** Draws the page at its layout. Buttons and links are separate controls. */
 void paintBillboard(const Canvas& canvas, const Box& origin, const Billboard& billboard,
                     const PageLayout& layout, const Look& look);
 

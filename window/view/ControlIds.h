@@ -20,7 +20,7 @@ enum JswSampleViewControl {
     /* Texts and pictures */
     JSW_VIEW_PRINTER_NAME = 1001,
     JSW_VIEW_JOB_NAME = 1002,
-    JSW_VIEW_SIMULATED = 1003, /**< visible for simulated data only */
+    JSW_VIEW_SIMULATED = 1003, /**< visible only for simulated data */
     JSW_VIEW_PROGRESS_TEXT = 1004,
     JSW_VIEW_TIME_TEXT = 1005,
     JSW_VIEW_PROGRESS_BAR = 1006,
@@ -39,7 +39,7 @@ enum JswSampleViewControl {
     JSW_VIEW_UPDATE_AUTOMATICALLY = 1031, /**< a check box */
     JSW_VIEW_SPECIAL_MESSAGES = 1032,     /**< a check box */
 
-    /* The question in the last row, in the place of the choices; hidden when there is none */
+    /* The question in the last row, replacing the choices; hidden if there is none */
     JSW_VIEW_QUESTION = 1034, /**< a text */
     JSW_VIEW_YES = 1035,
     JSW_VIEW_NO = 1036, /**< the default */

@@ -27,13 +27,13 @@ constexpr const wchar_t* kButton = L"BUTTON";
 constexpr const wchar_t* kScrollBar = L"SCROLLBAR";
 constexpr DWORD kDrawn = WS_CLIPSIBLINGS | SS_OWNERDRAW;
 constexpr DWORD kPush = WS_TABSTOP | BS_PUSHBUTTON;
-// What may be scrolled out of sight tells when the keyboard comes to it.
+// Controls that may be scrolled out of sight notify when they get the focus.
 constexpr DWORD kPagePush = kPush | BS_NOTIFY;
 constexpr DWORD kLink = WS_TABSTOP | BS_OWNERDRAW | BS_NOTIFY;
-// Not the automatic kind: the box follows the choice that the state holds.
+// Not the automatic kind: the box shows the choice in the state.
 constexpr DWORD kCheck = WS_TABSTOP | BS_CHECKBOX;
 
-/** In the order in which the Tab key goes through them. */
+/** In the order of the Tab key. */
 constexpr Control kControls[] = {
     {JSW_VIEW_PRINTER_NAME, kStatic, kDrawn},
     {JSW_VIEW_SIMULATED, kStatic, kDrawn},
@@ -88,7 +88,7 @@ bool isOwn(int id) {
     return std::find(std::begin(kOwn), std::end(kOwn), id) != std::end(kOwn);
 }
 
-/** Where the control is in its window, shown or not. */
+/** The control's box in its window, visible or not. */
 Box placeOf(HWND control) {
     RECT place{};
     GetWindowRect(control, &place);
@@ -101,8 +101,8 @@ bool isShown(HWND control) {
 }
 
 /**
- * Collects moves and carries them out at once, so that nothing is seen half done. What moves is
- * drawn anew: the pixels it had may by then be those of another control.
+ * Collects moves and performs them together. Moved controls are redrawn: their old pixels may by
+ * then belong to another control.
  */
 class Moves {
   public:
@@ -129,7 +129,7 @@ class Moves {
   private:
     void hide(HWND control) {
         if (!isShown(control)) return;
-        // Pages and buttons come and go; what has the keyboard must not go with it unnoticed.
+        // A control that disappears must not keep the focus.
         if (GetFocus() == control) SetFocus(window_);
         move(control, {}, SWP_HIDEWINDOW | SWP_NOMOVE | SWP_NOSIZE);
     }
@@ -156,15 +156,15 @@ void placeButtons(HWND window, Moves& moves, const std::vector<PlacedButton>& bu
 }
 
 /**
- * Places the page with what lies on it. The page comes before its links and buttons, as a screen
- * reader goes through them, and has holes where they are.
+ * Places the page and its controls. The page precedes its links and buttons, in a screen reader's
+ * order, and has holes for them.
  */
 void placePage(HWND window, Moves& moves, const PageLayout& page) {
     moves.place(JSW_VIEW_BILLBOARD, page.card);
     std::vector<PlacedButton> onPage = page.buttons;
     for (PlacedButton control : page.inText) {
         const Box seen = page.seenOf(control);
-        // A link draws itself in part, a button only as a whole.
+        // A link can be drawn in part, a button only as a whole.
         const bool isSeen = isLink(control.id) || seen == control.box;
         control.box = isSeen ? seen : Box{seen.left, seen.top, seen.left, seen.top};
         onPage.push_back(control);
@@ -205,7 +205,7 @@ void createControls(HWND window, HINSTANCE instance) {
 
 void setControlFont(HWND window, HFONT font) {
     for (const Control& control : kControls) {
-        if (isOwn(control.id)) continue;  // its painter has fonts of its own
+        if (isOwn(control.id)) continue;  // its painter has its own fonts
         SendDlgItemMessageW(window, control.id, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
     }
 }

@@ -1,6 +1,6 @@
 /**
- * The module's entry points. They note what they are told in the state of the current job and
- * return; the window's thread shows it.
+ * The module's entry points. They store their arguments in the current job's state and return; the
+ * window's thread shows them.
  */
 #include "window/ui/Text.h"
 #include "window/view/ViewState.h"
@@ -21,7 +21,7 @@ using namespace jsw::view;
 /** The job between Initialize and Uninitialize; null outside. */
 std::atomic<std::shared_ptr<ViewState>> currentJob;
 
-/** As it came, in the ANSI code page. */
+/** Unchanged, in the ANSI code page. */
 std::string ansiOf(const char* text) {
     return text ? text : "";
 }
@@ -30,13 +30,13 @@ std::string textOf(const char* text) {
     return jsw::ui::utf8FromAnsi(ansiOf(text));
 }
 
-/** Does something with the current job, if there is one. Nothing thrown gets out. */
+/** Runs an action on the current job, if there is one. Catches every exception. */
 template <typename Action>
 void withJob(Action&& action) noexcept {
     try {
         if (const auto job = currentJob.load()) action(job);
     } catch (...) {
-        // Out of memory: the window misses this piece of news.
+        // Out of memory: the window misses this update.
     }
 }
 
@@ -192,8 +192,8 @@ void SetUpdateSoftwareCallback(JswViewUpdateSoftwareCallback callback) {
     setCallback(&HostCallbacks::updateSoftware, callback);
 }
 
-// What this window has no use for. A module may leave such entry points out altogether; here they
-// stand so that the list is complete.
+// This window does not need the following. A module may omit such entry points; they are here for
+// completeness.
 
 void SetJobType(int32_t /*value*/) {
 }

@@ -15,7 +15,7 @@ int levelWidth(const InkContent& slot, const TextMeasure& measure) {
     return measure.width(slot.level, slot.percent ? Font::bold : Font::normal);
 }
 
-/** As many columns as let every name and level stand beside each other in full. */
+/** The largest number of columns in which every name and level fits in full. */
 int columnsFor(const std::vector<InkContent>& slots, int width, const TextMeasure& measure,
                const Scale& scale) {
     int widest = 0;
@@ -28,14 +28,14 @@ int columnsFor(const std::vector<InkContent>& slots, int width, const TextMeasur
     const int fitting = (width + scale(kColumnGap)) / std::max(widest + scale(kColumnGap), 1);
     const int columns = std::clamp(fitting, fewest, count);
     const int rows = (count + columns - 1) / columns;
-    return (count + rows - 1) / rows;  // rows of the same length, as far as possible
+    return (count + rows - 1) / rows;  // rows of equal length, if possible
 }
 
 InkCell layoutCell(const InkContent& slot, const Box& cell, const TextMeasure& measure,
                    const Scale& scale) {
     const int line = measure.lineHeight(Font::normal);
     const int gap = scale(kTextGap);
-    // The level keeps its room; the name gives way.
+    // The level keeps its room; the name is cut.
     const int level = std::min(levelWidth(slot, measure), std::max(cell.width() - gap, 0));
     const Box right{cell.right - level, cell.top, cell.right, cell.top + line};
     const Box left{cell.left, cell.top, std::max(right.left - gap, cell.left), cell.top + line};

@@ -1,6 +1,6 @@
 /**
  * @file InkLayout.h
- * Where the ink levels are: a grid of names, levels and bars. No Windows in it.
+ * The layout of the ink levels: a grid of names, levels and bars. Needs no Windows.
  */
 #pragma once
 
@@ -42,14 +42,14 @@ struct InkCell {
 
 struct InkLayout {
     std::vector<InkCell> cells;
-    std::optional<PlacedText> sentence; /**< in the place of cells, when there are none */
+    std::optional<PlacedText> sentence; /**< instead of cells, if there are none */
     int bottom = 0;
     bool operator==(const InkLayout&) const = default;
 };
 
 /**
- * Places the levels side by side as long as their texts fit, else in up to five rows.
- * @param area its bottom does not count; see InkLayout::bottom
+ * Places the levels side by side if their texts fit, otherwise in up to five rows.
+ * @param area its bottom is ignored; see InkLayout::bottom
  */
 [[nodiscard]] InkLayout layoutInk(const WindowContent& content, const Box& area,
                                   const TextMeasure& measure, const Scale& scale);

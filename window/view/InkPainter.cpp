@@ -5,7 +5,7 @@
 namespace jsw::view {
 namespace {
 
-/** Where high contrast leaves no colour for the unfilled part, a line shows where it ends. */
+/** High contrast has no colour for the unfilled part: a line shows its end. */
 void paintTrack(const Canvas& canvas, const Box& box, const Look& look) {
     const int radius = box.height() / 2;
     canvas.fillRound(box, radius, look.palette.track);
@@ -21,14 +21,14 @@ void paintBar(const Canvas& canvas, const Box& box, int permille, Colour colour,
     if (permille <= 0) return;
     Box filled = box;
     filled.right = box.left + box.width() * std::min(permille, 1000) / 1000;
-    // A round bar narrower than its height would not look like one.
+    // A round bar must be at least as wide as high.
     filled.right = std::max(filled.right, filled.left + box.height());
     canvas.fillRound(filled, box.height() / 2, colour);
 }
 
 void paintRunningBar(const Canvas& canvas, const Box& box, int step, const Look& look) {
     paintTrack(canvas, box, look);
-    // It comes in on the left and goes out on the right.
+    // It enters on the left and leaves on the right.
     const int length = box.width() / 4;
     const int left =
         box.left - length + (box.width() + length) * (step % kRunningBarSteps) / kRunningBarSteps;

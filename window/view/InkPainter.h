@@ -21,10 +21,10 @@ using ui::Palette;
 /** A bar of which this many thousandths, from the left, are filled. */
 void paintBar(const Canvas& canvas, const Box& box, int permille, Colour colour, const Look& look);
 
-/** A bar that only says that something is going on; step counts up while it is shown. */
+/** A bar for work in progress of unknown length; step counts up while it is shown. */
 void paintRunningBar(const Canvas& canvas, const Box& box, int step, const Look& look);
 
-/** Steps after which a running bar looks as in the beginning. */
+/** Steps of a running bar's cycle. */
 inline constexpr int kRunningBarSteps = 90;
 
 /** @param origin of the canvas in the layout's coordinates */

@@ -1,6 +1,6 @@
 /**
  * @file JobData.h
- * What the host has told about one job, and what the user has done to it. No Windows in it.
+ * The host's data about one job, and the user's actions in it. Needs no Windows.
  */
 #pragma once
 
@@ -17,12 +17,12 @@ namespace jsw::view {
 
 /** Everything the window shows. Texts are UTF-8 unless they say otherwise. */
 struct JobData {
-    std::string dataPath; /**< in the ANSI code page, as file functions take it */
+    std::string dataPath; /**< in the ANSI code page, as file functions need it */
     std::string jobName;
     std::string printerName;
     Progress progress;
     std::array<std::int32_t, JSW_INK_SLOTS> inkPercents = noInkLevels();
-    bool inkTold = false;              /**< whether the host has said anything about ink */
+    bool inkTold = false;              /**< whether the host has passed ink data */
     std::array<bool, 2> reserveMode{}; /**< of cartridge 1 and 2 */
 
     std::string billboard;             /**< file name in the ANSI code page; empty: none */
@@ -31,7 +31,7 @@ struct JobData {
 
     bool visible = false;
     bool startMinimized = false;
-    bool restoreWanted = false; /**< a billboard asked for the window since it was shown */
+    bool restoreWanted = false; /**< a billboard has asked to restore the window */
     bool showSpecialMessages = true;
     bool updateSoftware = false;
     bool cancelling = false;

@@ -11,7 +11,7 @@
 namespace jsw::view {
 namespace {
 
-/** What the thread is given. */
+/** The thread's argument. */
 struct Start {
     std::function<void()> work;
     HMODULE module;
@@ -21,7 +21,7 @@ void doWork(std::unique_ptr<Start> start) noexcept {
     try {
         start->work();
     } catch (...) {
-        // Out of memory, or an exception of the host's: the job goes on without this.
+        // Out of memory, or an exception of the host: the job continues without this.
     }
 }
 
@@ -29,7 +29,7 @@ unsigned __stdcall threadMain(void* argument) {
     std::unique_ptr<Start> start(static_cast<Start*>(argument));
     const HMODULE module = start->module;
     doWork(std::move(start));
-    // Not a return: it would go back into code that may be unloaded by then.
+    // Instead of a return, which would continue in code that may be unloaded by then.
     FreeLibraryAndExitThread(module, 0);
 }
 

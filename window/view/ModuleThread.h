@@ -9,8 +9,8 @@
 namespace jsw::view {
 
 /**
- * Runs the work on a thread of its own; nothing thrown gets out of it. False when no thread can be
- * started: the work has then not been done.
+ * Runs the work on a new thread and catches its exceptions. False if no thread can be started; then
+ * the work is not done.
  */
 [[nodiscard]] bool startModuleThread(std::function<void()> work);
 

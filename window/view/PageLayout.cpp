@@ -17,8 +17,7 @@ constexpr int kItemIndent = 15;
 constexpr int kScrollBarWidth = 17;
 
 /**
- * Puts words, and links that stay in one piece, one after another into lines, as far down as they
- * go.
+ * Flows words, and links, which stay in one piece, into lines.
  */
 class TextFlow {
   public:
@@ -101,7 +100,7 @@ class TextFlow {
 
     [[nodiscard]] int room() const { return area_.right - x_; }
 
-    /** Ends the run of plain text that is being collected. */
+    /** Ends the current run of plain text. */
     void flush() {
         if (run_.empty()) return;
         const int width = measure_.width(run_, Font::normal);
@@ -173,7 +172,7 @@ class TextFlow {
     const int line_;
     const int blank_;
     int top_;
-    int bottom_ = 0; /**< of the last thing added, without the gap below it */
+    int bottom_ = 0; /**< of the last item added, without the gap below it */
     int left_ = 0;
     int x_ = 0;
     std::string run_;
@@ -199,7 +198,7 @@ std::vector<PlacedButton> placeButtons(const Page& page, const Box& row, const T
     return placed;
 }
 
-/** Lays the page's text out at its full height, without regard to how much of it is seen. */
+/** Lays the page's text out at its full height, whatever part of it is visible. */
 void layoutText(const Page& page, const WindowContent& content, const TextMeasure& measure,
                 const Scale& scale, bool isTight, PageLayout& layout) {
     layout.lines.clear();
@@ -240,7 +239,7 @@ PageLayout layoutPage(const Page& page, const WindowContent& content, const Page
     const Box& card = layout.card = room.card;
     const bool isTight = room.isTight;
     const int margin = scale(isTight ? kTightMargin : kPageMargin);
-    // A narrow page gives its room to the text.
+    // On a narrow page the text has priority.
     const int panel = page.picture == Picture::none || isTight
                           ? 0
                           : std::min(scale(kPanelWidth), card.width() / 3);

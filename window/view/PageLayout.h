@@ -1,6 +1,6 @@
 /**
  * @file PageLayout.h
- * Where the parts of a billboard page are. No Windows in it.
+ * The layout of a billboard page. Needs no Windows.
  */
 #pragma once
 
@@ -12,21 +12,21 @@
 
 namespace jsw::view {
 
-/** What a page is laid out in. */
+/** The room for a page. */
 struct PageRoom {
     Box card;
-    int scrolled = 0; /**< pixels of the text above the card; too many count as to the end */
+    int scrolled = 0; /**< pixels of the text above the card; limited to the end */
     bool isTight =
         false; /**< little room: no picture, and the levels and buttons follow the text */
 };
 
-/** A text that is higher than its area is scrolled: what is in it may lie above or below. */
+/** A text that is higher than its area scrolls: its parts may be above or below the area. */
 struct PageLayout {
     Box card;
     Box panel; /**< the coloured part with the picture */
     Box picture;
     Box textArea;
-    Box scrollBar; /**< empty when everything fits */
+    Box scrollBar; /**< empty if everything fits */
     int textHeight = 0;
     int scrolled = 0;
     std::vector<PlacedText> lines;     /**< title and paragraphs; a line may consist of several */
@@ -36,9 +36,10 @@ struct PageLayout {
     InkLayout ink;                     /**< on a page that shows the levels */
     bool operator==(const PageLayout&) const = default;
 
-    /** What is to be seen of a control in the text; empty, at the nearest edge, when nothing is. */
+    /** The visible part of a control in the text; an empty box at the nearest edge if there is
+     * none. */
     [[nodiscard]] Box seenOf(const PlacedButton& control) const;
-    /** How far to scroll, so that this control in the text is seen. */
+    /** The scroll position that makes this control in the text visible. */
     [[nodiscard]] int scrolledTo(const PlacedButton& control) const;
 };
 
@@ -46,7 +47,7 @@ struct PageLayout {
                                     const PageRoom& room, const TextMeasure& measure,
                                     const Scale& scale);
 
-/** The page's text as one, for a screen reader. */
+/** The page's whole text, for a screen reader. */
 [[nodiscard]] std::string pageText(const Page& page);
 
 }  // namespace jsw::view

@@ -15,7 +15,7 @@ using ui::RoundBox;
 constexpr Colour kWhite{255, 255, 255};
 constexpr Colour kShade{222, 229, 238};
 
-/** Translates the coordinates of a drawing of 100 by 100 units to the area it goes to. */
+/** Converts a drawing's coordinates, 100 by 100 units, to its area. */
 class Drawing {
   public:
     Drawing(const Canvas& canvas, const Box& area)
@@ -74,7 +74,7 @@ void drawPrinter(const Drawing& drawing, const ThemeColours& colours) {
     }
 }
 
-/** A circle below; above it, sides that touch the circle and meet in the tip. */
+/** A circle at the bottom, with two tangents that meet in the tip. */
 bool isInDrop(double x, double y) {
     constexpr double kMiddle = 64;
     constexpr double kRadius = 27;
@@ -140,7 +140,7 @@ ThemeColours themeColours(Theme theme, const Palette& palette) {
                                            [&](const Entry& each) { return each.theme == theme; });
     switch (palette.appearance) {
         case ui::Appearance::dark: {
-            // Less glaring, and the title light enough for a dark ground.
+            // Less bright, and a title light enough for a dark background.
             const Colour dark = mixed(entry->dark, palette.card, 60);
             return {mixed(entry->light, palette.card, 70),
                     dark,
@@ -151,7 +151,7 @@ ThemeColours themeColours(Theme theme, const Palette& palette) {
                     dark};
         }
         case ui::Appearance::highContrast:
-            // A panel of the text's colour, with the picture cut out of it.
+            // A panel in the text's colour, with the picture cut out of it.
             return {palette.text, palette.text, palette.text, palette.card,
                     palette.card, palette.text, palette.text};
         case ui::Appearance::light:

@@ -23,21 +23,21 @@ struct ThemeColours {
     Colour dark;  /**< at its bottom */
     Colour title;
     Colour paper; /**< of a picture on the panel */
-    Colour shade; /**< of its parts that are turned away */
-    Colour tint;  /**< in between paper and accent */
+    Colour shade; /**< of its shaded parts */
+    Colour tint;  /**< between paper and accent */
     Colour accent;
 };
 
 [[nodiscard]] ThemeColours themeColours(Theme theme, const Palette& palette);
 
-/** Draws the built-in picture into the middle of the area; nothing for none and file. */
+/** Draws the built-in picture centred in the area; nothing for none and file. */
 void paintPicture(const Canvas& canvas, const Box& area, Picture picture,
                   const ThemeColours& colours);
 
-/** The window's icon: a drop on a tile. The caller destroys it; null when there is none. */
+/** The window's icon: a drop on a tile. The caller destroys it. Null on failure. */
 [[nodiscard]] HICON makeIcon(int size);
 
-/** Loads a .bmp file; null when it cannot be read or is too large. */
+/** Loads a .bmp file; null if it cannot be read or is too large. */
 [[nodiscard]] GdiObject<HBITMAP> loadPicture(const std::string& path);
 
 /** Draws the bitmap as large as the area allows, keeping its proportions. */

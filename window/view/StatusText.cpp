@@ -8,17 +8,17 @@ namespace {
 
 using ui::fillIn;
 
-/** Longer estimates (in seconds) are taken for a driver that does not know. */
+/** Longer estimates (in seconds) count as unknown. */
 constexpr std::uint32_t kLongestEstimate = 100 * 3600;
 
-/** Number of slots that are shown even when only the other one's level is known. */
+/** Number of slots that are shown even if only one level is known. */
 constexpr std::size_t kUsualSlots = 2;
 
 bool isKnownLevel(std::int32_t percent) {
     return percent >= 0 && percent <= 100;
 }
 
-/** A total of none that is already passed was meant as one that is not known. */
+/** A total of 0 counts as unknown once a page has been printed. */
 bool pagesAreKnown(const Progress& progress) {
     const bool isPassed = progress.totalPages == 0 && progress.page >= 1;
     return progress.showPages && progress.totalPages >= 0 && !isPassed;
@@ -28,7 +28,7 @@ std::string number(std::int64_t value, const Strings& strings) {
     return ui::grouped(value, strings.thousands);
 }
 
-/** "Page 2 of 3"; without the total when it is not known or already passed. */
+/** "Page 2 of 3"; without the total if it is unknown or exceeded. */
 std::string position(const char* of, const char* only, std::int64_t current, std::int64_t total,
                      const Strings& strings) {
     return total >= 1 && current <= total
@@ -36,7 +36,7 @@ std::string position(const char* of, const char* only, std::int64_t current, std
                : fillIn(only, {number(current, strings)});
 }
 
-/** Pages of all copies begun so far, and all there are; both below 2 to the power of 64. */
+/** Pages of all copies: begun so far, and total; both below 2 to the power of 64. */
 struct Amounts {
     double begun;
     double all;
@@ -66,7 +66,7 @@ std::string progressText(const Progress& progress, const Strings& strings) {
     }
     std::string text =
         position(strings.pageOf, strings.pageOnly, progress.page, progress.totalPages, strings);
-    // One copy of one is not worth a word.
+    // Nothing for a single copy.
     if (progress.copy < 1 || progress.totalCopies < 1) return text;
     if (progress.copy == 1 && progress.totalCopies == 1) return text;
     return text + ", " +
@@ -90,7 +90,7 @@ std::string timeText(const Progress& progress, const Strings& strings) {
         return strings.timeUnknown;
     }
     const std::uint32_t seconds = *progress.secondsRemaining;
-    // A driver that has no estimate says 0 all along.
+    // A driver without an estimate always passes 0.
     if (seconds == 0)
         return pagesLeft(progress).value_or(0) > 0 ? strings.timeUnknown : strings.finishing;
     if (seconds < 60) return fillIn(strings.secondsLeft, {std::to_string(seconds)});

@@ -1,7 +1,7 @@
 /**
  * @file Strings.h
- * What the job window says. Each language is one file in strings/, which needs no entry anywhere
- * else. Texts are UTF-8; {0}, {1} are places for values, "&" marks the access key of a label.
+ * The job window's texts. Each language is one file in strings/, which needs no registration
+ * elsewhere. Texts are UTF-8; {0}, {1} are placeholders, "&" marks a label's access key.
  */
 #pragma once
 
@@ -21,19 +21,19 @@ struct Strings {
     const char* windowTitle; /**< {0} the document */
     const char* untitled;    /**< a document without a name */
     const char* somePrinter; /**< a printer without a name */
-    const char* simulated;   /**< the data is made up */
+    const char* simulated;   /**< the data is simulated */
     const char* closeJob;    /**< entry of the system menu */
 
-    const char* printing;     /**< the number of pages is not known */
+    const char* printing;     /**< the number of pages is unknown */
     const char* printingPage; /**< the same; {0} the page */
     Plural starting;          /**< before the first page; {0} number of pages */
     const char* noPages;      /**< a document of no pages */
     const char* pageOf;       /**< {0} page, {1} pages */
     const char* copyOf;       /**< follows pageOf; {0} copy, {1} copies */
-    const char* pageOnly;     /**< {0} page, of a total that is not known or wrong */
+    const char* pageOnly;     /**< {0} page, of an unknown or wrong total */
     const char* copyOnly;
     const char* cancelling;
-    const char* waitingForPrinter; /**< in the place of the time, after cancelling */
+    const char* waitingForPrinter; /**< instead of the time, after cancelling */
 
     const char* timeUnknown;
     const char* finishing;
@@ -41,13 +41,13 @@ struct Strings {
     const char* minutesLeft; /**< {0} minutes, {1} seconds */
     const char* hoursLeft;   /**< {0} hours, {1} minutes */
 
-    const char* inkLoading; /**< nobody has told yet */
+    const char* inkLoading; /**< no ink data yet */
     const char* inkUnknown; /**< of all cartridges */
     const char* cartridge;  /**< {0} number */
     const char* cartridgeInReserve;
     const char* levelUnknown;
     const char* levelLow; /**< {0} the level */
-    const char* inkName;  /**< what the row of levels is, for screen readers */
+    const char* inkName;  /**< the name of the row of levels, for screen readers */
     const char* progressName;
 
     const char* previous;
@@ -57,10 +57,10 @@ struct Strings {
     const char* updateAutomatically;
     const char* specialMessages;
     const char* cancel;
-    const char* cancelled; /**< on the button, once it has been pressed */
+    const char* cancelled; /**< on the button, after it was pressed */
 
     Plural cancelQuestion;             /**< {0} pages that remain */
-    const char* cancelQuestionUnknown; /**< the number is not known */
+    const char* cancelQuestionUnknown; /**< the number is unknown */
     const char* cancelYes;
     const char* cancelNo;
     const char* closeNotice; /**< closing does not cancel */

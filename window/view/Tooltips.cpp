@@ -10,11 +10,11 @@
 namespace jsw::view {
 namespace {
 
-/** A tip is a hint, not a page. */
+/** Tips are short. */
 constexpr std::size_t kLongestTip = 1000;  // bytes
 constexpr int kTipWidth = 600;             // pixels, before it is wrapped
 
-/** The size that all versions of the common controls take. */
+/** The size that all versions of the common controls accept. */
 const UINT kToolSize = TTTOOLINFOW_V1_SIZE;
 
 }  // namespace

@@ -1,6 +1,6 @@
 /**
  * @file Tooltips.h
- * Shows texts that had to be cut in full, when the mouse rests on them.
+ * Shows the full version of cut texts under the mouse.
  */
 #pragma once
 
@@ -10,11 +10,11 @@
 
 namespace jsw::view {
 
-/** The tooltips of one window; go with the window. */
+/** The tooltips of one window; destroyed with it. */
 class Tooltips {
   public:
     void create(HWND window, HINSTANCE instance);
-    /** Replaces the tips by those that this layout needs. */
+    /** Replaces the tips by those of this layout. */
     void update(const WindowLayout& layout);
 
   private:

@@ -7,12 +7,12 @@
 namespace jsw::view {
 namespace {
 
-/** How long the end of a job waits for the window: long enough for one that is not busy. */
+/** How long the end of a job waits for the window; enough for one that is not busy. */
 constexpr std::chrono::milliseconds kWindowWait{500};
 
 /**
- * How long it waits for a function of the host, whose code may be unloaded afterwards, but which
- * may itself be waiting for the end of the job.
+ * How long it waits for a running host function: its code may be unloaded afterwards, but it may
+ * itself be waiting for the end of the job.
  */
 constexpr std::chrono::seconds kCallbackWait{1};
 
@@ -47,7 +47,7 @@ void ViewState::close() {
 
 void ViewState::waitUntilClosed() {
     std::unique_lock lock(mutex_);
-    // Called from inside a callback, this is one of those that are running.
+    // Inside a callback, this callback is one of the running ones.
     const int ours = queueRunning_ && queueThread_ == GetCurrentThreadId() ? 1 : 0;
     idle_.wait_for(lock, kCallbackWait, [&] { return callbacksRunning_ <= ours; });
     idle_.wait_for(lock, kWindowWait, [&] { return !threadRunning_; });
@@ -120,7 +120,7 @@ void ViewState::enqueue(std::function<void()> call) {
         calls_.push_back(std::move(call));
         if (std::exchange(queueRunning_, true)) return;
     }
-    // The calls refer to this object, which the thread keeps.
+    // The calls refer to this object, so the thread holds it.
     const auto self = shared_from_this();
     if (!startModuleThread([self] { self->emptyQueue(); })) emptyQueue();
 }
@@ -139,7 +139,7 @@ void ViewState::emptyQueue() {
         try {
             call();
         } catch (...) {
-            // An exception of the host's, or out of memory; the next call may fare better.
+            // An exception of the host, or out of memory; the next call may succeed.
         }
     }
 }

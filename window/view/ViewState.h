@@ -1,12 +1,12 @@
 /**
  * @file ViewState.h
- * What the window knows about one job, shared between the host's threads and the window's thread.
+ * The state of one job, shared by the host's threads and the window's thread.
  *
- * One lock guards all of it. It is never held while the host is called back or while a message is
- * sent: posting one, which never waits, is all that happens under it.
+ * One lock guards all of it. It is never held during a call to the host or while a message is sent;
+ * messages are only posted under it, which never waits.
  *
- * What the window has to tell the host goes through a queue that a thread of its own empties: a
- * host that takes its time does not keep the window from being drawn, moved and closed.
+ * Reports to the host go through a queue that a separate thread empties, so a slow host does not
+ * block the window.
  */
 #pragma once
 
@@ -39,10 +39,10 @@ struct HostCallbacks {
     JswViewUpdateSoftwareCallback updateSoftware = nullptr;
 };
 
-/** The state of one job, from Initialize to Uninitialize. All methods may be called anywhere. */
+/** The state of one job, from Initialize to Uninitialize. Thread-safe. */
 class ViewState : public std::enable_shared_from_this<ViewState> {
   public:
-    /** Calls change(JobData&) under the lock, then has the window look at the result. */
+    /** Calls change(JobData&) under the lock, then makes the window refresh. */
     template <typename Change>
     void change(Change&& change) {
         const std::lock_guard lock(mutex_);
@@ -56,7 +56,7 @@ class ViewState : public std::enable_shared_from_this<ViewState> {
         callbacks_.*member = callback;
     }
 
-    /** Calls one of the host's functions without the lock; nothing once the job is closed. */
+    /** Calls one of the host's functions without the lock; does nothing after the job is closed. */
     template <typename Callback, typename... Arguments>
     void callHost(Callback HostCallbacks::*member, Arguments... arguments) {
         const CallbackScope scope(*this);
@@ -65,39 +65,40 @@ class ViewState : public std::enable_shared_from_this<ViewState> {
         }
     }
 
-    /** The same, soon and in this order, without waiting for it; arguments are copied. */
+    /** The same, asynchronously and in order; arguments are copied. */
     template <typename Callback, typename... Arguments>
     void callHostLater(Callback HostCallbacks::*member, Arguments... arguments) {
         enqueue([this, member, arguments...] { callHost(member, passable(arguments)...); });
     }
 
-    /** Hides the window; the host keeps its place for later jobs. */
+    /** Hides the window; the host saves its position for later jobs. */
     void hide();
 
-    /** Ends the job: the window is told to close, and the host is not called back any more. */
+    /** Ends the job: the window closes, and the host is not called back any more. */
     void close();
 
     /**
-     * Lets what is under way end, for a moment: the host may be waiting for this very call, and
-     * need not wait for a window. Does not wait for a callback that has led here.
+     * Waits a moment for the window and running callbacks to end; not longer, because the host may
+     * be waiting for this very call. Does not wait for a callback that has led here.
      */
     void waitUntilClosed();
 
-    // For the thread of the window.
+    // For the window's thread.
 
-    /** Shows the window; true when a thread must be started for it (then threadEnded is owed). */
+    /** Shows the window; true if the caller must start a thread for it, which must call
+     * threadEnded. */
     [[nodiscard]] bool show();
-    /** Tells where refresh messages go; false when the job is closed already. */
+    /** Sets the target of refresh messages; false if the job is already closed. */
     [[nodiscard]] bool attachWindow(HWND window);
     void detachWindow();
     void threadEnded();
 
-    /** A copy of the data for the window; its restoreWanted is thereby dealt with. */
+    /** A copy of the data for the window; resets restoreWanted. */
     [[nodiscard]] JobData takeData();
 
-    /** Notes where the window is and how large. */
+    /** Stores the window's position and size. */
     void moved(const SavedPlace& place);
-    /** Has the host keep the window's place unless it has it already. */
+    /** Makes the host save the window's position, unless it already has it. */
     void savePlace();
     /** The same through the queue. */
     void savePlaceLater();
@@ -110,7 +111,7 @@ class ViewState : public std::enable_shared_from_this<ViewState> {
     void emptyQueue();
     [[nodiscard]] std::optional<SavedPlace> placeToSave();
 
-    /** Counts a running callback, so that closing the job can wait for its end. */
+    /** Counts a running callback, so that closing the job can wait for it. */
     class CallbackScope {
       public:
         explicit CallbackScope(ViewState& state);
@@ -130,11 +131,11 @@ class ViewState : public std::enable_shared_from_this<ViewState> {
         return callbacks_.*member;
     }
 
-    /** Posts kMessageRefresh unless one is on its way; the lock is held. */
+    /** Posts kMessageRefresh unless one is pending. Called under the lock. */
     void requestRefresh();
 
     mutable std::mutex mutex_;
-    std::condition_variable idle_; /**< the thread has ended or a callback has begun or ended */
+    std::condition_variable idle_; /**< the thread has ended, or a callback has begun or ended */
     JobData data_;
     HostCallbacks callbacks_;
     std::deque<std::function<void()>> calls_; /**< for the host */

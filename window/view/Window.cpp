@@ -26,7 +26,7 @@ HINSTANCE thisModule() {
     return module;
 }
 
-/** Whether access keys and the focus are to be seen before the keyboard is used. */
+/** Whether access keys and the focus are visible before the keyboard is used. */
 bool keyboardCuesWanted() {
     BOOL wanted = FALSE;
     SystemParametersInfoW(SPI_GETKEYBOARDCUES, 0, &wanted, 0);
@@ -40,7 +40,7 @@ Box workArea(const RECT& place) {
     return ui::boxOf(monitor.rcWork);
 }
 
-/** The user's, unless somebody who writes pages or texts asks for another. */
+/** The user's language, unless the environment names another one. */
 const Language& languageOfWindow() {
     char code[8] = {};
     GetEnvironmentVariableA("JSW_WINDOW_LANGUAGE", code, sizeof(code));
@@ -83,7 +83,7 @@ bool Window::create() {
                               frame.top, frame.right - frame.left, frame.bottom - frame.top,
                               nullptr, nullptr, instance_, nullptr);
     if (!window_) return false;
-    // The screen that it has come to may be of another scale.
+    // Its screen may have another scale.
     const int dots = ui::dotsPerInch(window_);
     if (dots != scale_.dotsPerInch()) {
         setScale(dots);
@@ -138,7 +138,7 @@ SIZE Window::leastFrame() const {
                                  ui::FontMeasure(*fonts_), scale_);
     const SIZE frame =
         ui::frameSize({least.width, least.height}, kStyle, kExtendedStyle, scale_.dotsPerInch());
-    // A screen may be smaller still.
+    // A screen may be even smaller.
     RECT place{};
     GetWindowRect(window_, &place);
     const Box desktop = workArea(place);
@@ -163,7 +163,7 @@ LRESULT CALLBACK Window::procedure(HWND window, UINT message, WPARAM wParam, LPA
     try {
         if (self) return self->handle(message, wParam, lParam);
     } catch (...) {
-        // Out of memory; the window stays as it is.
+        // Out of memory; the window stays unchanged.
         return 0;
     }
     return DefWindowProcW(window, message, wParam, lParam);

@@ -1,6 +1,6 @@
 /**
  * @file Window.h
- * The job window: shows the state of one job and reports what the user does.
+ * The job window: shows the state of one job and reports the user's actions.
  */
 #pragma once
 
@@ -31,8 +31,8 @@ struct IconDestroyer {
 using Icon = std::unique_ptr<std::remove_pointer_t<HICON>, IconDestroyer>;
 
 /**
- * One job's window. Lives on a thread of its own; every method belongs to that thread. It never
- * waits for the host: what it reports goes through the state's queue.
+ * One job's window. All methods run on the window's own thread. It never waits for the host: its
+ * reports go through the state's queue.
  */
 class Window {
   public:
@@ -46,7 +46,7 @@ class Window {
     LRESULT handle(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT handlePainting(UINT message, WPARAM wParam, LPARAM lParam);
 
-    // Window.cpp: coming and going
+    // Window.cpp: creation and destruction
     bool create();
     void createContent();
     void setIcons();
@@ -74,7 +74,7 @@ class Window {
     [[nodiscard]] Look look() const;
     [[nodiscard]] ui::ButtonLook buttonLook(int id) const;
 
-    // WindowActions.cpp: what the user does
+    // WindowActions.cpp: the user's actions
     bool pressedKey(const MSG& message);
     void showKeyboardCues(const MSG& message);
     void pressed(int id);
@@ -110,20 +110,20 @@ class Window {
     GdiObject<HBRUSH> cardBrush_;
     GdiObject<HBRUSH> footerBrush_;
     HWND window_ = nullptr;
-    HWND lastFocus_ = nullptr; /**< while another window is active */
+    HWND lastFocus_ = nullptr; /**< the focus while another window is active */
     JobData data_;             /**< as last taken from the state */
     Question question_ = Question::none;
     WindowContent content_;
     WindowLayout layout_;
     Billboard billboard_;
     int scrolled_ = 0;   /**< pixels of the page's text above its area */
-    int wheelTurns_ = 0; /**< of the mouse wheel, not yet enough for a pixel */
+    int wheelTurns_ = 0; /**< rest of the mouse wheel, less than a pixel */
     std::optional<std::uint32_t> billboardSerial_; /**< of the page shown */
     Tooltips tooltips_;
     WindowSpeech speech_;
     int runningStep_ = 0;
     bool shown_ = false;
-    bool showsFocus_ = true; /**< once the keyboard has been used, or always */
+    bool showsFocus_ = true; /**< after use of the keyboard, or always */
     bool showsKeys_ = true;  /**< likewise, access keys */
 };
 

@@ -1,5 +1,5 @@
 /**
- * What the user does in the window.
+ * The user's actions in the window.
  */
 #include "window/view/ControlIds.h"
 #include "window/view/Controls.h"
@@ -37,7 +37,7 @@ bool isPushButton(HWND control) {
 
 }  // namespace
 
-/** Who goes through the controls with the keyboard sees where it is. */
+/** Shows the focus as soon as the keyboard is used. */
 void Window::showKeyboardCues(const MSG& message) {
     const bool moves =
         message.message == WM_KEYDOWN &&
@@ -51,8 +51,8 @@ void Window::showKeyboardCues(const MSG& message) {
 }
 
 /**
- * Enter presses the button that has the keyboard, or answers a question with no; it never cancels
- * by itself. Escape answers a question with no, too, and otherwise closes the window.
+ * Enter presses the focused button, or answers a question with no; it never cancels by itself.
+ * Escape answers a question with no; otherwise it closes the window.
  */
 bool Window::pressedKey(const MSG& message) {
     showKeyboardCues(message);
@@ -83,7 +83,7 @@ bool Window::pressedKey(const MSG& message) {
 }
 
 void Window::pressed(int id) {
-    // A posted command arrives even when the control is disabled or hidden.
+    // A posted command arrives even if the control is disabled or hidden.
     const HWND control = GetDlgItem(window_, id);
     const bool isThere = control && (GetWindowLongPtrW(control, GWL_STYLE) & WS_VISIBLE) != 0;
     if (!isThere || !IsWindowEnabled(control)) return;
@@ -150,7 +150,7 @@ void Window::cancelJob() {
 }
 
 void Window::closePressed() {
-    // Nobody would see the question; and who closes twice means it.
+    // A minimised window cannot show the question; and a second close means yes.
     const bool canAsk = !IsIconic(window_) && question_ != Question::close;
     if (!canAsk || !closingNeedsExplaining(data_)) return hideAndReport(JSW_STATUS_GUI_CLOSED);
     state_->change([](JobData& data) { data.closingExplained = true; });
@@ -192,7 +192,7 @@ void Window::focusFirst() {
 }
 
 LRESULT Window::systemCommand(WPARAM wParam, LPARAM lParam) {
-    // The system uses the four low bits itself.
+    // The system uses the four low bits.
     const WPARAM command = wParam & 0xFFF0;
     if (command == JSW_VIEW_CLOSE_JOB) {
         hideAndReport(JSW_STATUS_JOB_CLOSED);

@@ -1,6 +1,6 @@
 /**
  * @file WindowClass.h
- * The window class, registered while any window of it may exist.
+ * The window class, registered while windows of it may exist.
  */
 #pragma once
 
@@ -9,8 +9,8 @@
 namespace jsw::view {
 
 /**
- * Keeps the class JSW_SAMPLE_VIEW_CLASS registered while it lives. Windows of two jobs may overlap
- * for a moment, and the class must be gone before the module is.
+ * Registers the class JSW_SAMPLE_VIEW_CLASS during its lifetime. Windows of two jobs may overlap
+ * for a moment, and the class must be unregistered before the module is unloaded.
  */
 class WindowClass {
   public:

@@ -1,6 +1,6 @@
 /**
  * @file WindowContent.h
- * What the window shows, in words: the state of a job in a language. No Windows in it.
+ * The state of a job as text in a language. Needs no Windows.
  */
 #pragma once
 
@@ -14,7 +14,7 @@
 
 namespace jsw::view {
 
-/** What the window asks or tells in its last row. */
+/** The question or notice in the last row. */
 enum class Question { none, cancel, close };
 
 /** One ink level. */
@@ -33,10 +33,10 @@ struct WindowContent {
     bool isSimulated = false;
     std::string progress;
     std::string time;
-    std::optional<int> permille; /**< nothing: under way, but how far is not known */
+    std::optional<int> permille; /**< nothing: in progress, but unknown how far */
     bool isCancelling = false;
     std::vector<InkContent> ink; /**< empty: see inkSentence */
-    std::string inkSentence;     /**< all levels in one line, or why there are none */
+    std::string inkSentence;     /**< all levels in one line, or the reason for none */
     std::string cancel;          /**< label of the button */
     Question question = Question::none;
     std::string questionText;
@@ -48,16 +48,16 @@ struct WindowContent {
 [[nodiscard]] WindowContent describeJob(const JobData& data, Question question,
                                         const Strings& strings);
 
-/** Whether cancelling now would lose anything, so that the user must be asked first. */
+/** Whether cancelling now loses pages, so that the window must ask first. */
 [[nodiscard]] bool cancellingNeedsAsking(const JobData& data);
 
-/** Whether to say that closing the window does not cancel; only once, and only while it matters. */
+/** Whether to explain that closing does not cancel; only once, and only while pages remain. */
 [[nodiscard]] bool closingNeedsExplaining(const JobData& data);
 
-/** The page to show where there is none. */
+/** The page to show if there is none. */
 [[nodiscard]] Page emptyPage(const Strings& strings);
 
-/** The page to show in place of the one in this file, which has a problem. */
+/** The page to show instead of this file, which has a problem. */
 [[nodiscard]] Page unshowablePage(const std::string& fileName, Problem problem,
                                   const Strings& strings);
 

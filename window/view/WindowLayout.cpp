@@ -9,7 +9,7 @@
 namespace jsw::view {
 namespace {
 
-/** Gaps that give way in a low window. */
+/** Gaps that shrink in a low window. */
 struct Gaps {
     int top;
     int section;
@@ -22,13 +22,13 @@ constexpr Gaps kTightGaps{8, 8, 8, 6};
 constexpr int kSmallGap = 6;
 constexpr int kBadgePadding = 10;
 constexpr int kCheckBoxGap = 20; /**< between two check boxes in a row */
-constexpr int kCheckMark = 22;   /**< the box of a check box and the space behind it */
-constexpr int kLeastPage = 120;  /**< rather than have a lower one the window gets tight */
+constexpr int kCheckMark = 22;   /**< the box of a check box and the space after it */
+constexpr int kLeastPage = 120;  /**< below this height the window uses the tight layout */
 constexpr int kLeastTightPage = 80;
 constexpr int kMostQuestionLines = 3;
-constexpr int kLeastQuestion = 180; /**< a narrower question stands above its buttons */
+constexpr int kLeastQuestion = 180; /**< a narrower question is above its buttons */
 
-/** Lays the window out from the top down and from the bottom up; the page gets what is left. */
+/** Lays the window out from the top and from the bottom; the page gets the rest. */
 class WindowBuilder {
   public:
     WindowBuilder(const WindowContent& content, const Page& page, Size size, const Strings& strings,
@@ -70,7 +70,7 @@ class WindowBuilder {
     }
 
   private:
-    /** All but the levels, the page and the navigation. */
+    /** Everything except the levels, the page and the navigation. */
     void start(bool isTight) {
         gaps_ = isTight ? kTightGaps : kUsualGaps;
         layout_ = {};
@@ -161,7 +161,7 @@ class WindowBuilder {
         const int top = layout_.page.card.bottom + scale_(gaps_.navigation);
         int left = left_;
         for (std::size_t i = 0; i < kIds.size(); ++i) {
-            // The last one stands apart, at the other end: it belongs to no order of pages.
+            // The last one is at the other end: it is not part of the page order.
             if (kIds[i] == JSW_VIEW_INK_STATUS) left = right_ - widths[i];
             addButton(kIds[i], {left, top, left + widths[i], top + buttonHeight(measure_, scale_)},
                       labels[i]);
@@ -181,7 +181,7 @@ class WindowBuilder {
         }
     }
 
-    /** A footer with content of this height; answers where that content is. */
+    /** A footer with content of this height; returns the content's box. */
     Box makeFooter(int height) {
         const int margin = scale_(gaps_.footer);
         layout_.footer = {0, layout_.size.height - height - 2 * margin, layout_.size.width,
@@ -189,7 +189,7 @@ class WindowBuilder {
         return {left_, layout_.footer.top + margin, right_, layout_.footer.bottom - margin};
     }
 
-    /** The question beside its buttons or, where it has no room for that, above them. */
+    /** The question beside its buttons or, if there is no room, above them. */
     void placeQuestion() {
         const int height = buttonHeight(measure_, scale_);
         const int gap = scale_(kButtonGap);
@@ -226,7 +226,7 @@ class WindowBuilder {
                   content_.no);
     }
 
-    /** The check boxes side by side or, where they have no room for that, one above the other. */
+    /** The check boxes side by side or, if there is no room, one above the other. */
     void placeChoices() {
         const struct {
             int id;

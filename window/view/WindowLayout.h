@@ -1,7 +1,7 @@
 /**
  * @file WindowLayout.h
- * Where everything in the window is. No Windows in it: the size of the window, the scale and the
- * measuring of texts are handed in.
+ * The window's layout. Needs no Windows: the caller provides the size and the scale and measures
+ * texts.
  */
 #pragma once
 
@@ -13,13 +13,13 @@
 
 namespace jsw::view {
 
-/** Size of the window without its frame, in pixels at 96 dots per inch. */
+/** Default size of the window without its frame, in pixels at 96 dots per inch. */
 inline constexpr Size kUsualSize{640, 544};
 
 struct WindowLayout {
     Size size;
     Box footer; /**< the band at the lower edge */
-    Box badge;  /**< behind the remark on simulated data; empty when there is none */
+    Box badge;  /**< behind the remark on simulated data, or empty */
 
     struct Text {
         int id;
@@ -27,10 +27,10 @@ struct WindowLayout {
         bool operator==(const Text&) const = default;
     };
     std::vector<Text> texts;
-    Box question; /**< what the question in the footer takes; empty when there is none */
+    Box question; /**< the area of the question in the footer, or empty */
     std::vector<PlacedText> questionLines;
     Box progressBar;
-    Box ink; /**< what the levels take; empty when they are on the page */
+    Box ink; /**< the area of the levels; empty if they are on the page */
     InkLayout inkLayout;
     PageLayout page;
 
@@ -40,15 +40,15 @@ struct WindowLayout {
 };
 
 /**
- * Lays a window of this size out. A low one gives its room to the page: it leaves the document's
- * name to the title bar, and the ink levels are on the page.
+ * Lays out a window of this size. In a low window the page has priority: the document's name is
+ * only in the title bar, and the ink levels are on the page.
  * @param scrolled as in PageRoom
  */
 [[nodiscard]] WindowLayout layoutWindow(const WindowContent& content, const Page& page, Size size,
                                         int scrolled, const Strings& strings,
                                         const TextMeasure& measure, const Scale& scale);
 
-/** The least size, in pixels, at which every button shows its label and the page some lines. */
+/** The minimum size, in pixels, at which every button shows its label and the page some lines. */
 [[nodiscard]] Size leastSize(const WindowContent& content, const Strings& strings,
                              const TextMeasure& measure, const Scale& scale);
 

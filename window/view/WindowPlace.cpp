@@ -7,7 +7,7 @@
 namespace jsw::view {
 namespace {
 
-/** No desktop reaches further; keeps sums of coordinates from overflowing. */
+/** No desktop is larger; prevents overflow of sums. */
 constexpr int kFarthest = 1'000'000;
 
 constexpr struct {
@@ -21,7 +21,7 @@ constexpr struct {
 };
 
 int clampCoordinate(int wanted, int size, int start, int end) {
-    // A window larger than the desktop keeps its title bar in sight.
+    // If a window is larger than the desktop, its title bar stays visible.
     return std::clamp(wanted, start, std::max(start, end - size));
 }
 

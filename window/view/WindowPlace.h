@@ -1,7 +1,7 @@
 /**
  * @file WindowPlace.h
- * Where the window goes and how large it is: as it was at an earlier job, as far as it can still be
- * seen. No Windows in it.
+ * The window's position and size: those of an earlier job, moved so that the window is visible.
+ * Needs no Windows.
  */
 #pragma once
 
@@ -25,7 +25,7 @@ struct Place {
     bool operator==(const Place&) const = default;
 };
 
-/** What is kept of a window from job to job. */
+/** The values that a window keeps from job to job. */
 struct SavedPlace {
     std::optional<int> x;
     std::optional<int> y;
@@ -33,16 +33,16 @@ struct SavedPlace {
     std::optional<int> height;
     bool operator==(const SavedPlace&) const = default;
 
-    /** Takes one of the values that values() has named; others are not for this. */
+    /** Takes one of values()' values; ignores others. */
     void take(std::string_view name, std::string_view value);
-    /** The names and values to keep. */
+    /** The names and values to save. */
     [[nodiscard]] std::vector<std::pair<const char*, std::string>> values() const;
 };
 
-/** A stored number, or nothing when the text is not a sensible one. */
+/** A stored number; nothing if the text is not a valid coordinate. */
 [[nodiscard]] std::optional<int> parseCoordinate(std::string_view text);
 
-/** The place nearest to the wanted one where the window lies within the desktop. */
+/** The place nearest to the wanted one at which the window is inside the desktop. */
 [[nodiscard]] Place clampToDesktop(Place wanted, Size window, const Box& desktop);
 
 /** The place that centres the window on the desktop. */

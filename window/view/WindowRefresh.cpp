@@ -103,7 +103,7 @@ void Window::refreshControls() {
 void Window::refreshVisibility() {
     if (data_.visible != shown_) {
         shown_ = data_.visible;
-        // The job must not take the keyboard from what the user is doing.
+        // A job must not take the focus from the user's work.
         const int appear = data_.startMinimized ? SW_SHOWMINNOACTIVE : SW_SHOWNOACTIVATE;
         ShowWindow(window_, shown_ ? appear : SW_HIDE);
         notePlace();

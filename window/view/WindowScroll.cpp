@@ -1,6 +1,6 @@
 /**
- * A page that does not fit its place is scrolled: by its scroll bar, the wheel and the keys for
- * pages, and to a link or button on it that gets the keyboard.
+ * Scrolls a page that does not fit: by scroll bar, wheel and page keys, and to a link or button
+ * that gets the focus.
  */
 #include "window/view/ControlIds.h"
 #include "window/view/Window.h"
@@ -48,7 +48,7 @@ void Window::wheelTurned(int delta) {
     if (lines == WHEEL_PAGESCROLL) {
         return scrollBarMoved(delta > 0 ? SB_PAGEUP : SB_PAGEDOWN);
     }
-    // A fine wheel turns by less than a notch at a time.
+    // A fine wheel turns by less than a notch.
     wheelTurns_ += delta * ui::FontMeasure(*fonts_).lineHeight(Font::normal) *
                    static_cast<int>(std::min(lines, 100U));
     const int pixels = wheelTurns_ / WHEEL_DELTA;
@@ -77,7 +77,7 @@ bool Window::scrollsByKey(WPARAM key) {
 }
 
 void Window::showFocused(int id) {
-    // What the mouse presses must not move away from it.
+    // A pressed control must not move away from the mouse.
     if (GetKeyState(VK_LBUTTON) < 0) return;
     for (const PlacedButton& control : layout_.page.inText) {
         if (control.id == id) return scrollTo(layout_.page.scrolledTo(control));

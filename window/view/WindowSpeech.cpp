@@ -49,7 +49,7 @@ std::vector<AccessibleItem> pageParts(const Page& page, const WindowLayout& layo
 }  // namespace
 
 WindowSpeech::~WindowSpeech() {
-    // Screen readers may hold on to the models for longer.
+    // Screen readers may hold the models longer.
     for (const auto& [id, model] : models_) model->control = nullptr;
 }
 

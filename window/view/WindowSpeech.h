@@ -1,6 +1,6 @@
 /**
  * @file WindowSpeech.h
- * What screen readers are told of the window.
+ * The window's accessibility.
  */
 #pragma once
 
@@ -14,14 +14,15 @@
 
 namespace jsw::view {
 
-/** Speaks for the controls that the window draws itself. Belongs to the window's thread. */
+/** Provides accessibility for the controls that the window draws. Used only on the window's thread.
+ */
 class WindowSpeech {
   public:
     ~WindowSpeech();
 
-    /** Takes over what the controls of this window are asked. */
+    /** Handles the accessibility requests to this window's controls. */
     void attach(HWND window);
-    /** Tells what is shown from now on, and screen readers what of it has changed. */
+    /** Updates the models and notifies screen readers of the changes. */
     void update(const WindowContent& content, const WindowLayout& layout, const Page& page,
                 const Strings& strings);
 

@@ -6,7 +6,7 @@
 namespace jsw::view {
 namespace {
 
-/** Calls ViewState::threadEnded when the thread, or the attempt to start one, is over. */
+/** Calls ViewState::threadEnded when the thread, or the attempt to start it, ends. */
 class EndNotice {
   public:
     explicit EndNotice(ViewState& state) : state_(state) {}
@@ -30,7 +30,7 @@ void startWindowThread(const std::shared_ptr<ViewState>& state) {
     try {
         started = startModuleThread([state] { showWindow(state); });
     } catch (...) {
-        // Out of memory: the job goes on without a window.
+        // Out of memory: the job continues without a window.
     }
     if (!started) state->threadEnded();
 }

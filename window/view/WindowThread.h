@@ -1,6 +1,6 @@
 /**
  * @file WindowThread.h
- * The thread that a job's window lives on.
+ * The thread of a job's window.
  */
 #pragma once
 
@@ -11,8 +11,8 @@
 namespace jsw::view {
 
 /**
- * Starts a thread that shows the job's window until the job is closed. ViewState::show has asked
- * for it; ViewState::threadEnded is called in any case, also when no thread can be started.
+ * Starts a thread that shows the job's window until the job is closed, as requested by
+ * ViewState::show. ViewState::threadEnded is always called, even if no thread can be started.
  */
 void startWindowThread(const std::shared_ptr<ViewState>& state);
 
