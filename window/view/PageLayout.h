@@ -36,8 +36,9 @@ struct PageLayout {
     InkLayout ink;                     /**< on a page that shows the levels */
     bool operator==(const PageLayout&) const = default;
 
-    /** The visible part of a control in the text; an empty box at the nearest edge if there is
-     * none. */
+    /**
+     * The visible part of a control in the text; an empty box at the nearest edge if there is none.
+     */
     [[nodiscard]] Box seenOf(const PlacedButton& control) const;
     /** The scroll position that makes this control in the text visible. */
     [[nodiscard]] int scrolledTo(const PlacedButton& control) const;

@@ -85,8 +85,9 @@ class ViewState : public std::enable_shared_from_this<ViewState> {
 
     // For the window's thread.
 
-    /** Shows the window; true if the caller must start a thread for it, which must call
-     * threadEnded. */
+    /**
+     * Shows the window; true if the caller must start a thread for it, which must call threadEnded.
+     */
     [[nodiscard]] bool show();
     /** Sets the target of refresh messages; false if the job is already closed. */
     [[nodiscard]] bool attachWindow(HWND window);
