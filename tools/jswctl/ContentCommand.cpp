@@ -25,9 +25,9 @@ struct ContentOptions {
     bool json = false;
 };
 
-/// Shows a page in the job window that lies beside this program, in each of its languages.
+/// Shows a page in the job window beside this program, in each of its languages.
 void showPage(const ContentOptions& options, const std::string& folder, Report& report) {
-    constexpr unsigned kMargin = 20;  // seconds for all but the showing
+    constexpr unsigned kMargin = 20;  // seconds for everything except showing
     const std::string tools(folderPart(moduleFileName(nullptr)));
     TrialPlan plan;
     plan.scope = TrialScope::calls;

@@ -2,11 +2,11 @@
 
 namespace jsw::ctl {
 
-/// What the program answers to the shell.
+/// The program's exit codes.
 enum ExitCode {
     kWell = 0,
-    kFindings = 1,  ///< something was found, or failed, that stops a job or the command
-    kBadUse = 2,    ///< unknown command or option, a file that is not there or is no such file
+    kFindings = 1,  ///< something was found that stops a job, or the command failed
+    kBadUse = 2,    ///< unknown command or option, missing or wrong file
 };
 
 }  // namespace jsw::ctl

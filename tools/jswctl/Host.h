@@ -5,28 +5,28 @@
 
 namespace jsw::ctl {
 
-/// Adds the argument HOST.exe, which must be given, to a command.
+/// Adds the required argument HOST.exe to a command.
 void addHostArgument(CLI::App& command, std::string& host);
 
-/// Makes a program the one whose names and settings the library's parts work on (see Localize).
-/// @param host  its executable, in full or relative to the current folder; only the name counts for
-///              the settings, so that those of a program that is gone can be removed
-/// Throws BadUse for a folder and for a name that cannot be a file's.
+/// Makes the library's parts use a program's names and settings (see Localize).
+/// @param host  its executable, full path or relative to the current folder; only the name matters
+/// for the settings, so that those of a deleted program can be removed Throws BadUse for a folder
+/// and for an invalid file name.
 void nameHost(const std::string& host);
 
-/// The same for a program that must be there; throws BadUse when it is not.
+/// The same for a program that must exist; throws BadUse if it does not.
 void nameExistingHost(const std::string& host);
 
-/// Where the host's store lies, below HKEY_LOCAL_MACHINE and without a final backslash.
+/// The path of the host's store below HKEY_LOCAL_MACHINE, without a trailing backslash.
 std::string storePath();
 
-/// The same as people write it: "HKLM\Software\...".
+/// The same for people: "HKLM\Software\...".
 std::string storeName();
 
-/// A path in full, from the current folder.
+/// The full path, from the current folder.
 std::string inFull(const std::string& path);
 
-/// What Windows says of an error: "error 5, Access is denied".
+/// Windows' text for an error: "error 5, Access is denied".
 std::string errorText(unsigned long code);
 
 }  // namespace jsw::ctl

@@ -29,8 +29,8 @@ void say(const std::string& line) {
     std::printf("%s\n", line.c_str());
 }
 
-/// Looked for first: the library creates an empty store without a file, and an empty store keeps
-/// the file from being installed later.
+/// Checked first: without a file the library creates an empty store, which prevents a later
+/// installation.
 SettingsFile requireSettingsFile() {
     SettingsFile file = readSettingsFile(settingsFilePath());
     if (!file.exists) {
@@ -49,7 +49,7 @@ bool isUpdated(const Settings& settings, const setting::Number& flag) {
            state != static_cast<std::uint32_t>(UpdateFlag::none);
 }
 
-/// Brings what is new in the file into the store that is there.
+/// Stores what is new in the file in the existing store.
 int update(const Settings& settings, const SettingsFile& file, bool dryRun) {
     const std::string store = storePath();
     const bool modules = isUpdated(settings, setting::kCompleteSoftwareUpdated);
@@ -69,8 +69,8 @@ int update(const Settings& settings, const SettingsFile& file, bool dryRun) {
     return kWell;
 }
 
-/// Does what the host's first job would do, and opens the keys that it makes to the jobs of all
-/// users: what they inherit is not the same everywhere.
+/// Does what the host's first job would do, and gives the jobs of all users access to the new keys,
+/// whose inherited permissions may be less.
 int firstInstall(const SettingsFile& file, bool dryRun) {
     if (dryRun) {
         say(concat("Would install ", file.entries.size(), " values of ", file.path, " in ",
@@ -95,7 +95,7 @@ int install(const InstallOptions& options) {
     nameExistingHost(options.host);
     const Settings settings;
     const bool isThere = settings.isValid();
-    const DWORD error = GetLastError();  // why it cannot be opened
+    const DWORD error = GetLastError();  // why it does not open
     if (!isThere && error != ERROR_FILE_NOT_FOUND) {
         throw std::runtime_error("cannot open " + storeName() + ": " + errorText(error));
     }

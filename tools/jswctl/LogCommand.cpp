@@ -32,7 +32,7 @@ void write(const std::string& text) {
     std::fwrite(text.data(), 1, text.size(), stdout);
 }
 
-/// Tells each job as it ends and keeps what there is to say of all.
+/// Reports each job as it ends and collects the statistics.
 class Teller : public log::JobListener {
   public:
     explicit Teller(const LogOptions& options) : options_(options), json_(toUtf8) {}
@@ -47,7 +47,7 @@ class Teller : public log::JobListener {
         if (isTold()) write(log::jobAsText(job));
     }
 
-    /// What remains to be written when the whole log has been read.
+    /// Writes the rest after the whole log has been read.
     void end(const log::Totals& totals) {
         if (options_.json) write(json_.end(totals, statistics_));
         if (!options_.html.empty()) writePage(totals);
@@ -85,7 +85,7 @@ std::ifstream openLog(const std::string& file) {
     return input;
 }
 
-/// Both as the system knows them: one file may have many names.
+/// Compares the files, not their names: one file may have several.
 bool isSameFile(const std::string& one, const std::string& other) {
     char full[2][MAX_PATH] = {};
     return GetFullPathNameA(one.c_str(), MAX_PATH, full[0], nullptr) != 0 &&

@@ -1,6 +1,6 @@
 /// @file Main.cpp
-/// jswctl: says what is wrong with an installation of the job status library, and installs and
-/// removes its settings. Every command is a file of its own that adds itself here.
+/// jswctl: checks an installation of the job status library, and installs and removes its settings.
+/// Each command is in a file of its own and is added here.
 #include "PublicLib/errors/Exception.h"
 #include "PublicLib/text/Text.h"
 #include "tools/jswctl/Command.h"
@@ -26,7 +26,7 @@ int complain(const std::string& message, ExitCode code) {
     return code;
 }
 
-/// Answers the exit code of a command line that leaves nothing to do: help, version or a mistake.
+/// The exit code of a command line without action: help, version or a mistake.
 int endAfterParsing(const CLI::App& program, const CLI::ParseError& end) {
     if (end.get_exit_code() == 0) return program.exit(end);
     const std::vector<std::string> unknown = program.remaining();
@@ -40,7 +40,7 @@ int runProgram(int argc, char** argv) {
     CLI::App program("Checks and prepares an installation of the job status library.", "jswctl");
     program.set_version_flag("--version", "jswctl " JSWCTL_VERSION);
     program.allow_windows_style_options(false);  // "/x" is a file name
-    program.require_subcommand(0, 1);  // what is missing is said below, in words of our own
+    program.require_subcommand(0, 1);            // a missing command is reported below
     program.footer("Exit code: 0 success, 1 something stops a job or failed, 2 wrong usage.");
     Action action;
     for (AddCommand* addTo : kCommands) addTo(program, action);

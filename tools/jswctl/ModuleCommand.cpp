@@ -22,7 +22,7 @@ struct ModuleOptions {
     TrialJob job;
 };
 
-/// For a module on the command line the file is the user's to name rightly.
+/// A wrong file on the command line is the user's mistake.
 void requireFile(const std::string& file) {
     const DWORD attributes = GetFileAttributesA(file.c_str());
     if (attributes == INVALID_FILE_ATTRIBUTES) throw BadUse("there is no file '" + file + "'");

@@ -7,9 +7,9 @@ namespace jsw::ctl {
 
 namespace {
 
-constexpr std::size_t kShortestHeldName = 6;  // shorter ones are part of too many others
+constexpr std::size_t kShortestHeldName = 6;  // shorter names occur in too many others
 
-/// Letters that may differ: one in five, two at least.
+/// Letters that may differ: one in five, at least two.
 std::size_t tolerance(std::string_view name) {
     return std::max<std::size_t>(2, name.size() / 5);
 }

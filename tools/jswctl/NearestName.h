@@ -6,11 +6,11 @@
 
 namespace jsw::ctl {
 
-/// How many letters must be changed, added or taken away to make one text of the other.
+/// The number of letters to change, add or remove to turn one text into the other.
 std::size_t editDistance(std::string_view left, std::string_view right);
 
-/// The candidate that was probably meant to be the name: it holds the name, as a decorated C++ name
-/// does, or differs in a few letters only. Empty when there is none.
+/// The candidate that was probably meant: it contains the name, like a decorated C++ name, or
+/// differs in a few letters. Empty if there is none.
 std::string nearestName(std::string_view name, const std::vector<std::string>& candidates);
 
 }  // namespace jsw::ctl

@@ -27,7 +27,7 @@ struct RemoveOptions {
     bool dryRun = false;
 };
 
-/// What would go: the store, or all of the product line with its last store.
+/// What is removed: the store, or the whole product line with its last store.
 std::string whatGoes(const Settings& settings) {
     std::uint32_t deleteAll = 0;
     std::vector<std::string> stores;
@@ -40,8 +40,8 @@ std::string whatGoes(const Settings& settings) {
                                                 : storeName();
 }
 
-/// "qldeJSW-20261122-101500.reg" beside the log: the current folder of a start-up script may be
-/// any.
+/// "qldeJSW-20261122-101500.reg" beside the log, because a start-up script may have any current
+/// folder.
 std::string backupName() {
     SYSTEMTIME now{};
     GetLocalTime(&now);
@@ -52,7 +52,7 @@ std::string backupName() {
     return concat(log.substr(0, log.rfind('.')), "-", time, ".reg");
 }
 
-/// Has Windows' own tool write a key and all below it to a file.
+/// Writes a key and everything below it to a file, with Windows' own tool.
 void backUp(const std::string& key, const std::string& file) {
     std::string command = concat("reg.exe export \"", key, "\" \"", file, "\" /y /reg:64");
     STARTUPINFOA startup{};

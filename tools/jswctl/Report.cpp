@@ -23,14 +23,14 @@ const char* severityName(Severity severity) {
     return "error";
 }
 
-/// What stands in front of a line, in a column of its own.
+/// The first column of a line.
 std::string margin(std::string text) {
     constexpr std::size_t kColumn = 9;
     text.resize(kColumn, ' ');
     return text;
 }
 
-/// Whatever a module or a setting holds: it is one line.
+/// Makes any text of a module or setting one line.
 std::string oneLine(std::string text) {
     std::replace_if(
         text.begin(), text.end(), [](char letter) { return letter == '\r' || letter == '\n'; },

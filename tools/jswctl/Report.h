@@ -9,20 +9,20 @@
 namespace jsw::ctl {
 
 enum class Severity {
-    note,     ///< a fact that is as it should be, or nobody's mistake
-    warning,  ///< probably not meant so; the job goes on without something
+    note,     ///< a fact that is all right
+    warning,  ///< probably a mistake; the job goes on without something
     error,    ///< stops a job, its billboards or its updates
 };
 
-/// One line of a report: what was found and what to do about it.
+/// One line of a report: what was found, and the remedy.
 struct Finding {
     Severity severity;
-    std::string topic;   ///< what it is about, such as "view module"
+    std::string topic;   ///< the subject, such as "view module"
     std::string text;    ///< without a final stop
-    std::string remedy;  ///< empty when there is nothing to do
+    std::string remedy;  ///< may be empty
 };
 
-/// The lines of a report, in the order in which they are told.
+/// The lines of a report, in order.
 class Report {
   public:
     void note(std::string topic, std::string text) {
@@ -38,7 +38,7 @@ class Report {
         findings_.push_back({severity, std::move(topic), std::move(text), std::move(remedy)});
     }
 
-    /// Settings stand together, behind the lines that were told before the first one.
+    /// All settings are together, after the lines that precede the first one.
     void setting(SettingRow row) {
         if (settings_.empty()) beforeSettings_ = findings_.size();
         settings_.push_back(std::move(row));
@@ -47,7 +47,7 @@ class Report {
 
     const std::vector<SettingRow>& settings() const { return settings_; }
     const std::vector<Finding>& findings() const { return findings_; }
-    /// How many lines have this severity.
+    /// The number of lines with this severity.
     std::size_t count(Severity severity) const;
 
   private:
@@ -60,10 +60,10 @@ class Report {
 std::string asText(const Report& report);
 
 /// {"subject", "errors", "warnings", "findings": [{"severity", "topic", "text", "remedy"}],
-/// "settings": [{"key", "name", "type", "value", "source"}]}; bytes that are no UTF-8 are replaced.
+/// "settings": [{"key", "name", "type", "value", "source"}]}; invalid UTF-8 is replaced.
 std::string asJson(const std::string& subject, const Report& report);
 
-/// Writes the report to standard output and answers the exit code: kFindings when it has errors.
+/// Writes the report to standard output and returns the exit code: kFindings if it has errors.
 int show(const Report& report, const std::string& subject, bool json);
 
 }  // namespace jsw::ctl

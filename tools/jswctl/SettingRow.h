@@ -6,12 +6,12 @@
 
 namespace jsw::ctl {
 
-/// One setting as a job goes by it.
+/// One setting as a job uses it.
 struct SettingRow {
     std::string key;
     std::string name;
     const char* type;   ///< "text" or "number"
-    std::string value;  ///< the one that counts, wherever it comes from
+    std::string value;  ///< the effective value, whatever its source
     Source source;
 };
 

@@ -1,5 +1,5 @@
-// The process in which a module is tried; jswctl starts it itself and reads what it tells (see
-// module/TrialLines.h). Left out of --help.
+// The process that tests a module; jswctl starts it and reads its reports (see
+// module/TrialLines.h). Not in --help.
 
 #include "tools/jswctl/Command.h"
 #include "tools/jswctl/Host.h"
@@ -31,7 +31,7 @@ void useModule(const TryOptions& options, const Caller& caller) {
     if (scope == TrialScope::calls) goThrough(options.kind, caller, options.job, options.ids);
 }
 
-/// Ends the process with the exception's code and no dialog.
+/// Ends the process with the exception's code, without a dialog.
 LONG WINAPI endQuietly(EXCEPTION_POINTERS* exception) {
     TerminateProcess(GetCurrentProcess(), exception->ExceptionRecord->ExceptionCode);
     return EXCEPTION_EXECUTE_HANDLER;
@@ -41,7 +41,7 @@ int tryIt(const TryOptions& options) {
     SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOGPFAULTERRORBOX | SEM_NOOPENFILEERRORBOX);
     SetUnhandledExceptionFilter(endQuietly);
     if (!options.folder.empty()) SetDllDirectoryA(options.folder.c_str());
-    const Teller teller(reinterpret_cast<HANDLE>(options.pipe));  // NOLINT: it came as a number
+    const Teller teller(reinterpret_cast<HANDLE>(options.pipe));  // NOLINT: passed as a number
     HMODULE module = nullptr;
     DWORD error = 0;
     teller.timed("LoadLibrary", [&] {
@@ -53,7 +53,7 @@ int tryIt(const TryOptions& options) {
         teller.tell(trialline::problem("it cannot be loaded: " + errorText(error)));
     } else {
         useModule(options, Caller(teller, module));
-        // The library never unloads a view, whose threads may still be leaving its code.
+        // The library never unloads a view, whose threads may still run its code.
         if (options.kind != "view") {
             teller.timed("FreeLibrary", [&] {
                 FreeLibrary(module);
@@ -62,7 +62,7 @@ int tryIt(const TryOptions& options) {
         }
     }
     teller.tell(trialline::finished());
-    // Without the ends of threads that a module has left behind.
+    // Without waiting for threads that the module has left.
     TerminateProcess(GetCurrentProcess(), kWell);
     return kWell;
 }

@@ -8,7 +8,7 @@ namespace jsw::ctl {
 
 namespace {
 
-/// Lines of logs and pages are shorter; what is longer is converted piece by piece.
+/// Log lines and pages are shorter; longer texts are converted piece by piece.
 constexpr std::size_t kMaxPiece = std::size_t{1024} * 1024;
 
 /// The piece's size: up to the last end of a line, so that no character is cut in two.

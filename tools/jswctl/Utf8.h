@@ -5,8 +5,8 @@
 
 namespace jsw::ctl {
 
-/// A text of the system's code page in UTF-8, as pages and JSON need it; what is no character of
-/// the code page becomes a replacement sign.
+/// Converts from the system's code page to UTF-8, for pages and JSON; invalid characters become a
+/// replacement character.
 std::string toUtf8(std::string_view text);
 
 }  // namespace jsw::ctl

@@ -27,7 +27,7 @@ void Console::plain(const std::string& text) {
 void Console::write(const std::string& text) {
     const std::lock_guard lock(mutex_);
     std::puts(text.c_str());
-    // Whoever reads along through a pipe acts on single lines.
+    // Readers of a pipe act on single lines.
     std::fflush(stdout);
 }
 

@@ -6,10 +6,10 @@
 
 namespace jsw::qldemo {
 
-/** The demo's account on standard output: one line per event, from any thread. */
+/** The demo's report on standard output: one line per event, from any thread. */
 class Console {
   public:
-    /** Starts the clock that lines show anew. */
+    /** Restarts the clock in the lines. */
     void startClock();
 
     /** Seconds since the clock was started. */

@@ -29,7 +29,7 @@ bool takeText(std::string& target, const std::string& text) {
     return !text.empty();
 }
 
-/** Describes the options of the command line, each with what it does to the options. */
+/** The command line's options and their effects on DemoOptions. */
 class CommandLine {
   public:
     explicit CommandLine(DemoOptions& options) : options_(options) {
@@ -47,7 +47,7 @@ class CommandLine {
     CLI::App& program() { return program_; }
 
   private:
-    /** An option with one value; take answers whether the value is good. */
+    /** An option with one value; take returns whether the value is valid. */
     template <class Take>
     void add(const std::string& name, const char* value, const std::string& help, Take take) {
         const auto check = [=](const std::string& text) {
@@ -186,7 +186,7 @@ std::optional<double> parseSeconds(std::string_view text) {
     double seconds = 0;
     const auto [end, error] =
         std::from_chars(text.data(), text.data() + text.size(), seconds, std::chars_format::fixed);
-    // Written so that what is not a number at all ("nan") fails too.
+    // Written so that "nan" fails, too.
     if (error != std::errc() || end != text.data() + text.size() ||
         !(seconds >= 0 && seconds <= kLongestSeconds)) {
         return std::nullopt;

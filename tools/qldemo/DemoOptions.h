@@ -11,17 +11,17 @@
 
 namespace jsw::qldemo {
 
-/** Per cent of every ink slot, -1 when not known. */
+/** Per cent of every ink slot; -1: unknown. */
 using InkLevels = std::array<int32_t, JSW_INK_SLOTS>;
 
 enum class Mode {
     kRunJobs,
     kHelp,
     kInstall,    ///< let the library install its settings, then end
-    kRecordUrl,  ///< serve as the handler of web addresses: note the address, then end
+    kRecordUrl,  ///< act as the handler of web addresses: record the address, then end
 };
 
-/** What the command line asks for; the defaults are a job on the simulated printer. */
+/** The command line's options; the defaults are a job on the simulated printer. */
 struct DemoOptions {
     Mode mode = Mode::kRunJobs;
     std::string printer = "SimulatedPrinter";
@@ -36,15 +36,15 @@ struct DemoOptions {
     std::optional<uint32_t> prompt;
     std::string deviceFile;        ///< empty: no device client
     std::string scriptFile;        ///< empty: no script
-    std::string screenshotFolder;  ///< empty: nobody takes screenshots
+    std::string screenshotFolder;  ///< empty: no screenshots
     std::string urlFile;           ///< for kRecordUrl
     std::string url;               ///< for kRecordUrl
 };
 
-/** Options, or what is wrong with the command line. */
+/** Options, or the command line's mistake. */
 struct ParsedOptions {
     DemoOptions options;
-    std::string error;  ///< empty when all is well; a sentence without a final stop
+    std::string error;  ///< a sentence without a full stop, or empty
 };
 
 /** @param arguments the command line without the program's name */
@@ -53,7 +53,7 @@ struct ParsedOptions {
 /** The text of --help. */
 [[nodiscard]] std::string helpText();
 
-/** "90,10,?": one to ten per cents, "?" for one that is not known; nothing when it is not that. */
+/** "90,10,?": one to ten percentages, "?" for an unknown one; nothing for any other text. */
 [[nodiscard]] std::optional<InkLevels> parseInkLevels(std::string_view text);
 
 /** Decimal digits only, from lowest to highest. */

@@ -41,7 +41,7 @@ constexpr Named<Target> kTargets[] = {
     {"button", Target::kPageButton},
 };
 
-/** The ids that Windows gives the buttons of its dialogs. */
+/** Windows' ids of its dialogs' buttons. */
 constexpr Named<uint32_t> kAnswers[] = {
     {"ok", 1}, {"cancel", 2}, {"abort", 3}, {"retry", 4}, {"ignore", 5}, {"yes", 6}, {"no", 7},
 };
@@ -75,7 +75,7 @@ class Words {
   public:
     explicit Words(std::string_view line) : rest_(line.substr(0, line.find('#'))) {}
 
-    /** Empty when there is none left. */
+    /** Empty at the end. */
     std::string_view next() {
         constexpr std::string_view kBlanks = " \t\r";
         rest_.remove_prefix(std::min(rest_.find_first_not_of(kBlanks), rest_.size()));
@@ -157,7 +157,7 @@ void readArguments(Words& words, Step& step) {
     }
 }
 
-/** Reads lines one after another; remembers the job and the time the last one was for. */
+/** Reads lines in order; keeps the job and the time of the last one. */
 class ScriptReader {
   public:
     void readLine(std::string_view line) {

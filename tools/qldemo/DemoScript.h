@@ -9,7 +9,7 @@
 
 namespace jsw::qldemo {
 
-/** What happens in a step. The driver does the first four, the user in front of it the others. */
+/** The action of a step. The driver performs the first four, the user the others. */
 enum class Action { kPage, kPrompt, kPost, kEnd, kClick, kAnswer, kLook, kScreenshot };
 
 /** What a user can press in the job window. */
@@ -26,10 +26,10 @@ enum class Target {
     kRestore,
     kClose,
     kCloseJob,
-    kYes,  ///< the answers to what the window asks
+    kYes,  ///< the answers to the window's questions
     kNo,
-    kActivate,    ///< the window itself, which comes to the front with that
-    kPageButton,  ///< a button of the billboard page; its number goes with it
+    kActivate,    ///< the window itself, which comes to the front
+    kPageButton,  ///< a button of the billboard page, by its number
 };
 
 /** One step of a script or of the plan made from it. */
@@ -39,26 +39,26 @@ struct Step {
     Target target = Target::kNone;
     uint32_t number = 0;   ///< page, prompt type, message, button (from 1) or answer
     uint32_t copy = 1;     ///< for kPage
-    std::string name;      ///< for kScreenshot: a file name without its ending
+    std::string name;      ///< for kScreenshot: a file name without extension
     uint32_t job = 0;      ///< the job it belongs to, counted from 1; 0 for every job
-    bool implied = false;  ///< not from a script; comes later when a prompt holds the driver up
+    bool implied = false;  ///< not from a script; delayed while a prompt blocks the driver
 };
 
 [[nodiscard]] bool isDriverStep(const Step& step);
 
-/** The step as a script would say it, without its time. */
+/** The step in a script's words, without its time. */
 [[nodiscard]] std::string describe(const Step& step);
 
-/** Steps in file order, or what is wrong with the first bad line. */
+/** Steps in file order, or the mistake in the first invalid line. */
 struct ParsedScript {
     std::vector<Step> steps;
-    std::string error;  ///< empty when all is well; "line 3: ..."
+    std::string error;  ///< "line 3: ...", or empty
 };
 
-/** What can stand in a script, for the help text. */
+/** The steps of a script, for the help text. */
 [[nodiscard]] std::string scriptHelp();
 
-/** Reads a script; scriptHelp() says what can stand in it. */
+/** Reads a script; scriptHelp() describes it. */
 [[nodiscard]] ParsedScript parseScript(std::string_view text);
 
 }  // namespace jsw::qldemo

@@ -7,20 +7,20 @@ namespace jsw::qldemo {
 /** The settings that the library keeps in the registry for qldemo.exe. */
 [[nodiscard]] bool storeExists();
 
-/** Where the library writes its log. */
+/** The path of the library's log. */
 [[nodiscard]] std::string logFilePath();
 
 /**
- * Switches the library's log on, all levels of all parts. It stays on for later runs.
+ * Switches the library's log on, all levels of all components. It stays on for later runs.
  *
- * @throws std::runtime_error when the registry refuses, as the next two do
+ * @throws std::runtime_error if the registry refuses, like the next two
  */
 void switchLogOn();
 
-/** Makes the library reach printers through this device client from now on. */
+/** Makes the library use this device client. */
 void setDeviceClient(const std::string& path);
 
-/** Back to no device client. */
+/** Removes the device client's setting. */
 void removeDeviceClient();
 
 }  // namespace jsw::qldemo

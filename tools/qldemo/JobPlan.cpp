@@ -12,7 +12,7 @@ bool has(const std::vector<Step>& steps, Action action) {
                        [&](const Step& step) { return step.action == action; });
 }
 
-/** A step that no script asks for. */
+/** A step that is not in a script. */
 Step impliedStep(double at, Action action, uint32_t number = 0, uint32_t copy = 1) {
     Step step;
     step.at = at;
@@ -23,7 +23,7 @@ Step impliedStep(double at, Action action, uint32_t number = 0, uint32_t copy = 
     return step;
 }
 
-/** Copies one after another, as a printer without a sorter makes them. */
+/** Copies one after another, as by a printer without a sorter. */
 void addPages(const DemoOptions& options, std::vector<Step>& steps) {
     double at = 0;
     for (uint32_t copy = 1; copy <= options.copies; ++copy) {
@@ -52,7 +52,7 @@ std::vector<Step> planJob(const DemoOptions& options, const std::vector<Step>& s
     const double printing = options.secondsPerPage * options.pages * options.copies;
     double end = lastTime(steps);
     if (has(steps, Action::kPage)) {
-        end += options.secondsPerPage;  // the last page takes its time, too
+        end += options.secondsPerPage;  // the last page takes time, too
     } else {
         addPages(options, steps);
         end = std::max(end, printing);

@@ -19,10 +19,10 @@ namespace {
 
 constexpr auto kTick = std::chrono::milliseconds(10);
 constexpr UINT kPromptTick = 20;             // milliseconds
-constexpr double kCancelSeconds = 1.0;       ///< what a printer takes to stop
+constexpr double kCancelSeconds = 1.0;       ///< the time until a printer stops
 constexpr double kScreenshotPatience = 5.0;  ///< seconds
-constexpr double kUserPatience = 15.0;       ///< seconds, for steps that are due but not done
-constexpr double kAnswerPatience = 1.0;      ///< seconds a prompt stays up when nobody will answer
+constexpr double kUserPatience = 15.0;       ///< seconds, for steps that are due but not yet done
+constexpr double kAnswerPatience = 1.0;      ///< seconds a prompt stays open if nobody will answer
 constexpr uint32_t kPagesNotKnown = static_cast<uint32_t>(-1);
 
 InkInfo inkInfoFor(const InkLevels& levels) {
@@ -31,7 +31,7 @@ InkInfo inkInfoFor(const InkLevels& levels) {
     return info;
 }
 
-/** What the driver says of the number of pages. */
+/** The number of pages that the driver passes. */
 uint32_t pagesToTell(const DemoOptions& options) {
     return options.pagesKnown ? options.pages : kPagesNotKnown;
 }
@@ -172,7 +172,7 @@ void CALLBACK JobRun::onPromptTimer(HWND, UINT, UINT_PTR, DWORD) {
     }
 }
 
-/** With a script there is no user but the one in it. */
+/** With a script, the script is the only user. */
 bool JobRun::nobodyAnswers() const {
     const auto answers = [](const Step& step) { return step.action == Action::kAnswer; };
     const auto ends = [](const Step& step) { return step.action == Action::kEnd && !step.implied; };

@@ -12,15 +12,15 @@
 namespace jsw::qldemo {
 
 /**
- * One print job, as a driver with a user in front of it goes through it.
+ * One print job, with its driver and its user.
  *
- * The driver's steps run on the thread that calls run(); the user's on a thread of their own, so
- * that a prompt, which blocks the driver, can be answered. While a prompt is up its message loop
- * serves a timer of the driver's, on which a script's messages for the prompt and its end of the
- * job come from inside the prompt; pages wait for the answer. When the user cancels, the pages
- * still to come are dropped and the job ends shortly after.
+ * The driver's steps run on the thread that calls run(), the user's on another thread, so that a
+ * prompt, which blocks the driver, can be answered. While a prompt is open, its message loop serves
+ * a timer of the driver; on it the script's messages for the prompt, and its end of the job, run
+ * inside the prompt. Pages wait for the answer. If the user cancels, the remaining pages are
+ * dropped and the job ends shortly afterwards.
  *
- * One job runs at a time: the library's status callback carries no context.
+ * One job runs at a time: the library's status callback has no context argument.
  */
 class JobRun {
   public:
@@ -28,7 +28,7 @@ class JobRun {
     JobRun(const JobRun&) = delete;
     JobRun& operator=(const JobRun&) = delete;
 
-    /** Blocks until the job is over. False when the job did not start or a step was impossible. */
+    /** Blocks until the job is over. False if the job did not start or a step was impossible. */
     bool run();
 
   private:
@@ -60,14 +60,14 @@ class JobRun {
     std::vector<Step> userSteps_;
     size_t nextDriverStep_ = 0;
     bool inPrompt_ = false;
-    double delay_ = 0;  ///< seconds that prompts have held the driver up
+    double delay_ = 0;  ///< seconds that prompts have blocked the driver
     double promptSince_ = 0;
     bool promptGivenUp_ = false;
     bool cancelSeen_ = false;
     std::atomic<size_t> nextUserStep_ = 0;
-    std::atomic<double> lastUserStep_ = 0;  ///< when one was done last
-    std::atomic<bool> ended_ = false;       ///< the library has been told the end of the job
-    std::atomic<bool> over_ = false;        ///< nothing of the job is left, no prompt either
+    std::atomic<double> lastUserStep_ = 0;  ///< time of the last one
+    std::atomic<bool> ended_ = false;       ///< the driver has ended the job
+    std::atomic<bool> over_ = false;        ///< the job is completely over, including prompts
     std::atomic<bool> good_ = true;
 };
 

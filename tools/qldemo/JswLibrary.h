@@ -10,10 +10,10 @@
 
 namespace jsw::qldemo {
 
-/** jsw.dll, loaded by hand as a driver loads it; freed with the object. */
+/** jsw.dll, loaded at run time as by a driver; freed with the object. */
 class JswLibrary {
   public:
-    /** @throws std::runtime_error when the file or one of its functions is not there */
+    /** @throws std::runtime_error if the file or one of its functions is missing */
     explicit JswLibrary(const std::string& path);
 
     /* The functions of jsw/jsw.h that the demo calls. */

@@ -1,7 +1,6 @@
 /**
  * @file Main.cpp
- * qldemo: a stand-in for a printer driver. Nothing here knows more of the library than jsw/jsw.h
- * and the place of its settings.
+ * qldemo: plays a printer driver. It knows only jsw/jsw.h and the location of the settings.
  */
 #include "tools/qldemo/Console.h"
 #include "tools/qldemo/DemoOptions.h"
@@ -39,13 +38,13 @@ std::string programPath() {
     return path;
 }
 
-/** With its trailing backslash. */
+/** With a trailing backslash. */
 std::string programFolder() {
     const std::string path = programPath();
     return path.substr(0, path.find_last_of('\\') + 1);
 }
 
-/** Relative to the folder the caller is in; an empty path stays empty. */
+/** Relative to the current folder; an empty path stays empty. */
 std::string fullPath(const std::string& path) {
     char full[MAX_PATH] = {};
     if (path.empty()) {
@@ -75,8 +74,8 @@ std::vector<Step> loadScript(const std::string& path) {
 }
 
 /**
- * A job of which nothing is known and which ends at once: it makes the library install its
- * settings, and no sample rule applies to it.
+ * A job without data that ends at once: it makes the library install its settings, and no sample
+ * rule applies to it.
  */
 int install() {
     const JswLibrary library(programFolder() + "jsw.dll");
@@ -90,8 +89,8 @@ int install() {
 }
 
 /**
- * Installs the settings before the first job when some of them must be changed for it. In a process
- * of its own: the library looks for its settings only now and then while there are none.
+ * Installs the settings before the first job if options change some of them. In a separate process,
+ * because the library checks for missing settings only now and then.
  */
 void installInOwnProcess() {
     std::string command = "\"" + programPath() + "\" --install";
@@ -113,7 +112,7 @@ void installInOwnProcess() {
     }
 }
 
-/** Said at once, not when the first screenshot is waited for. */
+/** Reported at once, not at the first screenshot. */
 void requireFolder(const std::string& folder) {
     const DWORD attributes = GetFileAttributesA(folder.c_str());
     if (!folder.empty() &&
@@ -163,7 +162,7 @@ int runJobs(const DemoOptions& options) {
         }
         good = JobRun(library, options, planJob(options, script, job)).run() && good;
     }
-    // Releases what a job that ended inside a prompt has left; otherwise there is nothing to do.
+    // Frees what a job that ended inside a prompt has left; otherwise does nothing.
     library.terminate();
     return good ? kDone : kFailed;
 }
@@ -186,7 +185,7 @@ int runProgram(const std::vector<std::string>& arguments) {
          {&options.deviceFile, &options.scriptFile, &options.screenshotFolder, &options.urlFile}) {
         *path = fullPath(*path);
     }
-    // Relative paths in the settings count from here.
+    // Relative paths in the settings are relative to this folder.
     SetCurrentDirectoryA(programFolder().c_str());
     switch (options.mode) {
         case Mode::kHelp:

@@ -16,7 +16,7 @@ void installPromptModule(const std::string& source) {
         throw std::runtime_error("there is no folder for printer drivers, error " +
                                  std::to_string(GetLastError()));
     }
-    // Drivers of Windows 2000 and later lie in the sub-folder of their version.
+    // Drivers of Windows 2000 and later are in the subfolder of their version.
     const std::string driverFolder = std::string(folder) + "\\3";
     CreateDirectoryA(driverFolder.c_str(), nullptr);
     const std::string target = driverFolder + "\\qldejswo.dll";

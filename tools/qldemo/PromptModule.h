@@ -5,12 +5,11 @@
 namespace jsw::qldemo {
 
 /**
- * Puts the older job window, which asks the user things, where the library looks for it: in the
- * printer driver's own folder, under this program's name. A driver's setup does that; the demo has
- * none.
+ * Copies the older job window, for prompts, to where the library looks for it: the printer driver's
+ * own folder, under this program's name. A driver's setup does that; the demo has none.
  *
- * @param source  the module as it was built
- * @throws std::runtime_error when it cannot be copied
+ * @param source  the built module
+ * @throws std::runtime_error if it cannot be copied
  */
 void installPromptModule(const std::string& source);
 

@@ -12,10 +12,10 @@ namespace {
 
 constexpr const char* kDialogClass = "#32770";
 
-/** How long a window may take to tell its text. */
+/** How long a window may take to return its text. */
 constexpr UINT kPatience = 1000;  // milliseconds
 
-/** How often, and how far apart, somebody looks for a window that is to appear. */
+/** How often, and at which interval, to look for a window that is about to appear. */
 constexpr int kTriesForWindow = 100;
 constexpr DWORD kWindowTick = 50;  // milliseconds
 
@@ -44,7 +44,7 @@ HWND ourWindow(const char* className) {
     return search.found;
 }
 
-/** The job window when it can be seen, or null. */
+/** The job window if it is visible, or null. */
 HWND visibleJobWindow() {
     const HWND window = ourWindow(JSW_SAMPLE_VIEW_CLASS);
     return IsWindowVisible(window) != FALSE ? window : nullptr;
@@ -88,7 +88,7 @@ std::string textOf(HWND control) {
     return text;
 }
 
-/** The text on a button, without the mark of the letter that presses it. */
+/** A button's label, without the access key's mark. */
 std::string labelOf(HWND control) {
     std::string label = textOf(control);
     std::erase(label, '&');
@@ -108,7 +108,7 @@ Press pressControl(HWND window, int id, bool checkBox) {
     if (IsWindowVisible(control) == FALSE || IsWindowEnabled(control) == FALSE) {
         return {label, "the button cannot be pressed now"};
     }
-    // A check box changes its mark only by a real click.
+    // A check box changes only by a real click.
     return posted(label, checkBox ? PostMessageA(control, BM_CLICK, 0, 0)
                                   : PostMessageA(window, WM_COMMAND,
                                                  MAKEWPARAM(static_cast<WORD>(id),
@@ -120,7 +120,7 @@ Press pressControl(HWND window, int id, bool checkBox) {
 
 Press press(Target target, uint32_t pageButton) {
     HWND window = visibleJobWindow();
-    // Whoever wants the window in front waits for it to appear.
+    // Bringing the window to the front waits until it appears.
     for (int tries = target == Target::kActivate ? kTriesForWindow : 0;
          tries > 0 && window == nullptr; --tries) {
         Sleep(kWindowTick);

@@ -8,22 +8,22 @@
 
 namespace jsw::qldemo {
 
-/** How a press went. */
+/** The outcome of a press. */
 struct Press {
-    std::string label;    ///< the text on what was pressed; empty for what has none
-    std::string problem;  ///< what was in the way; empty when nothing was
+    std::string label;    ///< the control's label, or empty
+    std::string problem;  ///< why it failed, or empty
 };
 
 /**
- * What a user does in front of the windows of this process, from a thread other than theirs.
- * Presses are posted, not sent: whoever owns the window may be busy, and a user does not wait.
+ * A user's actions in this process's windows, on another thread. Presses are posted, not sent: the
+ * window's thread may be busy, and a user does not wait.
  */
 [[nodiscard]] Press press(Target target, uint32_t pageButton);
 
-/** Presses the button with this id in the dialog that is up. */
+/** Presses the button with this id in the open dialog. */
 [[nodiscard]] Press answerDialog(uint32_t buttonId);
 
-/** The texts that the job window shows, one per line; empty when there is no window. */
+/** The job window's texts, one per line; empty without a window. */
 [[nodiscard]] std::vector<std::string> readJobWindow();
 
 }  // namespace jsw::qldemo

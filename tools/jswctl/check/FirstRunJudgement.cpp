@@ -10,7 +10,7 @@ namespace jsw::ctl {
 namespace {
 
 constexpr char kTopic[] = "first run";
-constexpr std::uint32_t kNotFound = 2;  // the registry's answer for a key that is not there
+constexpr std::uint32_t kNotFound = 2;  // the registry's error for a missing key
 
 std::vector<FileEntry> entriesOfStore(const HostFacts& facts) {
     std::vector<FileEntry> entries;
@@ -55,7 +55,7 @@ void judgeEntries(const HostFacts& facts, Report& report) {
     }
 }
 
-/// What is in the store, but not as the file has it.
+/// Values that differ between store and file.
 void judgeDifferences(const HostFacts& facts, const std::vector<FileEntry>& entries,
                       Report& report) {
     const bool modules = facts.image.number(setting::kCompleteSoftwareUpdated).value != 0;
@@ -101,7 +101,7 @@ void judgeInstalled(const HostFacts& facts, Report& report) {
     judgeDifferences(facts, entries, report);
 }
 
-/// A first job of an administrator leaves what its keys inherit, and that may be less.
+/// Keys made by an administrator's first job inherit permissions, which may be too few.
 void judgeAccess(const HostFacts& facts, Report& report) {
     const std::vector<std::string>& closed = facts.firstRun.closedKeys;
     if (closed.empty()) return;

@@ -29,7 +29,7 @@ Source sourceOf(Read outcome) {
     return Source::unreadable;
 }
 
-/// Settings as they are stored. They are read without their defaults, which would be written.
+/// Settings as stored. Read without defaults, which would be written.
 template <class Texts, class Numbers>
 void readStore(const BasicSettings& settings, const Texts& texts, const Numbers& numbers,
                StoreImage& image) {
@@ -55,7 +55,7 @@ bool isTextSetting(const std::string& key, const std::string& name) {
     return false;
 }
 
-/// What the file would put into the store, for the settings that the library knows.
+/// The values that the file would store, for the settings that the library knows.
 void readFromFile(const HostFacts& facts, StoreImage& image) {
     const std::string store = facts.storePath + "\\";
     for (const FileEntry& entry : facts.firstRun.file.entries) {

@@ -4,8 +4,8 @@
 
 namespace jsw::ctl {
 
-/// The store, the settings file beside the host, and the settings as they are or, before the first
-/// run, as the file would make them. The host's names must be there already.
+/// Gathers the store, the settings file beside the host, and the settings as stored or, before the
+/// first run, as the file would store them. The host's names must already be set.
 void gatherFirstRun(HostFacts& facts);
 
 }  // namespace jsw::ctl

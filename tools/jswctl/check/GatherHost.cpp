@@ -50,13 +50,13 @@ void gatherNames(HostFacts& facts) {
     facts.driverFolder = OsVersion::instance().printerDriverFolderByMajorVersion();
 }
 
-/// What the first job writes for a missing folder. Not asked of the update controller, which knows
-/// only what is in the registry already.
+/// What the first job writes for a missing folder. Not from the update controller, which only uses
+/// the registry.
 std::string initialPath(const StoreImage& image) {
     return joinPath(programFilesFolder(), image.text(setting::kInitialPath).value);
 }
 
-/// "1.1.0" of a file's version resource; empty when there is none.
+/// "1.1.0" from a file's version resource; empty if there is none.
 std::string fileVersion(const std::string& path) {
     DWORD ignored = 0;
     std::vector<char> resource(GetFileVersionInfoSizeA(path.c_str(), &ignored));
@@ -87,8 +87,8 @@ void gatherParser(HostFacts& facts) {
         parserLibraryVersion(joinPath(systemFolder(), kXmlParserFile), silent).value_or(0);
 }
 
-/// Whether a line could be written is tried on the file when it is there, else on its folder;
-/// neither is changed.
+/// Tests whether a line could be written, on the file or, if it is missing, on its folder; changes
+/// neither.
 void gatherLog(HostFacts& facts) {
     facts.log = look(BasicLogger::filePath());
     WIN32_FILE_ATTRIBUTE_DATA data{};
@@ -111,7 +111,7 @@ void gatherUpkeep(HostFacts& facts) {
     facts.historySize = static_cast<std::uint32_t>(ids.size());
 }
 
-/// Values in the keys of the library whose names it does not know.
+/// Values in the library's keys whose names it does not know.
 void gatherUnknownValues(HostFacts& facts) {
     std::vector<std::string> keys;
     for (const SettingRow& row : settingRows(facts)) {

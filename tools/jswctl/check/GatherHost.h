@@ -4,9 +4,9 @@
 
 namespace jsw::ctl {
 
-/// Finds out about the host that Localize names what a job of it would meet, without changing
-/// anything: what is missing is not written, as a job would. Modules are loaded in processes of
-/// their own, and the catalog is asked for its default and ink status billboards.
+/// Gathers what a job of Localize's host would find, without changing anything: unlike a job it
+/// writes no missing values. Loads modules in separate processes and queries the catalog for its
+/// default and ink status billboards.
 HostFacts gatherHost();
 
 }  // namespace jsw::ctl

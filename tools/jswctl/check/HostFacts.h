@@ -11,26 +11,26 @@
 
 namespace jsw::ctl {
 
-/// The store and the file that the first run installs in it.
+/// The store, and the file that the first run installs in it.
 struct FirstRunFacts {
     bool storeOpens = false;
-    bool isPending = false;        ///< the store's first run is going on, or was cut off
-    std::uint32_t storeError = 0;  ///< when it does not open: ERROR_FILE_NOT_FOUND, or what else
+    bool isPending = false;        ///< the first run is in progress or was interrupted
+    std::uint32_t storeError = 0;  ///< if it does not open: ERROR_FILE_NOT_FOUND or another error
     std::vector<std::string> closedKeys;  ///< of the store, to jobs of ordinary users
     SettingsFile file;
 };
 
-/// A file or folder that something depends on.
+/// A required file or folder.
 struct Presence {
     std::string path;
     bool exists = false;
     bool isFolder = false;
 };
 
-/// A billboard's page, as the catalog names it.
+/// A billboard's page, from the catalog.
 struct PageFacts {
     std::string id;
-    bool wasAsked = false;  ///< false: there was no catalog to ask
+    bool wasAsked = false;  ///< false: there was no catalog
     std::string fileName;   ///< the catalog's answer; empty: none
     Presence file;
 };
@@ -41,16 +41,16 @@ struct UnknownValue {
     std::string name;
 };
 
-/// What a job of one host would meet.
+/// What a job of one host would find.
 struct HostFacts {
     std::string hostPath;
     std::string localId;
     std::string productLine;  ///< its registry key; empty for a host of no known line
     std::string productRoot;  ///< below HKEY_LOCAL_MACHINE
-    std::string storePath;    ///< below HKEY_LOCAL_MACHINE, without a final backslash
+    std::string storePath;    ///< below HKEY_LOCAL_MACHINE, without a trailing backslash
     std::string currentFolder;
     std::string driverFolder;
-    std::string initialPath;  ///< what a job puts for a missing data or module folder
+    std::string initialPath;  ///< what a job writes for a missing data or module folder
 
     ModuleFacts library;  ///< jsw.dll, where Windows would find it for the host
     std::string libraryVersion;
@@ -74,25 +74,25 @@ struct HostFacts {
 
     Presence dataFolder;
     std::vector<ModuleFacts> modules;
-    PageFacts cachedDefault;  ///< the page kept from the last look-up; an empty name: none is kept
+    PageFacts cachedDefault;       ///< the stored page of the last look-up; an empty name: none
     std::vector<PageFacts> pages;  ///< the default billboard's and the ink status one's
 };
 
-/// Where a job would look, by the settings alone.
+/// Where a job would look according to the settings.
 struct HostPaths {
-    std::string dataPath;  ///< without a final backslash
+    std::string dataPath;  ///< without a trailing backslash
     std::string dllPath;
     std::string view;
     std::string catalog;
     std::string rules;
     std::string legacy;
     std::string device;
-    std::string updater;  ///< empty: none is named
+    std::string updater;  ///< empty: none is set
 };
 
 HostPaths hostPaths(const HostFacts& facts);
 
-/// The device client's name when no setting tells it.
+/// The device client's default name.
 std::string defaultDeviceClient(const HostFacts& facts);
 
 }  // namespace jsw::ctl

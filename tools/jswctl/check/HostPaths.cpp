@@ -9,7 +9,7 @@ std::string orElse(const std::string& text, const std::string& fallback) {
     return text.empty() ? fallback : text;
 }
 
-/// A folder that is missing is set by the first job, before anything is loaded.
+/// The first job sets a missing folder before it loads anything.
 std::string folderOf(const HostFacts& facts, const setting::Text& setting) {
     const EffectiveText folder = facts.image.text(setting);
     return isSet(folder.source) && !folder.value.empty() ? folder.value : facts.initialPath;

@@ -54,7 +54,7 @@ void judgePage(const PageFacts& page, const char* purpose, Severity severity, Re
     }
 }
 
-/// What was found in the registry is what the job shows, whatever the catalog says now.
+/// The job shows the page in the registry, whatever the catalog says now.
 void judgeCachedDefault(const HostFacts& facts, Report& report) {
     const PageFacts& kept = facts.cachedDefault;
     if (kept.fileName.empty()) return;

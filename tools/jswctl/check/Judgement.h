@@ -5,7 +5,7 @@
 
 namespace jsw::ctl {
 
-/// Says everything there is to say about a host, in the order of a job.
+/// Reports everything about a host, in the order of a job.
 void judgeHost(const HostFacts& facts, Report& report);
 
 /// The parts of it.

@@ -2,7 +2,7 @@
 
 #include "jsw/settings/SettingNames.h"
 
-/// All settings of a store that have a name of their own, to go through them.
+/// Lists of all named settings of a store.
 namespace jsw::setting {
 
 // In the host's local store.

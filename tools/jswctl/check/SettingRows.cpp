@@ -29,7 +29,7 @@ SettingRow rowOf(const setting::Number& number, const StoreImage& image) {
             effective.source};
 }
 
-/// What a job takes for a missing text when that depends on the host; empty when it does not.
+/// A job's default for a missing text if it depends on the host; otherwise empty.
 std::string hostDefault(const setting::Text& text, const HostFacts& facts) {
     if (text.key == setting::kControllerKey) return facts.localId + text.defaultValue;
     if (&text == &setting::kDataPath || &text == &setting::kDllPath) return facts.initialPath;
@@ -39,7 +39,7 @@ std::string hostDefault(const setting::Text& text, const HostFacts& facts) {
 
 SettingRow withHostDefault(const setting::Text& text, const HostFacts& facts, SettingRow row) {
     std::string value = hostDefault(text, facts);
-    // An empty text counts as missing, but for the device client's.
+    // An empty text counts as missing, except the device client's.
     const bool isThere = isSet(row.source) && (!row.value.empty() || &text == &setting::kPcsClient);
     if (value.empty() || isThere) return row;
     row.value = std::move(value);
@@ -49,7 +49,7 @@ SettingRow withHostDefault(const setting::Text& text, const HostFacts& facts, Se
     return row;
 }
 
-/// A row of the store that stands for all printers, beside the host's own.
+/// A row of the store for all printers, beside the host's own.
 SettingRow ofPrinters(SettingRow row) {
     row.key = row.key.empty() ? kPrinterStore : concat(kPrinterStore, "\\", row.key);
     return row;

@@ -2,19 +2,19 @@
 
 namespace jsw::ctl {
 
-/// Where the value that a job goes by comes from.
+/// The source of the value that a job uses.
 enum class Source {
     stored,
-    inFile,     ///< of a settings file that is not installed yet
-    fallback,   ///< missing, and there is a default
-    missing,    ///< and there is no default
-    wrongType,  ///< stored, but as another type: the job takes the default
+    inFile,     ///< in a settings file that is not installed yet
+    fallback,   ///< missing, with a default
+    missing,    ///< without a default
+    wrongType,  ///< stored with another type: the job uses the default
     unreadable,
 };
 
 const char* sourceName(Source source);
 
-/// Whether there is a value, in the store or in the file that will be installed in it.
+/// Whether there is a value, in the store or in the file to be installed.
 constexpr bool isSet(Source source) {
     return source == Source::stored || source == Source::inFile;
 }

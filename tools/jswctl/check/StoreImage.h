@@ -10,14 +10,14 @@
 
 namespace jsw::ctl {
 
-/// One value as it is stored, or why it is not to be had.
+/// One stored value, or why it is unavailable.
 struct StoredValue {
     Source source = Source::missing;  ///< anything but a fallback
     std::string text{};               ///< of a text
     std::uint32_t number = 0;         ///< of a number
 };
 
-/// A setting as a job goes by it.
+/// A setting as a job uses it.
 struct EffectiveText {
     std::string value;
     Source source;
@@ -27,9 +27,8 @@ struct EffectiveNumber {
     Source source;
 };
 
-/// The known settings of a host: as they are in the registry, or as the settings file would put
-/// them there. Keys and names are compared with letter case aside and with or without a final
-/// backslash, as the registry does.
+/// The known settings of a host, as stored in the registry or as the settings file would store
+/// them. Like the registry, ignores letter case and a trailing backslash in keys and names.
 class StoreImage {
   public:
     void put(const std::string& key, const std::string& name, StoredValue value);

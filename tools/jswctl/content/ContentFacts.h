@@ -13,10 +13,10 @@ namespace jsw::ctl {
 /// A page's file.
 struct ContentPage {
     std::string fileName;  ///< "welcome.de.jbb"
-    std::string name;      ///< "welcome.jbb", by which the catalog knows it
-    std::string language;  ///< "de"; empty: for all that have no file of their own
+    std::string name;      ///< "welcome.jbb", its name in the catalog
+    std::string language;  ///< "de"; empty: for all languages without a file of their own
     view::ParsedPage parsed;
-    std::map<std::string, std::string> head;  ///< its keys in lower case, with their last values
+    std::map<std::string, std::string> head;  ///< keys in lower case, with their last values
 };
 
 /// An XML file of the content, or why it could not be read.
@@ -31,7 +31,7 @@ struct ContentFacts {
     ContentFile catalog;
     ContentFile rules;
     std::vector<ContentPage> pages;
-    std::map<std::string, bool> pictures;  ///< files in lower case, and whether they can be shown
+    std::map<std::string, bool> pictures;  ///< names in lower case, and whether they can be shown
 };
 
 }  // namespace jsw::ctl

@@ -17,13 +17,13 @@ constexpr char kRules[] = "rules.xml";
 
 using Ids = std::set<std::string>;
 
-/// ". Did you mean X?" or what else to do about an id that nobody knows.
+/// "Did you mean X?" or another remedy for an unknown id.
 std::string remedyFor(const std::string& id, const Ids& known, const char* otherwise) {
     const std::string nearest = nearestName(id, {known.begin(), known.end()});
     return nearest.empty() ? otherwise : concat("Did you mean ", nearest, "?");
 }
 
-/// Notes an element's id; false, and told, when it has none.
+/// Records an element's id; false, and reported, if it has none.
 bool takeId(const sample::XmlNode& element, Ids& ids, Report& report) {
     const std::string id = element.attribute("id");
     if (id.empty()) {
@@ -36,7 +36,7 @@ bool takeId(const sample::XmlNode& element, Ids& ids, Report& report) {
     return !id.empty();
 }
 
-/// The actions that buttons can name: an empty one ends them.
+/// The number of actions for buttons: an empty one ends the list.
 std::size_t countActions(const sample::XmlNode& billboard, Report& report) {
     std::size_t count = 0;
     for (const sample::XmlNode& child : billboard.children) {

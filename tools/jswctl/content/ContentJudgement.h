@@ -5,7 +5,7 @@
 
 namespace jsw::ctl {
 
-/// Says what of a data folder will not do what its author wants: catalog, pages, rules.
+/// Reports mistakes in a data folder: catalog, pages, rules.
 void judgeContent(const ContentFacts& facts, Report& report);
 
 }  // namespace jsw::ctl

@@ -24,7 +24,7 @@ std::string readStart(const std::filesystem::path& path) {
     return bytes;
 }
 
-/// What the page's reader does not keep: names of themes and pictures that it does not know.
+/// What the page's parser discards: names of unknown themes and pictures.
 std::map<std::string, std::string> readHead(const std::string& text) {
     std::map<std::string, std::string> head;
     std::istringstream lines(text);
@@ -65,7 +65,7 @@ ContentFacts gatherContent(const std::string& folder) {
     facts.folder = folder;
     facts.catalog = readXml(folder, "catalog.xml");
     facts.rules = readXml(folder, "rules.xml");
-    std::error_code none;  // a folder that is not there has no pages
+    std::error_code none;  // a missing folder has no pages
     for (const auto& entry :
          std::filesystem::directory_iterator(joinPath(folder, "Scripts"), none)) {
         const std::string ending = toLower(entry.path().extension().string());

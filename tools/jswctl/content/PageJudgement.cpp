@@ -13,13 +13,13 @@ namespace {
 
 using view::ContentButton;
 
-/// The window's texts in a language; in English where it does not speak that.
+/// The window's texts in a language, or in English.
 const view::Strings& stringsOf(const std::string& code) {
     const view::Language* const language = view::Language::find(code);
     return language != nullptr ? language->strings() : stringsOf("en");
 }
 
-/// The access key of a label, in lower case; 0 when it has none.
+/// The access key of a label, in lower case; 0 if it has none.
 char accessKey(std::string_view label) {
     while (!label.empty()) {
         const bool isMark = label.size() > 1 && label[0] == '&';
@@ -51,7 +51,7 @@ void judgeAccessKeys(const ContentPage& page, const view::Strings& strings, Repo
     }
 }
 
-/// Names that the reader takes for another or for none.
+/// Names that the parser replaces or ignores.
 void judgeNames(const ContentPage& page, const ContentFacts& facts, Report& report) {
     const auto valueOf = [&](const char* key) {
         const auto entry = page.head.find(key);
@@ -115,7 +115,7 @@ void judgeTranslation(const ContentPage& page, const ContentFacts& facts, Report
     }
 }
 
-/// Who sees the page because there is none in their language.
+/// Reports the languages that have no page of their own.
 void tellMissingLanguages(const ContentPage& page, const ContentFacts& facts, Report& report) {
     std::string missing;
     for (const auto* language = view::Language::first(); language; language = language->next()) {

@@ -5,11 +5,11 @@
 
 namespace jsw::ctl {
 
-/// Says what is wrong with a page by itself and beside its other languages.
+/// Reports mistakes in a page, also compared with its other languages.
 void judgePage(const ContentPage& page, const ContentFacts& facts, Report& report);
 
-/// Says which of its buttons and links lead nowhere.
-/// @param billboard  the one that shows the page, with that many actions
+/// Reports buttons and links without an action.
+/// @param billboard  the billboard that shows the page, with that many actions
 void judgeActions(const ContentPage& page, const std::string& billboard, std::size_t actions,
                   Report& report);
 

@@ -7,13 +7,13 @@ namespace jsw::ctl::log {
 
 namespace {
 
-// A log that is nobody's must not make the tool grow without end.
+// Limits memory for foreign logs.
 constexpr std::size_t kMaxThreads = 64;
 constexpr std::size_t kMaxFrames = 256;
 constexpr std::size_t kMaxTag = 512;
 constexpr std::size_t kMaxResult = 512;
 
-/// What the thread is for on which a method runs that no other called.
+/// The purpose of a thread whose outermost method this is.
 std::string_view threadOf(std::string_view tag) {
     const std::string_view method = methodName(tag);
     if (method == "Controller::ProcessRules") return kRulesThread;
@@ -34,14 +34,14 @@ unsigned depthOf(const std::vector<CallTracker::Frame>& stack) {
     return stack.empty() ? 0 : stack.back().depth + 1;
 }
 
-/// How well a line fits a thread on which these methods run; 0: not at all.
+/// How well a line fits a thread that runs these methods; 0: not at all.
 int fitness(const std::vector<CallTracker::Frame>& stack, const LogLine& line, TextKind kind) {
     if (kind == TextKind::exit) return !stack.empty() && endsFrame(stack.back(), line) ? 1 : 0;
     if (depthOf(stack) != line.depth) return 0;
     return !stack.empty() && line.text.starts_with(stack.back().tag) ? 2 : 1;
 }
 
-/// Only the rules thread asks the rules engine.
+/// Only the rules thread calls the rules engine.
 bool isRulesOnly(const LogLine& line, TextKind kind) {
     return kind == TextKind::entry && line.text.starts_with("+RulesEngine::");
 }
@@ -81,7 +81,7 @@ std::size_t CallTracker::threadWithId(std::uint32_t id) {
     return addThread({}, id);
 }
 
-/// A thread takes the name of the first thing it does for which it is known.
+/// A thread gets its name from its first known purpose.
 std::size_t CallTracker::addThread(std::string name, std::optional<std::uint32_t> id) {
     if (threads_.size() == kMaxThreads) return kMaxThreads - 1;
     threads_.emplace_back();
@@ -89,8 +89,8 @@ std::size_t CallTracker::addThread(std::string name, std::optional<std::uint32_t
     return threads_.size() - 1;
 }
 
-/// The thread that the line fits best, of several the one that wrote last; the first one when it
-/// fits none.
+/// The thread that the line fits best; of several, the one that wrote last; if it fits none, the
+/// first one.
 std::size_t CallTracker::guessThread(const LogLine& line, TextKind kind) {
     if (kind == TextKind::entry && line.depth == 0) return guessForEntry(line);
     if (threads_.empty()) return addThread(std::string(kDriverThread), std::nullopt);
@@ -107,7 +107,7 @@ std::size_t CallTracker::guessThread(const LogLine& line, TextKind kind) {
     return best;
 }
 
-/// A method that no other called: an idle thread of its kind, or a new one.
+/// An outermost method: an idle thread of its kind, or a new one.
 std::size_t CallTracker::guessForEntry(const LogLine& line) {
     const std::string_view name = threadOf(line.text.substr(1));
     for (std::size_t i = 0; i < threads_.size(); ++i) {
@@ -119,7 +119,7 @@ std::size_t CallTracker::guessForEntry(const LogLine& line) {
 void CallTracker::enter(std::size_t thread, const LogLine& line, const Place& place,
                         std::vector<Call>& ended) {
     auto& stack = threads_[thread].stack;
-    // What is as deep or deeper has ended without a line, such as when a line was torn.
+    // Calls at this depth or deeper have ended without a line, for example because it was torn.
     while (!stack.empty() && stack.back().depth >= line.depth) pop(thread, place, {}, false, ended);
     const std::string_view tag = line.text.substr(1, kMaxTag);
     if (stack.empty() && infos_[thread].name.empty()) infos_[thread].name = threadOf(tag);
@@ -131,7 +131,7 @@ void CallTracker::leave(std::size_t thread, const LogLine& line, const Place& pl
     auto& stack = threads_[thread].stack;
     const auto frame = std::find_if(stack.rbegin(), stack.rend(),
                                     [&](const Frame& open) { return endsFrame(open, line); });
-    if (frame == stack.rend()) return;  // its beginning is not in the log
+    if (frame == stack.rend()) return;  // its entry is not in the log
     const auto position = static_cast<std::size_t>(stack.rend() - frame);
     while (stack.size() > position) pop(thread, place, {}, false, ended);
     constexpr std::string_view kResult = " rc=";

@@ -12,24 +12,24 @@
 
 namespace jsw::ctl::log {
 
-/// Follows the traced methods of one process: puts each line on its thread and tells which calls
-/// have come to an end. Threads are told apart by the ids in the lines; where these are missing, by
-/// the depth of the lines and by what only one thread does.
+/// Follows the traced methods of one process: assigns each line to its thread and reports the calls
+/// that have ended. It distinguishes threads by the ids in the lines or, without ids, by the lines'
+/// depth and by what only one thread does.
 class CallTracker {
   public:
     /// A method that is running.
     struct Frame {
-        std::string tag;  ///< the beginning of it
+        std::string tag;  ///< its beginning
         Place start;
         unsigned depth = 0;
-        Milliseconds inner = 0;  ///< spent in calls that it made
+        Milliseconds inner = 0;  ///< spent in inner calls
     };
 
-    /// Puts a line on its thread; calls that it ends are added to `ended`.
+    /// Assigns a line to its thread and adds the calls that it ends to `ended`.
     /// @return the thread, as an index into threads()
     std::size_t add(const LogLine& line, std::uint64_t number, std::vector<Call>& ended);
 
-    /// Ends the calls that are still open: the log says no more of them.
+    /// Ends the calls that are still open at the end of the log.
     void endAll(const Place& place, std::vector<Call>& ended);
 
     const std::vector<ThreadInfo>& threads() const { return infos_; }

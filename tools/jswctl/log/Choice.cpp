@@ -50,13 +50,13 @@ void Choice::add(std::string_view text, bool onRules) {
     }
 }
 
-/// A result that is an ink status page names no billboard for the job.
+/// A result that is an ink status page does not choose the job's billboard.
 void Choice::learnType(std::string_view exit) {
     const std::string asked = std::exchange(asked_, {});
     if (!asked.empty() && !equalsIgnoringCase(exit, " rc=ink_status")) nameRule(asked);
 }
 
-/// The trace of the call and the rules' own line tell the same result.
+/// The call's trace and the rules' own line contain the same result.
 void Choice::nameRule(std::string_view result) {
     asked_.clear();
     if (result == rule_ && candidates_.empty()) return;

@@ -14,7 +14,7 @@ class Choice {
     /// @param onRules  whether the rules are being processed on the line's thread
     void add(std::string_view text, bool onRules);
 
-    /// What was chosen and why, in a sentence; empty when the log says nothing of it.
+    /// What was chosen and why, in a sentence; empty if the log does not say.
     std::string inWords() const;
 
   private:
@@ -34,7 +34,7 @@ class Choice {
     bool shown_ = false;
     bool isCategory_ = false;
     const char* type_ = "";
-    std::string asked_;      // the last result, while its type is not known yet
+    std::string asked_;      // the last result, while its type is unknown
     std::string rule_;       // the last result that names billboards
     std::string billboard_;  // the one shown
     std::string page_;

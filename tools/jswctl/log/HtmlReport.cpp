@@ -15,7 +15,7 @@ namespace {
 using html::attribute;
 using html::escaped;
 
-constexpr std::size_t kOpenStory = 40;  // events up to which a story is unfolded
+constexpr std::size_t kOpenStory = 40;  // longest story that is shown unfolded
 
 std::string element(std::string_view tag, std::string_view cssClass, std::string_view content) {
     return concat("<", tag, cssClass.empty() ? "" : attribute("class", cssClass), ">",
@@ -39,7 +39,7 @@ std::string codeCell(std::string_view content) {
     return concat("<td><code>", escaped(content), "</code></td>");
 }
 
-/// What stands between backquotes is code.
+/// Text between backquotes is code.
 std::string proseCell(std::string_view text) {
     std::string content;
     bool code = false;

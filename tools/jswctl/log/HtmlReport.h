@@ -11,11 +11,11 @@
 
 namespace jsw::ctl::log {
 
-/// Makes one page of a log that needs no other file and no scripts. Texts of the log are in it byte
-/// for byte, in the log's code page; what the page itself says is ASCII.
+/// Makes a self-contained page of a log, without scripts. It contains the log's texts byte for byte
+/// in the log's code page; its own texts are ASCII.
 class HtmlReport {
   public:
-    /// So many jobs, the last ones, are on the page.
+    /// The number of jobs on the page: the last ones.
     static constexpr std::size_t kMaxJobs = 100;
 
     void add(const Job& job);

@@ -10,28 +10,28 @@
 #include <string_view>
 #include <vector>
 
-/// What a log tells of a job. Plain data; made by JobBuilder, told by the reports.
+/// A job in a log. Plain data, built by JobBuilder and shown by the reports.
 namespace jsw::ctl::log {
 
-/// Where in the log something stands.
+/// A position in the log.
 struct Place {
     std::uint64_t line = 0;  ///< counted from 1
     std::optional<Milliseconds> time;
 };
 
-/// One traced call of a method that has come to its end, or that the log leaves open.
+/// One traced call of a method that has ended, or that the log leaves open.
 struct Call {
     std::string name;  ///< "Catalog::getBillboardType"
     std::string result;
     Place start;
-    Milliseconds duration = 0;  ///< 0 while the lines have no times
+    Milliseconds duration = 0;  ///< 0 if the lines have no times
     Milliseconds own = 0;       ///< without the calls inside it
     std::size_t thread = 0;     ///< index into Job::threads
     unsigned depth = 0;
-    bool returned = true;  ///< false: the log has no end of it
+    bool returned = true;  ///< false: its end is not in the log
 };
 
-/// What threads are for. A view may call back on a new thread each time.
+/// The purposes of threads. A view may call back on a new thread each time.
 inline constexpr std::string_view kDriverThread = "driver";
 inline constexpr std::string_view kRulesThread = "rules";
 inline constexpr std::string_view kViewThread = "view";
@@ -39,7 +39,7 @@ inline constexpr std::string_view kViewThread = "view";
 /// A thread of the host's process that wrote lines.
 struct ThreadInfo {
     std::string name;                 ///< one of the above
-    std::optional<std::uint32_t> id;  ///< absent: told apart by what the lines say
+    std::optional<std::uint32_t> id;  ///< absent: distinguished by the lines' contents
 };
 
 /// One sentence of a job's story.
@@ -48,19 +48,19 @@ struct Event {
     std::string sentence;
 };
 
-/// A line that tells of trouble, and how often such a line came.
+/// A problem line and its number of occurrences.
 struct Finding {
     const KnownText* known = nullptr;  ///< never null
-    std::string subject;               ///< whom it is about, such as a module's file
+    std::string subject;               ///< its subject, such as a module's file
     std::string line;                  ///< the text of the first one
     Place first;
     std::size_t thread = 0;
     std::uint64_t count = 1;
 };
 
-/// From the building of the library's objects to their end, or what of it is in the log.
+/// From the construction of the library's objects to their teardown, as far as it is in the log.
 struct Job {
-    std::uint64_t number = 0;  ///< in this log, counted from 1; 0: lines that belong to no job
+    std::uint64_t number = 0;  ///< in this log, from 1; 0: lines outside any job
     std::optional<std::uint32_t> processId;
     Place first;
     Place last;
@@ -68,14 +68,14 @@ struct Job {
 
     bool begun = false;       ///< JSWInit is in the log
     bool terminated = false;  ///< JSWTerminate is in the log
-    bool tornDown = false;    ///< the objects are gone: the log has all of the job
+    bool tornDown = false;    ///< the teardown is in the log: the job is complete
     std::string printer;
     std::string name;
     std::string pages;
     std::string copies;
     std::vector<std::string> history;  ///< billboards shown before, the oldest first
     std::uint64_t progressReports = 0;
-    std::string choice;  ///< which billboard was chosen and why; empty: the log says nothing
+    std::string choice;  ///< which billboard was chosen and why; empty: unknown
 
     std::vector<Event> story;
     std::uint64_t untold = 0;  ///< events beyond the limit
@@ -84,7 +84,7 @@ struct Job {
     std::vector<Call> calls;
     std::uint64_t callsLeftOut = 0;  ///< short ones beyond the limit
 
-    /// Whole milliseconds from the first line to the last; nothing while the lines have no times.
+    /// Milliseconds from the first line to the last; nothing if the lines have no times.
     std::optional<Milliseconds> duration() const {
         if (!first.time || !last.time || *last.time < *first.time) return std::nullopt;
         return *last.time - *first.time;

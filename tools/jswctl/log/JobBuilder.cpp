@@ -16,11 +16,11 @@ constexpr std::size_t kMaxEvents = 500;
 constexpr std::size_t kMaxFindings = 200;
 constexpr std::size_t kMaxCalls = 4000;
 constexpr std::size_t kMaxHistory = 30;
-constexpr std::size_t kMaxText = 500;  // of a line that is kept
+constexpr std::size_t kMaxText = 500;  // of a stored line
 
 constexpr std::string_view kTornDown = "<<< SingletonMgr::~SingletonMgr: ";
 
-/// The library's objects are being built: an earlier job is over.
+/// The library's objects are being constructed: an earlier job is over.
 bool isBuilding(const LogLine& line) {
     return line.text == ">>> SingletonMgr::SingletonMgr: " ||
            line.text == "+AppUpdatesController::performPostUpdateChangesIfRequired() ";
@@ -31,7 +31,7 @@ bool isTerminating(const LogLine& line) {
            line.text == "<<< Controller::jswTerminate: ";
 }
 
-/// Names in such a line are the user's own and may look like anything.
+/// Names in such a line are the user's and may contain anything.
 bool holdsUserText(std::string_view text) {
     return text.find("riendlyName=") != std::string_view::npos;
 }
@@ -41,7 +41,7 @@ std::string shortened(std::string_view text) {
                                    : std::string(text.substr(0, kMaxText)) + "...";
 }
 
-/// What a line says of a failure that another one tells in full.
+/// The line's text without the prefix that another line of the same failure lacks.
 std::string_view withoutPrefix(std::string_view text) {
     constexpr std::string_view kPrefix = "ERROR - ";
     return text.starts_with(kPrefix) ? text.substr(kPrefix.size()) : text;
@@ -76,7 +76,7 @@ void JobBuilder::add(const LogLine& line, std::uint64_t number) {
     if (line.text == kTornDown) finish();
 }
 
-/// Ends the job before when the line belongs to another one, and notes that a job begins.
+/// Ends the previous job if the line belongs to another one, and records that a job begins.
 void JobBuilder::startAnew(const LogLine& line, Begin begin) {
     if (job_.begun && (isBuilding(line) || (begin != Begin::none && begin <= begin_))) finish();
     if (begin == Begin::none) return;
@@ -147,7 +147,7 @@ void JobBuilder::tellEvent(const Place& place, const std::string& sentence) {
     }
 }
 
-/// The same trouble is kept once, with the line that tells most of it.
+/// Stores the same problem once, with its most detailed line.
 void JobBuilder::find(const LogLine& line, const Place& place, std::size_t thread) {
     const KnownText* const known = findKnownText(line.text);
     if (known == nullptr) return;
@@ -179,7 +179,7 @@ void JobBuilder::takeCalls(std::vector<Call>& ended) {
     if (job_.calls.size() > kMaxCalls) leaveShortCallsOut();
 }
 
-/// Half of the calls go, the shortest ones.
+/// Drops the shorter half of the calls.
 void JobBuilder::leaveShortCallsOut() {
     std::vector<Milliseconds> durations;
     durations.reserve(job_.calls.size());

@@ -11,17 +11,17 @@
 
 namespace jsw::ctl::log {
 
-/// Takes what a log tells.
+/// Gets the contents of a log.
 class JobListener {
   public:
     virtual ~JobListener() = default;
-    /// A call has come to its end. The job is not complete yet.
+    /// A call has ended. The job is not complete yet.
     virtual void onCall(const Call& call, const Job& job) = 0;
-    /// A job has come to its end, or the log says no more of it.
+    /// A job has ended, or the log has.
     virtual void onJob(const Job& job) = 0;
 };
 
-/// Makes jobs of the lines of one process. What it keeps of a job is bounded.
+/// Builds jobs from the lines of one process, in bounded memory.
 class JobBuilder {
   public:
     /// @param listener   must outlive the builder
@@ -30,7 +30,7 @@ class JobBuilder {
                std::uint64_t& jobNumber);
 
     void add(const LogLine& line, std::uint64_t number);
-    /// Ends the job, when there is one: the log says no more of it.
+    /// Ends the present job, if any, at the end of the log.
     void finish();
 
     /// The number of the last line.
@@ -57,7 +57,7 @@ class JobBuilder {
     CallTracker calls_;
     Choice choice_;
     Begin begin_ = Begin::none;
-    Milliseconds shortest_ = 0;  ///< calls shorter than this are left out by now
+    Milliseconds shortest_ = 0;  ///< shorter calls are dropped
 };
 
 }  // namespace jsw::ctl::log

@@ -23,8 +23,7 @@ constexpr KnownText kEndedInPrompt = {
     "The next job completes the end of a job that was ended inside a prompt",
     "None, if there was a prompt"};
 
-/// The driver waits in a call of its own while a module works on another thread: that module is the
-/// one to name.
+/// While the driver waits in a call, a module may be working on another thread: report that module.
 const KnownText& whatIsMissing(const Job& job, bool inModule, bool anyOpen) {
     if (inModule) return kInModule;
     return job.terminated && !anyOpen ? kEndedInPrompt : kNoEnd;

@@ -7,8 +7,8 @@
 
 namespace jsw::ctl::log {
 
-/// The trouble that no line tells of: the log has no end of the job. Nothing when it has.
-/// @param open  the calls that were running when its lines end, of each thread the innermost first
+/// The problem that has no line: the job's end is missing in the log. Nothing if it is there.
+/// @param open  the calls that were running at the last line, each thread's innermost first
 std::optional<Finding> findMissingEnd(const Job& job, const std::vector<Call>& open);
 
 }  // namespace jsw::ctl::log

@@ -10,18 +10,18 @@
 
 namespace jsw::ctl::log {
 
-/// Makes one JSON object of a log, piece by piece, so that it may be of any size:
+/// Makes one JSON object of a log of any size, piece by piece:
 /// {"jobs": [...], "log": {...}, "moduleCalls": [...], "slowest": [...], "trouble": [...]}.
 class JsonReport {
   public:
     using ToUtf8 = std::function<std::string(std::string_view)>;
 
-    /// @param toUtf8  takes texts of the log's code page
+    /// @param toUtf8  converts texts from the log's code page
     explicit JsonReport(ToUtf8 toUtf8);
 
-    /// A job, with what stands before it.
+    /// A job, with the text before it.
     std::string job(const Job& job);
-    /// All that comes behind the last job.
+    /// Everything after the last job.
     std::string end(const Totals& totals, const Statistics& statistics);
 
   private:

@@ -11,9 +11,9 @@ namespace jsw::ctl::log {
 /// Reads a file of any size line by line in bounded memory. Ends of lines are "\n" or "\r\n".
 class LineReader {
   public:
-    /// What of a line is beyond this is skipped.
+    /// The rest of a longer line is skipped.
     static constexpr std::size_t kMaxLength = std::size_t{32} * 1024;
-    /// A line longer than this comes in several parts.
+    /// A line longer than this is returned in several parts.
     static constexpr std::size_t kMaxPart = std::size_t{1024} * 1024;
 
     /// @param input  opened in binary mode; must outlive the reader
@@ -28,7 +28,7 @@ class LineReader {
     std::uint64_t number() const { return number_; }
     /// Whether the line was longer than kMaxLength.
     bool isCut() const { return cut_; }
-    /// Whether the line has an end: the last one, and parts of a long one, can lack it.
+    /// Whether the line has an end; the last one, and parts of a long one, may have none.
     bool isEnded() const { return ended_; }
     /// Bytes read so far, ends of lines included.
     std::uint64_t bytes() const { return bytes_; }

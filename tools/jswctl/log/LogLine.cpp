@@ -36,7 +36,7 @@ int digitsAt(std::string_view line, std::size_t position, std::size_t count) {
     return number;
 }
 
-/// Only of a line that has the shape; nothing for a day or an hour that does not exist.
+/// Only for lines of the right form; nothing if the day or the hour does not exist.
 std::optional<Milliseconds> timeOf(std::string_view line) {
     using namespace std::chrono;
     const year_month_day day(year(digitsAt(line, 0, 4)),
@@ -51,7 +51,7 @@ std::optional<Milliseconds> timeOf(std::string_view line) {
     return time.count();
 }
 
-/// Cuts a time from the front of the rest; false when there is one that cannot be.
+/// Cuts a time off the front of the rest; false if it is invalid.
 bool takeTime(std::string_view& rest, std::optional<Milliseconds>& time) {
     if (!hasTimeShape(rest)) return true;
     time = timeOf(rest);
@@ -59,7 +59,7 @@ bool takeTime(std::string_view& rest, std::optional<Milliseconds>& time) {
     return time.has_value();
 }
 
-/// Cuts "pid=0042 " or the like from the front of the rest; false when it is not whole.
+/// Cuts "pid=0042 " or the like off the front of the rest; false if it is incomplete.
 bool takeId(std::string_view& rest, std::string_view label, std::optional<std::uint32_t>& id) {
     if (!rest.starts_with(label)) return true;
     const std::string_view digits = rest.substr(label.size(), rest.find(' ') - label.size());
@@ -72,7 +72,7 @@ bool takeId(std::string_view& rest, std::string_view label, std::optional<std::u
     return true;
 }
 
-/// Cuts the padded name and the blank behind it from the front of the rest.
+/// Cuts the padded name and the blank after it off the front of the rest.
 bool takeComponent(std::string_view& rest, std::string_view& component) {
     const auto end = std::find_if_not(rest.begin(), rest.end(), isNameLetter);
     component = rest.substr(0, static_cast<std::size_t>(end - rest.begin()));
@@ -100,7 +100,7 @@ std::optional<LogLine> parseLine(std::string_view line) {
 }
 
 std::size_t findNextHeading(std::string_view line, std::size_t from) {
-    constexpr std::size_t kSlash = 4;  // the first one's place in a time
+    constexpr std::size_t kSlash = 4;  // position of the first one in a time
     for (std::size_t slash = line.find('/', std::min(line.size(), from) + kSlash);
          slash != std::string_view::npos; slash = line.find('/', slash + 1)) {
         const std::string_view rest = line.substr(slash - kSlash);

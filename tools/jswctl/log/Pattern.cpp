@@ -28,7 +28,7 @@ bool matches(std::string_view pattern, std::string_view text, Captures& captures
         captures[count] = text.substr(0, found);
         text.remove_prefix(found + literal.size());
     }
-    return false;  // more places than there are captures
+    return false;  // more placeholders than captures
 }
 
 std::string fillIn(std::string_view sentence, const Captures& captures) {

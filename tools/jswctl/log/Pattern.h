@@ -7,13 +7,12 @@
 
 namespace jsw::ctl::log {
 
-/// What stood at the places "{}" of a pattern, in their order; the places beyond the last are
-/// empty.
+/// The texts at a pattern's placeholders "{}", in order; unused ones are empty.
 using Captures = std::array<std::string_view, 10>;
 
-/// Whether a text is of the form of a pattern such as "Loading view DLL, filename={}.": what is
-/// outside "{}" stands in it letter for letter, from its beginning to its end. A part between two
-/// places is taken where it occurs first, the part behind the last place at the end of the text.
+/// Whether a text matches a pattern such as "Loading view DLL, filename={}." from beginning to end.
+/// A part between two placeholders matches its first occurrence, the part after the last one the
+/// end of the text.
 bool matches(std::string_view pattern, std::string_view text, Captures& captures);
 
 /// The sentence with "{1}" to "{9}" replaced by the captures.

@@ -14,7 +14,7 @@ constexpr std::size_t kMaxProcesses = 64;  // at the same time
 constexpr std::size_t kMaxExamples = 3;
 constexpr std::size_t kMaxExample = 100;
 
-/// Gives each line to the jobs of its process.
+/// Distributes lines to the jobs of their processes.
 class Distributor {
   public:
     Distributor(JobListener& listener, Totals& totals) : listener_(listener), totals_(totals) {}
@@ -50,7 +50,7 @@ class Distributor {
         return builders_.try_emplace(processId, processId, listener_, totals_.jobs).first->second;
     }
 
-    /// The process that has written nothing for longest has most likely ended.
+    /// The process that has been silent for longest has probably ended.
     void dropQuietest() {
         const auto quietest = std::min_element(
             builders_.begin(), builders_.end(), [](const auto& one, const auto& other) {
@@ -72,7 +72,7 @@ void noteForeign(std::string_view text, std::uint64_t number, Totals& totals) {
     totals.examples.push_back({number, std::string(text.substr(0, kMaxExample))});
 }
 
-/// A line of the file may hold the beginning of one line of the log and the whole of the next.
+/// A line of the file may contain the beginning of one log line and all of the next.
 void addLine(std::string_view text, std::uint64_t number, Distributor& processes, Totals& totals) {
     bool torn = false;
     while (!text.empty()) {

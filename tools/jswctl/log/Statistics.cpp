@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::size_t kMaxMethods = 500;
 constexpr std::size_t kMaxSlow = 10;
-constexpr std::size_t kMaxTroubles = 200;  // beyond, those of one kind are told as one
+constexpr std::size_t kMaxTroubles = 200;  // beyond, those of one kind are merged
 
 struct Binding {
     std::string_view prefix;
@@ -22,13 +22,13 @@ constexpr Binding kBindings[] = {
     {"LegacyJswGui::", "older window"},
 };
 
-/// Methods of the bindings that call no entry point themselves.
+/// Methods of the bindings that call no entry point.
 constexpr std::string_view kInside[] = {
     "BillboardView::destroy", "BillboardView::jswInit", "BillboardView::jswTerminate",
     "Catalog::destroy",       "Catalog::instance",      "Catalog::getBillboardActionParam",
 };
 
-/// Constructors of the bindings that load their module count; those of the others do not.
+/// The constructors count only for bindings that load their module there.
 bool staysInside(std::string_view method) {
     return method.find('~') != std::string_view::npos || method == "Catalog::Catalog" ||
            method.ends_with("Callback") ||

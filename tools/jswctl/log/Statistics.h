@@ -11,46 +11,46 @@
 
 namespace jsw::ctl::log {
 
-/// Which module a traced method calls into: "view", "catalog", "rules engine" or "older window";
-/// empty for methods that stay in the library.
+/// The module that a traced method calls: "view", "catalog", "rules engine" or "older window";
+/// empty for methods that stay inside the library.
 std::string_view moduleOf(std::string_view method);
 
-/// All calls of one method. Times are those of the method itself, without the calls inside it.
+/// All calls of one method. Times exclude inner calls.
 struct CallTotals {
     std::string name;
     std::uint64_t count = 0;
     Milliseconds total = 0;
     Milliseconds longest = 0;
-    std::uint64_t longestLine = 0;  ///< where the longest one begins
+    std::uint64_t longestLine = 0;  ///< line of the longest one
 };
 
 /// One of the slowest calls.
 struct SlowCall {
     Call call;
-    std::uint64_t job = 0;  ///< 0: in no job
+    std::uint64_t job = 0;  ///< 0: outside any job
 };
 
-/// A trouble over the whole log.
+/// A problem in the whole log.
 struct TroubleTotals {
     Finding finding;         ///< the first one, with the count of all
-    std::uint64_t jobs = 0;  ///< in which it came
+    std::uint64_t jobs = 0;  ///< in which it occurs
 };
 
-/// What all jobs of a log have in common. What it keeps is bounded.
+/// Statistics of all jobs of a log, in bounded memory.
 class Statistics {
   public:
     void add(const Call& call, const Job& job);
     void add(const Job& job);
 
-    /// Calls into modules, those that took most time first.
+    /// Calls into modules, longest total time first.
     std::vector<CallTotals> moduleCalls() const;
-    /// The ten slowest calls, the slowest first; none that took less than a millisecond.
+    /// The ten slowest calls, slowest first; none below a millisecond.
     const std::vector<SlowCall>& slowest() const { return slowest_; }
-    /// What stops something first, then in the order of the log.
+    /// Those that stop something first, then in the log's order.
     std::vector<TroubleTotals> troubles() const;
-    /// Whether there is a trouble that stops something.
+    /// Whether a problem stops something.
     bool isAnythingStopped() const;
-    /// Lines that belong to no job.
+    /// Lines outside any job.
     std::uint64_t linesOutside() const { return linesOutside_; }
 
   private:

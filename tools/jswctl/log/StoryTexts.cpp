@@ -6,9 +6,9 @@ namespace jsw::ctl::log {
 
 namespace {
 
-// The first pattern that fits is taken.
+// The first matching pattern counts.
 constexpr StoryText kTexts[] = {
-    // The settings, and what an update has changed.
+    // The settings, and the changes of an update.
     {"+SettingsInstaller::SettingsInstaller(fileName={}):",
      "first run: installs the settings file {1}"},
     {"AppUpdatesController::performPostUpdateChangesIfRequired() Initial run of the JSW. An update "

@@ -7,15 +7,15 @@
 
 namespace jsw::ctl::log {
 
-/// A line of the log that says what a job did, and how that is said in a report.
+/// A log line that says what a job did, and the report's sentence for it.
 struct StoryText {
-    std::string_view pattern;   ///< of the line's text, with "{}" for what varies
-    std::string_view sentence;  ///< with "{1}", "{2}", … for what stood there
+    std::string_view pattern;   ///< of the line's text, with "{}" for variable parts
+    std::string_view sentence;  ///< with "{1}", "{2}", … for these parts
 };
 
 std::span<const StoryText> storyTexts();
 
-/// The sentence for the text of a line; nothing when it is no part of a job's story.
+/// The sentence for a line's text; nothing if the line is not part of a job's story.
 std::optional<std::string> tell(std::string_view text);
 
 }  // namespace jsw::ctl::log

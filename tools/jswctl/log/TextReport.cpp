@@ -9,7 +9,7 @@ namespace jsw::ctl::log {
 
 namespace {
 
-/// Seconds since the job's first line, in a column of its own.
+/// Seconds since the job's first line, as a column.
 std::string sinceStart(const Job& job, const Place& place) {
     if (!job.first.time || !place.time) return "         ";
     char text[32];

@@ -8,14 +8,14 @@
 
 namespace jsw::ctl::log {
 
-/// A job in words, several lines.
+/// A job as text, several lines.
 std::string jobAsText(const Job& job);
 
-/// What there is to say at the end: the file, the time in modules, the slowest calls and all
-/// trouble with cause and remedy.
+/// The summary: the file, the time in modules, the slowest calls and all problems with cause and
+/// remedy.
 std::string summaryAsText(const Totals& totals, const Statistics& statistics);
 
-/// The table of what the log says of trouble, in Markdown.
+/// The table of the log's problem lines, in Markdown.
 std::string knownTextsAsMarkdown();
 
 }  // namespace jsw::ctl::log

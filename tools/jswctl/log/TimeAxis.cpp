@@ -13,7 +13,7 @@ constexpr Milliseconds kShortestFold = 200;
 constexpr double kTickDistance = 70;
 constexpr double kLabelWidth = 40;  // of a tick, to the right of it
 
-/// The stretches between the intervals, in their order.
+/// The gaps between the intervals, in order.
 std::vector<Interval> gapsBetween(std::vector<Interval> busy, const Interval& whole) {
     std::sort(busy.begin(), busy.end(),
               [](const Interval& one, const Interval& other) { return one.start < other.start; });
@@ -32,7 +32,7 @@ Milliseconds length(const Interval& interval) {
     return interval.end - interval.start;
 }
 
-/// Those worth folding: long ones, of which only the longest.
+/// The gaps to fold: the longest of the long ones.
 std::vector<Interval> foldable(std::vector<Interval> gaps, const Interval& whole) {
     const Milliseconds shortest = std::max(kShortestFold, length(whole) / 20);
     std::erase_if(gaps, [&](const Interval& gap) { return length(gap) < shortest; });
@@ -102,18 +102,18 @@ double TimeAxis::x(Milliseconds time) const {
 std::vector<TimeAxis::Tick> TimeAxis::ticks() const {
     const Milliseconds step = tickStep(scale_);
     std::vector<Tick> result;
-    double free = 0;  // where the next label may begin
+    double free = 0;  // start of free room for labels
     for (const Segment& segment : segments_) {
         const double end = segment.x + segment.width;
         if (segment.folded) {
-            free = end;  // a fold has a label of its own
+            free = end;  // a fold has its own label
             continue;
         }
         const Milliseconds from = segment.time.start - whole_.start;
         const Milliseconds to = segment.time.end - whole_.start;
         for (Milliseconds time = (from + step - 1) / step * step; time <= to; time += step) {
             const double place = x(whole_.start + time);
-            // Time 0 has a label even where nothing has room, on an axis that has no other.
+            // Time 0 always has a label if the axis has no other.
             const bool isOnly = place == 0 && folds_.empty();
             if (place < free || (place + kLabelWidth > end && !isOnly)) continue;
             result.push_back({place, tickLabel(time, step)});

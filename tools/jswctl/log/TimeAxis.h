@@ -7,17 +7,17 @@
 
 namespace jsw::ctl::log {
 
-/// A time during which something happened.
+/// A busy time.
 struct Interval {
     Milliseconds start;
     Milliseconds end;
 };
 
-/// Places times on a picture's horizontal axis. A job mostly waits: stretches in which nothing
-/// happens are folded to a narrow band, so that the rest is wide enough to be seen.
+/// Maps times to a picture's horizontal axis. A job mostly waits: long idle times are folded to a
+/// narrow band, so that the rest is wide enough.
 class TimeAxis {
   public:
-    /// A stretch that was folded.
+    /// A folded idle time.
     struct Fold {
         double x;
         double width;
@@ -25,22 +25,22 @@ class TimeAxis {
     };
     struct Tick {
         double x;
-        std::string label;  ///< since the beginning, "1.5 s"
+        std::string label;  ///< time since the beginning, "1.5 s"
     };
 
     /// @param whole  from the first line to the last; its end is not before its start
-    /// @param busy   in any order; what lies outside of the whole is cut
+    /// @param busy   in any order; clipped to the whole
     /// @param width  of the axis in pixels
     TimeAxis(Interval whole, std::vector<Interval> busy, double width);
 
-    /// The place of a time; times outside are put at the ends.
+    /// The position of a time; times outside are at the ends.
     double x(Milliseconds time) const;
     const std::vector<Fold>& folds() const { return folds_; }
-    /// So far apart that their labels, to the right of them, do not meet.
+    /// Spaced so that their labels, on the right, do not overlap.
     std::vector<Tick> ticks() const;
 
   private:
-    /// A stretch and its place; the scale is the same for all that are not folded.
+    /// A piece of the axis and its position; all pieces that are not folded have the same scale.
     struct Segment {
         Interval time;
         double x;

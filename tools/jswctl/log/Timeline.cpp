@@ -32,10 +32,10 @@ constexpr double kMinBar = 1.4;
 constexpr double kLetter = 5.9;  // of a bar's label
 constexpr std::size_t kMaxMarks = 300;
 
-/// What a bar's colour stands for.
+/// The meaning of a bar's colour.
 struct CallKind {
     std::string_view cssClass;
-    std::string_view name;  // in the legend; of a module as moduleOf() says it
+    std::string_view name;  // in the legend; for a module moduleOf()'s name
 };
 
 constexpr CallKind kKinds[] = {
@@ -54,7 +54,7 @@ std::string_view cssClassOf(std::string_view method) {
     return method.starts_with("AppUpdatesController::") ? "update" : "own";
 }
 
-/// A lane with its place.
+/// A lane with its position.
 struct Lane : LaneThreads {
     double y;  // of the first row
     double bottom() const { return y + kRow * static_cast<double>(depths.size()); }
@@ -72,7 +72,7 @@ std::vector<const Call*> inOrder(const Job& job) {
     return calls;
 }
 
-/// Lanes from the top down.
+/// Lanes, top one first.
 std::vector<Lane> placedLanes(const Job& job, const std::vector<const Call*>& calls) {
     std::vector<Lane> lanes;
     double y = kTop + kMarkRoom;
@@ -143,7 +143,7 @@ std::string barAsSvg(const Call& call, double x, double y, double width) {
     return svg;
 }
 
-/// Bars of a row that would lie on the one before are left out: they are too narrow to be seen.
+/// Omits bars that would cover the previous one of their row: they are too narrow to be seen.
 std::string barsAsSvg(const Lane& lane, const std::vector<const Call*>& calls,
                       const TimeAxis& axis) {
     std::string svg;
@@ -176,7 +176,7 @@ std::string laneAsSvg(const Lane& lane, const Job& job) {
     return svg;
 }
 
-/// A triangle above its thread's lane, at the line of the trouble.
+/// A triangle above its thread's lane, at the time of the problem's line.
 std::string marksAsSvg(const Job& job, const std::vector<Lane>& lanes, const TimeAxis& axis) {
     std::string svg;
     std::size_t count = 0;

@@ -7,12 +7,11 @@
 
 namespace jsw::ctl::log {
 
-/// What the colours and marks of the pictures stand for, as a paragraph of a page.
+/// The legend of the pictures, as a paragraph of a page.
 std::string legendAsHtml();
 
-/// A picture of a job as inline SVG: a lane for each thread, calls as bars, those inside others
-/// below them, trouble as marks. Its colours are the page's style's. Empty when the lines have no
-/// times.
+/// A picture of a job as inline SVG: a lane for each thread, calls as bars with inner calls below
+/// them, problems as marks. The page's style sets the colours. Empty if the lines have no times.
 std::string timelineAsSvg(const Job& job);
 
 }  // namespace jsw::ctl::log

@@ -16,7 +16,7 @@ std::string grouped(std::uint64_t number) {
     return digits;
 }
 
-/// Pages and copies come as the driver gave them; -1 and -2 stand for an unknown number.
+/// Pages and copies are the driver's values; -1 and -2 mean unknown.
 std::string amount(const std::string& number, const char* singular, const char* plural) {
     if (number.starts_with('-')) return concat("an unknown number of ", plural);
     return concat(number, " ", number == "1" ? singular : plural);

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-/// How the reports say things.
+/// The wording of the reports.
 namespace jsw::ctl::log {
 
 /// "2026/11/21 17:08:02.123".
@@ -26,12 +26,12 @@ std::string printable(std::string_view text);
 
 /// What the job printed: "\"report.pdf\" on \"Office printer\", 3 pages, 1 copy".
 std::string jobInWords(const Job& job);
-/// When it was, how long, in which process and where in the log.
+/// Time, duration, process and position in the log.
 std::string placeInWords(const Job& job);
-/// Whether there is anything to tell of it.
+/// Whether there is anything to report about it.
 bool isWorthTelling(const Job& job);
 
-/// What the file is made of, a sentence each.
+/// The file's statistics, a sentence each.
 std::vector<std::string> fileInWords(const Totals& totals, std::uint64_t linesOutsideJobs);
 
 }  // namespace jsw::ctl::log

@@ -18,7 +18,7 @@ std::string Caller::answer(const std::string& title, char* text) const {
     return copy;
 }
 
-/// Goes as far as the library does: to a null pointer or an empty text.
+/// Stops where the library does: at a null pointer or an empty text.
 std::string Caller::answer(const std::string& title, char** list) const {
     if (list == nullptr) return kNoAnswer;
     std::string all;

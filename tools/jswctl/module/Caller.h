@@ -13,7 +13,7 @@
 
 namespace jsw::ctl {
 
-/// What the process that tries a module tells the one that started it.
+/// Reports of the process that tests a module to its parent.
 class Teller {
   public:
     explicit Teller(HANDLE pipe) : pipe_(pipe) {}
@@ -23,8 +23,7 @@ class Teller {
         WriteFile(pipe_, line.data(), static_cast<DWORD>(line.size()), &written, nullptr);
     }
 
-    /// Tells that a call begins, makes it, and tells how long it took and what it answered in
-    /// words.
+    /// Reports the beginning of a call, makes it, and reports its duration and its result as text.
     template <class Call>
     std::string timed(const std::string& name, const Call& call) const {
         tell(trialline::begin(name));
@@ -40,12 +39,12 @@ class Teller {
     HANDLE pipe_;
 };
 
-/// Calls entry points of one module; those it does not have are passed over.
+/// Calls entry points of one module; skips missing ones.
 class Caller {
   public:
     Caller(const Teller& teller, HMODULE module) : teller_(teller), module_(module) {}
 
-    /// Calls an entry point that answers nothing.
+    /// Calls an entry point without result.
     template <class Function, class... Args>
     void call(const char* name, const Args&... args) const {
         use<Function>(name, name, [&](Function* entry) {
@@ -54,9 +53,9 @@ class Caller {
         });
     }
 
-    /// Calls an entry point and gives back in words what it answers; memory that comes with the
-    /// answer is freed, and must be from returned::allocate().
-    /// @param shown  what stands between the brackets behind the name, such as a billboard's id
+    /// Calls an entry point and returns its result as text; frees the result's memory, which must
+    /// be from returned::allocate().
+    /// @param shown  the text in brackets after the name, such as a billboard's id
     template <class Function, class... Args>
     std::string ask(const char* name, const std::string& shown, const Args&... args) const {
         const std::string title = shown.empty() ? name : concat(name, "(", shown, ")");

@@ -18,7 +18,7 @@ namespace jsw::ctl {
 
 namespace {
 
-constexpr std::size_t kDeepest = 16;               // libraries needing libraries
+constexpr std::size_t kDeepest = 16;               // levels of dependencies
 constexpr DWORD kLargestFile = 512 * 1024 * 1024;  // of a module, in bytes
 
 bool isFile(const std::string& path) {
@@ -26,7 +26,7 @@ bool isFile(const std::string& path) {
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
 }
 
-/// The bytes of a file; false with GetLastError() set when they cannot be read.
+/// The bytes of a file; false, with GetLastError() set, if they cannot be read.
 bool readBytes(const std::string& path, std::vector<char>& bytes) {
     const KernelHandle file(CreateFileA(path.c_str(), GENERIC_READ,
                                         FILE_SHARE_READ | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING,
@@ -45,7 +45,7 @@ bool readBytes(const std::string& path, std::vector<char>& bytes) {
     return true;
 }
 
-/// Where Windows looks for the libraries that a module needs.
+/// Windows' search path for the libraries that a module needs.
 std::vector<std::string> searchFolders(const std::string& hostFolder) {
     std::array<char, MAX_PATH> windows{};
     GetWindowsDirectoryA(windows.data(), MAX_PATH);
@@ -60,7 +60,7 @@ std::vector<std::string> searchFolders(const std::string& hostFolder) {
     return folders;
 }
 
-/// The file of this name in the first folder that has one; empty when none has.
+/// The file of this name in the first folder that has one; empty if there is none.
 std::string findIn(const std::vector<std::string>& folders, const std::string& name) {
     for (const std::string& folder : folders) {
         const std::string path = joinPath(folder, name);
@@ -69,20 +69,20 @@ std::string findIn(const std::vector<std::string>& folders, const std::string& n
     return {};
 }
 
-/// A bare name is looked for in several folders, a path is taken as it is.
+/// A bare name is searched in several folders, a path is used unchanged.
 std::string whereWindowsFinds(const std::string& path, const std::string& hostFolder) {
     if (path.find('\\') != std::string::npos) return path;
     const std::string found = findIn(searchFolders(hostFolder), path);
     return found.empty() ? path : found;
 }
 
-/// Names that stand for a set of functions, not for a file; Windows knows where they are.
+/// API set names, which are not files; Windows resolves them.
 bool isVirtualName(const std::string& name) {
     const std::string lowered = toLower(name);
     return lowered.starts_with("api-") || lowered.starts_with("ext-");
 }
 
-/// Walks the libraries that libraries need.
+/// Follows the dependencies of libraries.
 class DependencySearch {
   public:
     DependencySearch(const std::string& hostFolder, std::vector<MissingLibrary>& missing)
@@ -102,7 +102,7 @@ class DependencySearch {
     }
 
   private:
-    /// Windows' own libraries are taken to be whole.
+    /// Windows' own libraries are assumed to be complete.
     static bool isSystemFile(const std::string& path) {
         return equalsIgnoringCase(folderPart(path), systemFolder() + "\\");
     }

@@ -6,9 +6,9 @@
 
 namespace jsw::ctl {
 
-/// Looks at a module's file, and at the libraries it needs, without loading anything.
-/// @param path        as given to LoadLibrary: relative to the current folder, or a bare name
-/// @param hostFolder  folder of the host program, in which Windows looks for libraries first
+/// Examines a module's file and the libraries that it needs, without loading anything.
+/// @param path        as for LoadLibrary: relative to the current folder, or a bare name
+/// @param hostFolder  the host program's folder, which Windows searches first
 ModuleFacts gatherModule(const ModuleKind& kind, const std::string& path,
                          const std::string& hostFolder);
 

@@ -9,47 +9,47 @@
 
 namespace jsw::ctl {
 
-/// A library that a module needs and that would not be found.
+/// A library that a module needs and Windows would not find.
 struct MissingLibrary {
     std::string name;
-    std::string neededBy;  ///< file name of the library that asks for it
+    std::string neededBy;  ///< file name of the library that needs it
 };
 
-/// Answer of an entry point that gave a null pointer.
+/// Result of an entry point that returned a null pointer.
 inline constexpr char kNoAnswer[] = "(none)";
 
-/// Answer of an entry point that said yes.
+/// Result of an entry point that returned true.
 inline constexpr char kYes[] = "yes";
 
-/// Answer of an entry point that let a C++ exception out.
+/// Result of an entry point that raised a C++ exception.
 inline constexpr char kException[] = "a C++ exception";
 
-/// One call into a module, made in a process of its own.
+/// One call of a module, made in a separate process.
 struct ModuleCall {
     std::string name;    ///< "LoadLibrary", or an entry point with its argument
-    bool ended = false;  ///< false for the call in which the process ended
+    bool ended = false;  ///< false: the process ended in this call
     double milliseconds = 0;
-    std::string answer;  ///< in words; empty for a call without an answer
+    std::string answer;  ///< as text; empty for a call without result
 };
 
-/// What a process that used the module saw.
+/// The report of a process that used the module.
 struct ModuleTrial {
     bool started = false;        ///< false: the module was not tried
-    bool finished = false;       ///< the process came to its end by itself
-    std::string problem;         ///< why it could not be loaded, or tried; empty when it could
-    bool timedOut = false;       ///< it was ended because it did not come back
+    bool finished = false;       ///< the process ended by itself
+    std::string problem;         ///< why it could not be loaded or tested; or empty
+    bool timedOut = false;       ///< it was ended after the timeout
     std::uint32_t exitCode = 0;  ///< of the process: 0, or the code of the exception that ended it
     std::vector<ModuleCall> calls;
-    std::vector<std::string> faults;  ///< what it does wrong with memory, or with a question
+    std::vector<std::string> faults;  ///< its mistakes with memory or with calls
 };
 
-/// What was found out about one module.
+/// Facts about one module.
 struct ModuleFacts {
     const ModuleKind* kind = nullptr;
-    std::string fullPath;  ///< of the file that LoadLibrary would take
+    std::string fullPath;  ///< of the file that LoadLibrary would load
     bool exists = false;
     bool isFolder = false;
-    std::string unreadable;  ///< why the file cannot be read; empty when it could
+    std::string unreadable;  ///< why the file cannot be read; or empty
     PeFile file;
     std::vector<MissingLibrary> missing;
     ModuleTrial trial;

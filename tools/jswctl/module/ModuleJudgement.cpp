@@ -40,14 +40,14 @@ std::string listed(const std::vector<std::string>& names) {
     return text;
 }
 
-/// Without the module a job goes on or stops, depending on its kind.
+/// Whether a job goes on without the module depends on its kind.
 void cannotBeUsed(const ModuleFacts& facts, Report& report, const std::string& what,
                   const std::string& remedy) {
     const Severity severity = facts.kind->stopsJob ? Severity::error : Severity::warning;
     report.add(severity, topicOf(facts), concat(what, "; ", facts.kind->without), remedy);
 }
 
-/// "a 32-bit library" or what else it is, for a file that is no 64-bit library.
+/// "a 32-bit library" or the like for a file that is not a 64-bit library.
 std::string wrongKindOfFile(const PeFile& file) {
     if (!file.isDll) return "a program, not a library";
     if (file.machine == kMachineX86) return "a 32-bit library, not a 64-bit one";

@@ -5,17 +5,17 @@
 
 namespace jsw::ctl {
 
-/// Whether a file that is there can be loaded as far as it can be told from the file: readable, a
-/// 64-bit library, with all the libraries it needs.
+/// Whether an existing file can be loaded, judging by the file: readable, a 64-bit library, with
+/// all the libraries it needs.
 bool isLoadable(const ModuleFacts& facts);
 
-/// Says what is wrong with a module, or that nothing is.
+/// Reports what is wrong with a module.
 void judgeModule(const ModuleFacts& facts, Report& report);
 
-/// Says what went wrong when the module was tried.
+/// Reports what failed in the module's trial.
 void judgeTrial(const ModuleFacts& facts, Report& report);
 
-/// One note for each call that the trial has made, with its time.
+/// One note for each call of the trial, with its time.
 void tellCalls(const ModuleFacts& facts, Report& report);
 
 }  // namespace jsw::ctl

@@ -6,11 +6,11 @@
 
 namespace jsw::ctl {
 
-/// An entry point without which a module does little.
+/// An essential entry point of a module.
 struct Need {
     std::string_view entryPoint;
-    const char* loss;      ///< what the user goes without
-    bool mayLack = false;  ///< some modules do without it on purpose
+    const char* loss;      ///< what the user loses without it
+    bool mayLack = false;  ///< some modules omit it on purpose
 };
 
 /// One kind of module that the library loads.
@@ -19,16 +19,16 @@ struct ModuleKind {
     std::string_view topic;                    ///< in reports
     std::span<const char* const> entryPoints;  ///< all that the library looks up
     std::span<const Need> needs;
-    const char* without;  ///< what a job is like without the module
-    bool stopsJob;        ///< whether that stops something
+    const char* without;  ///< the effect of a missing module
+    bool stopsJob;        ///< whether this stops something
 };
 
 std::span<const ModuleKind> moduleKinds();
 
-/// jsw.dll itself, which is looked at like a module.
+/// jsw.dll itself, which is examined like a module.
 const ModuleKind& libraryKind();
 
-/// Null for a name that is none.
+/// Null for an unknown name.
 const ModuleKind* findModuleKind(std::string_view name);
 
 /// "view, catalog, rules, legacy, device".

@@ -8,7 +8,8 @@ namespace jsw::ctl {
 
 namespace {
 
-// Offsets and sizes of the file format. "Optional header" is the format's word; programs have one.
+// Offsets and sizes of the file format. "Optional header" is the format's term; programs always
+// have one.
 constexpr std::size_t kHeaderOffsetField = 0x3C;
 constexpr std::size_t kFileHeader = 4;       // after the signature "PE\0\0"
 constexpr std::size_t kOptionalHeader = 24;  // after the signature
@@ -37,7 +38,7 @@ struct Section {
     std::uint32_t offset;
 };
 
-/// Reads numbers and texts at places that the file itself names; throws Damage outside the bytes.
+/// Reads numbers and texts at positions that the file specifies; throws Damage outside the bytes.
 class Reader {
   public:
     explicit Reader(std::span<const char> bytes) : bytes_(bytes) {}
@@ -62,7 +63,7 @@ class Reader {
         return {rest.begin(), end};
     }
 
-    /// How many items of a size the file could hold at all.
+    /// The largest number of items of a size that fits into the file.
     std::size_t most(std::size_t itemSize) const { return bytes_.size() / itemSize; }
 
   private:
@@ -97,7 +98,7 @@ class PeReader {
         }
     }
 
-    /// Address of a directory in the loaded image; 0 when the file has none.
+    /// Address of a directory in the loaded image; 0 if the file has none.
     std::uint32_t directory(Directory which) const {
         const std::size_t optional = header_ + kOptionalHeader;
         const std::uint16_t magic = reader_.word(optional);
@@ -110,7 +111,7 @@ class PeReader {
         return reader_.dword(directories + which * kDirectorySize);
     }
 
-    /// Where in the file an address of the loaded image comes from.
+    /// The position in the file of an address in the loaded image.
     std::size_t offset(std::uint32_t address) const {
         for (const Section& section : sections_) {
             if (address >= section.address && address - section.address < section.size) {

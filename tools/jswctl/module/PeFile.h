@@ -7,9 +7,9 @@
 
 namespace jsw::ctl {
 
-/// What a Windows executable file says of itself.
+/// Contents of a Windows executable file.
 struct PeFile {
-    std::string problem;  ///< why it is none, or is damaged; empty when all could be read
+    std::string problem;  ///< why it is not one, or is damaged; or empty
     std::uint16_t machine = 0;
     bool isDll = false;
     std::vector<std::string> exports;  ///< exported names, in the file's order
@@ -19,8 +19,8 @@ struct PeFile {
 inline constexpr std::uint16_t kMachineX64 = 0x8664;
 inline constexpr std::uint16_t kMachineX86 = 0x014C;
 
-/// Reads a file's headers, exports and imports. Believes nothing: whatever points outside the bytes
-/// ends up as the problem. Never throws but for want of memory.
+/// Reads a file's headers, exports and imports. Trusts nothing: a reference outside the bytes is
+/// reported as the problem. Throws only if memory is exhausted.
 PeFile readPeFile(std::span<const char> bytes);
 
 }  // namespace jsw::ctl

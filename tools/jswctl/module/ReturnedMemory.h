@@ -3,18 +3,18 @@
 #include <cstddef>
 #include <cstdint>
 
-/// The memory that a tried module gets for what it returns, and whether it deals with it as it
-/// must. One for the process, because a module is handed a plain function.
+/// The memory that a tested module allocates for what it returns, and checks of its use. One per
+/// process, because a module gets a plain function.
 namespace jsw::ctl::returned {
 
-/// What the module is given to allocate with.
+/// The allocation function for the module.
 void* allocate(std::int32_t size);
 
-/// Frees what the module has returned. False, with nothing done, for what is not from allocate(),
-/// or was taken before.
+/// Frees what the module has returned. False, doing nothing, if it is not from allocate() or was
+/// already taken.
 bool take(void* memory);
 
-/// How many allocations were never returned.
+/// The number of allocations that were never returned.
 std::size_t left();
 
 }  // namespace jsw::ctl::returned

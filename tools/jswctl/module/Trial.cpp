@@ -17,7 +17,8 @@ namespace {
 
 constexpr DWORD kPollInterval = 10;  // milliseconds
 
-/// A copy of this program under the host's name, in a folder of its own, while the object lives.
+/// A copy of this program under the host's name, in a temporary folder, during the object's
+/// lifetime.
 class NamedCopy {
   public:
     explicit NamedCopy(const std::string& name) : path_(moduleFileName(nullptr)) {
@@ -33,7 +34,7 @@ class NamedCopy {
     }
     ~NamedCopy() {
         if (folder_.empty()) return;
-        // The file is free a moment after its process has ended.
+        // The file is released shortly after its process has ended.
         for (int attempt = 0; attempt < 100; ++attempt) {
             if (DeleteFileA(path_.c_str()) != FALSE || GetLastError() == ERROR_FILE_NOT_FOUND)
                 break;
@@ -51,7 +52,7 @@ class NamedCopy {
     std::string folder_;
 };
 
-/// The reading end of a pipe whose writing end a child inherits.
+/// The read end of a pipe whose write end a child inherits.
 struct Pipe {
     KernelHandle reader;
     KernelHandle writer;
@@ -63,7 +64,7 @@ struct Pipe {
     }
 };
 
-/// Takes what has arrived, line by line; a line that is not complete waits for the rest.
+/// Reads complete lines; an incomplete line waits for its rest.
 class LineReader {
   public:
     LineReader(HANDLE pipe, ModuleTrial& trial) : pipe_(pipe), trial_(trial) {}
@@ -93,7 +94,7 @@ class LineReader {
     std::string rest_;
 };
 
-/// A module may write where it likes, but not among the lines of this program.
+/// A module's output must not mix with this program's lines.
 KernelHandle openNull() {
     SECURITY_ATTRIBUTES inherited{sizeof(SECURITY_ATTRIBUTES), nullptr, TRUE};
     return KernelHandle(CreateFileA("NUL", GENERIC_READ | GENERIC_WRITE,
@@ -101,7 +102,7 @@ KernelHandle openNull() {
                                     0, nullptr));
 }
 
-/// A word as a program's start-up code takes a command line apart.
+/// Quotes an argument for a command line.
 std::string quoted(const std::string& text) {
     std::string result = "\"";
     std::size_t backslashes = 0;
@@ -127,7 +128,8 @@ std::string commandLine(const std::string& program, const ModuleKind& kind, cons
     return command;
 }
 
-/// What ends with its last handle, and with it all that runs in it, however this process ends.
+/// A job object that ends with its last handle and kills everything in it, however this process
+/// ends.
 KernelHandle makeCage() {
     KernelHandle cage(CreateJobObjectA(nullptr, nullptr));
     JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
@@ -154,7 +156,7 @@ KernelHandle start(const std::string& program, std::string command, HANDLE cage)
     return KernelHandle(info.hProcess);
 }
 
-/// Reads along until the process ends or the time does.
+/// Reads until the process ends or the timeout.
 void watch(HANDLE process, DWORD milliseconds, LineReader& lines, ModuleTrial& trial) {
     const DWORD begin = GetTickCount();
     while (WaitForSingleObject(process, kPollInterval) == WAIT_TIMEOUT) {

@@ -8,26 +8,26 @@
 
 namespace jsw::ctl {
 
-/// What a trial does with a module that it has loaded.
+/// What a trial does with a loaded module.
 enum class TrialScope {
     load,       ///< nothing more
-    questions,  ///< a catalog is asked for some billboards' pages
-    calls,      ///< its entry points are gone through as a job does
+    questions,  ///< queries a catalog for some billboards' pages
+    calls,      ///< calls its entry points as a job does
 };
 
-/// How a module is tried.
+/// The parameters of a trial.
 struct TrialPlan {
     TrialScope scope = TrialScope::load;
-    std::string hostFolder;  ///< where Windows looks for libraries besides
+    std::string hostFolder;  ///< additional search folder for libraries
     std::string hostName;    ///< file name that the process takes, because modules look for the
                              ///< settings of the program they run in; empty: that of jswctl
-    std::vector<std::string> billboardIds;  ///< that a catalog is asked for; or a view's page
+    std::vector<std::string> billboardIds;  ///< for a catalog's queries; or a view's page
     TrialJob job;
-    unsigned seconds = 20;  ///< until a module that does not come back is ended
+    unsigned seconds = 20;  ///< timeout
 };
 
-/// Uses a module in a process of its own, so that a module that crashes, ends the process or never
-/// comes back does so there. That process never outlives this one.
+/// Uses a module in a separate process, which the module may crash, end or block. That process
+/// never outlives this one.
 ModuleTrial tryModule(const ModuleKind& kind, const std::string& path, const TrialPlan& plan);
 
 }  // namespace jsw::ctl

@@ -58,7 +58,7 @@ void useRules(const Caller& caller, const TrialJob& job) {
 
 HANDLE closed = nullptr;  // set when the user closes a view's window
 
-// What else the window reports is nobody's affair here.
+// The window's other reports are ignored.
 void onEvent(std::int32_t event) {
     if (event == JSW_STATUS_GUI_CLOSED) SetEvent(closed);
 }
@@ -73,7 +73,7 @@ void onUpdateSoftware(std::int32_t /*updateSoftware*/) {
 
 void useView(const Caller& caller, const TrialJob& job, const std::string& page) {
     const InkInfo ink = inkOf(job);
-    closed = CreateEventA(nullptr, TRUE, FALSE, nullptr);  // the process ends with the trial
+    closed = CreateEventA(nullptr, TRUE, FALSE, nullptr);  // until the process ends
     caller.call<JswViewPlain>("Initialize");
     caller.call<JswViewText>("SetDataPath", job.dataFolder.c_str());
     caller.call<JswViewText>("SetJobName", job.name.c_str());

@@ -9,14 +9,14 @@
 
 namespace jsw::ctl {
 
-/// Goes through the entry points of a module in the order in which a job calls them, but for a
-/// prompt, which would wait for the user, and an engine's UpdateSettings, which it keeps.
+/// Calls the entry points of a module in the order of a job, except a prompt, which would wait for
+/// the user, and an engine's UpdateSettings, which would store counts.
 /// @param kind  name of the kind of module
-/// @param ids   billboards that a catalog is asked for; the page that a view shows
+/// @param ids   billboards for a catalog's queries; the page that a view shows
 void goThrough(std::string_view kind, const Caller& caller, const TrialJob& job,
                const std::vector<std::string>& ids);
 
-/// Asks a catalog for the pages of some billboards, and nothing else.
+/// Only queries a catalog for the pages of some billboards.
 void askForPages(const Caller& caller, const std::vector<std::string>& ids);
 
 }  // namespace jsw::ctl

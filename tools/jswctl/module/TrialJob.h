@@ -10,21 +10,21 @@ class App;
 
 namespace jsw::ctl {
 
-/// The job that a tried module is told of.
+/// The job that a tested module gets.
 struct TrialJob {
     std::string printer = "jswctl";
     std::string name = "jswctl";
     std::int32_t pages = 1;
     std::int32_t copies = 1;
-    std::vector<std::int32_t> ink;     ///< per cent, slot by slot; what is missing is unknown
+    std::vector<std::int32_t> ink;     ///< per cent, slot by slot; missing ones are unknown
     std::string dataFolder = ".";      ///< for a view
     unsigned shownMilliseconds = 500;  ///< of its window
 };
 
-/// Adds the options that set it, under which it is also handed to the process of a trial.
+/// Adds the options that set it, also for the trial's process.
 void addJobOptions(CLI::App& command, TrialJob& job);
 
-/// What the module is told, in one sentence.
+/// The job in one sentence.
 std::string jobInWords(const TrialJob& job);
 
 }  // namespace jsw::ctl

@@ -12,7 +12,7 @@ std::string asLine(const Json& object) {
     return object.dump(-1, ' ', true, Json::error_handler_t::replace) + "\n";
 }
 
-/// Module texts are ANSI and JSON is not: each byte travels as the character of the same number.
+/// Module texts are ANSI, JSON is not: each byte is sent as the character with the same number.
 std::string packed(const std::string& text) {
     std::string utf8;
     for (const char letter : text) {

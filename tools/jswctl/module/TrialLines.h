@@ -7,8 +7,8 @@
 
 namespace jsw::ctl {
 
-/// How the process that tries a module tells what it does: one JSON object a line, each written
-/// before the next step, so that what was told survives a crash.
+/// The reports of the process that tests a module: one JSON object per line, each written before
+/// the next step, so that reports survive a crash.
 namespace trialline {
 
 std::string begin(const std::string& call);
@@ -19,7 +19,7 @@ std::string finished();
 
 }  // namespace trialline
 
-/// Takes one line into account; what is no line of the above is passed over.
+/// Evaluates one line; ignores any other text.
 void takeTrialLine(std::string_view line, ModuleTrial& trial);
 
 }  // namespace jsw::ctl

@@ -19,7 +19,7 @@ namespace {
 
 using Visit = std::function<void(const std::string& path)>;
 
-/// Tells of a key and all below it, the upper one first.
+/// Visits a key and everything below it, parents first.
 void walk(const std::string& path, const Visit& visit) {
     visit(path);
     KeyHandle key;
@@ -37,7 +37,7 @@ void walk(const std::string& path, const Visit& visit) {
     }
 }
 
-/// Whether an entry of an access list speaks of everybody who may print.
+/// Whether an entry of an access list applies to everyone who may print.
 bool isForUsers(PSID sid) {
     constexpr WELL_KNOWN_SID_TYPE kUsers[] = {WinWorldSid, WinAuthenticatedUserSid,
                                               WinBuiltinUsersSid, WinInteractiveSid};
@@ -46,14 +46,14 @@ bool isForUsers(PSID sid) {
     });
 }
 
-/// The rights that an access list gives to an ordinary user.
+/// The rights that an access list grants to an ordinary user.
 ACCESS_MASK usersRights(ACL* list) {
     GENERIC_MAPPING rights{KEY_READ, KEY_WRITE, KEY_EXECUTE, KEY_ALL_ACCESS};
     ACCESS_MASK granted = 0;
     ACCESS_MASK denied = 0;
     void* next = nullptr;
     for (DWORD index = 0; GetAce(list, index, &next) != FALSE; ++index) {
-        auto* entry = static_cast<ACCESS_ALLOWED_ACE*>(next);  // a denying one looks the same
+        auto* entry = static_cast<ACCESS_ALLOWED_ACE*>(next);  // a deny entry has the same layout
         if ((entry->Header.AceFlags & INHERIT_ONLY_ACE) != 0 || !isForUsers(&entry->SidStart)) {
             continue;
         }

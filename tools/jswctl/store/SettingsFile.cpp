@@ -18,7 +18,7 @@ namespace {
 constexpr char kText[] = "string:";
 constexpr char kNumber[] = "dword:";
 
-/// The value as an installation writes it: a number without what follows it.
+/// The value as an installation writes it: a number without trailing text.
 std::string installed(const std::string& value) {
     const IniTypedValue typed = splitTypedValue(value);
     return typed.type == IniValueType::dword ? concat(kNumber, leadingNumber(typed.text)) : value;

@@ -6,18 +6,18 @@
 
 namespace jsw::ctl {
 
-/// One value of a settings file, and what the registry has in its place.
+/// One value of a settings file, and the registry's value.
 struct FileEntry {
     std::string section;
     std::string name;
-    std::string value;                  ///< with its type, as the file says it
-    std::optional<std::string> stored;  ///< in the same words; nothing: not in the registry
+    std::string value;                  ///< with its type, as in the file
+    std::optional<std::string> stored;  ///< in the same form; nothing: not in the registry
 
     /// Whether the registry has another value, or none.
     bool isNews() const { return stored != value; }
 };
 
-/// A settings file taken apart.
+/// A parsed settings file.
 struct SettingsFile {
     std::string path;
     bool exists = false;
@@ -28,16 +28,16 @@ struct SettingsFile {
 
 SettingsFile readSettingsFile(const std::string& path);
 
-/// Writes a value of the file; its key, when it is made for it, is open to everyone. Throws
-/// Win32Exception when that fails.
+/// Writes a value of the file; a new key is accessible to everyone. Throws Win32Exception on
+/// failure.
 void writeEntry(const FileEntry& entry);
 
-/// Whether a path is a key or lies below it, letter case aside.
+/// Whether a path is a key or is below it, in any letter case.
 bool isBelow(const std::string& path, const std::string& key);
 
-/// Whether a value is the machine's own once it is there: what the window, the history and the
-/// updates keep in it. A newer settings file leaves it as it is.
-/// @param store           the host's store, without a final backslash
+/// Whether an existing value belongs to the machine: values of the window, the history and the
+/// updates. A newer settings file does not change it.
+/// @param store           the host's store, without a trailing backslash
 /// @param modulesUpdated  an update has named other modules; likewise the data
 bool isMachinesOwn(const FileEntry& entry, const std::string& store, bool modulesUpdated,
                    bool dataUpdated);
