@@ -92,7 +92,7 @@ void CacheRecord::parse(std::span<const std::uint8_t> stream) {
 }
 
 /// @param rest  from the record's data to the end of the stream. A number or byte has its field's
-/// width; the length only leads to the next record.
+///              width; the length only leads to the next record.
 void CacheRecord::takeRecord(std::uint32_t id, std::uint8_t length,
                              std::span<const std::uint8_t> rest) {
     if (id == kDeviceSerialNumber) {

@@ -10,8 +10,8 @@ void addHostArgument(CLI::App& command, std::string& host);
 
 /// Makes the library's parts use a program's names and settings (see Localize).
 /// @param host  its executable, full path or relative to the current folder; only the name matters
-/// for the settings, so that those of a deleted program can be removed Throws BadUse for a folder
-/// and for an invalid file name.
+///              for the settings, so that those of a deleted program can be removed
+/// Throws BadUse for a folder and for an invalid file name.
 void nameHost(const std::string& host);
 
 /// The same for a program that must exist; throws BadUse if it does not.
