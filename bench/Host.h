@@ -9,8 +9,8 @@
 
 namespace jsw::bench {
 
-/// The host's names, a store and the log, for some measures; all gone afterwards. The store is that
-/// of host "qlbe" in the registry of the machine: run in a Wine prefix of its own.
+/// The host's names, a store and the log, for some measures; all removed afterwards. The store is
+/// that of host "qlbe" in the machine's registry: use a separate Wine prefix.
 class Host {
   public:
     /// @param startLog  1: the log is on, with all levels

@@ -26,7 +26,7 @@ constexpr char kView[] = "instant_view.dll";
 constexpr char kCatalog[] = "instant_catalog.dll";
 constexpr char kRules[] = "instant_rules.dll";
 
-/// A store as it is after the first job. No update check is due.
+/// A store as after the first job. No update check is due.
 void fillStore() {
     const Settings settings;
     settings.write(setting::kDataPath, "C:\\ProgramData\\Job Status");
@@ -53,7 +53,7 @@ class Library {
     void startJob() const {
         init()("SimulatedPrinter", "report.pdf", 0, 1, 3, 1, 1, nullptr, 0, 90, nullptr);
     }
-    /// A job from its start to its end, in which the rules come to theirs.
+    /// A job from start to end, in which all rules are processed.
     void runJob() const {
         startJob();
         WaitForSingleObject(rulesEndEvent(), INFINITE);
@@ -69,14 +69,14 @@ class Library {
     ModuleHandle library_;
 };
 
-/// A value, or a key alone, that a job asks the registry for.
+/// A value, or only a key, that a job reads from the registry.
 struct Wanted {
     HKEY hive;
     std::string key;
-    const char* value;  // null: whether there is such a key
+    const char* value;  // null: only the key
 };
 
-/// Everything that a job must ask for: each module's folder and name, each choice of the user, …
+/// Everything that a job must read: each module's folder and name, each choice of the user, …
 std::vector<Wanted> whatAJobNeeds() {
     const Settings settings;
     const std::string local = settings.getKeyPath(false);
@@ -123,14 +123,14 @@ void askFor(const Wanted& wanted) {
     RegQueryValueExA(key.get(), wanted.value, nullptr, nullptr, buffer.data(), &size);
 }
 
-/// What a job takes of the system at least. The view stays loaded between jobs.
+/// The minimum that a job asks of the system. The view stays loaded between jobs.
 void bareJob(const std::vector<Wanted>& wanted) {
     for (const Wanted& one : wanted) askFor(one);
     const ModuleHandle catalog(LoadLibraryA(kCatalog));
     const ModuleHandle rules(LoadLibraryA(kRules));
 }
 
-/// The rest that each job asks of the system: how recent the XML parser is, and a thread.
+/// The rest that each job asks of the system: the XML parser's version, and a thread.
 void askForParserAndThread() {
     const std::string parser = systemFolder() + "\\msxml3.dll";
     DWORD ignored = 0;

@@ -23,8 +23,8 @@ void tracedMethod(const std::string& text) {
     trace.add("text=", text);
 }
 
-/// What appending a line under a lock takes of the system at least, with the same safety: others
-/// may append at the same time, and no process holds the file open.
+/// The minimum for appending a line under a lock with the same safety: others may append at the
+/// same time, and no process keeps the file open.
 class BareLog {
   public:
     BareLog() = default;
@@ -34,7 +34,7 @@ class BareLog {
 
     void append(const std::string& line) {
         const std::lock_guard lock(lock_);
-        open(OPEN_EXISTING);  // so the log finds out that it begins
+        open(OPEN_EXISTING);  // to find out whether the file exists
         const KernelHandle file = open(OPEN_ALWAYS);
         DWORD high = 0;
         const DWORD low = GetFileSize(file.get(), &high);
@@ -51,7 +51,7 @@ class BareLog {
                                         disposition, FILE_ATTRIBUTE_NORMAL, nullptr));
     }
 
-    // In the log's own folder: how deep a file lies counts, too.
+    // In the log's folder, because the depth of a path costs time, too.
     std::string path_ = concat(std::getenv("ALLUSERSPROFILE"), "\\bare.log");
     InterProcessLock lock_{"JSW bench"};
     Security security_;
@@ -61,7 +61,7 @@ class BareLog {
 
 void measureDisabledTrace(Report& report, Thoroughness times) {
     const Host host(0);
-    Sleep(2);  // a switch read in this very millisecond would be read again
+    Sleep(2);  // a switch read in the same millisecond would be read again
     const std::array<Work, 3> works{repeated([] { tracedMethod(kText); }),
                                     repeated([] { GetTickCount(); }),
                                     repeated([] { disabledCallOfSpdlog(kText); })};

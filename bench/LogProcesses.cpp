@@ -24,7 +24,7 @@ namespace {
 constexpr std::uint32_t kLinesPerProcess = 300;
 constexpr std::uint32_t kProcessCounts[] = {1, 2, 4, 8};
 
-/// What starts and stops a run, under names that all its processes know.
+/// Starts and stops a run, by names that all its processes know.
 struct RunSignals {
     KernelHandle ready;
     KernelHandle go;
@@ -66,7 +66,7 @@ std::size_t linesInLog() {
     return count;
 }
 
-/// Lines per second that so many processes write in all.
+/// Lines per second that this number of processes write in total.
 double linesPerSecond(std::uint32_t processes) {
     static int runs = 0;
     const std::string run = concat("JSW bench ", GetCurrentProcessId(), " ", ++runs);

@@ -1,4 +1,4 @@
-// Measures what the library costs a driver, each thing beside what the system itself takes for it.
+// Measures what the library costs a driver, each operation beside its floor.
 
 #include "bench/Measures.h"
 
@@ -63,7 +63,7 @@ int main(int argc, char** argv) {
     std::vector<std::string> topics;
     app.add_option("topic", topics, "what to measure; default: everything")
         ->check(CLI::IsMember(topicNames()));
-    app.add_option("--write-log", logRun)->group("");  // how it starts itself
+    app.add_option("--write-log", logRun)->group("");  // for its child processes
     CLI11_PARSE(app, argc, argv);
     try {
         if (!logRun.empty()) {

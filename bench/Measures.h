@@ -5,10 +5,10 @@
 #include <cstdint>
 #include <string>
 
-/// What is measured, by topic. Each adds its rows to the report.
+/// The measures by topic. Each adds its rows to the report.
 namespace jsw::bench {
 
-/// How many rounds each measure gets, as a factor.
+/// A factor for the number of rounds of each measure.
 using Thoroughness = std::uint32_t;
 
 void measureDisabledTrace(Report& report, Thoroughness times);
@@ -19,7 +19,7 @@ void measureCacheRecord(Report& report, Thoroughness times);
 void measureMacros(Report& report, Thoroughness times);
 void measureJob(Report& report, Thoroughness times);
 
-/// Writes lines to the process's log when measureLogProcesses() has started this process for it.
+/// Writes lines to the log, in the child processes of measureLogProcesses().
 /// @param name  of the run, from the command line
 void writeLogAsChild(const std::string& name);
 

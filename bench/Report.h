@@ -7,13 +7,13 @@
 
 namespace jsw::bench {
 
-/// What a measure should come to.
+/// The target of a measure.
 struct Target {
     std::string text;  ///< "at most 1.10 of its floor"
     bool holds;
 };
 
-/// One measure beside what the system itself takes for the same.
+/// One measure beside its floor, the system's own time for the same.
 struct Row {
     std::string name;
     Timing measure;
@@ -22,14 +22,13 @@ struct Row {
     std::vector<Target> targets{};
     double ratioLimit = 0;  ///< 0: none
 
-    /// How many times its floor a measure takes. Of the shortest times: they are the least
-    /// disturbed.
+    /// The ratio of a measure to its floor, from the shortest times, which are disturbed least.
     double ratio() const { return measure.min / floor.min; }
     Row withRatioAtMost(double limit) &&;
     Row withTimeAtMost(double nanoseconds) &&;
 };
 
-/// A quantity that is no time, such as lines per second, for each of several cases.
+/// A quantity other than time, such as lines per second, for several cases.
 struct Series {
     struct Point {
         std::string name;
@@ -42,10 +41,10 @@ struct Series {
     std::vector<Target> targets{};
 };
 
-/// All that one run has found.
+/// The results of a run.
 class Report {
   public:
-    /// Prints a line at once, so that somebody who waits sees something.
+    /// Also prints the line at once.
     void add(Row row);
     void add(Series series);
 

@@ -1,4 +1,4 @@
-// What is read from bytes: the printer's cache record and the tags in an address.
+// Parsing: the printer's cache record and the tags in an address.
 
 #include "PublicLib/printer/CacheRecord.h"
 #include "PublicLib/printer/PrinterCache.h"
@@ -28,7 +28,7 @@ void addRecord(Bytes& record, std::uint32_t id, const Bytes& data) {
 
 constexpr std::size_t kRecordSize = 4096;
 
-/// As a printer tells its state: each thing once, among many records that concern others.
+/// Like a real printer's: each known value once, among many unknown records.
 Bytes ordinaryRecord() {
     Bytes record{0, 0};
     addRecord(record, 0x0016, {'S', 'N', '1', '2', '3', '4', '5', '6'});
@@ -46,14 +46,14 @@ Bytes ordinaryRecord() {
     return record;
 }
 
-/// The dearest that fits: nothing but numbers that are taken, each traced.
+/// The most expensive record that fits: only numbers that are used, each traced.
 Bytes recordOfNumbers() {
     Bytes record{0, 0};
     while (record.size() + 7 <= kRecordSize) addRecord(record, 0x0400, {0, 0, 0, 9});
     return record;
 }
 
-/// Only finds out where each record begins, what its id is and the number that it would hold.
+/// Only finds the beginning, id and number of each record.
 std::uint32_t walk(const Bytes& record) {
     std::uint32_t sum = 0;
     std::size_t position = 2;
@@ -69,7 +69,7 @@ std::uint32_t walk(const Bytes& record) {
     return sum;
 }
 
-volatile std::uint32_t result;  // so that nothing is left out
+volatile std::uint32_t result;  // so that nothing is optimised away
 
 template <class Parse>
 Row measureRecord(const std::string& name, const Bytes& record, Thoroughness times, Parse parse) {
@@ -89,7 +89,7 @@ std::uint32_t parseAlone(const Bytes& record) {
     return parser.values().cartridgeCount;
 }
 
-/// Knows one value, so that only finding and replacing tags takes time.
+/// Has one value, so that only finding and replacing tags takes time.
 class OneValue : public ISymbolicResolverHandler {
   public:
     static constexpr std::string_view kValue = "00000409";
@@ -100,7 +100,7 @@ class OneValue : public ISymbolicResolverHandler {
     }
 };
 
-/// The same replacement with nothing but the string's own functions.
+/// The same replacement with std::string's functions only.
 std::string replaceByHand(const std::string& text, std::string_view value) {
     std::string done;
     done.reserve(text.size());

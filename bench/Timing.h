@@ -9,13 +9,13 @@
 
 namespace jsw::bench {
 
-/// How long one step took, in nanoseconds, over all rounds.
+/// The duration of one step in nanoseconds, over all rounds.
 struct Timing {
     double min = 0;
     double median = 0;
 };
 
-/// Something whose time is taken: does its step so many times.
+/// Work to measure: performs this number of steps.
 using Work = std::function<void(std::uint32_t steps)>;
 
 template <class Step>
@@ -25,19 +25,19 @@ Work repeated(Step step) {
     };
 }
 
-/// How often: rounds of so many steps each.
+/// Rounds, and steps in each.
 struct Effort {
     std::uint32_t rounds;
     std::uint32_t steps;
 };
 
-/// Nanoseconds that a piece of work takes once.
+/// The duration of one execution in nanoseconds.
 double timeOnce(const std::function<void()>& work);
 
 Timing summary(std::vector<double> samples);
 
-/// Times the works in turns, so that what disturbs the machine disturbs all of them. The first
-/// round, in which caches fill, does not count.
+/// Times the works in alternation, so that disturbances affect all of them. Ignores the first
+/// round, in which caches fill.
 std::vector<Timing> timeInTurns(std::span<const Work> works, const Effort& effort);
 
 }  // namespace jsw::bench

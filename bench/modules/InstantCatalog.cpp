@@ -1,4 +1,4 @@
-// A catalog module that answers at once. It knows no billboards.
+// A catalog module that answers at once. It has no billboards.
 
 #include <jsw/catalog.h>
 

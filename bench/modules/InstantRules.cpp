@@ -1,5 +1,5 @@
-// A rules engine module that answers at once, with one rule, and tells the program that measures
-// when the rules have come to their end.
+// A rules engine module that answers at once, with one rule, and signals the end of the rules to
+// the measuring program.
 
 #include "bench/modules/RulesEnd.h"
 #include <jsw/rules.h>

@@ -6,10 +6,10 @@
 
 namespace jsw::bench {
 
-/// Names the environment variable that holds the handle of the event, as a number.
+/// The environment variable with the event's handle as a number.
 inline constexpr char kRulesEndVariable[] = "JSW_BENCH_RULES_END";
 
-/// Set when the rules of a job have come to their end.
+/// Set when all rules of a job have been processed.
 inline HANDLE rulesEndEvent() {
     char number[32] = "0";
     GetEnvironmentVariableA(kRulesEndVariable, number, sizeof(number));

@@ -15,7 +15,7 @@ Billboard readBillboard(const XmlNode& element) {
         if (child.name != "action") {
             continue;
         }
-        // Buttons name their action by number: leaving one out would move all behind it.
+        // Buttons refer to actions by number: skipping one would renumber the later ones.
         if (child.text.empty()) {
             break;
         }

@@ -9,7 +9,7 @@
 
 namespace jsw::sample {
 
-/** What the catalog file says about one billboard. */
+/** One billboard of the catalog file. */
 struct Billboard {
     std::string file;
     std::string type;
@@ -19,18 +19,18 @@ struct Billboard {
     std::string carts;
 };
 
-/** The catalog file's content. Ids are told apart by letter case. Does not change once built. */
+/** The contents of the catalog file. Letter case matters in ids. Immutable, so thread-safe. */
 class CatalogData {
   public:
     CatalogData() = default;
 
-    /** Takes what the root element holds; entries without an id are left out. */
+    /** Reads the root element; skips entries without an id. */
     explicit CatalogData(const XmlNode& root);
 
     /** Null for an unknown id. */
     [[nodiscard]] const Billboard* billboard(std::string_view id) const;
 
-    /** The project ids of a category in file order; empty when the text is no category. */
+    /** The project ids of a category in file order; empty if the text is not a category. */
     [[nodiscard]] std::vector<std::string> projects(std::string_view category) const;
 
   private:

@@ -1,7 +1,7 @@
 /**
  * @file CatalogModule.cpp
- * The entry points of the sample catalog. The catalog file is read once, at Initialize; questions
- * look it up in what was read.
+ * The entry points of the sample catalog. Initialize reads the catalog file; the other entry points
+ * use the stored contents.
  */
 #include "samples/catalog/CatalogData.h"
 #include "samples/common/HostStore.h"
@@ -21,7 +21,7 @@ namespace {
 using jsw::sample::Billboard;
 using jsw::sample::CatalogData;
 
-/** What a question needs; an answer under way keeps its catalog alive across an UnInitialize. */
+/** The data for a query; a running query keeps its catalog alive across an UnInitialize. */
 struct Source {
     std::shared_ptr<const CatalogData> catalog;
     JswAllocate allocate = nullptr;
@@ -40,7 +40,7 @@ void setSource(Source next) {
     std::swap(currentSource, next);
 }
 
-/** Answers with ask(source), or with the empty answer without a catalog and on any failure. */
+/** Returns ask(source); the empty answer without a catalog or on failure. */
 template <class Answer, class Ask>
 Answer answer(const char* id, Ask ask) noexcept {
     try {
@@ -51,7 +51,7 @@ Answer answer(const char* id, Ask ask) noexcept {
     }
 }
 
-/** Answers with ask(billboard, allocate) for an id that the catalog knows. */
+/** Returns ask(billboard, allocate) for a known id. */
 template <class Answer, class Ask>
 Answer answerFor(const char* billboardId, Ask ask) noexcept {
     return answer<Answer>(billboardId, [&](const Source& from) {
@@ -82,7 +82,7 @@ void Initialize(JswAllocate allocate) {
         setSource(
             {std::make_shared<CatalogData>(root ? CatalogData(*root) : CatalogData()), allocate});
     } catch (...) {
-        UnInitialize();  // without a catalog every answer is the empty one
+        UnInitialize();  // without a catalog every answer is empty
     }
 }
 

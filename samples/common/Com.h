@@ -11,8 +11,8 @@
 namespace jsw::sample {
 
 /**
- * COM on the calling thread for the length of a scope. A thread that somebody has already prepared
- * in another way (RPC_E_CHANGED_MODE) serves just as well and is left as it is.
+ * Initialises COM on the calling thread for a scope. A thread that is already initialised in
+ * another mode (RPC_E_CHANGED_MODE) is used unchanged.
  */
 class ComScope {
   public:
@@ -48,7 +48,7 @@ class ComPtr {
             std::exchange(object_, nullptr)->Release();
         }
     }
-    /** Where a function may put an object it hands over; an earlier one is released. */
+    /** For functions that return an object by pointer; releases the present one first. */
     [[nodiscard]] Interface** out() {
         reset();
         return &object_;

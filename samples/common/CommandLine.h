@@ -15,17 +15,16 @@ inline void prepareCommandLine(CLI::App& program) {
 }
 
 /**
- * Takes a command line apart.
+ * Parses a command line.
  *
  * @param arguments  without the program's name
- * @param help       set when --help is among them: whoever asks for help gets it, whatever else is
- *                   wrong
- * @return what is wrong with the first bad argument, empty when all is well
+ * @param help       set if --help is among them, whatever else is wrong
+ * @return the mistake in the first invalid argument, or empty
  */
 inline std::string parseCommandLine(CLI::App& program, std::vector<std::string> arguments,
                                     bool& help) {
     std::string error;
-    std::reverse(arguments.begin(), arguments.end());  // the order in which it takes them
+    std::reverse(arguments.begin(), arguments.end());  // CLI11 expects them in reverse order
     try {
         program.parse(arguments);
     } catch (const CLI::ExtrasError&) {

@@ -19,7 +19,7 @@ namespace {
 constexpr size_t kLocalIdLength = 4;
 constexpr size_t kPrefixLength = 2;
 
-/** Where the library keeps the settings of the program with this id, whether they exist or not. */
+/** The library's path for the settings of the program with this id, which may not exist. */
 std::string storePath(const std::string& localId) {
     constexpr struct {
         const char* prefix;
@@ -47,7 +47,7 @@ Key openKey(const std::string& path) {
     return Key(result == ERROR_SUCCESS ? key : nullptr);
 }
 
-/** The bytes of a value of one of two types, or nothing. Without a store nothing is there. */
+/** The bytes of a value of one of two types; nothing if it is missing, or without a store. */
 std::optional<std::vector<char>> readValue(const std::string& store, const std::string& subKey,
                                            const std::string& name, DWORD type, DWORD otherType) {
     const Key key = store.empty() ? Key() : openKey(store + subKey);
@@ -81,7 +81,7 @@ std::string moduleFileName(HMODULE module) {
     }
 }
 
-/** The folder, with its trailing backslash, of the module that an address lies in. */
+/** The folder, with a trailing backslash, of the module that contains an address. */
 std::string moduleFolder(const void* address) {
     HMODULE module = nullptr;
     GetModuleHandleExA(
@@ -126,7 +126,7 @@ std::string HostStore::text(const std::string& subKey, const std::string& name,
     if (!bytes) {
         return fallback;
     }
-    // A stored text may or may not bring its terminator along.
+    // A stored text may have no terminator.
     std::string value(bytes->begin(), bytes->end());
     value.resize(value.find('\0') == std::string::npos ? value.size() : value.find('\0'));
     return value.empty() ? fallback : value;
@@ -156,7 +156,7 @@ bool HostStore::setNumber(const std::string& subKey, const std::string& name,
 bool HostStore::setValue(const std::string& subKey, const std::string& name, uint32_t type,
                          const void* data, size_t size) const {
     if (path_.empty()) {
-        return false;  // no store: nothing to add a half of one to
+        return false;  // no store: do not create an incomplete one
     }
     HKEY handle = nullptr;
     if (RegCreateKeyExA(HKEY_LOCAL_MACHINE, (path_ + subKey).c_str(), 0, nullptr, 0, KEY_SET_VALUE,

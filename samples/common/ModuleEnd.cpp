@@ -1,7 +1,7 @@
 /**
  * @file ModuleEnd.cpp
- * A part of every sample module: gives back what MinGW's C++ run-time library would leave behind
- * each time a module is freed.
+ * Part of every sample module: releases what MinGW's C++ run-time library would leak each time a
+ * module is freed.
  */
 #ifdef __GNUC__
 
@@ -14,21 +14,21 @@
 #include <utility>
 
 namespace __gnu_cxx {
-void __freeres();  // NOLINT(bugprone-reserved-identifier): the name of the run-time library
+void __freeres();  // NOLINT(bugprone-reserved-identifier): the run-time library's name
 }
 
 namespace {
 
-/** What the run-time library notes of a thread's exceptions. */
+/** The run-time library's data about a thread's exceptions. */
 struct Notes {
     void* caught = nullptr;
     unsigned uncaught = 0;
-    Notes* next = nullptr; /**< another thread's; the run-time library does not know of it */
+    Notes* next = nullptr; /**< another thread's; not used by the run-time library */
 };
 
 /**
- * The notes of the threads that have raised an exception in this module. Where the run-time library
- * would keep them, each module takes an index of thread-local storage and never gives it back.
+ * The data of the threads that have raised an exception in this module. The run-time library's own
+ * place for it costs an index of thread-local storage that is never released.
  */
 class ThreadNotes {
   public:
@@ -60,10 +60,10 @@ class ThreadNotes {
     std::atomic<Notes*> first_ = nullptr;
 };
 
-/** Made before the other static objects, which may raise, and destroyed after them. */
+/** Constructed before the other static objects, which may raise, and destroyed after them. */
 __attribute__((init_priority(101))) ThreadNotes threadNotes;
 
-/** The run-time library keeps some 70 KB for exceptions in a shortage of memory. */
+/** The run-time library reserves some 70 KB for exceptions when memory is exhausted. */
 struct RuntimeReserve {
     ~RuntimeReserve() { __gnu_cxx::__freeres(); }
 } reserve;
@@ -72,7 +72,7 @@ struct RuntimeReserve {
 
 namespace __cxxabiv1 {
 
-// The run-time library's own functions: linked in place of those in its archive.
+// Replacements for the run-time library's functions, linked instead of those in its archive.
 extern "C" __cxa_eh_globals* __cxa_get_globals() noexcept {
     return reinterpret_cast<__cxa_eh_globals*>(threadNotes.ofThisThread());
 }

@@ -1,7 +1,7 @@
 /**
  * @file ModuleLock.h
- * The lock of a module that is loaded and freed for each job. What the C++ library's own mutex and
- * threads take of the process may stay taken when the module is freed.
+ * A lock for modules that are loaded and freed for each job. The C++ library's own mutex and
+ * threads may leak process resources when the module is freed.
  */
 #pragma once
 

@@ -31,7 +31,7 @@ std::string now() {
 
 void reportProblem(const std::string& path, const std::string& problem) {
     report(path + ": " + problem);
-    // Not a stream of the C++ library: it would take an index of thread-local storage for good.
+    // Not a C++ stream, which leaks an index of thread-local storage.
     std::FILE* const file = std::fopen(problemFile(path).c_str(), "w");
     if (file == nullptr) {
         return;

@@ -5,14 +5,13 @@
 namespace jsw::sample {
 
 /**
- * Says what is wrong with a data file where somebody in the field finds it: in a file of its own
- * beside the library's log, "%ALLUSERSPROFILE%\\<id><name of the data file>-problem.txt", with the
- * time, and to a debugger. The file tells of the last time only. Nothing fails: what cannot be
- * written is not.
+ * Reports what is wrong with a data file, with the time, to the debugger output and to a file
+ * beside the library's log, "%ALLUSERSPROFILE%\\<id><name of the data file>-problem.txt". The file
+ * contains only the last report. Never fails: what cannot be written is dropped.
  */
 void reportProblem(const std::string& path, const std::string& problem);
 
-/** Takes the report of an earlier time away: the data file is good. */
+/** Deletes an earlier report: the data file is correct. */
 void forgetProblem(const std::string& path);
 
 }  // namespace jsw::sample

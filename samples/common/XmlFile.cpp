@@ -11,7 +11,7 @@ namespace jsw::sample {
 
 namespace {
 
-/** Bounds the recursion over elements: a file of ours needs three levels. */
+/** Limits the recursion over elements: our files need three levels. */
 constexpr int kDeepestElement = 32;
 
 std::wstring widen(std::string_view text) {
@@ -58,7 +58,7 @@ void copyAttributes(IXMLDOMNode& element, XmlNode& node) {
     }
 }
 
-/** False when an element is nested too deeply. */
+/** False if an element is nested too deeply. */
 bool copyElement(IXMLDOMNode& element, int depth, XmlNode& node) {
     if (depth > kDeepestElement) {
         return false;
@@ -107,7 +107,7 @@ ComPtr<IXMLDOMDocument> createDocument() {
         return document;
     }
     document->put_async(VARIANT_FALSE);
-    // A catalog needs no other file: nothing outside it is fetched because a file says so.
+    // Loads no external files to which an XML file refers.
     document->put_validateOnParse(VARIANT_FALSE);
     document->put_resolveExternals(VARIANT_FALSE);
     return document;
@@ -123,8 +123,8 @@ std::optional<XmlNode> readXmlFile(const std::string& path, std::string& problem
         problem = "the XML parser, version 3, is not installed";
         return std::nullopt;
     }
-    // A stream of the file, not its name: the parser would take the name for an address, and bring
-    // what downloads addresses into the host.
+    // A stream, not the file's name: the parser would treat the name as an address and load
+    // download libraries into the host.
     ComPtr<IStream> file;
     if (SHCreateStreamOnFileW(widen(path).c_str(), STGM_READ | STGM_SHARE_DENY_WRITE, file.out()) !=
         S_OK) {

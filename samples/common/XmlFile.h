@@ -10,12 +10,12 @@ namespace jsw::sample {
 /**
  * Reads an XML file with the platform's parser, version 3. Any thread may call it.
  *
- * @return the root element; nothing when the file is missing or not well formed, is nested deeper
- *         than 32 elements or the parser is not installed; then the problem says which
+ * @return the root element; nothing if the file is missing, malformed or nested deeper than 32
+ * elements, or the parser is not installed; then problem says which
  */
 [[nodiscard]] std::optional<XmlNode> readXmlFile(const std::string& path, std::string& problem);
 
-/** The same; a problem is told where somebody in the field finds it (see ProblemFile.h). */
+/** The same; reports a problem (see ProblemFile.h). */
 [[nodiscard]] std::optional<XmlNode> loadXmlFile(const std::string& path);
 
 }  // namespace jsw::sample

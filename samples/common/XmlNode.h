@@ -7,14 +7,14 @@
 
 namespace jsw::sample {
 
-/** One element of an XML file, copied out of the parser: what reads it needs no parser. */
+/** One element of an XML file, copied, so that its readers need no parser. */
 struct XmlNode {
     std::string name;
     std::map<std::string, std::string, std::less<>> attributes;
-    std::string text;  ///< the text of the element and all below it, trimmed
+    std::string text;  ///< the text of the element and everything below it, trimmed
     std::vector<XmlNode> children;
 
-    /** The attribute's value, or the fallback when the element has none of that name. */
+    /** The attribute's value, or the fallback if there is none. */
     [[nodiscard]] std::string attribute(std::string_view attributeName,
                                         std::string_view fallback = {}) const;
 
@@ -22,7 +22,7 @@ struct XmlNode {
     [[nodiscard]] bool flag(std::string_view attributeName) const;
 };
 
-/** Compares without regard to the case of the ASCII letters. */
+/** Compares, ignoring the case of ASCII letters. */
 [[nodiscard]] bool equalsIgnoringCase(std::string_view left, std::string_view right);
 
 /** ASCII letters to lower case. */

@@ -19,7 +19,7 @@ std::string_view trimmed(std::string_view text) {
     return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
-/** Takes the text up to a separator off the front, blanks around it removed. */
+/** Cuts the text up to a separator off the front and trims it. */
 std::string_view cut(std::string_view& text, std::string_view separators) {
     const size_t end = std::min(text.find_first_of(separators), text.size());
     const std::string_view part = trimmed(text.substr(0, end));

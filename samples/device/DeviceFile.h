@@ -9,9 +9,9 @@
 
 namespace jsw::sample {
 
-/** A printer as the device file describes it (docs/device-client.md tells the file's form). */
+/** A printer of the device file (format: docs/device-client.md). */
 struct DevicePrinter {
-    std::string name;  ///< the spooler's name of it
+    std::string name;  ///< its name in the spooler
     std::string port;
     std::string transport;
     std::vector<std::string> hids;      ///< ports of its HID interfaces
@@ -20,14 +20,14 @@ struct DevicePrinter {
     std::vector<uint8_t> cache;  ///< the cache record; empty: it cannot be read
 };
 
-/** What is wrong with a device file: "line 7: ...". */
+/** A mistake in a device file: "line 7: ...". */
 class DeviceFileError : public std::runtime_error {
   public:
     DeviceFileError(int line, const std::string& what)
         : std::runtime_error("line " + std::to_string(line) + ": " + what) {}
 };
 
-/** Reads the text of a device file; throws DeviceFileError at the first line it cannot take. */
+/** Reads the text of a device file; throws DeviceFileError at the first invalid line. */
 std::vector<DevicePrinter> readDeviceFile(std::string_view text);
 
 }  // namespace jsw::sample

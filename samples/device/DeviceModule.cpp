@@ -1,8 +1,7 @@
 /**
  * @file DeviceModule.cpp
- * The entry points of the sample device client: simulates the printers that a file describes. The
- * file is read when the first user initialises; its name is the environment variable
- * JSW_DEVICE_FILE.
+ * The entry points of the sample device client, which simulates the printers of a file. The
+ * environment variable JSW_DEVICE_FILE names the file; the first user's PcsInitialize reads it.
  */
 #include "samples/common/ModuleLock.h"
 #include "samples/common/Report.h"
@@ -31,11 +30,11 @@ using jsw::sample::Devices;
 
 jsw::sample::ModuleLock stateLock;
 std::shared_ptr<const Devices> currentDevices;  // null without users
-unsigned users = 0;                             // PcsInitialize less PcsUninitialize
+unsigned users = 0;                             // calls of PcsInitialize minus PcsUninitialize
 std::multiset<JswDeviceHandle> openPrinters;
 JswDeviceClientId lastClientId = 0;
 
-/** The status of work(devices); a call under way keeps its devices alive. */
+/** The status of work(devices); a running call keeps its devices alive. */
 template <class Work>
 JswDeviceStatus with(const Work& work) noexcept {
     try {
@@ -59,7 +58,7 @@ JswDeviceStatus withDevice(DeviceKind kind, JswDeviceHandle handle, const Work& 
     });
 }
 
-/** Calls back for the interfaces of a kind, with call(device), until the callback has enough. */
+/** Calls call(device) for the interfaces of a kind until the callback stops it. */
 template <class Callback, class Call>
 JswDeviceStatus enumerate(DeviceKind kind, Callback* callback, const Call& call) noexcept {
     if (callback == nullptr) {
@@ -87,8 +86,8 @@ struct CloseFile {
 };
 
 /**
- * The bytes of a file; nothing when it cannot be read. A stream of the C++ library would take an
- * index of thread-local storage each time the module is loaded.
+ * The bytes of a file; nothing if it cannot be read. Not a C++ stream, which leaks an index of
+ * thread-local storage each time the module is loaded.
  */
 std::optional<std::string> readFile(const std::string& path) {
     const std::unique_ptr<std::FILE, CloseFile> file(std::fopen(path.c_str(), "rb"));
@@ -118,7 +117,7 @@ std::unique_ptr<const Devices> loadDevices() {
     }
 }
 
-/** Copies what fits; answers how much. */
+/** Copies what fits; returns the number of bytes. */
 uint32_t copyOut(const std::vector<uint8_t>& bytes, uint8_t* buffer, uint32_t size) {
     const size_t copied = std::min<size_t>(bytes.size(), size);
     std::copy_n(bytes.begin(), copied, buffer);

@@ -19,7 +19,7 @@ struct Device {
     const DevicePrinter* printer;
 };
 
-/** The described printers with a handle for each interface. Does not change. */
+/** The described printers with a handle for each interface. Immutable. */
 class Devices {
   public:
     explicit Devices(std::vector<DevicePrinter> printers);
@@ -27,7 +27,7 @@ class Devices {
     Devices& operator=(const Devices&) = delete;
 
     [[nodiscard]] const std::vector<Device>& all() const { return devices_; }
-    /** Null when no interface of that kind has the handle. */
+    /** Null if no interface of that kind has the handle. */
     [[nodiscard]] const Device* find(DeviceKind kind, int32_t handle) const;
 
   private:
@@ -38,8 +38,8 @@ class Devices {
 };
 
 /**
- * The printer's answer to a command packet: the echo of a loopback, or the print head class when
- * the printer has one; empty to anything else.
+ * The printer's response to a command packet: the echo of a loopback, or the print head class if
+ * the printer has one; otherwise empty.
  */
 std::vector<uint8_t> answerPacket(const DevicePrinter& printer, std::span<const uint8_t> request);
 

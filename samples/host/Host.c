@@ -1,6 +1,6 @@
 /*
- * A driver's side to start from: prints a job of three pages, one a second, and stops when the user
- * cancels it. Its settings file, qlhojsw.loc, lies beside the program.
+ * A minimal driver: prints a job of three pages, one per second, and stops if the user cancels it.
+ * Its settings file, qlhojsw.loc, is beside the program.
  */
 #include <windows.h>
 
@@ -9,14 +9,14 @@
 
 static volatile LONG cancelled;
 
-/* Called on whatever thread the window reports on. */
+/* Called on the thread on which the window reports. */
 static void onStatus(uint32_t status) {
     if (status == JSW_STATUS_JOB_CANCELLED) InterlockedExchange(&cancelled, 1);
 }
 
 int main(void) {
     enum { PAGES = 3 };
-    InkInfo ink = JSW_INK_UNKNOWN; /* a level of 0 would be an empty cartridge */
+    InkInfo ink = JSW_INK_UNKNOWN; /* a level of 0 is an empty cartridge */
     uint32_t page;
     ink.InkPercent[0] = 90;
     ink.InkPercent[1] = 15;

@@ -8,7 +8,7 @@
 
 namespace jsw::sample {
 
-/** A rules file that says something the engine does not understand; the text names the rule. */
+/** A mistake in a rules file; the text names the rule. */
 class RuleError : public std::runtime_error {
   public:
     using std::runtime_error::runtime_error;
@@ -17,8 +17,8 @@ class RuleError : public std::runtime_error {
 /**
  * The rules below the root element in file order.
  *
- * @throws RuleError for a rule without a result, an unknown condition or a condition that is not
- *         complete: a rule that lost a condition would apply where it must not
+ * @throws RuleError for a rule without result, an unknown condition or an incomplete one: a rule
+ * that lost a condition would apply in the wrong jobs
  */
 [[nodiscard]] std::vector<Rule> readRules(const XmlNode& root);
 

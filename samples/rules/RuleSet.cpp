@@ -8,7 +8,7 @@ namespace jsw::sample {
 
 namespace {
 
-/** Per cent, negative when not known. */
+/** Per cent; negative: unknown. */
 int32_t inkPercent(const InkInfo& inkInfo, int slot) {
     if (slot != kLowestInk) {
         return inkInfo.InkPercent[slot - 1];

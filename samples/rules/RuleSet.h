@@ -12,24 +12,24 @@
 
 namespace jsw::sample {
 
-/** How often billboards of a kind have been shown on this machine. */
+/** How often billboards of each kind have been shown on this machine. */
 struct ShownCounts {
     uint32_t special = 0;
     uint32_t ink = 0;
     std::map<std::string, uint32_t, std::less<>> carts;  ///< ink billboards, by their cartridges
 };
 
-/** The job that rules are evaluated for. */
+/** The job for which the rules are evaluated. */
 struct JobFacts {
     InkInfo inkInfo = {};
     std::string printer;
     std::string jobName;
-    int32_t totalPages = 0;  ///< negative when not known
+    int32_t totalPages = 0;  ///< negative: unknown
     int32_t totalCopies = 0;
     ShownCounts shown;
 };
 
-/** Numbers between two bounds, both of them left out. */
+/** Numbers between two exclusive bounds. */
 struct Between {
     int64_t above = std::numeric_limits<int64_t>::min();
     int64_t below = std::numeric_limits<int64_t>::max();
@@ -37,7 +37,7 @@ struct Between {
     [[nodiscard]] bool contains(int64_t value) const { return above < value && value < below; }
 };
 
-/** A slot's ink in per cent; the lowest of the known slots when the slot is kLowestInk. */
+/** A slot's ink in per cent; with kLowestInk the lowest of the known slots. */
 struct InkCondition {
     int slot = 0;  ///< 1 to JSW_INK_SLOTS, or kLowestInk
     Between percent;
@@ -52,7 +52,7 @@ struct NumberCondition {
     Between range;
 };
 
-/** A text of the job, compared without regard to letter case. */
+/** A text of the job, compared ignoring letter case. */
 struct TextCondition {
     enum class Subject { kPrinter, kJob };
     Subject subject = Subject::kPrinter;
@@ -62,14 +62,14 @@ struct TextCondition {
 
 using Condition = std::variant<InkCondition, NumberCondition, TextCondition>;
 
-/** Yields its result when all its conditions hold; one without conditions always does. */
+/** Applies if all its conditions hold; without conditions always. */
 struct Rule {
     std::string result;  ///< a category or billboard id, never empty
     bool historyChecked = false;
     std::vector<Condition> conditions;
 };
 
-/** What is not known (an ink level, the number of pages) fulfils no condition. */
+/** Unknown values (an ink level, the number of pages) fulfil no condition. */
 [[nodiscard]] bool holds(const Condition& condition, const JobFacts& job);
 [[nodiscard]] bool applies(const Rule& rule, const JobFacts& job);
 

@@ -1,6 +1,6 @@
 /**
  * @file RulesModule.cpp
- * The entry points of the sample rules engine: walks the rules of the rules file in file order.
+ * The entry points of the sample rules engine, which evaluates a rules file in file order.
  */
 #include "samples/common/HostStore.h"
 #include "samples/common/ModuleLock.h"
@@ -28,14 +28,14 @@ struct Run {
     JswAllocate allocate = nullptr;
     JobFacts job;
     std::vector<Rule> rules;
-    size_t next = 0;  ///< the rule EvaluateRule takes next
+    size_t next = 0;  ///< the next rule of EvaluateRule
 };
 
-/** The library asks on one thread; the lock makes a stray caller harmless. */
+/** The library calls on one thread; the lock protects against other callers. */
 jsw::sample::ModuleLock runLock;
 Run run;
 
-/** Answers with ask(run); with the empty answer on any failure. */
+/** Returns ask(run); the empty answer on failure. */
 template <class Answer, class Ask>
 Answer answer(Ask ask) noexcept {
     try {

@@ -6,12 +6,12 @@
 
 namespace jsw::sample {
 
-/** The counts kept in the registry for the cartridges that the rules ask about. */
+/** The registry's counts for the cartridges in the rules. */
 [[nodiscard]] ShownCounts readShownCounts(const std::vector<Rule>& rules);
 
 /**
- * Adds what a job has shown. An ink billboard counts when it names its cartridges: the library also
- * reports "ink" without any after a run that only found the ink status page.
+ * Adds what a job has shown. An ink billboard counts only with cartridges: the library also reports
+ * "ink" without cartridges after a run that found only the ink status page.
  */
 void rememberShown(const std::string& carts, bool inkBillboard, bool specialBillboard);
 

@@ -1,6 +1,6 @@
 /**
  * @file Main.cpp
- * qlupdater: plays the updater program that the job status library starts now and then.
+ * qlupdater: a small updater program for the job status library.
  */
 #include "samples/common/HostStore.h"
 #include "samples/updater/StartRecord.h"
@@ -22,14 +22,14 @@ enum ExitCode { kDone = 0, kFailed = 1, kBadOptions = 2 };
 
 constexpr const char* kDefaultHost = "qlde";
 
-/** With its trailing backslash. */
+/** With a trailing backslash. */
 std::string programFolder() {
     std::string path(32768, '\0');  // the longest path
     path.resize(GetModuleFileNameA(nullptr, path.data(), static_cast<DWORD>(path.size())));
     return path.substr(0, path.find_last_of('\\') + 1);
 }
 
-/** The program to update, and who said so. */
+/** The program to update, and the source of that. */
 struct Host {
     std::string id;
     const char* from;
@@ -67,7 +67,7 @@ int runProgram(const std::vector<std::string>& arguments) {
     const UpdateReport report = installUpdates(folder, sample::HostStore(host.id));
     lines.insert(lines.end(), report.lines.begin(), report.lines.end());
     lines.emplace_back("ended");
-    // In one piece, so that whoever waits for the last line finds all of them.
+    // In one write, so that a reader who waits for the last line finds all of them.
     if (!appendLines(record, lines)) {
         throw std::runtime_error("cannot write " + record);
     }

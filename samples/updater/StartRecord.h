@@ -11,7 +11,7 @@ namespace jsw::updater {
 /** Local time as "2031-05-09 14:03:07". */
 [[nodiscard]] std::string localTime();
 
-/** Appends lines to a text file; false when that fails. */
+/** Appends lines to a text file; false on failure. */
 bool appendLines(const std::string& file, const std::vector<std::string>& lines);
 
 }  // namespace jsw::updater

@@ -19,11 +19,11 @@ constexpr const char* kDataFlag = "DataUpdated";
 constexpr uint32_t kUpdated = 1;
 constexpr uint32_t kDoNotChange = 2;
 
-/** A file that comes with a software update. */
+/** A file of a software update. */
 struct UpdateFile {
     const char* source;     ///< in the folder of the updates
-    const char* stem;       ///< the new name is stem-N with the source's ending
-    const char* valueName;  ///< where the library looks for the new name
+    const char* stem;       ///< the new name is stem-N with the source's extension
+    const char* valueName;  ///< the setting with the new name
 };
 
 constexpr UpdateFile kFiles[] = {
@@ -33,7 +33,7 @@ constexpr UpdateFile kFiles[] = {
     {"version.txt", "bbversion", "BillBoardVersionInfoFileName"},
 };
 
-/** The first free name: a module in use cannot be replaced, so a new one gets a name of its own. */
+/** The first free name: a module in use cannot be overwritten, so a new one needs a new name. */
 std::string freeName(const fs::path& folder, const UpdateFile& file) {
     const std::string ending = fs::path(file.source).extension().string();
     for (unsigned number = 1;; ++number) {
@@ -61,7 +61,7 @@ bool isFrozen(const sample::HostStore& store, const char* flag) {
     return store.number(kUpdater, flag, 0) == kDoNotChange;
 }
 
-/** Sets a flag to "updated"; one that says "do not change" stays, as the library has it. */
+/** Sets a flag to "updated", unless it is "do not change". */
 void raise(const sample::HostStore& store, const char* flag, UpdateReport& report) {
     const bool frozen = isFrozen(store, flag);
     if (!frozen && !store.setNumber(kUpdater, flag, kUpdated)) {
@@ -72,7 +72,7 @@ void raise(const sample::HostStore& store, const char* flag, UpdateReport& repor
     report.lines.push_back(std::string("flag: ") + flag + (frozen ? " stays 2" : " is 1"));
 }
 
-/** New modules would never be taken into use once the flag says "do not change". */
+/** With the flag "do not change" the library would never use new modules. */
 void installSoftware(const fs::path& folder, const sample::HostStore& store, UpdateReport& report) {
     if (isFrozen(store, kSoftwareFlag)) {
         report.lines.push_back(std::string("no software: ") + kSoftwareFlag + " stays 2");
@@ -90,7 +90,7 @@ void installSoftware(const fs::path& folder, const sample::HostStore& store, Upd
     }
 }
 
-/** The same folder that the library derives from the store. */
+/** The folder that the library derives from the store. */
 fs::path dataFolder(const sample::HostStore& store) {
     char common[MAX_PATH] = {};
     SHGetFolderPathA(nullptr, CSIDL_COMMON_APPDATA, nullptr, SHGFP_TYPE_CURRENT, common);

@@ -7,17 +7,17 @@
 
 namespace jsw::updater {
 
-/** What an update has done: lines for the record, and whether everything went well. */
+/** The outcome of an update: lines for the record, and success. */
 struct UpdateReport {
     std::vector<std::string> lines;
     bool good = true;
 };
 
 /**
- * Installs what lies in the folder "updates" of the given folder, which is also where the modules
- * go, and leaves names and flags in the store.
+ * Installs the contents of the subfolder "updates" into the given folder, which is also that of the
+ * modules, and writes names and flags to the store.
  *
- * @param folder  with its trailing backslash
+ * @param folder  with a trailing backslash
  */
 [[nodiscard]] UpdateReport installUpdates(const std::string& folder,
                                           const sample::HostStore& store);

@@ -6,7 +6,7 @@ namespace jsw::updater {
 
 namespace {
 
-/** Describes the command line, but for "-UAC", whose one dash would make it three options. */
+/** Defines the command line, except "-UAC", whose single dash would make it three options. */
 void describe(CLI::App& program, UpdaterOptions& options) {
     sample::prepareCommandLine(program);
     const auto notEmpty = CLI::Validator(

@@ -5,18 +5,18 @@
 
 namespace jsw::updater {
 
-/** What the command line of the updater says. */
+/** The updater's command line. */
 struct UpdaterOptions {
     bool help = false;
     bool elevated = false;   ///< "-UAC": the library asked the shell for elevation
-    std::string host;        ///< local id of the program to update; empty when not given
+    std::string host;        ///< local id of the program to update; or empty
     std::string recordFile;  ///< empty: beside the updater
 };
 
-/** Options, or what is wrong with the command line. */
+/** Options, or the command line's mistake. */
 struct ParsedOptions {
     UpdaterOptions options;
-    std::string error;  ///< empty when all is well
+    std::string error;  ///< or empty
 };
 
 /** @param arguments the command line without the program's name */

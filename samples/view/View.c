@@ -1,9 +1,9 @@
 /*
- * A job window to start from: a plain window with one line of text and a progress bar. view.h says
- * what else a window may do; the one in window/view does it.
+ * A minimal job window: one line of text and a progress bar. view.h describes what else a window
+ * may do; the product's window is in window/view.
  *
- * The library's calls come on the driver's threads, which may never handle a message. So the window
- * lives on a thread of its own, and the entry points only note what is new and post a message.
+ * The library calls on the driver's threads, which may never handle a message. So the window has a
+ * thread of its own; the entry points only store the new data and post a message.
  */
 #include <jsw/view.h>
 
@@ -17,7 +17,7 @@ JSW_VIEW_ENTRY_POINTS(JSW_MODULE_DECLARE)
 
 enum { NEWS = WM_APP, END, LINE = 1, BAR = 2 };
 
-/* The job as the driver tells it. */
+/* The driver's data about the job. */
 struct Job {
     char name[260];
     unsigned page, pages, seconds;
@@ -26,7 +26,7 @@ struct Job {
 };
 
 static SRWLOCK lock = SRWLOCK_INIT;
-static struct Job job; /* under the lock, as is the window */
+static struct Job job; /* under the lock, like the window */
 static HWND window;
 static HANDLE thread;
 static unsigned threadId;
@@ -59,7 +59,7 @@ static void refresh(HWND self) {
     SetDlgItemTextA(self, LINE, line);
     SendDlgItemMessageA(self, BAR, PBM_SETRANGE32, 0, (LPARAM)now.pages);
     SendDlgItemMessageA(self, BAR, PBM_SETPOS, now.page, 0);
-    /* The keyboard stays with what the user is doing. */
+    /* Does not take the focus from the user's work. */
     ShowWindow(self, now.isShown ? SW_SHOWNOACTIVATE : SW_HIDE);
 }
 
@@ -68,7 +68,7 @@ static LRESULT CALLBACK handle(HWND self, UINT message, WPARAM wParam, LPARAM lP
         case NEWS:
             refresh(self);
             return 0;
-        case WM_CLOSE: { /* the job goes on without its window */
+        case WM_CLOSE: { /* the job continues without its window */
             const JswViewEventCallback tell = currentJob().tell;
             HideGui();
             if (tell) tell(JSW_STATUS_GUI_CLOSED);
@@ -95,7 +95,7 @@ static unsigned __stdcall runWindow(void* ready) {
     kind.hCursor = LoadCursorA(NULL, IDC_ARROW);
     kind.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
     kind.lpszClassName = "JswSmallView";
-    RegisterClassA(&kind); /* from the second job on it is there already */
+    RegisterClassA(&kind); /* from the second job on it already exists */
     self = CreateWindowA(kind.lpszClassName, "", WS_OVERLAPPEDWINDOW, CW_USEDEFAULT, CW_USEDEFAULT,
                          400, 140, NULL, NULL, NULL, NULL);
     CreateWindowA("STATIC", "", style, 20, 20, 340, 20, self, (HMENU)(INT_PTR)LINE, NULL, NULL);
@@ -114,7 +114,7 @@ static unsigned __stdcall runWindow(void* ready) {
 
 void Initialize(void) {
     const HANDLE ready = CreateEventA(NULL, TRUE, FALSE, NULL);
-    Uninitialize(); /* a job that nobody has ended */
+    Uninitialize(); /* an earlier job that was never ended */
     ZeroMemory(lockJob(), sizeof job);
     unlockJob();
     thread = (HANDLE)_beginthreadex(NULL, 0, runWindow, ready, 0, &threadId);
@@ -128,7 +128,7 @@ void Uninitialize(void) {
     window = NULL;
     unlockJob();
     if (!thread) return;
-    /* Inside a callback this is the window's own thread: the window goes when it comes back. */
+    /* Inside a callback this is the window's own thread: it closes after the callback returns. */
     if (threadId != GetCurrentThreadId()) WaitForSingleObject(thread, 2000);
     CloseHandle(thread);
     thread = NULL;
