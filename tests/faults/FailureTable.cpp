@@ -9,9 +9,9 @@ namespace jsw::test {
 
 namespace {
 
-constexpr Failure kNull{0, ERROR_NOT_ENOUGH_MEMORY};    // no object, FALSE, no characters
+constexpr Failure kNull{0, ERROR_NOT_ENOUGH_MEMORY};    // null, FALSE, 0 characters
 constexpr Failure kMinusOne{~std::uint64_t{0}};         // INVALID_HANDLE_VALUE, WAIT_FAILED, -1
-constexpr Failure kErrorCode{ERROR_NOT_ENOUGH_MEMORY};  // what the registry answers
+constexpr Failure kErrorCode{ERROR_NOT_ENOUGH_MEMORY};  // the registry's error
 constexpr Failure kNotGivenBack{0, ERROR_INVALID_HANDLE, true};
 constexpr Failure kKeyNotClosed{ERROR_INVALID_HANDLE, ERROR_INVALID_HANDLE, true};
 constexpr Failure kNoFolder{0x80004005};             // E_FAIL
@@ -63,7 +63,7 @@ const Family kFamilies[] = {
     {kKeyNotClosed, "advapi32.dll", "RegCloseKey"},
     {kNoFolder, "shell32.dll", "SHGetFolderPathA"},
     {kNoProgram, "shell32.dll", "ShellExecuteA"},
-    // What cannot fail, or only by not coming back.
+    // Functions that cannot fail, or can only block.
     {std::nullopt, "kernel32.dll",
      "DeleteCriticalSection EnterCriticalSection GetCurrentProcess GetCurrentProcessId "
      "GetCurrentThread GetCurrentThreadId GetLastError GetLocalTime GetSystemDefaultLangID "
@@ -76,10 +76,10 @@ const Family kFamilies[] = {
      "_initterm _lock _ultoa _unlock _vsnprintf fprintf free fwrite isspace localeconv memchr "
      "memcmp memcpy memmove memset printf strchr strcmp strerror strlen strncmp strtol strtoll "
      "strtoul tolower toupper vfprintf wcslen islower isupper strtod"},
-    // What writes the counts in a build that counts its lines.
+    // Writers of the counts in a coverage build.
     {std::nullopt, "msvcrt.dll",
      "_fdopen _getpid _locking _mkdir atoi fclose fopen fread fseek getenv strcat"},
-    // The program's own end, and the machinery of exceptions.
+    // The program's end, and exception handling.
     {std::nullopt, "kernel32.dll",
      "RaiseException RtlAddFunctionTable RtlCaptureContext RtlDeleteFunctionTable "
      "RtlLookupFunctionEntry RtlUnwind RtlUnwindEx RtlVirtualUnwind __C_specific_handler "

@@ -7,17 +7,16 @@
 
 namespace jsw::test {
 
-/// A function that jsw.dll may import: all of them are in Windows 6.0, the oldest that is served.
-/// What is newer is looked up by name.
+/// A function that jsw.dll may import: all exist in Windows 6.0, the oldest supported version.
+/// Newer ones are looked up by name.
 struct SystemFunction {
     std::string library;  ///< in lower case
-    /// Nothing for one that cannot fail, or that belongs to the machinery by which the program
-    /// itself ends or raises exceptions.
+    /// Nothing if it cannot fail, or is part of the program's end or of exception handling.
     std::optional<Failure> failure;
 };
 
-/// @throws std::invalid_argument for a function that the table does not know. Look the oldest
-/// version up in its documentation before adding it.
+/// @throws std::invalid_argument for a function that is not in the table. Check its oldest Windows
+/// version in the documentation before adding it.
 const SystemFunction& systemFunction(const std::string& name);
 
 }  // namespace jsw::test

@@ -1,5 +1,5 @@
-// Every function that the library asks of the system fails, one call at a time. Whatever fails, the
-// host lives, no call hangs, and the job after it is served as if nothing had been.
+// Every system function that the library calls fails, one call at a time. Whatever fails, the host
+// survives, no call hangs, and the next job works normally.
 
 #include "PublicLib/logging/LoggerComponent.h"
 #include "PublicLib/text/Text.h"
@@ -19,14 +19,14 @@ namespace jsw {
 namespace {
 
 constexpr DWORD kPatience = 10000;       // milliseconds: no rules take so long
-constexpr DWORD kPatienceInFault = 100;  // the rules may be what has failed
+constexpr DWORD kPatienceInFault = 100;  // the rules may have failed
 
-/// Called at least so often in a job with the log on: by the log itself. The others behave as with
-/// the log off.
+/// Functions called at least this often in a job with the log on are called by the log. The others
+/// behave as with the log off.
 constexpr std::uint32_t kCallsOfTheLog = 30;
 constexpr std::uint32_t kFewLevels = kLogDetail | kLogModuleCall | kLogRules;
 
-/// One below the other: so a failed comparison shows the difference alone.
+/// One per line, so that a failed comparison shows only the difference.
 std::string asLines(const std::vector<std::string>& calls) {
     std::string lines;
     for (const std::string& call : calls) lines += call + '\n';
@@ -43,9 +43,9 @@ std::uint32_t number(const char* variable, std::uint32_t otherwise) {
 
 class FaultTest : public test::WholeJobTest {
   protected:
-    /// Lets the calls 1, 1 + step, … of each function fail, each in a job of its own; of functions
-    /// that are called very often at most so many.
-    /// @param fewest  functions that are called less often are left out
+    /// Lets the calls 1, 1 + step, … of each function fail, each in its own job; limits functions
+    /// that are called very often.
+    /// @param fewest  skips functions that are called less often
     void failEachCall(std::uint32_t levels, std::uint32_t step, std::uint32_t most,
                       std::uint32_t fewest);
 
@@ -55,7 +55,7 @@ class FaultTest : public test::WholeJobTest {
         return wholeJob(kPatience);
     }
     void learnWhatIsExpected(std::uint32_t levels) {
-        job(levels);  // what is made once and kept
+        job(levels);  // objects that are created once and kept
         expected_ = job(levels);
     }
     /// A job in which something fails, and one after it.

@@ -19,7 +19,7 @@ bool failOnLoad = false;
 bool failOnUnload = false;
 std::function<void()> duringLoad;
 
-/// Expects the module to be there while it is told of it.
+/// Expects the module to be loaded during its hooks.
 struct CountingHandler : DllHandler {
     void onLoad(LoadedModule& module) override {
         ++loads;
@@ -36,7 +36,7 @@ struct CountingHandler : DllHandler {
 
 using Dll = BasicDll<CountingHandler>;
 
-/// A process whose first word to the critical log is that a hook failed.
+/// A process whose first line in the critical log reports a failed hook.
 const test::ChildRole failingHook("failing hook", [](const std::string& module) {
     failOnUnload = true;
     {
@@ -48,7 +48,7 @@ const test::ChildRole failingHook("failing hook", [](const std::string& module) 
 
 }  // namespace
 
-/// Modules of their own, as copies of one that nobody else loads.
+/// Separate modules: copies of one that nothing else loads.
 class BasicDllTest : public ::testing::Test {
   protected:
     BasicDllTest() {
@@ -161,7 +161,7 @@ TEST_F(BasicDllTest, ALoaderThatRunsOutOfMemoryLetsTheModuleGo) {
         [&](auto original, std::size_t size) -> void* {
             return left >= 0 && left-- == 0 ? nullptr : original(size);
         });
-    const std::string name = "msvfw32.dll";  // that nobody in this process needs
+    const std::string name = "msvfw32.dll";  // not used by this process
     bool failed = true;
     for (int first = 0; failed; ++first) {
         {

@@ -36,7 +36,7 @@ TEST(ExceptionTest, TextNamesPlaceMessageAndMeaning) {
     for (const int code : {2, 5, 87, 1155}) {
         EXPECT_EQ(Win32Exception("", code).text().find_first_of("\r\n"), std::string::npos);
     }
-    // A text with places for what only the system knows is left as it is.
+    // A text with the system's placeholders stays unchanged.
     EXPECT_THAT(Win32Exception("", ERROR_BAD_EXE_FORMAT).text(), HasSubstr("%1"));
     EXPECT_EQ(Win32Exception("", 0xE0001234).text(),
               concat(": Win32(-536866252Error getting message:", ERROR_MR_MID_NOT_FOUND));
@@ -75,7 +75,7 @@ TEST(MutexTest, AnOwnerKeepsOthersOutUntilItGoes) {
         return acquired;
     };
     std::optional<Mutex> owner(std::in_place, true, kName, false);
-    const Mutex other(true, kName, false);  // too late to be its owner
+    const Mutex other(true, kName, false);  // not its owner: it already exists
     EXPECT_FALSE(isFree());
     owner.reset();
     EXPECT_TRUE(isFree());
@@ -122,7 +122,7 @@ TEST(SecurityTest, LetsEveryoneIn) {
     RegDeleteKeyA(HKEY_CURRENT_USER, "Software\\JswTests\\Security");
 }
 
-/// Whoever catches it has nothing but the text to go by.
+/// A handler has only the text.
 TEST(LocksTest, ARefusedStepIsNamed) {
     KeyHandle key;
     ASSERT_EQ(RegCreateKeyA(HKEY_CURRENT_USER, "Software\\JswTests", key.put()), ERROR_SUCCESS);

@@ -67,7 +67,7 @@ class LoggingTest : public test::HostTest {
     static void setSwitch(const char* name, std::uint32_t value) {
         Settings().setValue(setting::kLoggerKey, name, value);
     }
-    /// A log that has read nothing yet.
+    /// A log that has not read any switch yet.
     static void restartLog() {
         BasicLogger::destroyInstance();
         BasicLogger::createInstance(15);
@@ -97,7 +97,7 @@ TEST_F(LoggingTest, TracesIndentAndReportResults) {
               "JSW                       -Outer::run: \r\n");
 }
 
-/// Destructors are traced, too: what a trace raised there would end the host.
+/// Destructors are traced, too: an exception of a trace would end the host.
 TEST_F(LoggingTest, ATraceWithoutMemoryLosesLinesAndRaisesNothing) {
     startLog();
     int left = -1;  // allocations until one fails; below 0 none does
@@ -224,7 +224,7 @@ TEST_F(LoggingTest, AFileThatCannotBeOpenedDropsTheLineOnly) {
 
 TEST_F(LoggingTest, WhatTheStoreDoesNotSayIsAtItsDefault) {
     setSwitch("startLog", 1);
-    setSwitch("JSW", 0);  // all levels are on all the same
+    setSwitch("JSW", 0);  // all levels stay on
     restartLog();
     logLine(component::kJsw, kLogRules, "x");
     EXPECT_THAT(
@@ -295,7 +295,7 @@ TEST_F(LoggingTest, ATraceMayOutliveItsLogAndAnotherLogComesAfterIt) {
     }
     EXPECT_THAT(logLines(), ElementsAre("+Late::end: ", "-Late::end: "));
 
-    // Threads that are in the middle of it do not know that logs come and go.
+    // Threads keep tracing while logs are created and destroyed.
     std::atomic<bool> over{false};
     std::vector<std::thread> busy;
     for (int i = 0; i < 4; ++i) {

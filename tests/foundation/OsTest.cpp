@@ -33,7 +33,7 @@ TEST(OsVersionTest, ClassifiesByPlatformAndVersion) {
     }
 }
 
-/// Versions, too, that are newer than what the Windows that runs tells of itself.
+/// Also versions newer than the one that Windows reports here.
 TEST(OsVersionTest, TellsOlderSystemsFromNewerOnes) {
     const struct {
         DWORD platformId, major, minor;
@@ -86,7 +86,7 @@ TEST(LocalizeTest, NamesComeFromTheHostProgram) {
 
 TEST(ProductLinesTest, EveryRowCanBeFound) {
     EXPECT_EQ(productLines().size(), 16U);
-    for (const ProductLine& line : productLines()) {  // no other one hides it
+    for (const ProductLine& line : productLines()) {  // not hidden by another one
         EXPECT_EQ(findProductLine(line.prefix), &line);
     }
     EXPECT_EQ(findProductLine("QLxx")->key, "QuillonInkjet");
@@ -94,7 +94,7 @@ TEST(ProductLinesTest, EveryRowCanBeFound) {
     EXPECT_EQ(findProductLine("q"), nullptr);
     EXPECT_TRUE(isNonInkjetLine("olxx"));
     EXPECT_FALSE(isNonInkjetLine("qlxx"));
-    EXPECT_FALSE(isNonInkjetLine("OLxx"));  // letter case counts here
+    EXPECT_FALSE(isNonInkjetLine("OLxx"));  // letter case matters here
 }
 
 TEST(CurrentProcessTest, CanBeAskedAgainAfterItsEnd) {
@@ -105,7 +105,7 @@ TEST(CurrentProcessTest, CanBeAskedAgainAfterItsEnd) {
     CurrentProcess::destroy();
 }
 
-/// A made-up name would lead to another host's settings.
+/// An invented name would use another host's settings.
 TEST(CurrentProcessTest, WithoutANameOfTheProgramThereAreNoNames) {
     std::string answer;
     bool isCut = false;

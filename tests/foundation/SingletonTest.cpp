@@ -8,7 +8,7 @@
 
 namespace jsw {
 
-/// Another thread is making the object while a second one asks for it, or lets go of it.
+/// One thread creates the object while another one requests or destroys it.
 class SingletonTest : public ::testing::Test {
   protected:
     void SetUp() override {

@@ -1,8 +1,8 @@
 // sources: PublicLib/printer/CacheRecord.cpp
 // corpus: cache
 //
-// Any byte stream is a printer's cache record. What is parsed from it lies in the ranges that the
-// billboards count on.
+// Treats any byte stream as a printer's cache record. The parsed values must be in the ranges that
+// billboards rely on.
 #include "PublicLib/printer/CacheRecord.h"
 
 #include <cstdlib>

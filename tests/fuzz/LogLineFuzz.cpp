@@ -1,8 +1,7 @@
 // sources: tools/jswctl/log/*.cpp PublicLib/text/Text.cpp
 // corpus: log
 //
-// An input is a whole log. Every line of it must be accounted for, and what is told of it must hang
-// together.
+// An input is a whole log. Every line must be counted, and the report must be consistent.
 #include "tools/jswctl/log/HtmlReport.h"
 #include "tools/jswctl/log/ReadLog.h"
 #include "tools/jswctl/log/Statistics.h"

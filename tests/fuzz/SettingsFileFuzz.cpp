@@ -1,9 +1,9 @@
 // sources: PublicLib/ini/IniText.cpp
 // corpus: settings
 //
-// The first two bytes are the size of the buffer, the next two what the profile functions say that
-// they have put into it; the rest is what they have put there. Whatever they do, names and values
-// lie within the buffer and in the ranges that the installation counts on.
+// The first two bytes are the buffer's size, the next two the length that the profile functions
+// report, the rest what they write. In any case names and values must be inside the buffer and in
+// the ranges that the installation relies on.
 #include "PublicLib/ini/IniText.h"
 
 #include <algorithm>
@@ -31,7 +31,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::uint32_t reported = takeSize(data, size);
     std::vector<char> buffer(bufferSize);
     const auto fetch = [&](char* bytes, std::uint32_t room) {
-        std::memset(bytes, 'x', room);  // what the functions leave behind is not ours to choose
+        std::memset(bytes, 'x', room);  // the functions may leave anything there
         std::memcpy(bytes, data, std::min<std::size_t>(room, size));
         return reported;
     };

@@ -2,8 +2,8 @@
 // corpus: tags
 //
 // The first line of an input is the text; line n after it is the value of the tag named n (one
-// character from "1" on). The result must equal that of the naive replacement, and a value that
-// leads back to itself must end at the limits.
+// character from "1" on). The result must equal that of the naive replacement; a value that leads
+// back to itself must stop at the limits.
 #include "tests/macros/NaiveReplacement.h"
 
 #include <algorithm>

@@ -21,7 +21,7 @@ using ::testing::IsEmpty;
 
 namespace {
 
-/// Started by the shell: writes down how.
+/// Started by the shell: records its command line.
 const test::ChildRole launched("launched", [](const std::string& file) {
     char directory[MAX_PATH] = "";
     GetCurrentDirectoryA(MAX_PATH, directory);
@@ -33,7 +33,7 @@ const test::ChildRole launched("launched", [](const std::string& file) {
     return 0;
 });
 
-/// An address scheme of this test's own, opened by this program.
+/// A private address scheme, opened by this program.
 class TestScheme {
   public:
     TestScheme() {
@@ -61,7 +61,7 @@ class ActionsTest : public test::JobTest {
         addBillboard("INK_STATUS", {.file = "ink.bb", .type = "ink_status", .restore = true});
     }
 
-    /// Clicks in a running job whose history holds A, B and C; answers what was shown for it.
+    /// Clicks in a running job whose history contains A, B and C; returns what was shown.
     std::vector<std::string> shownFor(const std::vector<std::string>& actions) {
         setHistory({"A", "B", "C"});
         startJob();
@@ -71,7 +71,7 @@ class ActionsTest : public test::JobTest {
         return viewCalls("DisplayBillboard");
     }
 
-    /// Clicks an action of the default billboard and answers what the started program wrote.
+    /// Clicks an action of the default billboard and returns what the started program wrote.
     std::string launch(const char* action, const std::string& param) {
         script_.billboards["DEFAULT"].actions = {param};
         const std::string record = folder_.file("record.txt");
@@ -184,7 +184,7 @@ TEST_F(ActionsTest, TheDefaultBillboardAndDataPathFollowTheRegistry) {
     runJob();
     EXPECT_THAT(viewCalls("DisplayBillboard"), ElementsAre("DisplayBillboard(A.bb,false,false)"));
     Settings().write(setting::kDataPath, folder_.path() + "\\\\");
-    runJob();  // one backslash at the end goes, not more
+    runJob();  // one trailing backslash is removed, not more
     EXPECT_THAT(viewCalls("SetDataPath"), ElementsAre("SetDataPath(" + folder_.path() + ")",
                                                       "SetDataPath(" + folder_.path() + "\\)"));
     startJob();
@@ -197,7 +197,7 @@ TEST_F(ActionsTest, TheDefaultBillboardAndDataPathFollowTheRegistry) {
     EXPECT_TRUE(hasLine("Controller::determineDataPath: " + printerDriverDirectory() + "\\3"));
 }
 
-/// Such a path would lead to the root of the current drive.
+/// Such a path would name the root of the current drive.
 TEST_F(ActionsTest, WithoutADriverFolderNothingIsLookedUpOrLoaded) {
     startJob();
     const setting::Text& dataPath = setting::kDataPath;

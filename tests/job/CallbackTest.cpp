@@ -1,4 +1,4 @@
-// What a driver does from inside its status callback, on whatever thread it is called.
+// A driver's calls from inside its status callback, on any thread.
 
 #include "tests/job/JobTest.h"
 #include "tests/support/ImportTable.h"
@@ -43,7 +43,7 @@ class CallbackTest : public test::JobTest {
         };
     }
     bool isEnded() const { return viewCalls("Uninitialize").size() == 1; }
-    /// The end may be left to a thread of its own.
+    /// The end may run on a separate thread.
     void expectEndSoon() {
         EXPECT_TRUE(test::eventually([&] { return isEnded(); }));
     }
@@ -57,7 +57,7 @@ TEST_F(CallbackTest, EndingTheJobOnAThreadOfTheWindow) {
     expectNextJobWorks();
 }
 
-/// The rules thread cannot wait for itself, nor does it do another thread's work.
+/// The rules thread must not wait for itself, nor do another thread's work.
 TEST_F(CallbackTest, EndingTheJobOnTheRulesThread) {
     std::atomic<DWORD> rulesThread{0};
     std::atomic<DWORD> endThread{0};
@@ -127,7 +127,7 @@ TEST_F(CallbackTest, EndingTheJobWhileItEndsAlready) {
     expectNextJobWorks();
 }
 
-/// The driver ends the job on its thread just when the rules thread is inside the callback.
+/// The driver ends the job on its thread while the rules thread is inside the callback.
 TEST_F(CallbackTest, NoCallFromTheCallbackWaitsForTheThreadThatEndsTheJob) {
     std::atomic<bool> inside{false};
     onStatus = [&](std::uint32_t) {
@@ -166,7 +166,7 @@ class WindowTest : public CallbackTest {
         DestroyWindow(window_);
     }
 
-    /// Lets the view's call wait, like SetWindowText of a window's title, for this thread.
+    /// Makes the view's call wait for this thread, like SetWindowText of a window's title.
     void sendDuring(const std::string& callStart) {
         script_.onViewCall = [this, callStart](const std::string& call) {
             if (!call.starts_with(callStart)) return;
@@ -178,7 +178,7 @@ class WindowTest : public CallbackTest {
     void waitForSender() {
         ASSERT_TRUE(test::eventually([&] { return sending_.load(); }));
     }
-    /// What a window's thread does when it has nothing else to do.
+    /// A window thread's message loop.
     template <class Done>
     bool serveUntil(const Done& done) {
         return test::eventually([&] {
@@ -201,12 +201,12 @@ TEST_F(WindowTest, TheUserCancelsWhileTheDriversThreadIsInTheView) {
         api_.displayPrompt(1, 1);
         api_.terminate();
     };
-    script_.reportEvent(9);  // ends the job when the driver's thread has come back
+    script_.reportEvent(9);  // ends the job when the driver's thread has returned
     EXPECT_FALSE(isEnded());
     EXPECT_TRUE(
         hasLine("ERROR - JSWDisplayPrompt is refused: it comes from the status callback "
                 "while another thread is inside the library."));
-    api_.updateInfo(9, 9, 9, 0, 0, nullptr);  // of a job that is over
+    api_.updateInfo(9, 9, 9, 0, 0, nullptr);  // for a job that is over
     EXPECT_TRUE(serveUntil([&] { return isEnded(); }));
     driver.join();
     EXPECT_EQ(viewCalls("UpdateInfo").size(), 1U);
@@ -222,7 +222,7 @@ TEST_F(WindowTest, TheUserCancelsWhileTheRulesThreadIsInTheView) {
     sendDuring("DisplayBillboard(tip.bb");
     start();
     waitForSender();
-    script_.reportEvent(9);  // ends the job when the rules thread has come back
+    script_.reportEvent(9);  // ends the job when the rules thread has returned
     EXPECT_FALSE(isEnded());
     EXPECT_TRUE(serveUntil([&] { return isEnded(); }));
     expectNextJobWorks();
@@ -233,7 +233,7 @@ TEST_F(WindowTest, AnOrdinaryCallServesTheWindowsOfItsThreadWhileItWaits) {
     sendDuring("DisplayBillboard(tip.bb");
     start();
     waitForSender();
-    PostMessageA(window_, WM_APP, 0, 0);  // is for the message loop of the thread
+    PostMessageA(window_, WM_APP, 0, 0);  // for the thread's message loop
     endJob();                             // waits for the rules thread
     EXPECT_TRUE(isEnded());
     MSG message;
@@ -287,19 +287,19 @@ TEST_F(CallbackTest, AnEndAskedForDuringAStartThatRaisesIsNotLost) {
     EXPECT_EQ(start(), 0);
     EXPECT_FALSE(failNext);
     EXPECT_THAT(viewCalls("Uninitialize"), ElementsAre("Uninitialize()"));  // nothing stays open
-    EXPECT_EQ(GetModuleHandleA("scripted_catalog.dll"), nullptr);  // what the job had built is gone
+    EXPECT_EQ(GetModuleHandleA("scripted_catalog.dll"), nullptr);  // the job's objects are gone
     script_.view.clear();
     expectNextJobWorks();
 }
 
-/// Also what the window reports while it closes, whoever closes it.
+/// Including what the window reports while it closes, whoever closes it.
 TEST_F(CallbackTest, EveryStatusButThatOfAClosedWindowReachesTheDriver) {
     test::CallRecord statuses;
     onStatus = [&](std::uint32_t status) {
         statuses.add(std::to_string(status));
         if (status == 9) api_.terminate();
     };
-    // Ended at once, by the thread that starts the job, and while the rules thread is at work.
+    // Ended at once, by the starting thread, and while the rules thread works.
     for (const char* call : {"UpdateInfo(", "ShowGui(", "DisplayBillboard(tip.bb"}) {
         statuses.clear();
         script_.view.clear();
@@ -335,7 +335,7 @@ TEST_F(CallbackTest, AClickReachesTheWindowUntilItIsUninitialized) {
         ElementsAre("HideGui()", "DisplayBillboard(default.bb,false,false)", "Uninitialize()"));
 }
 
-/// A thread of the window comes with an event just when its job ends and the next one starts.
+/// A thread of the window reports an event while its job ends and the next one starts.
 TEST_F(CallbackTest, AnEventThatComesTooLateForItsJobReachesNobody) {
     std::atomic<int> statuses{0};
     onStatus = [&](std::uint32_t) { ++statuses; };

@@ -1,4 +1,4 @@
-// What a job asks of the system, counted: a later change that asks for more is seen here.
+// Counts what a job asks of the system, so that a change that asks for more fails here.
 
 #include "tests/job/JobTest.h"
 #include "tests/support/ImportGate.h"
@@ -14,7 +14,7 @@ class CostTest : public test::JobTest {
         Settings().setValue(setting::kLoggerKey, "startLog", 0);
         addBillboard("TIP", {.file = "tip.bb"});
         script_.ruleResults = {"TIP"};
-        runJob();  // the first one looks the default billboard up
+        runJob();  // the first one looks up the default billboard
     }
 
     const test::ImportTable imports_{LoadLibraryA("jsw.dll")};
@@ -22,8 +22,8 @@ class CostTest : public test::JobTest {
 
 TEST_F(CostTest, APlainJobAsksTheSystemForNoMoreThanItNeeds) {
     test::ImportGate gate(imports_);
-    // A switch that was read in this very tick is read again. With a clock that moves on at every
-    // look the counts are the same on every machine.
+    // A switch that was read in the same tick is read again. With a clock that advances at every
+    // query the counts are the same on every machine.
     std::atomic<DWORD> tick{0};
     const auto clock = test::replaceImport<decltype(GetTickCount)>(imports_, "GetTickCount",
                                                                    [&] { return ++tick; });
@@ -34,7 +34,7 @@ TEST_F(CostTest, APlainJobAsksTheSystemForNoMoreThanItNeeds) {
         std::uint32_t atMost;
     } rows[] = {
         {"RegOpenKeyExA", 31},
-        {"RegOpenKeyA", 1},  // of the XML parser
+        {"RegOpenKeyA", 1},  // for the XML parser
         {"RegQueryValueExA", 19},
         {"RegEnumValueA", 0},
         {"RegCreateKeyExA", 0},

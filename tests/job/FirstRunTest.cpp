@@ -1,4 +1,4 @@
-// First jobs of a host program in processes of their own.
+// First jobs of a host program in separate processes.
 
 #include "PublicLib/text/Text.h"
 #include "PublicLib/win/SystemFolders.h"
@@ -20,7 +20,7 @@ KernelHandle namedEvent(const std::string& name) {
     return KernelHandle(CreateEventA(nullptr, FALSE, FALSE, name.c_str()));
 }
 
-/// Runs so many jobs, each when the test says so; answers how many of them had no window.
+/// Runs this number of jobs, each at the test's signal; returns how many had no window.
 const test::ChildRole firstJobs("first jobs", [](const std::string& argument) {
     int jobs = 0;
     std::string name;
@@ -57,7 +57,7 @@ class FirstRunTest : public test::JobTest {
         std::filesystem::copy_file(moduleFileName(nullptr), host_);
     }
 
-    /// What a job cannot do without stands at the end.
+    /// What a job needs is at the end.
     void writeSettingsFile(int otherValues) const {
         std::string text = concat("[", kStore, "Settings\\Updater]\r\nCheckForUpdates=dword:0\r\n",
                                   "[", kStore, "Other]\r\n");

@@ -1,4 +1,4 @@
-// What comes out of modules that were made with another compiler, or that simply crash.
+// Exceptions of modules from another compiler, and crashes.
 
 #include "PublicLib/win/Handles.h"
 #include "tests/job/JobTest.h"
@@ -41,7 +41,7 @@ class ForeignExceptionTest : public test::JobTest {
         };
     }
 
-    /// What the log says of structured exceptions.
+    /// The log's lines about structured exceptions.
     static std::vector<std::string> faultLines() {
         std::vector<std::string> lines = logLines();
         std::erase_if(lines, [](const std::string& line) {
@@ -87,7 +87,7 @@ TEST_F(ForeignExceptionTest, AFaultGoesToTheHostAndLeavesNoLockHeld) {
         Unwind unwind = Unwind::withRecord;
         std::function<void()> act = test::fault;
         DWORD code = EXCEPTION_ACCESS_VIOLATION;
-        std::size_t parameters = 2;  // a read, and where
+        std::size_t parameters = 2;  // a read, and its address
     } rows[] = {
         {"UpdateInfo(", update, Unwind::withoutOne},
         {"UpdateInfo(", update, Unwind::consolidating},
@@ -103,23 +103,23 @@ TEST_F(ForeignExceptionTest, AFaultGoesToTheHostAndLeavesNoLockHeld) {
         ASSERT_TRUE(waitForRules());
         misbehaveInView(row.call, row.act);
         const auto asked = test::HostGuard::handle(row.work, row.unwind);
-        // Once for the module's exception and, when the library has been left, once more.
+        // Once for the module's exception, and again after the library has unwound.
         ASSERT_EQ(asked.size(), 2U);
         for (const EXCEPTION_RECORD& exception : asked) {
             EXPECT_EQ(exception.ExceptionCode, row.code);
             EXPECT_EQ(exception.NumberParameters, row.parameters);
         }
-        // No module was called any more on the way out.
+        // No module was called during unwinding.
         EXPECT_THAT(script_.view.calls().back(), ::testing::StartsWith(row.call));
         script_.behave();
         EXPECT_TRUE(anotherThreadGetsThrough());
         endJob();
         expectNextJobWorks();
     }
-    EXPECT_FALSE(logContains("0xc00000fd"));  // the stack is too short for that
+    EXPECT_FALSE(logContains("0xc00000fd"));  // the stack is too small for that
 }
 
-/// Nobody may handle it: then the process is gone before anything is unwound.
+/// Without a handler the process ends before anything is unwound.
 TEST_F(ForeignExceptionTest, AFaultIsInTheLogBeforeAnybodyHandlesIt) {
     ASSERT_EQ(startJob(), 1);
     misbehaveInView("UpdateInfo(", test::fault);
@@ -134,7 +134,7 @@ TEST_F(ForeignExceptionTest, AFaultIsInTheLogBeforeAnybodyHandlesIt) {
     EXPECT_EQ(faultLines(), lines);
 }
 
-/// The library itself reads what the driver and the modules point at.
+/// The library itself reads through the driver's and the modules' pointers.
 TEST_F(ForeignExceptionTest, APointerThatLeadsNowhereLeavesNoLockHeld) {
     const auto* nowhere = reinterpret_cast<const InkInfo*>(8);
     EXPECT_EQ(test::HostGuard::exceptionOf(
@@ -143,8 +143,8 @@ TEST_F(ForeignExceptionTest, APointerThatLeadsNowhereLeavesNoLockHeld) {
     expectNextJobWorks();
     Settings().deleteValue(
         setting::kDefaultBillboardKey,
-        setting::kDefaultBillboardFile.name);  // as on the first run: it is asked for
-    script_.ruleResults.clear();               // no thread without a handler asks the catalog
+        setting::kDefaultBillboardFile.name);  // as on the first run: it is looked up
+    script_.ruleResults.clear();               // no thread without a handler calls the catalog
     script_.textsLeadNowhere = true;
     EXPECT_EQ(test::HostGuard::exceptionOf([this] { startJob(); }), EXCEPTION_ACCESS_VIOLATION);
     EXPECT_TRUE(anotherThreadGetsThrough());
@@ -166,7 +166,7 @@ TEST_F(ForeignExceptionTest, AListThatLeadsNowhereEndsInTheLogAndKeepsNothing) {
     expectNextJobWorks();
 }
 
-/// The shell runs others' code in the host's process.
+/// The shell runs foreign code in the host's process.
 TEST_F(ForeignExceptionTest, AFaultInTheShellLeavesNoLockHeld) {
     test::RecordedShell shell;
     shell.onCall = test::fault;
@@ -202,7 +202,7 @@ TEST_F(ForeignExceptionTest, AFaultPassesEveryGuardOfItsThread) {
     expectNextJobWorks();
 }
 
-/// What a caller hands over is read before a lock is taken.
+/// A caller's data is read before a lock is taken.
 TEST_F(ForeignExceptionTest, ABadPointerOfACallerHarmsNobodyElse) {
     const auto* const bad = reinterpret_cast<const char*>(std::uintptr_t{1});
     ASSERT_EQ(startJob(), 1);
@@ -217,7 +217,7 @@ TEST_F(ForeignExceptionTest, ABadPointerOfACallerHarmsNobodyElse) {
     expectNextJobWorks();
 }
 
-/// What the library knows of a thread goes with it, whatever stood on its stack.
+/// The library's data about a thread ends with the thread, whatever was on its stack.
 TEST_F(ForeignExceptionTest, AThreadThatEndsInTheCallbackIsForgotten) {
     ASSERT_EQ(startJob({.callback = callDriver}), 1);
     ASSERT_TRUE(waitForRules());
@@ -236,7 +236,7 @@ TEST_F(ForeignExceptionTest, AThreadThatEndsInTheCallbackIsForgotten) {
     expectNextJobWorks();
 }
 
-/// Nobody further out handles it, or whoever asks first repairs the cause: nothing is stopped.
+/// No outer frame handles it, or the first handler repairs the cause: nothing is unwound.
 TEST_F(ForeignExceptionTest, AnExceptionThatIsContinuedIsNoneOfTheLibrarysBusiness) {
     ASSERT_EQ(startJob(), 1);
     bool goneOn = false;

@@ -1,5 +1,5 @@
-// What the library hands to the system, recorded in the place of the system's own functions, and in
-// what state the job is when it does.
+// The library's arguments for system functions, recorded by replacements, and the state of the job
+// at that time.
 
 #include "PublicLib/text/Text.h"
 #include "PublicLib/win/EntryPoint.h"
@@ -121,7 +121,7 @@ TEST_F(HandedOverTest, AnUpdateIsTakenIntoUseBeforeTheModulesAreLoaded) {
     EXPECT_TRUE(waitForRules());
     EXPECT_NE(GetModuleHandleA("newview.dll"), nullptr);
     EXPECT_NE(GetModuleHandleA("newcatalog.dll"), nullptr);
-    // That of the rules goes with them, a moment after its last call.
+    // The rules engine is freed with its thread, shortly after its last call.
     EXPECT_TRUE(test::eventually([] { return GetModuleHandleA("newrules.dll") == nullptr; }));
     EXPECT_THAT(viewCalls("ShowGui"), ElementsAre("ShowGui()"));
     settings.write(setting::kCheckForUpdates, 0);
@@ -131,7 +131,7 @@ TEST_F(HandedOverTest, WithoutAStoreTheSettingsFileBesideTheHostIsInstalled) {
     RegDeleteTreeA(HKEY_LOCAL_MACHINE, "Software");
     startJob();
     endJob();
-    // There is none; that it was looked for is the first line of the new log.
+    // There is none; the search for it is the first line of the new log.
     EXPECT_TRUE(logContains("ERROR - unable to install all settings of " +
                             std::string(folderPart(moduleFileName(nullptr))) + "qltejsw.loc"));
 }

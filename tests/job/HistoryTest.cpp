@@ -101,7 +101,7 @@ TEST_F(HistoryTest, AShorterListRemovesWhatALongerOneLeft) {
         settings.write(setting::kHistoryMaxSize, maxSize);
         test::ImportGate gate{test::ImportTable(GetModuleHandleA(nullptr))};
         { History history; }
-        // While a job waits: what is too much is neither read nor opened one by one.
+        // A job waits for this: surplus values are neither read nor opened one by one.
         EXPECT_LE(gate.calls("RegQueryValueExA"), 1 + maxSize + 100);
         EXPECT_LE(gate.calls("RegOpenKeyExA"), 5 + maxSize);
         EXPECT_EQ(storedNames().size(), std::min(maxSize, BasicSettings::kMaxNames));

@@ -156,7 +156,7 @@ void JobTest::setHistory(const std::vector<std::string>& ids) const {
     for (std::size_t i = 0; i < ids.size(); ++i) {
         Settings().setValue(setting::kHistoryIdsKey, concat("Id", i), ids[i]);
     }
-    // Without a default billboard looked up before, the job would count as a first run.
+    // Without a stored default billboard the job would count as a first run.
     Settings().write(setting::kDefaultBillboardFile, "default.bb");
 }
 

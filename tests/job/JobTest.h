@@ -26,11 +26,11 @@ struct Exports {
     decltype(&JSWGetWindowHwnd) getWindowHwnd;
 };
 
-/// The functions of a library that is loaded.
+/// The functions of a loaded library.
 /// @throws std::runtime_error with the name of one that is missing
 Exports findExports(HMODULE library);
 
-/// What a test's job looks like; the names and counts matter to no test but those that name them.
+/// A test's job; names and counts matter only to tests that mention them.
 struct TestJob {
     const char* friendlyName = "SimulatedPrinter";
     const char* jobName = "report.pdf";
@@ -45,22 +45,22 @@ class JobTest : public HostTest {
     void SetUp() override;
     void TearDown() override;
 
-    /// Creates the local store where there is none and writes what every test's job needs.
+    /// Creates a missing local store and writes what every test's job needs.
     void writeSettings() const;
     std::uint8_t startJob(const TestJob& job = {});
     /// The same on a system without the XML parser.
     std::uint8_t startJobWithoutParser(const TestJob& job = {});
     void endJob() { api_.terminate(); }
-    /// A whole job in which the rules come to their end.
+    /// A whole job in which all rules are processed.
     void runJob();
-    /// Waits until the rules engine has been let go; false after ten seconds.
+    /// Waits until the rules engine has been freed; false after ten seconds.
     bool waitForRules();
-    /// Whether another thread gets through to the window; it does not where a lock was left held.
+    /// Whether another thread can reach the window; not if a lock is still held.
     bool anotherThreadGetsThrough();
-    /// Makes the modules behave; a plain job with a billboard must then be served fully.
+    /// Makes the modules work normally; then a plain job with a billboard must work completely.
     void expectNextJobWorks();
-    /// Puts the older window's module, legacyModule_, where the library looks for it, to the end of
-    /// the test.
+    /// Copies the older window's module, legacyModule_, to where the library looks for it, until
+    /// the end of the test.
     void installLegacyModule();
     /// Adds a billboard whose file exists to the catalog.
     void addBillboard(const std::string& id, Script::Billboard billboard);

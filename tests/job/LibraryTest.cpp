@@ -1,4 +1,4 @@
-// What jsw.dll shows to the outside, read from its own file, and what it reads from others'.
+// jsw.dll's exports and resources, and its reading of other files' versions.
 
 #include "PublicLib/win/Handles.h"
 #include "jsw/XmlParserLibrary.h"
@@ -63,7 +63,7 @@ TEST_F(LibraryTest, CarriesTheVersionOfItsHeader) {
     EXPECT_STREQ(static_cast<const char*>(value), JSW_VERSION_STRING);
 }
 
-/// Whether a file is good enough, and what the log says if it is not.
+/// Whether a file is supported, and the log's text if not.
 class XmlParserLibraryTest : public test::HostTest {
   protected:
     static bool check(const std::string& path) {

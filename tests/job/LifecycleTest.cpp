@@ -100,7 +100,7 @@ TEST_F(LifecycleTest, SingletonsComeAndGoInTheirOrder) {
     const test::RecordedShell shell;
     script_.billboards["DEFAULT"].actions = {"http://shop.example/?ink=_^L1^_"};
     startJob();
-    script_.clickBillboard("LAUNCH_URL", 0);  // asks the printer
+    script_.clickBillboard("LAUNCH_URL", 0);  // queries the printer
     endJob();
     auto lines = logLines();
     std::erase_if(lines, [](const std::string& line) {
@@ -289,7 +289,7 @@ TEST_F(LifecycleTest, WhatTheUserChoosesComesBackAtTheNextJob) {
     endJob();
     std::vector<std::string> names;
     OfnSettings("").getValueNames(setting::kJobProgressMinimized.key, names);
-    EXPECT_THAT(names, ::testing::UnorderedElementsAre("JOB PROGRESS MINIMIZED",  // as it was given
+    EXPECT_THAT(names, ::testing::UnorderedElementsAre("JOB PROGRESS MINIMIZED",  // unchanged
                                                        "Show Special Messages"));
     script_.view.clear();
     startJob();
@@ -397,7 +397,7 @@ TEST_F(LifecycleTest, AnEntryPointThatIsMissingIsSkippedAndNamed) {
     ASSERT_FALSE(original.empty());
     Settings().write(setting::kDllPath, folder_.path());
     for (const std::string& name : names) {
-        // The export's name in a copy of the module, spoilt in its last letter.
+        // The export's name in a copy of the module, with a wrong last letter.
         std::string module = original;
         std::size_t position = 0;
         while ((position = module.find('\0' + name + '\0', position)) != std::string::npos) {
@@ -468,14 +468,14 @@ TEST_F(LifecycleTest, ManyJobsLeaveTheProcessAsItWas) {
         for (int i = 0; i < count; ++i) {
             if (i % 50 == 0) test::allowSeconds(30);
             runJob();
-            // What is recorded must not grow with the number of jobs.
+            // The records must not grow with the number of jobs.
             script_.view.clear();
             script_.catalog.clear();
             script_.rules.clear();
         }
         return test::processState();
     };
-    jobs(100);  // whatever is made once and kept
+    jobs(100);  // objects that are created once and kept
     const test::ProcessState before = jobs(100);
     const test::ProcessState after = jobs(500);
     EXPECT_EQ(after.nextHandle, before.nextHandle);

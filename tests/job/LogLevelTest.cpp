@@ -1,5 +1,5 @@
-// At which level each kind of line is written. Who reads the log of a customer switches on what is
-// needed, and counts on what comes with it.
+// The level of each kind of line. Support switches levels on and relies on the lines that come with
+// them.
 
 #include "PublicLib/logging/LoggerComponent.h"
 #include "tests/job/JobTest.h"
@@ -32,7 +32,7 @@ class LogLevelTest : public test::JobTest {
         script_.ruleResults = {"SINGLE", "TIPS"};
     }
 
-    /// What a job writes when only these levels are on, in all components.
+    /// The lines of a job with only these levels on, in all components.
     std::vector<std::string> linesAt(std::uint32_t mask) {
         const Settings settings;
         for (const char* component : {"All", "JSW", "RulesEng", "Catalog", "Updater"}) {
@@ -88,7 +88,7 @@ TEST_F(LogLevelTest, TracesDetailsAndTheLinesOfATraceAreToldApart) {
     ASSERT_THAT(details, Not(IsEmpty()));
     EXPECT_EQ(details.front(), "inkinfo:");
     EXPECT_EQ(details.size(), 31U);
-    EXPECT_THAT(linesAt(kLogTraceLine), IsEmpty());  // there is no trace that they belong to
+    EXPECT_THAT(linesAt(kLogTraceLine), IsEmpty());  // their trace is missing
     auto both = linesAt(kLogTrace | kLogTraceLine);
     std::erase_if(both, isTrace);
     EXPECT_THAT(both, ::testing::Contains("BillboardView::jswInit: Showing GUI"));

@@ -18,7 +18,7 @@ void countStatus(std::uint32_t /*status*/) {
 
 }  // namespace
 
-/// The older job window lies in the printer driver's folder, under the host's name.
+/// The older job window is in the printer driver's folder, under the host's name.
 class PromptTest : public test::JobTest {
   protected:
     void SetUp() override {
@@ -28,7 +28,7 @@ class PromptTest : public test::JobTest {
 
     static void* message(std::uintptr_t value) { return reinterpret_cast<void*>(value); }
 
-    /// Lets another thread call the library; goes on when it has to wait for its turn.
+    /// Lets another thread call the library; continues when that thread waits for its turn.
     static std::thread callMeanwhile(const std::function<void()>& call) {
         std::atomic<bool> waits{false};
         const auto wait = test::replaceImport<decltype(MsgWaitForMultipleObjectsEx)>(
@@ -90,7 +90,7 @@ TEST_F(PromptTest, EndingTheJobInsideAPromptKeepsTheSingletonsForTheNextJob) {
         api_.terminate();
         EXPECT_THAT(viewCalls("Uninitialize"), ElementsAre("Uninitialize()"));
         script_.view.clear();
-        api_.updateInfo(1, 2, 3, 4, 5, nullptr);  // there is no job any more
+        api_.updateInfo(1, 2, 3, 4, 5, nullptr);  // the job is over
         script_.reportEvent(9);
         script_.clickBillboard("CURRENT", 0);
         script_.saveValue("late", "value");
@@ -158,7 +158,7 @@ TEST_F(PromptTest, TheJobAfterOneThatWasEndedInsideAPromptKnowsNothingOfIt) {
     EXPECT_THAT(viewCalls("DisplayBillboard"),
                 ElementsAre("DisplayBillboard(default.bb,false,false)",
                             "DisplayBillboard(ink.bb,false,false)"));
-    // All but the printer, which lives as long as the other singletons.
+    // All except the printer, which lives as long as the other singletons.
     const auto lines = logLines();
     EXPECT_EQ(
         std::count(lines.begin(), lines.end(), "Controller::launchUrl: Launching URL=jswnone:90."),

@@ -12,7 +12,7 @@
 
 namespace jsw::test {
 
-/// Stands in for the shell of jsw.dll while it lives: notes what it is asked to start.
+/// Replaces jsw.dll's shell functions during its lifetime and records what they would start.
 class RecordedShell {
   public:
     RecordedShell();
@@ -20,8 +20,8 @@ class RecordedShell {
     RecordedShell& operator=(const RecordedShell&) = delete;
 
     CallRecord calls;                ///< "open(FILE)" and "elevate(FILE)"
-    CallRecord details;              ///< all that was handed over, with "|" between
-    DWORD error = 0;                 ///< of calls that are to fail
+    CallRecord details;              ///< all arguments, separated by "|"
+    DWORD error = 0;                 ///< of calls that shall fail
     std::function<void()> onCall{};  ///< before the answer
 
   private:

@@ -69,7 +69,7 @@ TEST_F(RulesTest, TheEngineIsAskedInOrderAndToldTheOutcome) {
     EXPECT_TRUE(hasLine("<<< Controler::ProcessRules: "));
 }
 
-/// What is shown, kept and reported for the rules' results, one row each. "-" is no answer.
+/// What is shown, stored and reported for the rules' results, one row each. "-" is no answer.
 TEST_F(RulesTest, ResultsLeadToWhatIsShownKeptAndReported) {
     struct {
         const char *results, *history;
@@ -82,7 +82,7 @@ TEST_F(RulesTest, ResultsLeadToWhatIsShownKeptAndReported) {
         {"TIPS", "TIP1", false, true, "tip1.bb,false", ",false,true", "TIP1 TIP1"},
         {"TIPS", "TIP1 TIP2", true, true, "", ",false,false", "TIP1 TIP2"},
         {"LOST INK1 TIPS", "", true, true, "ink1.bb,false", "black;colour,true,false", ""},
-        {"PLAIN", "", true, true, "plain.bb,false", ",false,true", ""},  // is not kept
+        {"PLAIN", "", true, true, "plain.bb,false", ",false,true", ""},  // is not stored
         {"PLAIN", "", true, false, "plain.bb,false", ",false,false", ""},
         {"INK1", "", true, false, "ink1.bb,false", "black;colour,true,false", ""},
         {"TIPS PLAIN", "", true, false, "", ",false,false", ""},
@@ -229,7 +229,7 @@ TEST_F(RulesTest, CallbacksFromInsideDisplayBillboardAndFromSeveralThreadsAreTol
         });
     }
     ASSERT_TRUE(waitForRules());
-    endJob();  // while the clicks go on
+    endJob();  // while clicks continue
     for (auto& thread : threads) thread.join();
     EXPECT_THAT(viewCalls("DisplayBillboard"), Contains("DisplayBillboard(levels.bb,false,false)"));
     EXPECT_THAT(historyIds(), ElementsAre("TIP1"));
@@ -246,7 +246,7 @@ TEST_F(RulesTest, AnEmptyTextEndsAList) {
 
 TEST_F(RulesTest, TheUsersWishForSpecialMessagesCountsAtOnce) {
     script_.ruleResults = {"TIP1"};
-    script_.checkHistory = false;  // the first job may or may not come to show it
+    script_.checkHistory = false;  // the first job may or may not show it
     for (const bool wish : {false, true}) {
         startJob();
         script_.saveAppearance("Show Special Messages", !wish);

@@ -26,7 +26,7 @@ void SampleJobTest::sampleJob(int number) {
     for (std::uint32_t page = 1; page <= kPages; ++page) {
         api_.updateInfo(page, 1, 10, 0, 0, nullptr);
     }
-    if (number % 4 == 0) Sleep(5);  // let the rules have their say in some
+    if (number % 4 == 0) Sleep(5);  // gives the rules time in some jobs
     endJob();
 }
 

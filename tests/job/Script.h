@@ -14,7 +14,7 @@
 
 namespace jsw::test {
 
-/// What a scripted module was asked, in order, by any thread.
+/// The calls of a scripted module, in order, from any thread.
 class CallRecord {
   public:
     void add(const std::string& call) {
@@ -35,8 +35,8 @@ class CallRecord {
     std::vector<std::string> calls_;
 };
 
-/// How the scripted modules behave, and what happened to them. The modules find it through an
-/// environment variable; it lives in the test program.
+/// The behaviour of the scripted modules, and records of their calls. It is in the test program;
+/// the modules find it by an environment variable.
 struct Script {
     // The view.
     CallRecord view;
@@ -59,16 +59,16 @@ struct Script {
     };
     CallRecord catalog;
     std::map<std::string, Billboard> billboards;
-    bool textsLeadNowhere = false;  ///< what the catalog returns is no pointer to anything
+    bool textsLeadNowhere = false;  ///< the catalog returns invalid pointers
     bool listsLeadNowhere = false;
     std::map<std::string, std::vector<std::string>> categories;
     bool catalogRaises = false;                                  ///< at the end of its start
-    std::function<void(const std::string& name)> onCatalogCall;  ///< at each question's start
-    bool emptyLists = false;  ///< answers lists without entries where there is no list
+    std::function<void(const std::string& name)> onCatalogCall;  ///< at the start of each query
+    bool emptyLists = false;  ///< returns empty lists instead of none
 
     // The rules engine.
     CallRecord rules;
-    std::vector<std::string> ruleResults;  ///< "" stands for a null answer
+    std::vector<std::string> ruleResults;  ///< "" means null
     bool rulesNeverEnd = false;
     bool checkHistory = true;
     bool engineStarts = true;
@@ -79,7 +79,7 @@ struct Script {
     bool legacyStarts = true;
     std::function<void()> onPrompt;
 
-    /// From now on the modules do nothing of their own.
+    /// Resets the modules' behaviour: they do nothing by themselves.
     void behave() {
         onViewCall = nullptr;
         onCatalogCall = nullptr;

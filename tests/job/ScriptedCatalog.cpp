@@ -14,7 +14,7 @@ using jsw::concat;
 using jsw::test::Script;
 using jsw::test::script;
 
-/// Null before the library has said how to allocate.
+/// Null until the library passes its allocation function.
 JswAllocate allocateFunction = nullptr;
 
 void* allocate(std::size_t size) {

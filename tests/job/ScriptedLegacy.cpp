@@ -1,4 +1,4 @@
-// An older job window module that records what it is asked and lets a test act inside a prompt.
+// An older job window module that records its calls and lets a test act inside a prompt.
 
 #include "PublicLib/text/Text.h"
 #include "tests/job/ScriptAccess.h"

@@ -12,7 +12,7 @@ namespace {
 using jsw::concat;
 using jsw::test::script;
 
-/// Null before the library has said how to allocate.
+/// Null until the library passes its allocation function.
 JswAllocate allocateFunction = nullptr;
 
 void* allocate(std::size_t size) {

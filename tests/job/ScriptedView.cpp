@@ -1,4 +1,4 @@
-// A view module that records what it is asked and lets a test call back.
+// A view module that records its calls and lets a test call back.
 
 #include "PublicLib/text/Text.h"
 #include "tests/job/ScriptAccess.h"

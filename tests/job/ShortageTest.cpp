@@ -1,4 +1,4 @@
-// What the system may refuse in the middle of a job.
+// System failures in the middle of a job.
 
 #include "PublicLib/win/Handles.h"
 #include "tests/job/JobTest.h"

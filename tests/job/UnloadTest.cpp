@@ -1,5 +1,4 @@
-// A host that loads the library for each job and frees it when the job is over, in a process of its
-// own.
+// A host that loads and frees the library for each job, in a separate process.
 
 #include "PublicLib/win/EntryPoint.h"
 #include "tests/job/JobTest.h"
@@ -15,7 +14,7 @@ namespace {
 
 constexpr int kCycles = 30;
 
-/// What a host does with the library between loading and freeing it.
+/// The host's use of the library between loading and freeing it.
 using Use = std::function<void(HMODULE)>;
 
 void call(HMODULE library, const char* name) {
@@ -32,8 +31,8 @@ std::uint8_t start(HMODULE library, JswStatusCallback callback) {
         "SimulatedPrinter", "report.pdf", 0, 1, 1, 1, 1, nullptr, 0, 0, callback);
 }
 
-/// 0 when every cycle after the first ones has left nothing behind. What the system itself makes
-/// now and then shows in one round; what the library loses, in every one.
+/// 0 if every cycle after the first ones has left nothing behind. The system's occasional
+/// allocations show in one round, the library's leaks in every one.
 int cycle(const Use& use) {
     for (int i = 0; i < 5; ++i) loadUseAndFree(use);
     for (int round = 0; round < 3; ++round) {
@@ -78,10 +77,10 @@ const test::ChildRole used("used", [](const std::string& registry) {
     });
 });
 
-std::atomic<int> callbacks{0};  // that have begun, and that are over
+std::atomic<int> callbacks{0};  // begun, and ended
 std::atomic<bool> mayReturn{false};
 
-/// The host ends the job and frees the library while the window is in the driver's callback.
+/// The host ends the job and frees the library while the window is inside the driver's callback.
 const test::ChildRole freed("freed", [](const std::string& registry) {
     Host host(registry);
     std::thread window;

@@ -12,8 +12,8 @@ namespace jsw {
 
 namespace {
 
-/// A host in another folder than the library, which has no folder of modules any more when the job
-/// ends: 0 when its updater is looked for beside it.
+/// A host in another folder than the library, whose module folder is gone at the end of the job: 0
+/// if the library looks for its updater beside the host.
 const test::ChildRole elsewhere("host elsewhere", [](const std::string& registry) {
     test::PrivateRegistry::join(registry);
     test::Script script;

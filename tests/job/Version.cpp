@@ -1,3 +1,3 @@
-// A library needs some code, even one that is only looked at.
+// A library needs some code, even if only its file is read.
 extern "C" void nothing() {
 }

@@ -66,9 +66,9 @@ bool WholeJobTest::rulesEnd(DWORD patience) const {
     return false;
 }
 
-/// What the user does, on a thread of the window.
+/// The user's actions, on a thread of the window.
 void WholeJobTest::useWindow() {
-    if (script_.clickBillboard == nullptr) return;  // the window has not come up
+    if (script_.clickBillboard == nullptr) return;  // the window is not shown
     for (const char* action :
          {"NEXT", "PREVIOUS", "INK_STATUS", "CURRENT", "LAUNCH_APP", "LAUNCH_URL"}) {
         script_.clickBillboard(action, 0);

@@ -27,7 +27,7 @@ class MacroResolverTest : public test::HostTest {
         usePrinter("");
     }
     void TearDown() override {
-        originalFriendlyName("");  // forgets the printer of this test
+        originalFriendlyName("");  // resets the cached printer
         HostTest::TearDown();
     }
 
@@ -51,7 +51,7 @@ class MacroResolverTest : public test::HostTest {
     std::shared_ptr<Printer> printer_;
 };
 
-/// The retailer file of this host program, while the object lives.
+/// The retailer file of this host program, during the object's lifetime.
 class RetailerFile {
   public:
     explicit RetailerFile(const std::string& content) {
@@ -203,7 +203,7 @@ TEST_F(MacroResolverTest, ReadsTheStoreOfThePrinterUnderItsOriginalName) {
 }
 
 TEST_F(MacroResolverTest, ValuesThatLeadBackToThemselvesEndWithAWarning) {
-    BasicLogger::createInstance(15);  // a warning is written with the log off as well
+    BasicLogger::createInstance(15);  // a warning is written even with the log off
     const Settings settings;
     settings.write(setting::kBaseUrl, "_^PrinterCode^_");
     settings.write(setting::kPrinterCode, "x_^BaseUrl^_");

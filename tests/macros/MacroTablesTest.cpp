@@ -79,7 +79,7 @@ const test::ChildRole askingHost("ask for the OS code", [](const std::string&) {
 
 using OsCodeTest = test::HostTest;
 
-/// Asked of a copy of this program, named like a host.
+/// Run in a copy of this program with a host's name.
 TEST_F(OsCodeTest, IsThatOfTheWindowsThatRuns) {
     const std::string name = "qlxpcode.exe";
     const std::string host = folder_.file(name);

@@ -23,8 +23,8 @@ struct TagValues : ISymbolicResolverHandler {
     }
 };
 
-/// The replacement in its simplest form: one text, edited in place, searched again from the
-/// position of the last tag. Nothing when it takes more steps or characters than it is given.
+/// The simplest replacement: one text, edited in place, searched again from the last tag's
+/// position. Nothing if it exceeds the given steps or characters.
 inline std::optional<std::string> replaceNaively(std::string text,
                                                  ISymbolicResolverHandler& handler,
                                                  std::size_t maxSteps, std::size_t maxSize) {

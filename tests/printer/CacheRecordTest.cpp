@@ -63,7 +63,7 @@ TEST(CacheRecordTest, DerivesLevelAndDotsFromTheCartridgesKind) {
         {{{1045, 1000}, {1047, 1000}}, '0', 0, 0, 0},  // others' capacities
         {{{1044, kMax}}, '0', kMax, 100, kMax},
         {{{1044, kMax}, {1024, kMax}}, '0', kMax, 0, 0},
-        // Magenta counts in per cent here: 80 is less than 900 and 700.
+        // Magenta in per cent: 80 is less than 900 and 700.
         {{{1045, 1000}, {1025, 100}, {1026, 200}, {1027, 300}}, 'P', 1000, 70, 80},
         {{{1045, 1000}, {1025, 100}, {1026, 0}, {1027, 950}}, 'P', 1000, 5, 50},
         {{{1045, 50}}, 'P', 50, 100, 50},
@@ -171,7 +171,7 @@ TEST(CacheRecordTest, TakesOnlyValuesThatLieInsideTheStream) {
         EXPECT_EQ(record.values().cartridges[0].capacity, length >= kCapacity ? 1000U : 0U);
         EXPECT_EQ(record.values().deviceSerialNumber, length >= kSerial ? "ab" : "");
     }
-    // A length that leads beyond the end spoils only what lies there.
+    // A length beyond the end affects only what is there.
     CacheRecord record;
     record.parse(Bytes{0, 0, 0x01, 0x10, 200, '0', 0, 22, 1, 'x'});
     EXPECT_EQ(record.values().cartridges[0].type, CartridgeType::black);
@@ -190,7 +190,7 @@ TEST(CacheRecordTest, SurvivesRandomStreamsOfEveryLength) {
     for (std::size_t length = 0; length <= 4096; ++length) {
         std::vector<char> bytes(length);
         for (char& byte : bytes) byte = static_cast<char>(random());
-        // Known ids here and there, or hardly any value would be taken.
+        // Some known ids, or hardly any value would be used.
         for (std::size_t at = 2; at + 3 < length;
              at += 3U + static_cast<unsigned char>(bytes[at + 2])) {
             const std::uint32_t id = ids[random() % std::size(ids)];

@@ -18,8 +18,8 @@ struct ScriptedDevice {
     JswDeviceStatus textStatus = 0;
 };
 
-/// What the scripted device client answers, and what it saw. It lives in the test program; the
-/// client finds it through the environment and only reads what can grow.
+/// The scripted device client's answers, and records of its calls. It is in the test program; the
+/// client finds it by the environment and only reads the containers.
 struct ClientScript {
     JswDeviceStatus initializeStatus = 0;
     std::uint32_t initializeError = 0;  // left in GetLastError() by a failing PcsInitialize
@@ -37,17 +37,17 @@ struct ClientScript {
 
     // Of PcsUninitialize, PcsGetHostInfo and the closes.
     void (*onCall)(const std::string& name) = nullptr;
-    // Of what several threads need and one of them does.
+    // For work that several threads need and one of them does.
     void (*onShared)(const std::string& name) = nullptr;
 
-    int initialized = 0;          // PcsInitialize less PcsUninitialize
-    std::atomic<int> opened = 0;  // opens less closes
+    int initialized = 0;          // PcsInitialize minus PcsUninitialize
+    std::atomic<int> opened = 0;  // opens minus closes
     int clientIdsGiven = 0;
     int cacheReads = 0;
     int exchanges = 0;
     std::array<std::uint8_t, 16> request{};
     std::uint32_t requestLength = 0;
-    std::array<std::uintptr_t, 8> words{};  // of the last call that takes words
+    std::array<std::uintptr_t, 8> words{};  // of the last call with words
 };
 
 inline constexpr char kScriptVariable[] = "JSW_CLIENT_SCRIPT";

@@ -29,7 +29,7 @@ class ClientTest : public HostTest {
         Settings().write(setting::kPcsClient, dllName);
     }
 
-    /// Lets two threads do the same; the second one comes in the middle of a call of the first.
+    /// Lets two threads do the same; the second one starts during a call of the first.
     void meetIn(const char* call, const std::function<void()>& work) {
         static const char* place;
         static HeldUpThread* second;

@@ -50,7 +50,7 @@ const Calls calls;
 
 class PcsClientTest : public test::ClientTest {
   protected:
-    /// What a client holds: "library users, client id users".
+    /// A client's references: "library users, client id users".
     using Held = std::pair<std::int32_t, std::uint32_t>;
     static Held held(const PcsClient& client) {
         return {client.libraryUsers(), client.clientIdUsers()};
@@ -66,7 +66,7 @@ TEST_F(PcsClientTest, TellsWhyACallCannotBeMade) {
     };
     const std::string noLibrary = folder_.write("nolibrary.dll", "this is no library");
     const Row rows[] = {
-        // The library is absent, is none, or lacks PcsInitialize.
+        // The library is missing, invalid, or lacks PcsInitialize.
         {"absent.dll", calls.perCall, 126, {0, 0}},
         {"absent.dll", calls.perCallHid, 126, {0, 0}},
         {"absent.dll", calls.open, 126, {0, 0}},
@@ -130,7 +130,7 @@ TEST_F(PcsClientTest, PassesTheLibrarysStatusOn) {
     script_.openStatus = 0;
     EXPECT_EQ(calls.open(client), 0U);
     EXPECT_EQ(calls.byHandle(client), 4711U);
-    EXPECT_EQ(calls.close(client), 4711U);  // closed all the same
+    EXPECT_EQ(calls.close(client), 4711U);  // closed nevertheless
     EXPECT_EQ(held(client), Held(0, 0));
 
     script_.clientIdStatus = 4713;
@@ -181,7 +181,7 @@ TEST_F(PcsClientTest, HoldsTheLibraryWhileAHandleIsOpen) {
         EXPECT_EQ(client.closeAllPrinters(), 0U);
         EXPECT_EQ(calls.byHandle(client), 1U);
         EXPECT_EQ(held(client), Held(1, 1));
-        for (int i = 0; i < 2; ++i) {  // the library cannot close these; they stay known
+        for (int i = 0; i < 2; ++i) {  // the library cannot close these; they stay in the list
             EXPECT_EQ(client.closeCardReader(kHandle + 1), 127U);
             EXPECT_EQ(held(client), Held(0, 0));
         }
@@ -279,7 +279,7 @@ TEST_F(PcsClientTest, AcceptsThisComputerAsItsServer) {
     }
 }
 
-/// What is asked for about the network, recorded.
+/// Records the network queries.
 struct Network {
     static inline std::vector<std::string> questions;
 

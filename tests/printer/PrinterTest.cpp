@@ -85,7 +85,7 @@ TEST_F(PrinterTest, StaysTheFirstUntilItIsDestroyed) {
 
 class SpoolerTest : public test::ClientTest {
   protected:
-    /// Puts a printer of the spooler on another port than the one it was installed on.
+    /// Moves a printer of the spooler to another port.
     static void setPort(const std::string& printer, const std::string& port) {
         RegistryKey("SYSTEM\\CurrentControlSet\\Control\\Print\\Printers\\" + printer, false)
             .setValue("Port", port);

@@ -46,7 +46,7 @@ TEST_F(RealPrinterTest, TakesItsInterfacesByTheExactPort) {
     std::string longPort(1024, 'p');  // fills the buffer without a terminator
     const Row rows[] = {
         {{{21, "", "usb001"}, {22, "", "USB0011"}, {23, "", "USB001"}, {24, "", "USB001"}}, 23},
-        {{{21, "", "USB001", 5}, {22, "", "USB001"}}, 22},  // a failed query is passed over
+        {{{21, "", "USB001", 5}, {22, "", "USB001"}}, 22},  // a failed query is skipped
         {{{21, "", "USB00"}, {22, "", longPort.c_str()}}, 0},
     };
     for (const Row& row : rows) {
@@ -141,7 +141,7 @@ TEST_F(RealPrinterTest, AsksTheDeviceOnceForAllThreads) {
 }
 
 TEST_F(RealPrinterTest, TakesPropertiesAndCacheToTheLastByteThatFits) {
-    // A type record at the very end of 4096 bytes, behind records of 255 that say nothing.
+    // A type record at the very end of 4096 bytes, after records of 255 unknown bytes.
     script_.cache.assign(2, 0);
     while (script_.cache.size() + 258 + 4 <= 4096) {
         script_.cache.insert(script_.cache.end(), {0xFF, 0xFF, 0xFF});

@@ -52,7 +52,7 @@ TEST_F(SampleDeviceTest, AnswersForTheSamplePrinter) {
 TEST_F(SampleDeviceTest, LeavesNothingBehindWhenItIsFreed) {
     const auto useAndFree = [&](int times) {
         for (int i = 0; i < times; ++i) {
-            if (i % 2 != 0) describe("port = A\n");  // its reader raises an exception for itself
+            if (i % 2 != 0) describe("port = A\n");  // its parser raises an exception internally
             PcsClient("comc.dll", "", false).cancelDiscovery();
         }
         EXPECT_FALSE(isLoaded("comc.dll"));

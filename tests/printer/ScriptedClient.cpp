@@ -1,5 +1,5 @@
-// A device client whose behaviour the test program decides. Built three times: with all that the
-// tests call, without client ids, and with nothing but a life.
+// A device client controlled by the test program. Built three times: with everything that the tests
+// call, without client ids, and only with initialisation.
 #include "tests/printer/ClientScript.h"
 
 #include <windows.h>
@@ -140,7 +140,7 @@ EXPORTED PcsExchangeBidiPrinter(JswDeviceClientId, JswDeviceHandle, const uint8_
     return script().exchangeStatus;
 }
 
-// One of each kind of open and close, and one of each family that only passes words through.
+// One of each kind of open and close, and one of each family that passes words through.
 #define OPENS(device)                                              \
     EXPORTED PcsOpen##device(JswDeviceClientId, JswDeviceHandle) { \
         return open(script().openStatus);                          \

@@ -1,5 +1,5 @@
-// The sample catalog and rules engine as the library meets them: loaded from their files, fed from
-// XML files in a data folder that the registry names.
+// The sample catalog and rules engine as the library uses them: loaded from their files, with XML
+// files in a data folder from the registry.
 #include "PublicLib/os/Localize.h"
 #include "PublicLib/win/EntryPoint.h"
 #include "PublicLib/win/Handles.h"
@@ -27,7 +27,7 @@ namespace {
 using jsw::findEntryPoint;
 using jsw::ModuleHandle;
 
-/** Blocks handed out and not freed yet. */
+/** Blocks allocated and not freed yet. */
 std::atomic<int> liveBlocks = 0;
 
 void* countedAllocate(int32_t size) {
@@ -65,7 +65,7 @@ std::string localId() {
     return jsw::localIdOf(jsw::moduleFileName(nullptr));
 }
 
-/** A data folder and a store of this program in a registry of its own. */
+/** A data folder and a store of this program in a private registry. */
 class RulesModulesTest : public testing::Test {
   protected:
     void SetUp() override {
@@ -165,7 +165,7 @@ TEST_F(RulesModulesTest, ABrokenOrMissingCatalogGivesEmptyAnswers) {
     EXPECT_EQ(findEntryPoint<JswCatalogFlag>(catalog.get(), "GetBillboardRestoreWindow")("A"), 0);
 }
 
-/** What a module has left for people in the field to read; empty when there is nothing. */
+/** The module's problem report; empty without one. */
 std::string problemOf(const std::string& dataFile) {
     return jsw::test::readFile(std::string(std::getenv("ALLUSERSPROFILE")) + "\\" + localId() +
                                dataFile + "-problem.txt");
@@ -266,7 +266,7 @@ TEST_F(RulesModulesTest, EngineDoesNotStartOnAFileItCannotRead) {
     EXPECT_EQ(problemOf("rules.xml"), "");
 }
 
-/** Its reader raises an exception for itself; every job of a host with such a file loads it anew.
+/** The parser raises an exception internally; every job of a host with such a file loads it again.
  */
 TEST_F(RulesModulesTest, AFileItCannotReadCostsTheHostNothing) {
     folder_.write("rules.xml", "<rules><rule result='A'><inc/></rule></rules>");

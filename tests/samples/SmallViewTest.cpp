@@ -1,4 +1,4 @@
-// The small view as the library meets it: a job, the user who closes the window, the next job.
+// The small view as the library uses it: a job, a user who closes the window, the next job.
 #include "PublicLib/win/EntryPoint.h"
 #include "PublicLib/win/Handles.h"
 #include <jsw/view.h>

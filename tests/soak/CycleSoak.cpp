@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::size_t kHeapNoise = 16384;
 
-/// Runs cycles and compares what the process holds after the first of them and after the last.
+/// Runs cycles and compares the process's resources after the first ones and after the last one.
 template <class Cycle>
 void runCycles(const char* what, const Cycle& cycle) {
     const int cycles = test::soakAmount(1500);

@@ -1,4 +1,4 @@
-// The host ends in the middle of a job.
+// The host exits in the middle of a job.
 
 #include "PublicLib/win/SystemFolders.h"
 #include "tests/job/WholeJob.h"
@@ -23,7 +23,7 @@ int moment() {
 
 }  // namespace
 
-/// Run as a process of its own for each end.
+/// Run as a separate process for each exit.
 class DISABLED_EndingHost : public test::WholeJobTest {
   protected:
     void SetUp() override {

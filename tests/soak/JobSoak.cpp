@@ -9,10 +9,10 @@ namespace jsw {
 
 namespace {
 
-constexpr int kSettled = 100;  // jobs after which everything that is made once has been made
+constexpr int kSettled = 100;  // jobs after which all one-time objects exist
 constexpr std::size_t kHeapNoise = 16384;
 
-/// Threads of the last window may still be leaving.
+/// Threads of the last window may still be ending.
 test::ProcessState takeStock() {
     Sleep(500);
     return test::processState();

@@ -1,5 +1,5 @@
-// Sixteen threads of a driver call everything at random, while the window, the rules engine and the
-// driver's own status callback call back all the time.
+// Sixteen threads of a driver make random calls, while the window, the rules engine and the
+// driver's status callback call back all the time.
 
 #include "tests/job/WholeJob.h"
 #include "tests/soak/Soak.h"
@@ -61,7 +61,7 @@ class RandomSoak : public test::WholeJobTest {
         WholeJobTest::TearDown();
     }
 
-    /// What a window may do at any moment; seldom, or the callbacks would call each other for ever.
+    /// Random actions of a window; rare, or the callbacks would call each other for ever.
     void callBack() {
         switch (pick(8)) {
             case 0:

@@ -10,22 +10,22 @@
 
 namespace jsw::test {
 
-/// How much of something is done: a whole soak's measure, scaled by the environment variable
-/// JSW_SOAK_PERCENT, at least 1.
+/// The amount of work: that of a whole soak, scaled by the environment variable JSW_SOAK_PERCENT,
+/// at least 1.
 inline int soakAmount(int whole) {
     const char* percent = std::getenv("JSW_SOAK_PERCENT");
     const int amount = percent != nullptr ? whole * std::atoi(percent) / 100 : whole;
     return amount > 0 ? amount : 1;
 }
 
-/// One line of the soak's report: figures, and what they should be.
+/// One line of the soak's report: figures and their expected values.
 template <class... Parts>
 void report(const Parts&... parts) {
     std::printf("%s\n", concat(parts...).c_str());
     std::fflush(stdout);
 }
 
-/// Seconds since it was made.
+/// Seconds since its construction.
 class Stopwatch {
   public:
     std::uint64_t seconds() const { return (GetTickCount64() - start_) / 1000; }

@@ -80,7 +80,7 @@ TEST(IniTextTest, ReadsNothingBeyondTheFuzzersSeeds) {
 
 class IniTest : public test::HostTest {
   protected:
-    /// The registry's value as text; "(none)" when it is missing.
+    /// The registry's value as text; "(none)" if it is missing.
     static std::string text(const std::string& path, const std::string& name) {
         std::string value = "(none)";
         try {
@@ -206,13 +206,13 @@ TEST_F(IniTest, LongValuesArriveWhole) {
 TEST_F(IniTest, AFileTooLargeForABufferIsNotRead) {
     startLog();
     const std::string large = folder_.write("large.loc", "[Section]\r\nkey=string:value");
-    std::filesystem::resize_file(large, (std::uintmax_t{1} << 32) + 100);  // takes no room
+    std::filesystem::resize_file(large, (std::uintmax_t{1} << 32) + 100);  // a sparse file
     EXPECT_FALSE(IniReader(large).build());
     EXPECT_TRUE(hasLine(concat("IniReader::build():Could not open the settings file.errorCode =",
                                ERROR_FILE_TOO_LARGE)));
 }
 
-/// As when somebody else writes the file at the same time.
+/// As if another program wrote the file at the same time.
 TEST_F(IniTest, WhatVanishesWhileAFileIsReadIsLeftOut) {
     startLog();
     const std::string file = folder_.write("s.loc", "[Bare]\na=dword:1\n[S]\nb=dword:1\nc=dword:1");
@@ -302,7 +302,7 @@ TEST_F(IniTest, SkippedPairsMakeTheResultFalseButTheRestIsInstalled) {
         EXPECT_TRUE(logContains(row.logged)) << row.line;
         EXPECT_EQ(text("Software\\C", "last"), "x") << row.line;
         EXPECT_EQ(text("Software\\C", "Name"), "(none)") << row.line;
-        // Nor does what is bad keep what follows it from being written.
+        // A bad value does not prevent later ones from being written.
         const bool isPair = *row.line == 'N';
         EXPECT_EQ(text("Software\\D", "last"), isPair ? "x" : "(none)") << row.line;
         EXPECT_EQ(text("Software\\E", "last"), "x") << row.line;
@@ -356,7 +356,7 @@ TEST_F(FirstRunTest, AHostThatMayNotMakeAStoreSaysSo) {
     EXPECT_TRUE(logContains("ERROR - file:RegistryKey:73: RegistryKey::regCreateKeyEx(): Win32(5"));
 }
 
-/// What a user has changed since must not be lost because of one refusal.
+/// One refusal must not overwrite what a user has changed since.
 TEST_F(FirstRunTest, AStoreThatCannotBeOpenedIsLeftAsItIs) {
     writeSettings("DataPath=string:C:\\Data\r\n");
     EXPECT_TRUE(installStoreIfMissing());
@@ -373,7 +373,7 @@ TEST_F(FirstRunTest, AStoreThatCannotBeOpenedIsLeftAsItIs) {
     EXPECT_TRUE(logContains("ERROR - unable to open the store " + store_ + ": Win32(5"));
 }
 
-/// Whatever it found: what a job stores afterwards is not written over.
+/// In any case it does not overwrite what a job stores afterwards.
 TEST_F(FirstRunTest, AFirstRunThatHasComeToItsEndIsNotDoneAgain) {
     for (const std::string found : {"no file", "an empty file", "a locked file"}) {
         SCOPED_TRACE(found);

@@ -18,7 +18,7 @@ using ::testing::UnorderedElementsAre;
 
 namespace {
 
-/// The message of the Win32Exception that the action raises; "(none)" when it raises none.
+/// The message of the action's Win32Exception; "(none)" without one.
 template <class Action>
 std::string failureOf(const Action& action, std::int32_t* code = nullptr) {
     try {
@@ -42,7 +42,7 @@ bool exists(const std::string& path) {
     return RegOpenKeyExA(HKEY_LOCAL_MACHINE, path.c_str(), 0, KEY_READ, key.put()) == ERROR_SUCCESS;
 }
 
-/// The system's own name of a key of HKEY_LOCAL_MACHINE: what a link holds.
+/// The system's name of a key of HKEY_LOCAL_MACHINE, as in a link.
 std::wstring kernelPath(const std::string& path) {
     using NtQueryKey = LONG NTAPI(HKEY key, int what, void* buffer, ULONG size, ULONG* length);
     constexpr int kNameInformation = 3;
@@ -61,7 +61,7 @@ std::wstring kernelPath(const std::string& path) {
     return found.substr(0, found.rfind(L'\\') + 1) + std::wstring(path.begin(), path.end());
 }
 
-/// Makes a key that leads to another one, which need not exist. It does not outlive the session.
+/// Creates a link to another key, which need not exist. It is volatile.
 void makeLink(const std::string& path, const std::string& target) {
     KeyHandle link;
     ASSERT_EQ(RegCreateKeyExA(HKEY_LOCAL_MACHINE, path.c_str(), 0, nullptr,
@@ -102,7 +102,7 @@ TEST_F(RegistryKeyTest, KeepsNumbersTextsAndBytes) {
     key.setValue("empty", std::string());
     key.setValue("bytes", std::vector<std::uint8_t>{0, 255, 0});
     key.setValue("no bytes", std::vector<std::uint8_t>{});
-    // A text counts with its terminator, whether or not the system adds one that is missing.
+    // A text includes its terminator, whether or not the system adds a missing one.
     EXPECT_THAT(given,
                 ElementsAre("number 4 4", "text 1 10", "empty 1 1", "bytes 3 3", "no bytes 3 0"));
 

@@ -27,7 +27,7 @@ bool exists(const std::string& path) {
     return RegOpenKeyExA(HKEY_LOCAL_MACHINE, path.c_str(), 0, KEY_READ, key.put()) == ERROR_SUCCESS;
 }
 
-/// The value as it lies in the registry: a number, a quoted text or "(none)".
+/// The registry's value: a number, a quoted text or "(none)".
 std::string stored(const Settings& settings, const char* key, const char* name) {
     std::uint32_t number = 0;
     std::string text;
@@ -191,7 +191,7 @@ TEST_F(SettingsTest, AListThatBreaksOffLeavesTheOutputsAsTheyWere) {
     EXPECT_TRUE(texts.empty());
 }
 
-/// Each access to the registry is a call into the system, made while a job waits.
+/// Each access to the registry is a system call for which a job waits.
 TEST_F(SettingsTest, OpensOneKeyForWhatIsAskedFor) {
     const Settings settings;
     settings.write(setting::kDataPath, "D:\\data");

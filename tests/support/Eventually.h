@@ -4,7 +4,7 @@
 
 namespace jsw::test {
 
-/// Asks until done() or ten seconds have gone by; false in that case.
+/// Polls until done() is true; false after ten seconds.
 template <class Done>
 bool eventually(const Done& done) {
     const ULONGLONG start = GetTickCount64();

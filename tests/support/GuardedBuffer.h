@@ -10,8 +10,8 @@
 
 namespace jsw::test {
 
-/// A copy of some bytes whose end lies flush against a page without access, so that reading one
-/// byte too many faults.
+/// A copy of some bytes directly before a page without access, so that reading one byte too many
+/// faults.
 class GuardedBuffer {
   public:
     explicit GuardedBuffer(std::span<const char> content) : size_(content.size()) {

@@ -12,8 +12,8 @@
 
 namespace jsw::test {
 
-/// A thread of the test program that comes to a lock which another thread holds. So a test goes on
-/// when the two have met, and not when they should have.
+/// A thread that runs into a lock that another thread holds. A test continues when the thread
+/// really waits, not after a delay.
 class HeldUpThread {
   public:
     explicit HeldUpThread(std::function<void()> work) : work_(std::move(work)) {}
@@ -34,7 +34,7 @@ class HeldUpThread {
         return eventually([this] { return isHeldUp_.load(); });
     }
     void join() { thread_.join(); }
-    /// For a lock that is held for good.
+    /// For a lock that is never released.
     void leaveAlone() { thread_.detach(); }
 
   private:

@@ -17,7 +17,7 @@ namespace {
 
 constexpr std::size_t kComponentColumns = 26;  // 25 and a blank
 
-/// The folder of all users, for this process: the log goes there.
+/// The folder of all users for this process, with the log.
 class LogFolder : public ::testing::Environment {
   public:
     void SetUp() override {

@@ -20,11 +20,11 @@ class HostTest : public ::testing::Test {
 
     /// Switches the log on, with all levels and no clock.
     static void switchLogOn();
-    /// The same, and makes the process's logger.
+    /// The same, and creates the process's logger.
     static void startLog();
     /// All lines of the log so far, each without its component column.
     static std::vector<std::string> logLines();
-    /// Whether a line of the log (or a run of its text) equals, or contains, the text.
+    /// Whether a line of the log equals, or contains, the text.
     static bool hasLine(const std::string& line);
     static bool logContains(const std::string& text);
     static std::string logPath();

@@ -12,7 +12,7 @@ namespace {
 
 enum Decision : int { goOn, answerFailure, callAndAnswerFailure };
 
-/// Machine code, written from front to back.
+/// Builds machine code sequentially.
 class Code {
   public:
     explicit Code(unsigned char* at) : at_(at) {}
@@ -36,7 +36,7 @@ class Code {
     unsigned char* at_;
 };
 
-/// Pieces of memory that holds code, given out one after the other and never given back.
+/// Memory for code, allocated sequentially and never released.
 unsigned char* newCode() {
     constexpr std::size_t kPiece = 256;
     constexpr std::size_t kBlock = 64 * kPiece;
@@ -65,7 +65,7 @@ ImportGate::ImportGate(const ImportTable& table) {
     }
 }
 
-/// Called by the code of every import. The thread's error must come out as it went in.
+/// Called by the code of every import. Preserves the thread's last error.
 int ImportGate::decide(Entry* entry) {
     const std::uint32_t call = ++entry->calls;
     const std::uint32_t failing = entry->failingCall;
@@ -77,7 +77,7 @@ int ImportGate::decide(Entry* entry) {
 void* ImportGate::makeCode(Entry* entry, void* original) {
     unsigned char* start = newCode();
     Code(start)
-        // The arguments that travel in registers are put by while the decision is made.
+        // Saves the arguments in registers during the decision.
         .bytes({0x51, 0x52, 0x41, 0x50, 0x41, 0x51})  // push rcx, rdx, r8, r9
         .bytes({0x48, 0x83, 0xEC, 0x68})              // sub rsp, 0x68
         .bytes({0x0F, 0x11, 0x44, 0x24, 0x20})        // movups [rsp+0x20], xmm0

@@ -10,34 +10,33 @@
 
 namespace jsw::test {
 
-/// How a function of the system fails.
+/// The failure of a system function.
 struct Failure {
-    std::uint64_t answer = 0;  ///< in the register of the result
+    std::uint64_t answer = 0;  ///< the value of the result register
     DWORD lastError = ERROR_ACCESS_DENIED;
-    /// The work is done before the failure is answered: for what gives something back, which a
-    /// real system keeps no more after a failure than after success. At most four arguments.
+    /// The function runs before the failure is returned: for functions that release something, as a
+    /// real system does even on failure. At most four arguments.
     bool afterCall = false;
 };
 
-/// Stands in front of every function that a loaded library imports, counts the calls, and lets one
-/// of them fail. Calls of any thread are counted; arguments are of no concern. The thunks are
-/// restored when it goes.
+/// Intercepts every function that a loaded library imports, counts the calls of all threads, and
+/// lets one of them fail, whatever its arguments. The destructor restores the thunks.
 class ImportGate {
   public:
     explicit ImportGate(const ImportTable& table);
     ImportGate(const ImportGate&) = delete;
     ImportGate& operator=(const ImportGate&) = delete;
 
-    /// How often the function was called since the gate was made or reset.
-    /// @throws std::invalid_argument when the library does not import it
+    /// The function's number of calls since construction or reset.
+    /// @throws std::invalid_argument if the library does not import it
     std::uint32_t calls(const std::string& name) const;
-    /// Lets one call of the function fail, the first being number 1, counted from the last reset.
+    /// Lets one call of the function fail, numbered from 1 since the last reset.
     void fail(const std::string& name, std::uint32_t call, const Failure& failure);
-    /// Lets this call of the function fail and all after it, until the next reset.
+    /// Lets this call of the function and all later ones fail until the next reset.
     void failFrom(const std::string& name, std::uint32_t call, const Failure& failure);
-    /// Whether the failure asked for has been answered.
+    /// Whether the requested failure has occurred.
     bool hasFailed() const;
-    /// Starts counting anew and lets nothing fail.
+    /// Resets the counts; nothing fails.
     void reset();
 
   private:
@@ -54,7 +53,7 @@ class ImportGate {
     Entry& entry(const std::string& name) const;
     Entry& prepareFailure(const std::string& name, const Failure& failure, bool failsOn);
 
-    // Kept for good: a thread may be on its way through one when the gate goes.
+    // Never freed: a thread may be inside one when the gate is destroyed.
     std::vector<Entry*> entries_;
     std::vector<std::unique_ptr<ThunkOverride>> overrides_;
 };

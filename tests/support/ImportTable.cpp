@@ -7,7 +7,7 @@ namespace jsw::test {
 
 namespace {
 
-/// Some of what a library imports is data of the C run-time library.
+/// Some imports are data of the C run-time library.
 bool isCode(const void* address) {
     MEMORY_BASIC_INFORMATION memory{};
     constexpr DWORD kExecutable =

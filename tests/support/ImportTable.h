@@ -9,31 +9,31 @@
 
 namespace jsw::test {
 
-/// The functions that a loaded library imports from others, and the thunks through which it calls
-/// them. Writing a thunk over changes what that library calls, and nobody else: a replacement
-/// reaches the real function by calling it as ever.
+/// The functions that a loaded library imports, and the thunks through which it calls them.
+/// Overwriting a thunk affects only that library: a replacement can call the real function
+/// normally.
 class ImportTable {
   public:
     struct Import {
-        std::string library;  ///< as the table spells it, for example "KERNEL32.dll"
+        std::string library;  ///< as in the table, for example "KERNEL32.dll"
         std::string name;
         void** thunk;
     };
 
-    /// @param library  must stay loaded for as long as its thunks are used
+    /// @param library  must stay loaded while its thunks are used
     explicit ImportTable(HMODULE library);
 
-    /// All imported functions in the order of the table; imported variables are left out.
+    /// All imported functions in the table's order, without imported variables.
     const std::vector<Import>& functions() const { return functions_; }
     /// The thunk of a function.
-    /// @throws std::invalid_argument when the library does not import it
+    /// @throws std::invalid_argument if the library does not import it
     void** thunk(const std::string& name) const;
 
   private:
     std::vector<Import> functions_;
 };
 
-/// Sends the calls through one thunk somewhere else; the destructor restores what was there.
+/// Redirects the calls through one thunk; the destructor restores it.
 class ThunkOverride {
   public:
     ThunkOverride(void** thunk, void* target);
@@ -41,7 +41,7 @@ class ThunkOverride {
     ThunkOverride(const ThunkOverride&) = delete;
     ThunkOverride& operator=(const ThunkOverride&) = delete;
 
-    /// What was there.
+    /// The original function.
     void* before() const { return before_; }
 
   private:
@@ -74,16 +74,16 @@ class ReplacedImport<Result(Arguments...), Replacement> {
         }
     }
 
-    static inline ReplacedImport* current_ = nullptr;  // one at a time for each place in a test
+    static inline ReplacedImport* current_ = nullptr;  // one at a time per place in a test
     Replacement replacement_;
     ThunkOverride override_;
 };
 
-/// Puts a callable of the same shape in the place of an imported function until the answer goes out
-/// of scope. Any thread of the library may call it; none may be inside it when it goes.
+/// Replaces an imported function by a callable with the same signature until the returned object is
+/// destroyed. Any thread of the library may call it; none may be inside it at destruction.
 ///     const auto shell = replaceImport<decltype(ShellExecuteExA)>(
 ///         imports, "ShellExecuteExA", [&](SHELLEXECUTEINFOA* info) { … return TRUE; });
-/// One that wants to call the real function takes it as its first argument.
+/// A callable that needs the real function takes it as its first argument.
 template <class Function, class Replacement>
 auto replaceImport(const ImportTable& table, const std::string& name, Replacement replacement) {
     return ReplacedImport<Function, Replacement>(table, name, std::move(replacement));

@@ -4,8 +4,8 @@
 
 namespace jsw::test {
 
-/// Gives this process a HKEY_LOCAL_MACHINE of its own, empty at first, for as long as the object
-/// lives. Child processes join it with join().
+/// Gives this process a private HKEY_LOCAL_MACHINE, initially empty, during its lifetime. Child
+/// processes join it with join().
 class PrivateRegistry {
   public:
     PrivateRegistry();

@@ -13,7 +13,7 @@ namespace jsw::test {
 
 namespace {
 
-/// Windows gives out the lowest free handle. (The process's own count is not to be had in Wine.)
+/// Windows allocates the lowest free handle. (Wine does not count a process's handles.)
 std::uintptr_t nextHandle() {
     const KernelHandle event(CreateEventA(nullptr, FALSE, FALSE, nullptr));
     return reinterpret_cast<std::uintptr_t>(event.get());
@@ -31,7 +31,7 @@ std::size_t countThreads() {
     return count;
 }
 
-/// Takes all that are left and gives them back.
+/// Allocates all that are left and frees them.
 std::size_t countFreeTlsIndexes() {
     std::vector<DWORD> taken;
     taken.reserve(2048);
@@ -53,7 +53,7 @@ std::size_t bytesOf(HANDLE heap) {
     return bytes;
 }
 
-/// The C run-time library allocates in a heap of its own.
+/// The C run-time library has its own heap.
 std::size_t countHeapBytes() {
     std::array<HANDLE, 64> heaps{};
     const DWORD count = GetProcessHeaps(static_cast<DWORD>(heaps.size()), heaps.data());

@@ -5,15 +5,15 @@
 
 namespace jsw::test {
 
-/// What this process holds. Two of them are compared around work that should leave no trace.
+/// This process's resources. Compare two of them around work that should leave nothing behind.
 struct ProcessState {
-    std::uintptr_t nextHandle = 0;  ///< the lowest free handle, which a leak moves up
+    std::uintptr_t nextHandle = 0;  ///< the lowest free handle, which a leak raises
     std::size_t threads = 0;
     std::size_t freeTlsIndexes = 0;
-    std::size_t heapBytes = 0;  ///< given out by all heaps of the process
+    std::size_t heapBytes = 0;  ///< allocated in all heaps of the process
 };
 
-/// Takes stock; nothing else of the process should run meanwhile.
+/// Measures; nothing else in the process should run meanwhile.
 ProcessState processState();
 
 }  // namespace jsw::test

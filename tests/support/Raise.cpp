@@ -1,12 +1,12 @@
 #include "tests/support/Raise.h"
 
-extern "C" char jswSehFrameCaught;  // where jswRunInSehFrame goes on
+extern "C" char jswSehFrameCaught;  // where jswRunInSehFrame continues
 
 namespace jsw::test {
 
 namespace {
 
-/// Called by the system when the frames are gone; answers where to go on.
+/// Called by the system after unwinding; returns where to continue.
 void* CALLBACK consolidate(EXCEPTION_RECORD* /*record*/) {
     return &jswSehFrameCaught;
 }

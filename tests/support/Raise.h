@@ -10,30 +10,30 @@
 
 namespace jsw::test {
 
-/// Raises what a C++ exception of another compiler looks like to the system.
+/// Raises a structured exception like a C++ exception of another compiler.
 inline void raiseForeignException() {
     const ULONG_PTR arguments[] = {0x19930520, 0, 0};
     RaiseException(0xE06D7363, EXCEPTION_NONCONTINUABLE, 3, arguments);
 }
 
-/// Reads what is not there.
+/// Reads an invalid address.
 inline void fault() {
     const volatile int* volatile nowhere = nullptr;
     static_cast<void>(*nowhere);
 }
 
-/// What a host has around a call of a library that it does not trust: handles whatever structured
-/// exception comes out of the work.
+/// A host's guard around a call of an untrusted library: handles every structured exception of the
+/// work.
 class HostGuard : public SehFrame {
   public:
-    /// How the host has the frames in between taken away.
+    /// How the host unwinds the frames in between.
     enum class Unwind {
         withRecord,    ///< as __except does
         withoutOne,    ///< as RtlUnwind(…, nullptr, …)
         consolidating  ///< as Microsoft's catch (...)
     };
 
-    /// The exceptions that the host was asked to handle, the last of which ended the work.
+    /// The exceptions that the host got, the last of which ended the work.
     /// @param whenAsked  called before the host decides
     static std::vector<EXCEPTION_RECORD> handle(
         const std::function<void()>& work, Unwind unwind = Unwind::withRecord,
@@ -42,7 +42,7 @@ class HostGuard : public SehFrame {
         jswRunInSehFrame(guard, &HostGuard::run);
         return guard.asked_;
     }
-    /// The code of the exception that came out; 0 when none did.
+    /// The code of the exception that came out, or 0.
     static DWORD exceptionOf(const std::function<void()>& work) {
         const auto asked = handle(work);
         return asked.empty() ? 0 : asked.back().ExceptionCode;
@@ -60,7 +60,7 @@ class HostGuard : public SehFrame {
     const std::function<void()>& work_;
     const std::function<void()>& whenAsked_;
     const Unwind unwind_;
-    void* base_ = nullptr;  // of the stack frame that stays
+    void* base_ = nullptr;  // of the stack frame at which unwinding ends
     std::vector<EXCEPTION_RECORD> asked_;
 };
 

@@ -8,8 +8,8 @@
 
 namespace jsw::test {
 
-/// Whom security attributes let in: "default" without attributes, "open" for an access list that is
-/// there but null, otherwise the list's first entry.
+/// The access that security attributes grant: "default" without attributes, "open" for a null
+/// access list, otherwise the list's first entry.
 inline std::string accessOf(const SECURITY_ATTRIBUTES* attributes) {
     if (attributes == nullptr) return "default";
     BOOL present = FALSE;

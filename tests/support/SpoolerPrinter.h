@@ -9,8 +9,8 @@
 
 namespace jsw::test {
 
-/// A printer of the real spooler, as a driver package installs it; it goes with the object. In a
-/// private registry the spooler keeps it there.
+/// A printer of the real spooler, as a driver package installs it, removed by the destructor. With
+/// a private registry the spooler keeps it there.
 class SpoolerPrinter {
   public:
     explicit SpoolerPrinter(std::string name) : name_(std::move(name)) {
@@ -37,7 +37,7 @@ class SpoolerPrinter {
     SpoolerPrinter(const SpoolerPrinter&) = delete;
     SpoolerPrinter& operator=(const SpoolerPrinter&) = delete;
 
-    /// Sets the name that the printer was installed with.
+    /// Sets the name with which the printer was installed.
     void setOriginalName(const std::string& originalName) {
         setOriginalName(REG_SZ, originalName + '\0');
     }

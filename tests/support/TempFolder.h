@@ -4,7 +4,7 @@
 
 namespace jsw::test {
 
-/// A folder of its own that goes, with everything in it, when the object goes.
+/// A temporary folder, deleted with its contents by the destructor.
 class TempFolder {
   public:
     TempFolder();
@@ -14,16 +14,16 @@ class TempFolder {
 
     /// Without a trailing backslash.
     const std::string& path() const { return path_; }
-    /// Full path of a name in the folder, which may contain sub-folders.
+    /// Full path of a name in the folder; it may contain subfolders.
     std::string file(const std::string& name) const { return path_ + "\\" + name; }
-    /// Writes a file, creating sub-folders; answers its full path.
+    /// Writes a file, creating subfolders; returns its full path.
     std::string write(const std::string& name, const std::string& content) const;
 
   private:
     std::string path_;
 };
 
-/// The whole content of a file; empty when it cannot be read.
+/// The contents of a file; empty if it cannot be read.
 std::string readFile(const std::string& path);
 
 }  // namespace jsw::test

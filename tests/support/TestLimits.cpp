@@ -30,7 +30,7 @@ unsigned secondsOfATest() {
     return seconds != nullptr ? static_cast<unsigned>(std::atoi(seconds)) : 30;
 }
 
-/// Without a lock of the C run-time library, which a thread that hangs may hold.
+/// Without the C run-time library's locks, which a hanging thread may hold.
 void endProgram(const std::string& why) {
     std::string text;
     {
@@ -57,7 +57,7 @@ class LimitListener : public ::testing::EmptyTestEventListener {
     void OnTestEnd(const ::testing::TestInfo& /*info*/) override { deadline = kNever; }
 };
 
-/// Runs from the start: when a test hangs in the loader no thread can start any more.
+/// Runs from the start: no thread can start while a test hangs in the loader.
 DWORD WINAPI watch(void* /*unused*/) {
     while (GetTickCount64() < deadline) Sleep(kLookEvery);
     endProgram("has not ended in its time");

@@ -4,15 +4,14 @@
 
 namespace jsw::test {
 
-/// Gives every test a time of its own, 30 seconds or what the environment variable
-/// JSW_TEST_SECONDS says. A test that takes longer, faults or aborts ends the program at once with
-/// a failure and its name.
+/// Limits the time of every test to 30 seconds, or to the environment variable JSW_TEST_SECONDS. A
+/// test that takes longer, crashes or aborts ends the program at once with a failure and its name.
 void installTestLimits();
 
-/// Gives the running test so many seconds from now on.
+/// Gives the running test this number of seconds from now on.
 void allowSeconds(unsigned seconds);
 
-/// Says what the running test is doing, for the report of its end; empty: nothing special.
+/// Sets what the running test is doing, for its failure report; may be empty.
 void describeStep(const std::string& step);
 
 }  // namespace jsw::test

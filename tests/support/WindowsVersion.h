@@ -8,7 +8,8 @@
 
 namespace jsw::test {
 
-/// The version of Windows that Wine shows to a program of this name, while the object lives.
+/// The version of Windows that Wine reports to a program of this name, during the object's
+/// lifetime.
 class WindowsVersion {
   public:
     /// @param program  file name of the executable

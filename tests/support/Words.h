@@ -6,7 +6,7 @@
 
 namespace jsw::test {
 
-/// The parts of a text between its blanks: for lists that are easier to read so.
+/// The parts of a text between its blanks, for readable lists.
 inline std::vector<std::string> words(const std::string& text) {
     std::istringstream input(text);
     std::vector<std::string> parts;

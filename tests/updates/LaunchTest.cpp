@@ -31,12 +31,12 @@ namespace {
 
 constexpr char kHostVariable[] = "JSW_UPDATER_HOST";
 
-/// Makes the key that Windows takes every user's environment from.
+/// Creates the key from which Windows takes every user's environment.
 void addMachineEnvironment() {
     RegistryKey("System\\CurrentControlSet\\Control\\Session Manager\\Environment", true);
 }
 
-/// Runs an update check that is due; false when the date stays as it is.
+/// Runs an update check that is due; false if the date does not change.
 bool checkWhenDue() {
     const Settings settings;
     settings.write(setting::kDateLastChecked, "1/1/2000");
@@ -47,8 +47,7 @@ bool checkWhenDue() {
 }
 
 /// A host program whose update check is due; argument is its module folder. On a system without
-/// updates whatever is configured is the same, so there it checks under many names, and fails when
-/// anything is started.
+/// updates it checks with many names and fails if anything is started.
 const test::ChildRole checkingHost("check for updates", [](const std::string& folder) {
     const test::PrivateRegistry registry;
     addMachineEnvironment();
@@ -90,7 +89,7 @@ std::size_t countOf(const std::string& text, const std::string& part) {
     return count;
 }
 
-/// The record of so many updaters that may still be running; empty when none was started.
+/// The record of this number of updaters, which may still be running; empty if none was started.
 std::string finishedRecord(const std::string& file, DWORD patienceMilliseconds,
                            std::size_t updaters = 1) {
     const DWORD start = GetTickCount();
@@ -110,7 +109,7 @@ std::uintptr_t nextHandle() {
     return reinterpret_cast<std::uintptr_t>(event.get());
 }
 
-/// What a launch takes for a while and gives back.
+/// Resources that a launch takes temporarily.
 auto borrowedThings() {
     return std::make_tuple(nextHandle(), GetModuleHandleA("userenv.dll"),
                            GetModuleHandleA("wtsapi32.dll"));
@@ -130,7 +129,7 @@ class LaunchTest : public test::HostTest {
         HostTest::SetUp();
         updater_ = std::string(folderPart(moduleFileName(nullptr))) + "qlupdater.exe";
         ASSERT_NE(GetFileAttributesA(updater_.c_str()), INVALID_FILE_ATTRIBUTES);
-        // Seen by an updater that inherits this process's environment.
+        // Visible to an updater that inherits this process's environment.
         SetEnvironmentVariableA(kHostVariable, "qlzz");
     }
 
@@ -139,8 +138,8 @@ class LaunchTest : public test::HostTest {
         HostTest::TearDown();
     }
 
-    /// Lets a copy of this program, named like a host, check for updates on a version of Windows.
-    /// The updater lies in a folder of its own.
+    /// Lets a copy of this program with a host's name check for updates on a version of Windows.
+    /// The updater is in a separate folder.
     Outcome checkOn(const std::string& version, DWORD patienceMilliseconds = 20000) {
         const std::string name = "ql" + version.substr(version.size() - 2) + "check.exe";
         const std::string host = folder_.file(name);
@@ -291,7 +290,7 @@ TEST_F(LaunchTest, AStepThatTheSystemRefusesIsNamedAndAnEnvironmentIsNotVital) {
     }
 }
 
-/// What the library takes of userenv.dll, recorded.
+/// Records the library's calls of userenv.dll.
 struct Environments {
     static inline std::vector<std::string> calls;
     static inline wchar_t empty[2] = {};
@@ -344,7 +343,7 @@ TEST_F(LaunchTest, LaunchesGiveBackAllTheyTake) {
         controller.checkForUpdatesVista(updater);
         EXPECT_TRUE(hasRun());
     };
-    launchEachWay();  // what the shell makes once and keeps
+    launchEachWay();  // objects that the shell creates once and keeps
     const auto before = borrowedThings();
     for (std::size_t i = 0; i < kLaunches; ++i) launchEachWay();
     EXPECT_EQ(borrowedThings(), before);

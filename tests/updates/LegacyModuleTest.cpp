@@ -34,7 +34,7 @@ std::string textOf(int control) {
 
 }  // namespace
 
-/// The sample of the older module, as the library calls it: the prompt runs on a thread of its own.
+/// The older module as the library calls it: the prompt runs on its own thread.
 class LegacyModuleTest : public ::testing::Test {
   protected:
     void SetUp() override {
@@ -52,7 +52,7 @@ class LegacyModuleTest : public ::testing::Test {
         if (asking_.joinable()) asking_.join();
     }
 
-    /// Begins a prompt; true when its dialog is up.
+    /// Starts a prompt; true when its dialog is open.
     bool ask(std::int32_t type, std::int32_t pages) {
         over_ = false;
         asking_ = std::thread([this, type, pages] {

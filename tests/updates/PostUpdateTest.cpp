@@ -29,7 +29,7 @@ constexpr char kTag[] = "AppUpdatesController::performPostUpdateChangesIfRequire
 
 }  // namespace
 
-/// A store after an update: old modules in use, new names announced, in folders of its own.
+/// A store after an update: old modules in use, new names announced, in separate folders.
 class PostUpdateTest : public test::HostTest {
   protected:
     void SetUp() override {
@@ -76,7 +76,7 @@ class PostUpdateTest : public test::HostTest {
         return value;
     }
 
-    /// What performPostUpdateChangesIfRequired() itself has logged.
+    /// The log lines of performPostUpdateChangesIfRequired() itself.
     static std::vector<std::string> ownLines() {
         std::vector<std::string> own;
         for (const std::string& line : logLines()) {
@@ -99,8 +99,7 @@ struct Before {
     bool catalog;
 };
 
-/// What the two flags ask for, told by their meanings: 1 is a request, 2 is final, new software
-/// brings new data along.
+/// The effect of the two flags: 1 is a request, 2 is final, new software implies new data.
 struct Expected {
     explicit Expected(const Before& before)
         : softwareWanted(before.software == 1),
@@ -218,7 +217,7 @@ TEST_F(PostUpdateTest, TurnedOffChangesNothing) {
     EXPECT_EQ(text(setting::kViewModule), "old");
 }
 
-/// A flag that is final although nothing was switched would keep the old files for ever.
+/// A final flag without a switch would keep the old files for ever.
 TEST_F(PostUpdateTest, WhatCannotBeStoredIsAFailedSwitch) {
     const struct {
         const char* value;

@@ -15,7 +15,7 @@ namespace {
 constexpr std::time_t kHour = 3600;
 constexpr std::time_t kDay = 24 * kHour;
 
-/// Calendar time of a day at midnight in a zone that keeps to UTC all year.
+/// Calendar time of a day's midnight in a zone with UTC all year.
 std::time_t utcMidnight(int month, int day, int year) {
     std::tm time{};
     time.tm_mon = month - 1;
@@ -24,8 +24,7 @@ std::time_t utcMidnight(int month, int day, int year) {
     return _mkgmtime(&time);
 }
 
-/// Local time in a zone five hours west of Greenwich that obeys the daylight-saving flag it is
-/// given.
+/// Local time in a zone five hours west of Greenwich, with the given daylight-saving flag.
 std::time_t makeEasternTime(std::tm* time) {
     const std::time_t hoursBehind = time->tm_isdst > 0 ? 4 : 5;
     const std::time_t utc = _mkgmtime(time);
@@ -96,21 +95,21 @@ TEST(UpdateScheduleTest, IsDueFromTheMidnightThatEndsTheInterval) {
         {"7/1/2008", 30, utcMidnight(7, 31, 2008) + 5 * kHour - 1, false, false},
         {"7/1/2008", 1, utcMidnight(7, 1, 2008) + 5 * kHour + kDay, false, true},
         {"7/1/2008", 1, utcMidnight(7, 1, 2008) + 5 * kHour + kDay - 1, false, false},
-        // Across the change to daylight saving time: the stored day, too, counts as having it.
+        // Across the change to daylight saving time: it also applies to the stored day.
         {"3/1/2024", 30, utcMidnight(3, 31, 2024) + 4 * kHour, true, true},
         {"3/1/2024", 30, utcMidnight(3, 31, 2024) + 4 * kHour - 1, true, false},
         // And back.
         {"10/20/2024", 30, utcMidnight(11, 19, 2024) + 5 * kHour, false, true},
         {"10/20/2024", 30, utcMidnight(11, 19, 2024) + 5 * kHour - 1, false, false},
         {"2/29/2024", 365, utcMidnight(2, 28, 2025) + 5 * kHour, false, true},
-        // A day that has not come yet.
+        // A day in the future.
         {"1/1/2030", 30, utcMidnight(1, 1, 2025), false, false},
         {"1/1/2030", 0, utcMidnight(1, 1, 2025), false, true},
         {"7/1/2008", UINT32_MAX, utcMidnight(1, 1, 2025), false, false},
         // A thirteenth month is January.
         {"13/1/2007", 30, utcMidnight(1, 31, 2008) + 5 * kHour, false, true},
         {"13/1/2007", 30, utcMidnight(1, 31, 2008) + 5 * kHour - 1, false, false},
-        // No dates, or none that calendar time knows.
+        // Invalid dates, or dates that calendar time does not have.
         {"", 30, utcMidnight(1, 1, 2025), false, true},
         {"yesterday", 30, utcMidnight(1, 1, 2025), false, true},
         {"1/1/99999999", 30, utcMidnight(1, 1, 2025), false, true},
@@ -126,7 +125,7 @@ TEST(UpdateScheduleTest, IsDueFromTheMidnightThatEndsTheInterval) {
 }
 
 TEST(UpdateScheduleTest, TheSystemsCalendarIsSafeFromAnyNumbers) {
-    // It knows none of these days, so the check is due.
+    // It has none of these days, so the check is due.
     for (const char* text : {"2147483647/2147483647/2147483647", "-2147483648/1/1", "1/1/99999999",
                              "1/1/-2147483648"}) {
         EXPECT_TRUE(isCheckDue(text, 30, 1700000000, localAt(false), [](std::tm* time) {
@@ -239,7 +238,7 @@ TEST_F(UpdateCheckTest, ValuesOfTheWrongTypeAreDueAndPutRight) {
                         "process"));
 }
 
-/// It may say that the user wants no updates.
+/// The user may have switched updates off.
 TEST_F(UpdateCheckTest, AValueThatCannotBeReadStartsNoCheck) {
     for (const char* value :
          {"CheckForUpdates", "DateLastCheckedForUpdates", "UpdatesCheckFrequency"}) {
@@ -280,7 +279,7 @@ TEST_F(UpdateCheckTest, WithoutAStoreNothingIsDueAndNoneIsMade) {
     EXPECT_FALSE(Settings().isValid());
 }
 
-/// None of these may start anything, and each but the last says why.
+/// None of these may start anything; each except the last one logs why.
 TEST_F(UpdateCheckTest, NamesThatAreNoUpdaterAreRefusedAfterTheDateIsReset) {
     folder_.write("folder.exe\\inside", "x");
     folder_.write("updater.exe", "x");

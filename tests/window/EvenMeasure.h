@@ -7,7 +7,7 @@
 
 namespace jsw::test {
 
-/// A font whose letters differ in width, as real ones do, at the scale of a screen.
+/// A proportional font at the scale of a screen.
 class EvenMeasure : public jsw::ui::TextMeasure {
   public:
     explicit EvenMeasure(jsw::ui::Scale scale) : scale_(scale) {}

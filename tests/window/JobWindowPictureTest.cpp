@@ -13,7 +13,7 @@
 namespace jsw::test {
 namespace {
 
-/// A part of a window as it is on the screen.
+/// The screen's picture of a part of a window.
 struct Picture {
     LONG width = 0;
     std::vector<std::uint32_t> pixels;
@@ -51,7 +51,7 @@ Picture pictureOf(HWND window, const RECT& area) {
 
 class JobWindowPictureTest : public JobWindowTest {
   protected:
-    /// All that was posted has been dealt with, too: this click comes after it.
+    /// Everything posted earlier has been handled: this click comes after it.
     void emptyQueue() const {
         reports.take();
         press(JSW_VIEW_CURRENT);
@@ -59,7 +59,7 @@ class JobWindowPictureTest : public JobWindowTest {
     }
     [[nodiscard]] Picture content() const {
         emptyQueue();
-        // Painting comes after everything else, and nothing tells when it has ended.
+        // Painting comes last, and nothing reports its end.
         Picture last;
         for (int equal = 0; equal < 3;) {
             Sleep(20);
@@ -112,7 +112,7 @@ TEST_F(JobWindowPictureTest, AnyResizingLeavesThePixelsOfAFreshDrawing) {
         for (const int dotsPerInch : {96, 144, 192}) {
             changeScale(dotsPerInch);
             for (int i = 0; i < sizes / 3; ++i) {
-                // Down and up, the height at another pace than the width.
+                // Smaller and larger, the height at another rate than the width.
                 const int width = 440 + std::abs((i * 36 + 12) % 1100 - 550);
                 resize(width, 300 + std::abs((i * 92) % 800 - 400));
                 if (i % 3 == 1) press(JSW_VIEW_CANCEL);

@@ -6,7 +6,7 @@
 namespace jsw::test {
 namespace {
 
-/// What a screen reader is told of a control or, from 1, of a part of it.
+/// What a screen reader gets for a control or, from 1, for a part of it.
 struct Spoken {
     std::string name;
     std::string value;

@@ -28,7 +28,7 @@ TEST_F(JobWindowTest, CancelAsksBackAndASecondClickDoesNothing) {
     press(JSW_VIEW_CANCEL);
     ASSERT_TRUE(within(kPatience, [] { return reports.has("event 9"); }));
     settle();
-    // The window says so until the job ends, whatever the driver goes on to tell.
+    // The window says so until the job ends, whatever the driver reports.
     UpdateInfo(3, 1, 0, nullptr);
     settle();
     EXPECT_EQ(text(JSW_VIEW_PROGRESS_TEXT), "Cancelling\x85");
@@ -76,7 +76,7 @@ TEST_F(JobWindowTest, AHostThatTakesItsTimeHoldsNothingUp) {
     ASSERT_TRUE(isAsked("2 pages have not been printed. Cancel printing?"));
     press(JSW_VIEW_YES);
     ASSERT_TRUE(within(kPatience, [] { return reports.has("event 9"); }));
-    // The host is in its callback now. The window goes on all the same.
+    // The host is now in its callback. The window keeps working.
     press(JSW_VIEW_UPDATE_AUTOMATICALLY);
     EXPECT_TRUE(within(kPatience, [&] {
         return SendMessageA(control(JSW_VIEW_UPDATE_AUTOMATICALLY), BM_GETCHECK, 0, 0) ==
@@ -105,7 +105,7 @@ TEST_F(JobWindowTest, TheKeyboardReachesEverythingAndNeverCancelsByItself) {
                                 JSW_VIEW_SPECIAL_MESSAGES, JSW_VIEW_CANCEL, JSW_VIEW_CONTENT_LINK,
                                 JSW_VIEW_CONTENT_BUTTON, JSW_VIEW_PREVIOUS, JSW_VIEW_CURRENT}));
 
-    // Who has come here by keyboard sees where it is: a ring in the accent colour.
+    // After use of the keyboard the focus is visible: a ring in the accent colour.
     EXPECT_TRUE(within(kPatience, [&] { return edgeOf(JSW_VIEW_CURRENT) == RGB(0, 95, 184); }));
     EXPECT_NE(edgeOf(JSW_VIEW_NEXT), RGB(0, 95, 184));
     key(VK_RETURN);
@@ -141,7 +141,7 @@ TEST_F(JobWindowTest, PageButtonsAndLinksReportTheirActions) {
     EXPECT_FALSE(IsWindowEnabled(control(JSW_VIEW_PREVIOUS)));
 }
 
-/// All visible controls lie within the window, those that can be pressed on nothing else.
+/// All visible controls are inside the window; those that can be pressed cover nothing else.
 void expectNothingHidden(HWND window) {
     RECT area;
     GetClientRect(window, &area);

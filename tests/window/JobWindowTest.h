@@ -29,7 +29,7 @@ bool within(DWORD milliseconds, const Condition& condition) {
     return true;
 }
 
-/// What the window has told its host, in order.
+/// The window's reports to its host, in order.
 class Reports {
   public:
     void add(const std::string& report) {
@@ -53,7 +53,7 @@ class Reports {
 extern Reports reports;
 extern HANDLE hostBusy;  ///< while set, the host waits for it in its status callback
 
-/// The view module as the library calls it, with a real window.
+/// The view module as the library uses it, with a real window.
 class JobWindowTest : public ::testing::Test {
   protected:
     void SetUp() override;
@@ -68,7 +68,7 @@ class JobWindowTest : public ::testing::Test {
         PostMessageA(window_, WM_COMMAND, static_cast<WPARAM>(id),
                      reinterpret_cast<LPARAM>(control(id)));
     }
-    /// Everything posted so far has been dealt with.
+    /// Waits until everything posted so far has been handled.
     void settle() const { SendMessageA(window_, WM_NULL, 0, 0); }
     [[nodiscard]] bool isAsked(const std::string& question) const {
         return within(kPatience, [&] {

@@ -35,7 +35,7 @@ TEST(Strings, AreChosenByLanguageAndElseEnglish) {
     EXPECT_STREQ(Language::choose(0).code(), "en");
 }
 
-/** The letter behind "&", lower case; 0 when there is none. */
+/** The letter after "&", in lower case, or 0. */
 char accessKey(const char* label) {
     const std::string text = label;
     const auto mark = text.find('&');
@@ -185,7 +185,7 @@ TEST(StatusText, TimeIsReadable) {
         EXPECT_EQ(timeText(progress, english()), row.english);
         EXPECT_EQ(timeText(progress, german()), row.german);
     }
-    // A driver without an estimate says 0 while pages are left.
+    // A driver without an estimate passes 0 while pages remain.
     EXPECT_EQ(timeText({2, 3, 1, 1, true, 0U}, english()), "Time remaining not known");
     EXPECT_EQ(timeText({3, 3, 1, 1, true, 0U}, english()), "Finishing");
 }

@@ -19,7 +19,7 @@ using namespace jsw::view;
 
 using jsw::test::EvenMeasure;
 
-/** Everything in the window that must not lie on anything else. */
+/** Everything in the window that must not overlap anything. */
 std::vector<std::pair<std::string, Box>> partsOf(const WindowLayout& layout) {
     std::vector<std::pair<std::string, Box>> parts;
     const auto addText = [&](const PlacedText& text) { parts.emplace_back(text.text, text.box); };
@@ -40,7 +40,7 @@ std::vector<std::pair<std::string, Box>> partsOf(const WindowLayout& layout) {
     for (const auto* buttons : {&layout.page.buttons, &layout.buttons, &layout.checkBoxes}) {
         for (const PlacedButton& button : *buttons) parts.emplace_back(button.label, button.box);
     }
-    // Of what is scrolled, the part that is seen.
+    // The visible part of what scrolls.
     const std::size_t scrolled = parts.size();
     for (const Box& dot : layout.page.dots) parts.emplace_back("dot", dot);
     for (const PlacedText& line : layout.page.lines) addText(line);
@@ -55,7 +55,7 @@ std::vector<std::pair<std::string, Box>> partsOf(const WindowLayout& layout) {
     return parts;
 }
 
-/** Texts with the room that they have. */
+/** Texts with their room. */
 std::vector<PlacedText> textsOf(const WindowLayout& layout) {
     std::vector<PlacedText> texts = layout.questionLines;
     for (const auto& text : layout.texts) texts.push_back(text.placed);
@@ -98,7 +98,7 @@ void expectGood(const WindowLayout& layout, const TextMeasure& measure, const st
     EXPECT_GE(layout.page.textArea.height(), measure.lineHeight(Font::normal)) << what;
 }
 
-/** That nothing which can be pressed is missing. */
+/** Checks that nothing that can be pressed is missing. */
 void expectEverythingReachable(const WindowLayout& layout, const Page& page, Question question,
                                const std::string& what) {
     std::set<int> ids;

@@ -1,4 +1,4 @@
-/* A driver's program that stands a module's crash, with the guard of the driver guide. */
+/* A driver that survives a module's crash, with the guard of the driver guide. */
 #include <jsw/jsw.h>
 #include <stdio.h>
 

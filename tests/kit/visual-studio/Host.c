@@ -1,4 +1,4 @@
-/* A driver's program without a C library: a job, whose start it tells by its exit code. */
+/* A driver without a C library: one job, whose start its exit code reports. */
 #include <jsw/catalog.h>
 #include <jsw/device.h>
 #include <jsw/jsw.h>

@@ -20,7 +20,7 @@ ContentPage page(const std::string& name, const std::string& language, const std
     return result;
 }
 
-/// A folder without fault: two pages, one of them in German, a category and a rule.
+/// A correct folder: two pages, one of them in German, a category and a rule.
 ContentFacts goodContent() {
     ContentFacts facts;
     sample::XmlNode action = node("action", {});

@@ -1,4 +1,4 @@
-// A catalog with the fault that JSWCTL_FAULT names.
+// A catalog with the fault in JSWCTL_FAULT.
 
 #include <jsw/catalog.h>
 
@@ -24,7 +24,7 @@ char* GetBillboardFileName(const char*) {
     if (std::strcmp(fault, "literal") == 0) return literal;
     if (std::strcmp(fault, "leak") == 0) allocateText(100);
     if (std::strcmp(fault, "loop") == 0) {
-        CreateMutexA(nullptr, FALSE, "jswctl-test-loop");  // gone when this process is
+        CreateMutexA(nullptr, FALSE, "jswctl-test-loop");  // exists as long as this process
         for (volatile bool on = true; on;) Sleep(1);
     }
     if (std::strcmp(fault, "crash") == 0) {

@@ -4,7 +4,7 @@
 
 namespace jsw::ctl {
 
-/// A module without fault.
+/// A correct module.
 inline ModuleFacts goodModule(const ModuleKind& kind) {
     ModuleFacts facts;
     facts.kind = &kind;

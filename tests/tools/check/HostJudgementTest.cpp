@@ -16,7 +16,7 @@ StoredValue number(std::uint32_t value) {
     return {Source::stored, {}, value};
 }
 
-/// A host without fault, after its first run.
+/// A correct host, after its first run.
 HostFacts goodHost() {
     HostFacts facts;
     facts.hostPath = "C:\\h\\qlabhost.exe";

@@ -109,7 +109,7 @@ TEST(ModuleJudgementTest, WhatIsNoFaultOnlyGetsANote) {
     EXPECT_TRUE(has(report, Severity::note, "which is allowed: SetPortType"));
     EXPECT_TRUE(has(report, Severity::note, "does not know: MyOwnHelper"));
 
-    // What a view may do without, but the user should hear of.
+    // What a view may omit, but the user should know.
     std::erase(facts.file.exports, "ShowGui");
     EXPECT_TRUE(has(judged(facts), Severity::warning, "ShowGui is missing: no window appears"));
 

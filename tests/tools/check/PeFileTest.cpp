@@ -18,7 +18,7 @@ PeFile readGuarded(const std::string& bytes) {
     return readPeFile({buffer.data(), buffer.size()});
 }
 
-/// A real module; the tests run in the folder of the built programs.
+/// A real module; the tests run in the folder of the programs.
 std::string module() {
     static const std::string bytes = test::readFile("scripted_catalog.dll");
     return bytes;
@@ -49,8 +49,8 @@ TEST(PeFileTest, EveryCutIsNoticedAndNothingIsReadBeyondIt) {
     }
 }
 
-/// Every number of the headers, with the places and sizes of all tables among them, and every
-/// number of the export and import tables, turned into the wildest values.
+/// Every number of the headers, including the positions and sizes of all tables, and every number
+/// of the export and import tables, replaced by extreme values.
 TEST(PeFileTest, WildNumbersLeadNowhere) {
     const std::string whole = module();
     const GuardedBuffer buffer(whole);

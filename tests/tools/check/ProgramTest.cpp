@@ -1,4 +1,4 @@
-// Whole runs of jswctl.exe on hosts of their own names in the real registry of the test's prefix.
+// Whole runs of jswctl.exe on hosts with their own names in the real registry of the test's prefix.
 
 #include "PublicLib/logging/LogFile.h"
 #include "PublicLib/text/Text.h"
@@ -69,7 +69,7 @@ Outcome jswctl(const std::string& arguments, const test::TempFolder& folder) {
 
 #define JSWCTL_TEST_NAME(name, type) #name,
 
-/// A host whose name begins with no product line's letters, with a store that goes with it.
+/// A host without product line, whose store is removed with the object.
 class ProgramTest : public ::testing::Test {
   protected:
     void SetUp() override {
@@ -101,7 +101,7 @@ class ProgramTest : public ::testing::Test {
         return RegGetValueA(HKEY_LOCAL_MACHINE, concat(store(), "\\", key).c_str(), name,
                             RRF_RT_ANY, nullptr, nullptr, nullptr) == ERROR_SUCCESS;
     }
-    /// Leaves a key open to administrators alone.
+    /// Restricts a key to administrators.
     static void closeKey(const char* key) {
         PSECURITY_DESCRIPTOR descriptor = nullptr;
         KeyHandle handle;
@@ -152,7 +152,7 @@ TEST_F(ProgramTest, AHostWithoutAnythingIsToldWhatItLacks) {
     EXPECT_TRUE(run.says("there is no settings file")) << run.output;
     EXPECT_TRUE(run.says("zyctjswv.dll; JSWInit returns 0")) << run.output;
     EXPECT_FALSE(hasValue("Settings", "DllPath"));
-    // An empty store would keep the file from being installed.
+    // An empty store would prevent the installation of the file.
     const Outcome install = onHost("install");
     EXPECT_EQ(install.exitCode, 1U);
     EXPECT_NE(install.errors.find("nothing was changed"), std::string::npos) << install.errors;
@@ -183,7 +183,7 @@ TEST_F(ProgramTest, AnInstalledHostIsWellAndStaysAsItWas) {
     EXPECT_TRUE(onHost("install", "--dry-run").says("Would install 5 values"));
     EXPECT_FALSE(hasValue("Settings", "DllPath"));
     EXPECT_EQ(onHost("install").exitCode, 0U);
-    // As a first job of an administrator may leave one: all others are open to everyone.
+    // As an administrator's first job may leave one: everyone can open all others.
     closeKey("Settings\\Controller");
     const Outcome after = onHost("check", "--json");
     EXPECT_TRUE(after.says("jobs of ordinary users cannot open 1 key")) << after.output;
@@ -200,7 +200,7 @@ TEST_F(ProgramTest, AnInstalledHostIsWellAndStaysAsItWas) {
     EXPECT_EQ(source("CheckForUpdates"), "default");
     EXPECT_EQ(source("DefaultBillboard"), "default");
     EXPECT_EQ(source("DriverName"), "missing");
-    // A job would have written these.
+    // A job would write these.
     EXPECT_FALSE(hasValue("Settings\\Updater", "CheckForUpdates"));
     EXPECT_FALSE(hasValue("Settings\\Controller\\DefaultBillboard", "FileName"));
 }
@@ -353,7 +353,7 @@ TEST_F(ProgramTest, ATrialEndsWithTheToolThatIsEnded) {
     EXPECT_TRUE(waitUntil(false));
 }
 
-/// The trial job is the user's to choose, and the sample engine goes by it.
+/// The user chooses the trial job, and the sample engine uses it.
 TEST_F(ProgramTest, AnEngineIsToldTheTrialJobAndAViewGoesThroughAllItsCalls) {
     const Outcome rules =
         jswctl("module rules reng.dll --pages 3 --copies 2 --ink 90,10 --job report.pdf", folder_);

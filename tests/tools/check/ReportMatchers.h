@@ -8,7 +8,7 @@
 
 namespace jsw::ctl {
 
-/// Whether a finding of this severity holds the text, its remedy after ". ".
+/// Whether a finding of this severity contains the text, its remedy after ". ".
 inline bool has(const Report& report, Severity severity, const std::string& text) {
     return std::any_of(
         report.findings().begin(), report.findings().end(), [&](const Finding& finding) {

@@ -1,4 +1,4 @@
-// Holds docs/settings.md and jsw/settings/SettingNames.h together, in both directions.
+// Compares docs/settings.md with jsw/settings/SettingNames.h, in both directions.
 
 #include "PublicLib/os/ProductLines.h"
 #include "PublicLib/text/Text.h"

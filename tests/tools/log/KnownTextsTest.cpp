@@ -45,7 +45,7 @@ std::vector<std::string> literalsOf(std::string_view source) {
     return literals;
 }
 
-/// Of all product sources: what the log can say.
+/// The literals of all product sources.
 const std::vector<std::string>& productLiterals() {
     static const std::vector<std::string> literals = [] {
         std::vector<std::string> all;
@@ -99,8 +99,8 @@ TEST(KnownTexts, EveryTextIsOneThatTheProductWrites) {
     }
 }
 
-/// A text that is added to the product needs a cause and a remedy in the table. Only the bare words
-/// that stand before the reason of a failure are left to the table's general entries.
+/// A new text of the product needs a cause and a remedy in the table. Only the bare words before a
+/// failure's reason are left to the table's general entries.
 TEST(KnownTexts, EveryTroubleOfTheProductIsKnown) {
     const std::set<std::string> bareWords = {"ERROR - ", "WARNING: "};
     const auto general = [](const KnownText* known) {
@@ -113,7 +113,7 @@ TEST(KnownTexts, EveryTroubleOfTheProductIsKnown) {
     }
 }
 
-/// An entry that another one hides would never be found.
+/// An entry hidden by another one would never be found.
 TEST(KnownTexts, EveryTextFindsItsOwnEntry) {
     for (const KnownText& known : knownTexts()) {
         EXPECT_EQ(findKnownText(known.text), &known) << known.text;
@@ -125,7 +125,7 @@ TEST(KnownTexts, EveryTextFindsItsOwnEntry) {
     }
 }
 
-/// What stands in a pattern between the method's tag and the places that vary is the product's.
+/// A pattern's text between the method's tag and the placeholders is the product's.
 TEST(KnownTexts, StoriesAreMadeOfTextsOfTheProduct) {
     for (const StoryText& story : storyTexts()) {
         std::string_view rest = story.pattern;

@@ -1,5 +1,5 @@
 /// @file LargeLogTest.cpp
-/// A program of its own, because it counts all memory that is in use.
+/// A separate program, because it counts all memory in use.
 #include "tests/tools/log/LogText.h"
 #include "tools/jswctl/log/HtmlReport.h"
 #include "tools/jswctl/log/ReadLog.h"
@@ -17,7 +17,7 @@
 
 namespace {
 
-// A thread that watches over the tests allocates as well.
+// The watchdog thread of the tests allocates, too.
 std::atomic<std::size_t> inUse = 0;
 std::atomic<std::size_t> mostInUse = 0;
 
@@ -51,7 +51,7 @@ namespace {
 
 using test::LogText;
 
-/// A log that is made while it is read: the same block, again and again.
+/// A log that is generated while it is read: the same block repeatedly.
 class EndlessLog : public std::streambuf {
   public:
     EndlessLog(std::string block, std::size_t times) : block_(std::move(block)), times_(times) {}
@@ -109,7 +109,7 @@ TEST(LargeLog, ManyJobsAreReadInBoundedMemory) {
     EXPECT_LT(mostInUse - before, kMostMemory);
 }
 
-/// One job that never ends, with calls, events, threads and troubles without number.
+/// One job that never ends, with endless calls, events, threads and problems.
 TEST(LargeLog, AnEndlessJobIsReadInBoundedMemory) {
     LogText log;
     for (std::uint32_t i = 0; i < 200; ++i) {
@@ -125,7 +125,7 @@ TEST(LargeLog, AnEndlessJobIsReadInBoundedMemory) {
     EXPECT_LT(mostInUse - before, kMostMemory);
 }
 
-/// Lines of more processes than can be kept at the same time.
+/// Lines of more processes than are kept at the same time.
 TEST(LargeLog, ManyProcessesAreReadInBoundedMemory) {
     LogText log;
     for (std::uint32_t i = 1; i <= 1000; ++i) log.process(i * 4).beginJob("job");

@@ -27,7 +27,7 @@ std::vector<std::string> linesOf(const std::string& text) {
 
 }  // namespace
 
-/// What the library writes is what the tool reads, whichever parts of the heading are on.
+/// The tool reads what the library writes, whichever parts of the header are on.
 TEST(LogLine, ReadsWhatTheLibraryWrites) {
     const LogTime time{2026, 2, 28, 23, 59, 58, 7};
     for (int parts = 0; parts < 8; ++parts) {
@@ -81,7 +81,7 @@ TEST(LogLine, FindsALineThatBeginsInsideATornOne) {
     EXPECT_EQ(findNextHeading(torn, 1), torn.size() - line.size());
     EXPECT_EQ(findNextHeading(line, 1), std::string::npos);
     EXPECT_EQ(findNextHeading(line, 0), 0U);
-    // A time alone, such as in a job's name, is no heading.
+    // A time alone, such as in a job's name, is not a header.
     EXPECT_EQ(findNextHeading("jobname=" + kHeading + "and more", 0), std::string::npos);
 }
 
@@ -105,7 +105,7 @@ TEST(LineReader, CutsLinesAtTheirEndsAndAtItsLimit) {
     EXPECT_EQ(linesOf(""), std::vector<std::string>());
     EXPECT_EQ(linesOf("a\r\n\nb\rc\nlast"), (std::vector<std::string>{"a", "", "b\rc", "last"}));
 
-    // Longer than the limit and than the reader's buffer; the line behind it is whole.
+    // Longer than the limit and the reader's buffer; the next line is complete.
     std::istringstream input(std::string(900'000, 'x') + "\r\nnext\r\n");
     LineReader reader(input);
     ASSERT_TRUE(reader.next());

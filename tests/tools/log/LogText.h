@@ -8,7 +8,7 @@
 
 namespace jsw::test {
 
-/// Writes a log line by line as the library does, for a thread that can be changed.
+/// Writes a log line by line like the library, for a selectable thread.
 class LogText {
   public:
     LogText& process(std::uint32_t id) { return set(header_.processId, id); }
@@ -34,13 +34,13 @@ class LogText {
         text_ += formatLogLine(header_, text) + "\r\n";
         return *this;
     }
-    /// Bytes as they are.
+    /// Raw bytes.
     LogText& raw(const std::string& bytes) {
         text_ += bytes;
         return *this;
     }
 
-    /// A job from its parameters to the teardown, with what stands between.
+    /// A job from its parameters to the teardown, with the lines in between.
     LogText& beginJob(const std::string& name) {
         line(0, "+Controller::jswInit: ");
         line(1, "Params:friendlyName=Office printer jobname=" + name +

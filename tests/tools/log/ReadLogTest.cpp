@@ -87,7 +87,7 @@ TEST(ReadLog, TellsAJobInWords) {
                             "the driver ends the job"));
 }
 
-/// Two hosts print at the same time; the lines say whose they are.
+/// Two hosts print at the same time; the lines have process ids.
 TEST(ReadLog, KeepsProcessesApart) {
     LogText log;
     log.process(0x10).thread(1).beginJob("one");
@@ -178,7 +178,7 @@ TEST(ReadLog, SaysWhichBillboardWasChosenAndWhy) {
         "none: the rules engine did not start; the default page stays");
 }
 
-/// The host is ended in the middle of a call; the next process is told from it even without ids.
+/// The host is ended in the middle of a call; the next process is recognised even without ids.
 TEST(ReadLog, TellsWhereAJobWasWhenItsLinesEnd) {
     LogText log;
     log.beginJob("dead in the view")
@@ -204,7 +204,7 @@ TEST(ReadLog, PassesOverForeignLinesAndMendsTornOnes) {
     log.raw("half a line\r\n").beginJob("report\r\nwith a line break");
     log.raw("2026/11/21-10:00:00.000 JSW                       +Controller::jswUp");
     log.raw(std::string("\0\x01\xFF\r\n", 5));
-    log.raw("2026/11/21-10:00:00.000 JSW           ");  // killed in the heading
+    log.raw("2026/11/21-10:00:00.000 JSW           ");  // killed in the header
     log.line(0, "+Controller::jswUpdateInfo: ").line(0, "-Controller::jswUpdateInfo: ").endJob();
     log.raw("2026/11/21-10:00:00.000 JSW                       the last, without an end");
     const Reading reading = read(log.text());
@@ -254,7 +254,7 @@ TEST(ReadLog, TellsTroubleOfDifferentModulesApart) {
     EXPECT_TRUE(troubles[2].finding.known->severity == Severity::stops);
 }
 
-/// Without any level but errors, which is how the log is while it is switched off.
+/// With errors only, like a log that is switched off.
 TEST(ReadLog, TakesALogOfErrorsAlone) {
     LogText log;
     log.line(0, "ERROR - the module raised an exception in ShowGui");

@@ -79,7 +79,7 @@ TEST(TimeAxis, KeepsTheOrderOfTimesAndFoldsWhatIsIdle) {
     EXPECT_DOUBLE_EQ(axis.x(1000), 0);
     EXPECT_NEAR(axis.x(11'000), 1000, 0.001);
     EXPECT_DOUBLE_EQ(axis.x(0), 0);
-    // A busy stretch keeps its share: 400 of 400 milliseconds on what the folds leave.
+    // A busy time keeps its share: 400 of 400 milliseconds of what the folds leave.
     EXPECT_NEAR(axis.x(6200) - axis.x(6000), (1000 - 2 * axis.folds()[0].width) / 2, 0.001);
     for (const TimeAxis::Tick& tick : axis.ticks()) {
         for (const TimeAxis::Fold& fold : axis.folds()) {
@@ -127,7 +127,7 @@ TEST(Reports, PictureHasALaneForEachThreadAndAMarkForEachTrouble) {
     EXPECT_THAT(page, Not(HasSubstr("http")));
 }
 
-/// A view that calls back on a new thread each time must not fill the picture with lanes.
+/// A view that calls back on new threads must not fill the picture with lanes.
 TEST(Reports, PictureHasOneLaneForThreadsThatTakeTurns) {
     LogText log;
     log.thread(1).beginJob("a");
