@@ -1,5 +1,5 @@
-# Header-only packages of the building machine that samples and tools use. Each is copied into the
-# build folder, because the folder it lies in is the building machine's and not the target's.
+# The build machine's header-only packages for samples and tools. Each is copied into the build folder,
+# because its own folder contains headers of the build machine, not of the target.
 
 # jsw_header_package(target folder): the interface library target, for #include <folder/...>.
 function(jsw_header_package target folder)

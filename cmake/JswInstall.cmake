@@ -1,10 +1,10 @@
-# What the kit consists of and where it lies, for `cmake --install` and for the package.
+# The contents of the kit, for `cmake --install` and for the package.
 #
 #   bin/          jsw.dll with its symbols beside it, the modules, tools, the demonstration
 #   include/jsw/  the public headers
 #   lib/          import library, lib/cmake/jsw the CMake package
 #   samples/      the sources of the samples; the kit's root is the project that builds them
-#   window/       the sources of the job window and the prompt, which it builds, too
+#   window/       the sources of the job window and the prompt, which are built, too
 #   docs/         the documents
 include(CMakePackageConfigHelpers)
 
@@ -15,9 +15,9 @@ install(
   EXPORT jswTargets
   RUNTIME DESTINATION bin
   ARCHIVE DESTINATION lib)
-# One of the two, and none of a debug build, which keeps its symbols in the library.
+# One of the two; none in a debug build, whose library contains its symbols.
 install(FILES $<TARGET_FILE:jsw>.debug $<TARGET_FILE_DIR:jsw>/jsw.pdb DESTINATION bin OPTIONAL)
-# For Visual Studio's linker, and for those that want an import library of their own.
+# For Visual Studio's linker, and to make other import libraries.
 install(FILES $<TARGET_PROPERTY:jsw_lib,FILE> jsw/jsw.def DESTINATION lib)
 install(
   DIRECTORY include/jsw
@@ -25,7 +25,7 @@ install(
   FILES_MATCHING
   PATTERN *.h)
 
-# The tools, the modules and the updater, ready to run, and what they read.
+# The tools, the modules and the updater, with their data, ready to run.
 install(
   TARGETS jswctl jswv bcat reng jswo comc qldemo qlupdater
   RUNTIME DESTINATION bin

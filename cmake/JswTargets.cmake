@@ -1,17 +1,17 @@
-# How every target of this project is compiled, and the few kinds of targets there are.
+# Compiler options and the kinds of targets of this project.
 
 add_library(jsw_options INTERFACE)
 target_compile_features(jsw_options INTERFACE cxx_std_20)
 target_include_directories(jsw_options INTERFACE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/include)
-# The oldest Windows that is served is 6.0 (Vista, Server 2008): the compiler's thread runtime needs
-# it. The headers show nothing newer; what is newer is looked up by name. Decisions about systems
-# older than that stay in the code, because a host may run in a compatibility mode.
+# The oldest supported Windows is 6.0 (Vista, Server 2008), which the compiler's thread runtime needs.
+# The headers show nothing newer; newer functions are looked up by name. The code still handles older
+# systems, because a host may run in a compatibility mode.
 target_compile_definitions(jsw_options INTERFACE WIN32_LEAN_AND_MEAN NOMINMAX _WIN32_WINNT=0x0600)
 
 if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
-  # Reported of std::string by mistake (GCC bug 105651); clang looks for the same.
+  # A false positive with std::string (GCC bug 105651); clang has the same warning.
   set(mistaken -Wno-restrict -Wno-array-bounds -Wno-stringop-overflow -Wno-stringop-overread)
-  # A compiler cache lets files with a precompiled header by without it.
+  # Without it a compiler cache ignores files with a precompiled header.
   set(cached -fpch-preprocess)
 endif()
 target_compile_options(
@@ -34,9 +34,9 @@ if(JSW_COVERAGE)
   target_link_options(jsw_options INTERFACE --coverage)
 endif()
 
-# jsw_precompile(name header...): from here down what nearly every file includes, and the headers given,
-# is read once. All that reuses it is compiled with the same options. No file relies on it:
-# scripts/check.sh has each read without.
+# jsw_precompile(name header...): below here, precompiles the headers that nearly every file includes,
+# and the given ones. All users have the same compiler options. No file relies on it: scripts/check.sh
+# compiles each without.
 macro(jsw_precompile name)
   if(NOT TARGET ${name})
     file(CONFIGURE OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/${name}.cpp CONTENT "")
@@ -75,9 +75,8 @@ function(jsw_reuse_headers target)
   endif()
 endfunction()
 
-# jsw_product(): what is compiled from here down is the product. It gets debug symbols, in release
-# builds too, whose paths count from the root of the sources, and counts how often each of its lines
-# is run when that is asked for.
+# jsw_product(): everything below here is the product. It has debug symbols, also in release builds,
+# with paths relative to the root of the sources, and line counters if requested.
 macro(jsw_product)
   add_compile_options($<$<COMPILE_LANGUAGE:CXX>:-g>
                       $<$<COMPILE_LANG_AND_ID:CXX,Clang>:-gcodeview>
@@ -88,19 +87,19 @@ macro(jsw_product)
   jsw_precompile(product_headers)
 endmacro()
 
-# jsw_quick_build(): what is compiled from here down is optimised no more than makes it soon built.
+# jsw_quick_build(): everything below here is compiled for a short build time.
 macro(jsw_quick_build)
   add_compile_options($<$<CONFIG:Release>:-O1>)
   jsw_precompile(quick_headers)
 endmacro()
 
-# jsw_without_symbols(): what is linked from here down, to be installed, carries no symbols in a
-# release build.
+# jsw_without_symbols(): everything linked below here has no symbols in a release build, because it is
+# installed.
 macro(jsw_without_symbols)
   add_link_options($<$<CONFIG:Release>:-s>)
 endmacro()
 
-# jsw_library(name SOURCES file... LINK target...): one static library, a room of the house.
+# jsw_library(name SOURCES file... LINK target...): one static library, a component of the product.
 function(jsw_library name)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
   add_library(${name} STATIC ${ARG_SOURCES})
@@ -109,7 +108,7 @@ function(jsw_library name)
 endfunction()
 
 # jsw_module(name SOURCES file... LINK target...): a loadable module named exactly name.dll, which
-# leaves nothing behind when it is freed.
+# leaks nothing when it is freed.
 function(jsw_module name)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
   add_library(${name} MODULE ${ARG_SOURCES} ${PROJECT_SOURCE_DIR}/samples/common/ModuleEnd.cpp)

@@ -1,4 +1,4 @@
-# Cross-builds as mingw-w64.cmake does, with clang and lld on the headers and libraries of its GCC.
+# Cross-builds like mingw-w64.cmake, with clang and lld and the headers and libraries of its GCC.
 include(${CMAKE_CURRENT_LIST_DIR}/mingw-w64.cmake)
 
 execute_process(
@@ -12,7 +12,7 @@ set(CMAKE_CXX_COMPILER clang++)
 set(CMAKE_C_COMPILER_TARGET x86_64-w64-windows-gnu)
 set(CMAKE_CXX_COMPILER_TARGET x86_64-w64-windows-gnu)
 
-# Left alone, clang takes the headers and libraries of the GCC without POSIX threads.
+# By default clang uses the headers and libraries of the GCC without POSIX threads.
 set(CMAKE_CXX_FLAGS_INIT -nostdinc++)
 foreach(folder c++ c++/x86_64-w64-mingw32 c++/backward)
   string(APPEND CMAKE_CXX_FLAGS_INIT " -isystem ${gcc_folder}/include/${folder}")

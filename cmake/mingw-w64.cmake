@@ -1,4 +1,4 @@
-# Cross-builds for 64-bit Windows with MinGW-w64 (POSIX threads) and runs what is built in Wine.
+# Cross-builds for 64-bit Windows with MinGW-w64 (POSIX threads) and runs the programs in Wine.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR x86_64)
 

@@ -1,12 +1,12 @@
 #!/usr/bin/env bash
-# Measures in Wine what the library costs a driver, each thing beside what the system itself takes
-# for it, and says which targets hold:
+# Measures in Wine what the library costs a driver, each operation beside the system's own time for
+# it, and shows which targets hold:
 #
 #   scripts/bench.sh [TOPIC...] [--times N]
 #
 # Topics: trace macros record settings line job processes; none: all. --times multiplies the rounds,
-# which helps on a busy machine. The figures are left in build/bench/results.json, a picture of them
-# in build/bench/performance.svg.
+# which helps on a busy machine. Writes the figures to build/bench/results.json and a picture of them
+# to build/bench/performance.svg.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/wine-env.sh

@@ -2,8 +2,8 @@
 # Builds with a preset:
 #
 #   scripts/build.sh [PRESET [TARGET...]]              default: release, everything
-#   scripts/build.sh --progress [PRESET [TARGET...]]   one line tells how far it is; what the
-#                                                      compiler says is shown when it fails
+#   scripts/build.sh --progress [PRESET [TARGET...]]   shows the progress in one line, and the
+#                                                      compiler's output only on failure
 set -euo pipefail
 cd "$(dirname "$0")/.."
 progress=
@@ -18,8 +18,8 @@ build() {
   cmake --build --preset "$preset" ${targets[0]:+--target "${targets[@]}"}
 }
 
-# Turns the steps that Ninja tells of into one line: written over on a terminal, elsewhere ended
-# when all is done.
+# Turns Ninja's steps into one line, which is overwritten on a terminal and otherwise ends when all is
+# done.
 show_progress() {
   local line steps=0
   printf 'Building ...'

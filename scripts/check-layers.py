@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Checks that the product's libraries include only what they stand on.
+"""Checks that the product's libraries include only the libraries below them.
 
 A library's sources may include, directly or through headers, the headers of its own and of the
 libraries that its LINK in CMake leads to. A header belongs to the library of the .cpp beside it; one

@@ -1,11 +1,11 @@
 #!/usr/bin/env bash
-# Checks the format of all C++ files and the order of the libraries; then lets clang read each file as
-# it stands, without precompiled headers: all for its warnings, all but tests and benchmarks for
-# clang-tidy's, too.
+# Checks the format of all C++ files and the order of the libraries. Then compiles each file with
+# clang, without precompiled headers, for its warnings, and runs clang-tidy on all files except tests
+# and benchmarks.
 #
 #   scripts/check.sh           format, layers and tidy
-#   scripts/check.sh format    format and layers alone
-#   scripts/check.sh fix       puts the format right
+#   scripts/check.sh format    format and layers only
+#   scripts/check.sh fix       formats the files
 set -euo pipefail
 cd "$(dirname "$0")/.."
 

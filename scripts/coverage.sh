@@ -1,11 +1,11 @@
 #!/usr/bin/env bash
-# Says which lines and branches of the library its tests reach: builds with counters, runs all tests
-# in Wine and sums up.
+# Shows which lines and branches of the library the tests reach: builds with counters, runs all tests
+# in Wine and summarises.
 #
 #   scripts/coverage.sh [CTEST ARGUMENTS]
 #
 # Prints the lines that no test reaches; build/coverage/report/index.html shows them in the source.
-# Ends with 1 when a test fails.
+# Exits with 1 if a test fails.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/wine-env.sh
@@ -13,10 +13,10 @@ source scripts/wine-env.sh
 scripts/setup.sh --coverage
 scripts/build.sh coverage
 find build/coverage -name '*.gcda' -delete
-JSW_OWN_DISPLAY=yes  # nobody needs to see the windows of tests
+JSW_OWN_DISPLAY=yes  # hides the windows of the tests
 start_wine coverage
-# What fails leads to lines that nothing else reaches: more calls than in scripts/test.sh. With
-# counters in it the library is slower.
+# Failures reach lines that nothing else reaches: more calls than in scripts/test.sh. With counters the
+# library is slower.
 export JSW_FAULT_STEP=1 JSW_FAULT_MOST=1000000 JSW_TEST_SECONDS=300
 failed=
 ctest --preset coverage "$@" || failed=yes
@@ -24,7 +24,7 @@ ctest --preset coverage "$@" || failed=yes
 report=build/coverage/report
 rm -rf "$report"
 mkdir -p "$report"
-# Branches that only an exception takes are no decisions of ours.
+# Branches taken only by exceptions are not decisions of the code.
 gcovr --root . --filter jsw/ --filter PublicLib/ \
   --gcov-executable x86_64-w64-mingw32-gcov-posix --gcov-ignore-parse-errors \
   --exclude-throw-branches --exclude-unreachable-branches \

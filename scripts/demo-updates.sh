@@ -1,9 +1,9 @@
 # shellcheck shell=bash
-# Sourced by scripts/demo.sh: the story of an update, and of a prompt in the middle of a job.
+# Sourced by scripts/demo.sh: an update, and a prompt in the middle of a job.
 
 readonly settings='HKLM\Software\QuillonInkjet\JSW\Local\qlde\Settings'
 
-# A folder of its own, because an update adds modules to it.
+# A separate folder, because an update adds modules to it.
 install_program() {
   local host=$results/host file
   mkdir -p "$host"
@@ -14,7 +14,7 @@ install_program() {
   rm -rf "$WINEPREFIX/drive_c/ProgramData/Job Status"
 }
 
-# What the updater would fetch: new modules, a version file and a new welcome page.
+# What the updater would download: new modules, a version file and a new welcome page.
 offer_updates() {
   local updates=$bin/updates
   mkdir -p "$updates"
@@ -58,7 +58,7 @@ expect_no_updater() {
   echo "No updater was started: the last check is too recent."
 }
 
-# Lines that this story is about, of the last job only.
+# The relevant lines of the last job.
 show_job_log() {
   echo "From the log:"
   # Without the columns of time and component.

@@ -1,14 +1,14 @@
 #!/usr/bin/env bash
-# Shows the library at work, in Wine:  scripts/demo.sh [STORY]
+# Demonstrates the library in Wine:  scripts/demo.sh [STORY]
 #
 #   job       print jobs: one that keeps the welcome page, two with little ink, of which the second
 #             shows the next billboard because the first is in the history, and one on a printer
 #             behind a device client
-#   updates   the updater is started at the end of a job and the next job takes its new modules and
-#             data into use; then prompts in the middle of a job
+#   updates   the updater is started at the end of a job, and the next job switches to its new modules
+#             and data; then prompts in the middle of a job
 #
-# Every run starts from a machine that has never seen the library. Screenshots, the recorded web
-# addresses and the log are left in build/demo.
+# Every run starts like a machine without the library. Screenshots, the recorded web addresses and the
+# log are in build/demo afterwards.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/wine-env.sh
@@ -22,7 +22,7 @@ heading() {
   printf '\n== %s ==\n' "$1"
 }
 
-# A path of this machine as Windows programs see it.
+# A Linux path as a Windows path.
 windows_path() {
   local path="Z:$PWD/$1"
   echo "${path//\//\\}"
@@ -32,14 +32,14 @@ run_wine() {
   timeout 120 wine "$@"
 }
 
-# No settings, no history, no log, no results of earlier runs.
+# Removes settings, history, log and results of earlier runs.
 forget_everything() {
   rm -rf "$results"
   mkdir -p "$results"
   touch "$urls"
   rm -f "$(log_file)"
   run_wine reg delete 'HKLM\Software\QuillonInkjet' /f >/dev/null 2>&1 || true
-  # The version of Windows that an earlier run has chosen.
+  # The version of Windows from an earlier run.
   run_wine reg delete 'HKCU\Software\Wine\AppDefaults\qldemo.exe' /f >/dev/null 2>&1 || true
 }
 
@@ -53,7 +53,7 @@ log_file() {
   echo "$WINEPREFIX/drive_c/ProgramData/qldeJSW.log"
 }
 
-# Web addresses that the window opens are noted in a file instead of going to a browser.
+# Records web addresses that the window opens in a file, instead of starting a browser.
 record_web_addresses() {
   local command
   command="\"$(windows_path "$bin/qldemo.exe")\" --record-url \"$(windows_path "$urls")\" \"%1\""
@@ -67,7 +67,7 @@ take_screenshot() {
   import -window root "png:$results/$1.part" && mv "$results/$1.part" "$results/$1.png"
 }
 
-# Runs qldemo, shows what it says and takes the screenshots that it asks for.
+# Runs qldemo, shows its output and takes the screenshots that it requests.
 run_qldemo() {
   echo "qldemo $*"
   run_wine "$bin/qldemo.exe" --screenshots "$(windows_path "$results")" "$@" </dev/null 2>&1 |
@@ -94,7 +94,7 @@ forget_history() {
     /f >/dev/null
 }
 
-# An address may take a moment: the shell starts its handler on its own.
+# Waits for an address: the shell starts its handler asynchronously.
 show_web_addresses() {
   local expected=$1
   heading "Web addresses that the window opened"
@@ -109,8 +109,8 @@ show_web_addresses() {
   fi
 }
 
-# What the log says of each job: how the rules thread chose and what the user did. The log's first
-# columns, time and component, and all that belongs to a job's end are left out.
+# Shows the log of each job: how the rules thread chose and what the user did, without the columns of
+# time and component and without the end of the job.
 show_log() {
   keep_log
   heading "What the log says of each job"

@@ -4,10 +4,10 @@
 #
 #   scripts/fuzz.sh [SECONDS [EXECUTIONS]]    per target; default 60 seconds, as many as fit
 #
-# A target names what it needs in its opening comment:
+# A target names its inputs in its opening comment:
 #   // sources: FILE...    of the library, relative to the root, without Windows in them
 #   // corpus: NAME        its seeds, in tests/fuzz/corpus/NAME
-# What is found is kept below build/fuzz; the seeds in the tree are not changed.
+# Findings are kept below build/fuzz; the seeds in the tree do not change.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 seconds=${1:-60}

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Makes the pictures of docs/logging.md: two real jobs, of which the second misses its rules and a
-# page, their log, and the page that jswctl makes of it. All is left in build/log-report.
+# Makes the pictures of docs/logging.md: runs two real jobs, the second without its rules and a page,
+# and lets jswctl make a page of their log. Everything is in build/log-report afterwards.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/wine-env.sh

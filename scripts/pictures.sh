@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Takes the pictures of the README and the docs anew: prints jobs with the demonstration, on a screen
-# of its own, in every look the windows have. The pictures go to docs/; look at them, one by one.
+# Takes the pictures of the README and the docs: prints jobs with the demonstration on a separate
+# screen, in every look of the windows. The pictures go to docs/; check each of them.
 #
 #   scripts/pictures.sh [PICTURE...]    all, or those with these names
 set -euo pipefail
@@ -20,7 +20,7 @@ reg_add() { # KEY VALUE TYPE DATA
   wine reg add "$1" /v "$2" /t "$3" /d "$4" /f >/dev/null 2>&1
 }
 
-# A font of the title bar and the messages, as the registry holds it.
+# A font of the title bar and the messages, as a registry value.
 font_of_windows() {
   local name=$1 hex='f4ffffff' i
   hex+='000000000000000000000000bc020000000000000000000000'
@@ -31,9 +31,9 @@ font_of_windows() {
   printf '%-184s' "$hex" | tr ' ' 0
 }
 
-# The plain frame and title bar of a current desktop; their colours are those of the window.
+# The plain frame and title bar of a current desktop, in the window's colours.
 look() { # GROUND TEXT LIGHT
-  # Where the system's theme has left its own.
+  # Removes the system theme's own ones.
   local colours='HKCU\Software\Wine\Temporary System Parameters\Control Panel\Colors' name
   for name in ActiveTitle GradientActiveTitle InactiveTitle GradientInactiveTitle ActiveBorder \
     InactiveBorder ButtonFace ButtonHilight ButtonShadow ButtonDkShadow ButtonLight WindowFrame; do
@@ -53,7 +53,7 @@ scale() { # PER CENT
   reg_add 'HKCU\Control Panel\Desktop' LogPixels REG_DWORD $(($1 * 96 / 100))
 }
 
-# The place away from the mouse, which rests in the middle of the screen.
+# A place away from the mouse, which is in the middle of the screen.
 forget_jobs() {
   local store='HKLM\Software\QuillonInkjet\JSW\Local\qlde\Settings'
   wine reg delete "$store\\Controller\\History" /f >/dev/null 2>&1 || true
@@ -62,7 +62,7 @@ forget_jobs() {
   reg_add "$store\\Gui" WindowY REG_SZ 40
 }
 
-# Runs a job with the steps on standard input and takes the window with this title when asked.
+# Runs a job with the steps on standard input and captures the window with this title on request.
 picture() { # NAME TITLE OPTIONS...
   local name=$1 title=$2 line
   shift 2
@@ -81,12 +81,12 @@ picture() { # NAME TITLE OPTIONS...
     echo "error: the job of the picture $name failed" >&2
     return 1
   }
-  # The line around a window that a desktop would draw.
+  # The outline that a desktop would draw around a window.
   convert "$work/$name.png" -bordercolor "$outline" -border 1 -strip "docs/$name.png"
   identify -format '%f: %w x %h\n' "docs/$name.png"
 }
 
-# The job window when the page before the last is being printed.
+# The job window while the last page but one is being printed.
 window_picture() { # NAME TITLE OPTIONS...
   picture "$@" <<END
 at 0.2 page 2
@@ -168,7 +168,7 @@ prepare() {
   for name in CaptionFont MessageFont; do
     reg_add "$metrics" "$name" REG_BINARY "$(font_of_windows 'Open Sans')"
   done
-  # No focus and no access keys are to be seen before the keyboard is used.
+  # Focus and access keys are invisible before the keyboard is used.
   reg_add 'HKCU\Control Panel\Desktop' UserPreferencesMask REG_BINARY 9012038010000000
   reg_add 'HKCU\Control Panel\Desktop' FontSmoothing REG_SZ 2
   reg_add 'HKCU\Control Panel\Desktop' FontSmoothingType REG_DWORD 1

@@ -1,8 +1,7 @@
 #!/usr/bin/env bash
-# Installs what building, testing and showing the library needs and what is not there yet.
-# With --tests also what the tests need, the browser only when CI is set: elsewhere the tests take one
-# that is there. With --browser that one, with --coverage also what sums up the lines that tests
-# reach, with --checks what the format and tidy checks and the fuzzers need.
+# Installs the missing packages for building and demonstrating the library. --tests adds those for the
+# tests, with a browser only if CI is set: otherwise the tests use an installed one. --browser adds the
+# browser, --coverage the coverage tools, --checks those for format, tidy and the fuzzers.
 set -euo pipefail
 
 packages=(

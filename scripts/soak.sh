@@ -1,10 +1,10 @@
 #!/usr/bin/env bash
-# Plays a long life of a print server in minutes and says what it came to, a line for each part with
-# its figures and what is expected of them.
+# Runs long tests, as on a busy print server, and prints one line per part with its figures and the
+# expected values.
 #
-#   scripts/soak.sh [MINUTES]    default 15, which is the whole; fewer do a part of each
+#   scripts/soak.sh [MINUTES]    default 15, the full run; fewer run a share of each part
 #
-# What each part said in full is kept in build/soak. Ends with 0 when there was no fault.
+# The complete output of each part is in build/soak. Exits with 0 if nothing failed.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/wine-env.sh
@@ -16,14 +16,14 @@ if (($# > 1)) || ! [[ "$minutes" =~ ^[1-9][0-9]{0,3}$ ]]; then
   exit 2
 fi
 export JSW_SOAK_PERCENT=$((minutes * 100 / whole))
-# Of the calls that fail one by one: every one, or every so many.
+# The calls that fail one by one: every call, or every n-th.
 export JSW_FAULT_STEP=$((minutes < whole ? (whole + minutes - 1) / minutes : 1))
 export JSW_FAULT_MOST=1000000 JSW_FAULT_MOST_LOGGED=6 JSW_FAULT_LEVELS=0xffffffff
 export JSW_WALK_SIZES=$((200 * JSW_SOAK_PERCENT / 100))
 
 scripts/setup.sh
 scripts/build.sh release
-JSW_OWN_DISPLAY=yes  # nobody needs to see ten thousand windows
+JSW_OWN_DISPLAY=yes  # hides ten thousand windows
 start_wine soak
 
 results=$PWD/build/soak

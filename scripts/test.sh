@@ -6,6 +6,6 @@ source scripts/wine-env.sh
 
 scripts/setup.sh --tests
 scripts/build.sh release tested
-JSW_OWN_DISPLAY=yes  # nobody needs to see the windows of tests
+JSW_OWN_DISPLAY=yes  # hides the windows of the tests
 start_wine test
 ctest --preset release "$@"

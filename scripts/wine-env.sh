@@ -1,6 +1,6 @@
 # shellcheck shell=bash
-# Sourced by the scripts that run Windows programs: a Wine prefix of their own below build/, an X
-# server when there is none, and the end of both when the script ends.
+# Sourced by the scripts that run Windows programs: starts a separate Wine prefix below build/ and an X
+# server if there is none, and stops both when the script ends.
 #
 #   source scripts/wine-env.sh
 #   start_wine NAME        # prefix build/wine-NAME
@@ -18,7 +18,7 @@ stop_wine() {
   fi
 }
 
-# Starts an X server on a free display number, for windows that nobody needs to see.
+# Starts an X server on a free display number, for hidden windows.
 start_display() {
   local number_file
   number_file=$(mktemp)
@@ -36,13 +36,13 @@ start_display() {
   DISPLAY=":$(tr -d '[:space:]' <"$number_file")"
   export DISPLAY
   rm -f "$number_file"
-  # Nobody types here: every thread with a window would read a long table of key sequences.
+  # No keyboard input: otherwise every thread with a window reads a long table of key sequences.
   export XCOMPOSEFILE=/dev/null
 }
 
-# On a display of our own nobody manages windows: Wine would wait two seconds for a window manager
-# whenever a window closes. Unmanaged windows also get their title bar from Wine itself, which finds
-# the signs on its buttons only in a font of the prefix.
+# Our own display has no window manager, for which Wine would wait two seconds whenever a window
+# closes. Unmanaged windows get their title bar from Wine, which needs a font in the prefix for the
+# symbols on its buttons.
 choose_window_style() {
   wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed \
     /d "$([[ -n "${JSW_XVFB_PID:-}" ]] && echo N || echo Y)" /f >/dev/null 2>&1
@@ -54,7 +54,7 @@ start_wine() {
   export WINEDLLOVERRIDES="mscoree,mshtml="
   trap stop_wine EXIT
   trap 'exit 130' INT TERM
-  # A server that another display's programs have left behind would show windows there.
+  # A server left by programs of another display would show windows there.
   if [[ -d "$WINEPREFIX" ]]; then
     wine_server -k >/dev/null 2>&1 || true
   fi

@@ -1,7 +1,7 @@
 # Runs the `reg` and `jswctl` lines of a document one after another, as an administrator would from
-# a batch file, and looks at what they leave behind.
+# a batch file, and checks their results.
 #
-#   DOCUMENT  the page    WORK  folder of the test    BIN  where jswctl and qldemo lie    EMULATOR
+#   DOCUMENT  the page    WORK  folder of the test    BIN  folder of jswctl and qldemo    EMULATOR
 set(settings [[HKLM\Software\QuillonInkjet\JSW\Local\qlde\Settings]])
 
 file(STRINGS ${DOCUMENT} lines REGEX "^    (reg|jswctl) ")
@@ -13,7 +13,7 @@ set(batch "@echo off\njswctl remove qldemo.exe\n")
 foreach(line ${lines})
   string(STRIP "${line}" line)
   string(APPEND batch "echo ${line}\n${line}\n")
-  # What a check finds on this machine is its own affair; that it is understood is ours.
+  # What a check finds on this machine does not matter here, only that the command works.
   set(worst 1)
   if(line MATCHES "^jswctl check")
     set(worst 2)

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 """Writes the seeds of CacheRecordFuzz: each record, and cartridges with counts at 0 and at their
-maximum; the test cuts them at every length. Run it in this folder after a record has been added."""
+maximum; the test cuts them at every length. Run it in this folder after adding a record."""
 import pathlib
 import struct
 

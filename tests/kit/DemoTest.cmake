@@ -1,5 +1,5 @@
-# The demonstration driver as a newcomer meets it: what it says when something is in the way, and that
-# it ends at once then.
+# The demonstration driver for a newcomer: its messages when something is missing, and that it then ends
+# at once.
 include(${CMAKE_CURRENT_LIST_DIR}/KitSteps.cmake)
 
 set(work_folder ${kit}/bin)
@@ -11,12 +11,12 @@ expect("'many' will not do for --pages")
 run(1 ${qldemo} --screenshots nowhere)
 expect("there is no folder" "nowhere")
 
-# A prompt whose answer has no button, on a document whose length nobody knows.
+# A prompt whose answer has no button, in a document of unknown length.
 file(WRITE ${WORK}/unanswered.jobscript "at 0.2 prompt 1\nat 0.3 answer yes\n")
 run(1 ${qldemo} --pages ? --script ${WORK}/unanswered.jobscript)
 expect("page 3 of ?" "nobody answers the prompt" "JSWDisplayPrompt has returned")
 
-# A job that does not start is told with the place of the reason.
+# A job that does not start is reported with the log's path.
 run(0 ${EMULATOR} reg add [[HKLM\Software\QuillonInkjet\JSW\Local\qlde\Settings\Controller]] /v View
     /d gone.dll /f)
 run(1 ${qldemo} --pages 1)

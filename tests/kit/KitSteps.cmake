@@ -1,5 +1,5 @@
-# Steps that the tests of the installed kit share. Each ends the test with what was said when the
-# outcome is not the expected one.
+# Steps of the installed kit's tests. Each ends the test with the program's output if the outcome is not
+# the expected one.
 #
 #   BUILD  build folder    WORK  folder of the tests    EMULATOR  runs Windows programs
 
@@ -7,7 +7,7 @@ set(kit ${WORK}/kit)
 set(consumer ${WORK}/consumer)
 set(product ${WORK}/product) # the folder in which the newcomer's program is tried
 
-# run(exitCode word...): keeps what the command says in `said`.
+# run(exitCode word...): stores the command's output in `said`.
 function(run expected)
   execute_process(
     COMMAND ${ARGN}
@@ -38,7 +38,7 @@ function(take_example document number file)
   file(WRITE ${file} "${code}")
 endfunction()
 
-# expect(text...): each stands in what the last command said.
+# expect(text...): each is in the last command's output.
 function(expect)
   foreach(text ${ARGN})
     string(FIND "${said}" "${text}" place)

@@ -1,5 +1,5 @@
-# Installs the kit, builds a driver host in C and one in C++ and a catalog against it alone, and
-# prints with them.
+# Installs the kit, builds a driver in C, one in C++ and a catalog with the kit only, and prints with
+# them.
 include(${CMAKE_CURRENT_LIST_DIR}/KitSteps.cmake)
 
 file(REMOVE_RECURSE ${WORK})
@@ -13,7 +13,7 @@ foreach(file bin/jsw.dll bin/jswctl.exe bin/qldemo.exe bin/qldejsw.loc bin/data/
   endif()
 endforeach()
 
-# The symbols lie beside the library, and the library says where.
+# The symbols are beside the library, which names their file.
 if(EXISTS ${BUILD}/bin/jsw.dll.debug)
   file(STRINGS ${kit}/bin/jsw.dll names REGEX "debug_info|^jsw.dll.debug")
   file(STRINGS ${kit}/bin/jsw.dll.debug symbols REGEX "debug_info")
@@ -22,8 +22,8 @@ if(EXISTS ${BUILD}/bin/jsw.dll.debug)
   endif()
 endif()
 
-# The samples and windows build from the kit's own sources; that all of them are there is enough here, and all
-# that they include.
+# The samples and windows can be built from the kit: checks that all sources, and all files that they
+# include, are there.
 file(GLOB_RECURSE sources ${kit}/samples/*.cpp ${kit}/samples/*.h ${kit}/window/*.cpp ${kit}/window/*.h)
 foreach(source ${sources})
   file(STRINGS ${source} lines REGEX "^#include \"")
@@ -59,7 +59,7 @@ file(COPY ${kit}/bin/jsw.dll ${kit}/bin/jswv.dll ${consumer}/printdlg.exe ${cons
           ${consumer}/prinbcat.dll ${CMAKE_CURRENT_LIST_DIR}/consumer/prinjsw.loc
           ${CMAKE_CURRENT_LIST_DIR}/consumer/qlbojsw.loc
      DESTINATION ${product})
-# The one host names its view in its settings, the other goes by the default name.
+# One host names its view in its settings, the other uses the default name.
 file(COPY_FILE ${kit}/bin/jswv.dll ${product}/qlbojswv.dll)
 file(COPY ${CMAKE_CURRENT_LIST_DIR}/consumer/hello.jbb DESTINATION ${product}/data/Scripts)
 set(work_folder ${product})

@@ -1,17 +1,17 @@
 #!/usr/bin/env bash
-# Runs two jobs of the real library, has jswctl tell their log, and looks at the page in a browser.
+# Runs two jobs of the real library, lets jswctl explain their log, and checks the page in a browser.
 #
-#   log-report.sh BIN WORK [HEIGHT]    programs in BIN; log, page and pictures of it, so many pixels
-#                                      high, are left in WORK
+#   log-report.sh BIN WORK [HEIGHT]    programs in BIN; writes log, page and pictures of the page, with
+#                                      this height in pixels, to WORK
 #
-# Wine must be up (scripts/wine-env.sh), with a display. Where no browser is installed the page is
-# not looked at, which is said; with CI set it must be.
+# Wine must be running (scripts/wine-env.sh), with a display. Without a browser the page is not
+# checked, which is reported; with CI set a browser is required.
 set -euo pipefail
 bin=$1
 work=$2
 height=${3:-1400}
 host=$work/host
-# A host of its own, so that nobody else writes to its log: the first four letters count.
+# A separate host, so that no other test writes to its log: the first four letters matter.
 readonly program=qlrep.exe id=qlre
 readonly logger="HKLM\\Software\\QuillonInkjet\\JSW\\Local\\$id\\Logger"
 log=$WINEPREFIX/drive_c/ProgramData/${id}JSW.log
@@ -21,7 +21,7 @@ fail() {
   exit 1
 }
 
-# As Windows programs see it.
+# A Linux path as a Windows path.
 windows_path() {
   local path="Z:$1"
   echo "${path//\//\\}"
@@ -46,8 +46,8 @@ install_host() {
   done
 }
 
-# run_job NAME, with the steps of the user and the driver on standard input. False when the window
-# was not there in time for the first click.
+# run_job NAME, with the steps of the user and the driver on standard input. False if the window was
+# not ready in time for the first click.
 run_job() {
   cat >"$work/$1.jobscript"
   timeout 100 wine "$host/$program" --printer SimulatedPrinter --job "$1" --pages 2 --ink 90,10 \
@@ -64,7 +64,7 @@ at $1.4 click ink
 at $1.6 click current
 at $1.7 page 2
 END
-  # The second job misses its rules and the page behind the button.
+  # The second job lacks its rules and the page behind the button.
   rm "$host/data/rules.xml" "$host/data/Scripts/inkstatus.jbb"
   run_job letter.doc <<END
 at 0.1 page 1
@@ -72,7 +72,7 @@ at $1.4 click ink
 END
 }
 
-# On a busy machine the window takes its time.
+# On a busy machine the window appears later.
 run_jobs_in_time() {
   local seconds
   for seconds in 0 4 15; do
@@ -82,7 +82,7 @@ run_jobs_in_time() {
   fail "there is no job window: $(cat "$work"/*.txt)"
 }
 
-# expect_answer CODE ARGUMENT...: what jswctl log answers; its output goes to $work/answer.txt.
+# expect_answer CODE ARGUMENT...: the exit code of jswctl log; its output goes to $work/answer.txt.
 expect_answer() {
   local expected=$1 code=0
   shift
@@ -91,11 +91,11 @@ expect_answer() {
   ((code == expected)) || fail "jswctl log $*: exit code $code instead of $expected: $(cat "$work/error.txt")"
 }
 
-# expect_text TEXT...: each in the last answer.
+# expect_text TEXT...: each is in the last output.
 expect_text() {
   local text
   for text in "$@"; do
-    grep -qF -- "$text" "$work/answer.txt" || fail "jswctl does not say: $text"
+    grep -qF -- "$text" "$work/answer.txt" || fail "missing in jswctl's output: $text"
   done
 }
 
@@ -118,11 +118,11 @@ check_words() {
   mv "$work/answer.txt" "$work/with-ids.txt"
   expect_answer 1 "$(windows_path "$work/jobs.log")" --json
   expect_text '{"jobs": [' '"name":"report.pdf"' '"moduleCalls": [{' '"trouble": [{'
-  # Without the ids the same is told of each job.
+  # Without the ids the report of each job is the same.
   sed 's/ pid=[0-9a-f]* tid=[0-9a-f]* / /' "$work/jobs.log" >"$work/no-ids.log"
   expect_answer 1 "$(windows_path "$work/no-ids.log")"
   diff <(jobs_of "$work/with-ids.txt") <(jobs_of "$work/answer.txt") ||
-    fail "without ids another story is told"
+    fail "without ids the report differs"
 }
 
 check_bad_use() {
