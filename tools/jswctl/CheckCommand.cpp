@@ -25,13 +25,13 @@ int check(const CheckOptions& options) {
 
 }  // namespace
 
-void addCheckCommand(CLI::App& program, Action& action) {
-    auto* command = program.add_subcommand(
+void addCheckCommand(CommandLine& program) {
+    Command command = program.command(
         "check", "Shows what a job of a host would find when started in the current folder.");
     const auto options = std::make_shared<CheckOptions>();
-    addHostArgument(*command, options->host);
-    command->add_flag("--json", options->json, "write one JSON object instead");
-    command->callback([&action, options] { action = [options] { return check(*options); }; });
+    addHostArgument(command, options->host);
+    command.flag("--json", options->json, "write one JSON object instead");
+    command.does([options] { return check(*options); });
 }
 
 }  // namespace jsw::ctl

@@ -61,21 +61,18 @@ int checkContent(const ContentOptions& options) {
 
 }  // namespace
 
-void addContentCommand(CLI::App& program, Action& action) {
-    auto* command = program.add_subcommand(
+void addContentCommand(CommandLine& program) {
+    Command command = program.command(
         "content", "Checks catalog, pages and rules of a data folder in the sample format.");
     const auto options = std::make_shared<ContentOptions>();
-    command->add_option("FOLDER", options->folder, "the data folder, as in DataPath")->required();
+    command.option("FOLDER", options->folder, "the data folder, as in DataPath").required();
     command
-        ->add_option("--show", options->show,
-                     "also shows this page in the job window, in each language")
-        ->type_name("PAGE.jbb");
-    command
-        ->add_option("--seconds", options->seconds, "how long, unless the window is closed earlier")
-        ->check(CLI::Range(1, 3600));
-    command->add_flag("--json", options->json, "write one JSON object instead");
-    command->callback(
-        [&action, options] { action = [options] { return checkContent(*options); }; });
+        .option("--show", options->show, "also shows this page in the job window, in each language")
+        .shownAs("PAGE.jbb");
+    command.option("--seconds", options->seconds, "how long, unless the window is closed earlier")
+        .between(1, 3600);
+    command.flag("--json", options->json, "write one JSON object instead");
+    command.does([options] { return checkContent(*options); });
 }
 
 }  // namespace jsw::ctl

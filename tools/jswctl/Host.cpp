@@ -30,8 +30,8 @@ std::string inFull(const std::string& path) {
     }
 }
 
-void addHostArgument(CLI::App& command, std::string& host) {
-    command.add_option("HOST.exe", host, "the program that loads jsw.dll")->required();
+void addHostArgument(Command& command, std::string& host) {
+    command.option("HOST.exe", host, "the program that loads jsw.dll").required();
 }
 
 void nameHost(const std::string& host) {

@@ -1,12 +1,13 @@
 #pragma once
 
-#include <CLI/CLI.hpp>
 #include <string>
 
 namespace jsw::ctl {
 
+class Command;
+
 /// Adds the required argument HOST.exe to a command.
-void addHostArgument(CLI::App& command, std::string& host);
+void addHostArgument(Command& command, std::string& host);
 
 /// Makes the library's parts use a program's names and settings (see Localize).
 /// @param host  its executable, full path or relative to the current folder; only the name matters

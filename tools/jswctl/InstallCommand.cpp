@@ -112,16 +112,16 @@ int install(const InstallOptions& options) {
 
 }  // namespace
 
-void addInstallCommand(CLI::App& program, Action& action) {
-    auto* command = program.add_subcommand(
+void addInstallCommand(CommandLine& program) {
+    Command command = program.command(
         "install", "Installs the settings file beside a host, as the host's first job does.");
     const auto options = std::make_shared<InstallOptions>();
-    addHostArgument(*command, options->host);
-    command->add_flag("--update", options->update,
-                      "stores values that are new or different in the file into existing settings; "
-                      "keeps history, window and updates");
-    command->add_flag("--dry-run", options->dryRun, "shows what would be done, and does nothing");
-    command->callback([&action, options] { action = [options] { return install(*options); }; });
+    addHostArgument(command, options->host);
+    command.flag("--update", options->update,
+                 "stores values that are new or different in the file into existing settings; "
+                 "keeps history, window and updates");
+    command.flag("--dry-run", options->dryRun, "shows what would be done, and does nothing");
+    command.does([options] { return install(*options); });
 }
 
 }  // namespace jsw::ctl

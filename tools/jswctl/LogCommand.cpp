@@ -120,22 +120,21 @@ int tell(const LogOptions& options) {
 
 }  // namespace
 
-void addLogCommand(CLI::App& program, Action& action) {
-    auto* command = program.add_subcommand("log", "Explains a log.");
+void addLogCommand(CommandLine& program) {
+    Command command = program.command("log", "Explains a log.");
     const auto options = std::make_shared<LogOptions>();
-    command->add_option("FILE", options->file, "the log, such as %ALLUSERSPROFILE%\\abcdJSW.log")
-        ->type_name("");
-    command->add_option("--html", options->html, "writes a page with pictures instead")
-        ->type_name("OUT");
-    command->add_flag("--json", options->json, "writes one JSON object instead");
+    command.option("FILE", options->file, "the log, such as %ALLUSERSPROFILE%\\abcdJSW.log")
+        .shownAs("");
+    command.option("--html", options->html, "writes a page with pictures instead").shownAs("OUT");
+    command.flag("--json", options->json, "writes one JSON object instead");
     command
-        ->add_option("--rotate", options->rotate,
-                     "renames the log of a host to <id>JSW.old.log instead; loses no line")
-        ->type_name("HOST.exe");
-    command->add_flag("--texts", options->texts,
-                      "writes a Markdown table of the log's problem lines with causes and "
-                      "remedies; takes no file");
-    command->callback([&action, options] { action = [options] { return tell(*options); }; });
+        .option("--rotate", options->rotate,
+                "renames the log of a host to <id>JSW.old.log instead; loses no line")
+        .shownAs("HOST.exe");
+    command.flag("--texts", options->texts,
+                 "writes a Markdown table of the log's problem lines with causes and "
+                 "remedies; takes no file");
+    command.does([options] { return tell(*options); });
 }
 
 }  // namespace jsw::ctl

@@ -56,17 +56,17 @@ int checkModule(const ModuleOptions& options) {
 
 }  // namespace
 
-void addModuleCommand(CLI::App& program, Action& action) {
-    auto* command = program.add_subcommand(
-        "module", "Checks one module, calls it as a job does and times each call.");
+void addModuleCommand(CommandLine& program) {
+    Command command =
+        program.command("module", "Checks one module, calls it as a job does and times each call.");
     const auto options = std::make_shared<ModuleOptions>();
-    command->add_option("KIND", options->kind, moduleKindNames())->required();
-    command->add_option("FILE.dll", options->file, "the module, a 64-bit library")->required();
-    addJobOptions(*command, options->job);
-    command->add_option("--seconds", options->seconds, "after how many seconds the trial is ended")
-        ->check(CLI::Range(1, 3600));
-    command->add_flag("--json", options->json, "write one JSON object instead");
-    command->callback([&action, options] { action = [options] { return checkModule(*options); }; });
+    command.option("KIND", options->kind, moduleKindNames()).required();
+    command.option("FILE.dll", options->file, "the module, a 64-bit library").required();
+    addJobOptions(command, options->job);
+    command.option("--seconds", options->seconds, "after how many seconds the trial is ended")
+        .between(1, 3600);
+    command.flag("--json", options->json, "write one JSON object instead");
+    command.does([options] { return checkModule(*options); });
 }
 
 }  // namespace jsw::ctl

@@ -102,21 +102,20 @@ int remove(const RemoveOptions& options) {
 
 }  // namespace
 
-void addRemoveCommand(CLI::App& program, Action& action) {
-    auto* command = program.add_subcommand(
+void addRemoveCommand(CommandLine& program) {
+    Command command = program.command(
         "remove",
         "Backs up and removes the settings of a host; if it is its product line's last host and "
         "DeleteStoreOnUninstall is not 0, those of the whole line.");
     const auto options = std::make_shared<RemoveOptions>();
-    addHostArgument(*command, options->host);
+    addHostArgument(command, options->host);
     command
-        ->add_option("--backup", options->backup,
-                     "the backup's file; default: <id>JSW-<time>.reg beside the log")
-        ->type_name("FILE.reg");
-    command->add_flag("--no-backup", options->noBackup, "removes them without a backup");
-    command->add_flag("--dry-run", options->dryRun,
-                      "shows what would be removed, and removes nothing");
-    command->callback([&action, options] { action = [options] { return remove(*options); }; });
+        .option("--backup", options->backup,
+                "the backup's file; default: <id>JSW-<time>.reg beside the log")
+        .shownAs("FILE.reg");
+    command.flag("--no-backup", options->noBackup, "removes them without a backup");
+    command.flag("--dry-run", options->dryRun, "shows what would be removed, and removes nothing");
+    command.does([options] { return remove(*options); });
 }
 
 }  // namespace jsw::ctl

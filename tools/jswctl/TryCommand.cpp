@@ -18,7 +18,7 @@ namespace {
 struct TryOptions {
     std::string kind;
     std::string file;
-    int scope = 0;
+    std::int32_t scope = 0;
     std::uintptr_t pipe = 0;
     std::string folder;
     std::vector<std::string> ids;
@@ -69,17 +69,17 @@ int tryIt(const TryOptions& options) {
 
 }  // namespace
 
-void addTryCommand(CLI::App& program, Action& action) {
-    auto* command = program.add_subcommand("try", "")->group("");
+void addTryCommand(CommandLine& program) {
+    Command command = program.command("try", "");
     const auto options = std::make_shared<TryOptions>();
-    command->add_option("kind", options->kind)->required();
-    command->add_option("file", options->file)->required();
-    command->add_option("--scope", options->scope)->required();
-    command->add_option("--pipe", options->pipe)->required();
-    command->add_option("--folder", options->folder);
-    command->add_option("--id", options->ids);
-    addJobOptions(*command, options->job);
-    command->callback([&action, options] { action = [options] { return tryIt(*options); }; });
+    command.option("kind", options->kind).required();
+    command.option("file", options->file).required();
+    command.option("--scope", options->scope).required();
+    command.option("--pipe", options->pipe).required();
+    command.option("--folder", options->folder);
+    command.option("--id", options->ids);
+    addJobOptions(command, options->job);
+    command.does([options] { return tryIt(*options); });
 }
 
 }  // namespace jsw::ctl

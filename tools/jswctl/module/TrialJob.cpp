@@ -1,21 +1,18 @@
 #include "tools/jswctl/module/TrialJob.h"
 
 #include "PublicLib/text/Text.h"
-
-#include <CLI/CLI.hpp>
+#include "tools/jswctl/Command.h"
 
 namespace jsw::ctl {
 
-void addJobOptions(CLI::App& command, TrialJob& job) {
-    command.add_option("--job", job.name, "the document of the trial job");
-    command.add_option("--printer", job.printer, "its printer");
-    command.add_option("--pages", job.pages, "its pages; -1 or -2: unknown");
-    command.add_option("--copies", job.copies, "its copies");
-    command.add_option("--data", job.dataFolder, "the folder of a view's pages");
-    command.add_option("--shown", job.shownMilliseconds)->group("");
-    command.add_option("--ink", job.ink, "its ink levels in per cent, slot by slot, as 90,10")
-        ->delimiter(',')
-        ->allow_extra_args(false);
+void addJobOptions(Command& command, TrialJob& job) {
+    command.option("--job", job.name, "the document of the trial job");
+    command.option("--printer", job.printer, "its printer");
+    command.option("--pages", job.pages, "its pages; -1 or -2: unknown");
+    command.option("--copies", job.copies, "its copies");
+    command.option("--data", job.dataFolder, "the folder of a view's pages");
+    command.option("--shown", job.shownMilliseconds).hidden();
+    command.option("--ink", job.ink, "its ink levels in per cent, slot by slot, as 90,10");
 }
 
 std::string jobInWords(const TrialJob& job) {

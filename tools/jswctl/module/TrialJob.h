@@ -4,11 +4,9 @@
 #include <string>
 #include <vector>
 
-namespace CLI {
-class App;
-}
-
 namespace jsw::ctl {
+
+class Command;
 
 /// The job that a tested module gets.
 struct TrialJob {
@@ -22,7 +20,7 @@ struct TrialJob {
 };
 
 /// Adds the options that set it, also for the trial's process.
-void addJobOptions(CLI::App& command, TrialJob& job);
+void addJobOptions(Command& command, TrialJob& job);
 
 /// The job in one sentence.
 std::string jobInWords(const TrialJob& job);
