@@ -125,7 +125,7 @@ show_log() {
     /Controller::changeBillboard: Billboard id|BillboardView::billboardCallback: action/ {
       print "  " substr($0, match($0, /(Controller|BillboardView)::/), 110)
     }'
-  echo "All of it: $results/qldeJSW.log, $(wc -l <"$results/qldeJSW.log") lines; jswctl log FILE tells it in words."
+  echo "The complete log: $results/qldeJSW.log, $(wc -l <"$results/qldeJSW.log") lines; jswctl log FILE explains it."
 }
 
 show_screenshots() {

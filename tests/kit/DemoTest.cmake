@@ -7,7 +7,7 @@ set(qldemo ${EMULATOR} ./qldemo.exe --seconds-per-page 0.2)
 run(0 ${EMULATOR} ./jswctl.exe remove qldemo.exe --no-backup)
 
 run(2 ${qldemo} --pages many)
-expect("'many' will not do for --pages")
+expect("'many' is not valid for --pages")
 run(1 ${qldemo} --screenshots nowhere)
 expect("there is no folder" "nowhere")
 

@@ -36,7 +36,7 @@ class CommandLine {
         sample::prepareCommandLine(program_);
         program_.get_formatter()->column_width(kHelpColumn);
         program_.footer(
-            "Defaults stand in parentheses. Exit code: 0 done, 1 something failed, 2 bad "
+            "Defaults are in parentheses. Exit code: 0 done, 1 something failed, 2 bad "
             "options.\n\n" +
             scriptHelp());
         addJobOptions();
@@ -52,7 +52,7 @@ class CommandLine {
     void add(const std::string& name, const char* value, const std::string& help, Take take) {
         const auto check = [=](const std::string& text) {
             if (!take(text)) {
-                throw CLI::ValidationError("'" + text + "' will not do for " + name + ": " + help);
+                throw CLI::ValidationError("'" + text + "' is not valid for " + name + ": " + help);
             }
         };
         program_.add_option_function<std::string>(name, check, help)->type_name(value);
@@ -73,7 +73,7 @@ class CommandLine {
             options_.printer);
         add("--job", "NAME", "the document's name (report.pdf)", options_.job);
         add("--pages", "N",
-            "pages of the document, 1 to 9999 (3); ? prints 3 and does not say so beforehand",
+            "pages of the document, 1 to 9999 (3); ? prints 3 pages without announcing them",
             [this](const std::string& text) {
                 options_.pagesKnown = text != "?";
                 if (!options_.pagesKnown) {
@@ -88,7 +88,7 @@ class CommandLine {
                 options_.secondsPerPage = seconds.value_or(options_.secondsPerPage);
                 return seconds.has_value();
             });
-        add("--ink", "LIST", "ink in per cent, 1 to 10 values, ? when not known (90,10)",
+        add("--ink", "LIST", "ink in per cent, 1 to 10 values, ? if unknown (90,10)",
             [this](const std::string& text) {
                 const auto levels = parseInkLevels(text);
                 options_.ink = levels.value_or(options_.ink);
@@ -99,18 +99,17 @@ class CommandLine {
     }
 
     void addScriptOptions() {
-        program_.add_flag("--log", options_.log, "switch the library's log on, for good");
+        program_.add_flag("--log", options_.log, "switch the library's log on permanently");
         add("--prompt", "TYPE", "ask the user something, of this type, in the middle of each job",
             [this](const std::string& text) {
                 options_.prompt = parseWhole(text, 0, std::numeric_limits<int32_t>::max());
                 return options_.prompt.has_value();
             });
-        add("--device", "FILE", "reach the printers that FILE describes through comc.dll",
-            options_.deviceFile);
+        add("--device", "FILE", "simulate the printers in FILE with comc.dll", options_.deviceFile);
         add("--script", "FILE",
             "timed driver calls and user clicks, see below and scripts\\*.jobscript",
             options_.scriptFile);
-        add("--screenshots", "FOLDER", "where somebody puts the screenshots that a script asks for",
+        add("--screenshots", "FOLDER", "where the screenshots of a script are expected",
             options_.screenshotFolder);
     }
 
@@ -125,7 +124,7 @@ class CommandLine {
                     options_.mode = Mode::kRecordUrl;
                     std::tie(options_.urlFile, options_.url) = values;
                 },
-                "add URL to FILE, then end: a stand-in for a browser")
+                "append URL to FILE, then end: replaces a browser")
             ->type_name("FILE URL");
     }
 

@@ -246,8 +246,8 @@ std::string scriptHelp() {
     return "Scripts have one step per line; # starts a comment:\n"
            "  job N                       the following lines are for the Nth job only\n"
            "  at SECONDS page N [COPY]    the driver reports page N\n"
-           "  at SECONDS prompt TYPE      the driver asks the user; returns when that is answered\n"
-           "  at SECONDS post NUMBER      the driver hands a message to the prompt that is up\n"
+           "  at SECONDS prompt TYPE      the driver asks the user; returns after the answer\n"
+           "  at SECONDS post NUMBER      the driver passes a message to the open prompt\n"
            "  at SECONDS end              the driver ends the job\n"
            "  at SECONDS click WHAT       the user presses " +
            namesOf(kTargets) +
@@ -257,7 +257,7 @@ std::string scriptHelp() {
            " or the number of a button\n"
            "  at SECONDS look             prints what the job window shows\n"
            "  at SECONDS screenshot NAME  asks for a screenshot and waits for it\n"
-           "Times count from the start of the job and must not go back.\n";
+           "Times are relative to the start of the job and must not decrease.\n";
 }
 
 ParsedScript parseScript(std::string_view text) {
