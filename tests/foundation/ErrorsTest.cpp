@@ -156,7 +156,7 @@ TEST(LocksTest, ARefusedStepIsNamed) {
     test::ImportGate gate{test::ImportTable(GetModuleHandleA(nullptr))};
     for (const auto& row : rows) {
         gate.reset();
-        gate.failFrom(row.function, 1, {.answer = row.answer});
+        gate.fail(row.function, 1, {.answer = row.answer}, true);
         EXPECT_THAT(row.work, ThrowsMessage<Win32Exception>(
                                   StrEq(concat(row.place, " ", row.function, " failed"))));
     }

@@ -1,9 +1,7 @@
 #include "PublicLib/text/Text.h"
 #include "PublicLib/win/SystemFolders.h"
-#include "jsw/settings/RegistryKey.h"
 #include "tests/job/JobTest.h"
 #include "tests/job/RecordedShell.h"
-#include "tests/support/ChildProcess.h"
 #include "tests/support/ImportTable.h"
 
 #include <windows.h>
@@ -16,40 +14,7 @@
 namespace jsw {
 
 using ::testing::ElementsAre;
-using ::testing::HasSubstr;
 using ::testing::IsEmpty;
-
-namespace {
-
-/// Started by the shell: records its command line.
-const test::ChildRole launched("launched", [](const std::string& file) {
-    char directory[MAX_PATH] = "";
-    GetCurrentDirectoryA(MAX_PATH, directory);
-    const std::string text = concat(GetCommandLineA(), "|", directory, "|");
-    const KernelHandle record(CreateFileA(file.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
-                                          FILE_ATTRIBUTE_NORMAL, nullptr));
-    DWORD written = 0;
-    WriteFile(record.get(), text.data(), static_cast<DWORD>(text.size()), &written, nullptr);
-    return 0;
-});
-
-/// A private address scheme, opened by this program.
-class TestScheme {
-  public:
-    TestScheme() {
-        RegistryKey(kKey, true, HKEY_CLASSES_ROOT).setValue("URL Protocol", std::string());
-        RegistryKey(std::string(kKey) + "\\shell\\open\\command", true, HKEY_CLASSES_ROOT)
-            .setValue("", "\"" + moduleFileName(nullptr) + "\" \"%1\"");
-    }
-    ~TestScheme() { RegDeleteTreeA(HKEY_CLASSES_ROOT, kKey); }
-    TestScheme(const TestScheme&) = delete;
-    TestScheme& operator=(const TestScheme&) = delete;
-
-  private:
-    static constexpr char kKey[] = "jswtest";
-};
-
-}  // namespace
 
 class ActionsTest : public test::JobTest {
   protected:
@@ -69,21 +34,6 @@ class ActionsTest : public test::JobTest {
         script_.view.clear();
         for (const auto& action : actions) script_.clickBillboard(action.c_str(), 0);
         return viewCalls("DisplayBillboard");
-    }
-
-    /// Clicks an action of the default billboard and returns what the started program wrote.
-    std::string launch(const char* action, const std::string& param) {
-        script_.billboards["DEFAULT"].actions = {param};
-        const std::string record = folder_.file("record.txt");
-        DeleteFileA(record.c_str());
-        SetEnvironmentVariableA("JSW_TEST_ROLE", "launched");
-        SetEnvironmentVariableA("JSW_TEST_ARGUMENT", record.c_str());
-        startJob();
-        script_.clickBillboard(action, 0);
-        SetEnvironmentVariableA("JSW_TEST_ROLE", nullptr);
-        EXPECT_TRUE(test::eventually([&] { return !test::readFile(record).empty(); }));
-        endJob();
-        return test::readFile(record);
     }
 };
 
@@ -255,26 +205,6 @@ TEST_F(ActionsTest, AClickThatOutlivesItsJobLeavesNoPrinterToTheNextOne) {
     startJob({.friendlyName = "No such printer"});
     script_.clickBillboard("LAUNCH_URL", 0);
     EXPECT_THAT(shell.calls.calls(), ElementsAre("open(jswnone:90)", "open(jswnone:0)"));
-}
-
-TEST_F(ActionsTest, AnApplicationIsStartedWithVariablesExpanded) {
-    SetEnvironmentVariableA("JSW_TEST_PROGRAM", moduleFileName(nullptr).c_str());
-    EXPECT_THAT(launch("LAUNCH_APP", "%JSW_TEST_PROGRAM%"), HasSubstr("qltest-job.exe"));
-    script_.billboards["DEFAULT"].actions = {folder_.file("absent.exe")};
-    startJob();
-    script_.clickBillboard("launch_app", 0);
-    EXPECT_TRUE(hasLine("Unable to launch application, error=2"));
-}
-
-TEST_F(ActionsTest, AnAddressIsOpenedWithItsMacrosExpandedInTheHomeFolder) {
-    const TestScheme scheme;
-    SetEnvironmentVariableA("HOMEDRIVE", "C:");
-    SetEnvironmentVariableA("HOMEPATH", "\\windows");
-    const std::string record = launch("LAUNCH_URL", "jswtest:order?ink=_^L1^_&none=_^Nothing^_");
-    EXPECT_THAT(record, HasSubstr("jswtest:order?ink=90&none=_^Nothing^_"));
-    EXPECT_THAT(record, HasSubstr("|C:\\windows|"));
-    EXPECT_EQ(launch("LAUNCH_URL", "jswtest:" + std::string(800, 'x')).size(),
-              record.size() + 800 - std::string("order?ink=90&none=_^Nothing^_").size());
 }
 
 TEST_F(ActionsTest, ANumberThatNoActionHasStartsNothing) {

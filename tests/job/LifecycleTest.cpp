@@ -187,24 +187,13 @@ TEST_F(LifecycleTest, NullStringsAndNoInkInfoCountAsEmptyAndNotKnown) {
                         nullptr),
               1);
     EXPECT_THAT(viewCalls("SetJobName"), ElementsAre("SetJobName()"));
-    EXPECT_THAT(viewCalls("SetShowPageInfo"), ElementsAre("SetShowPageInfo(false)"));
     EXPECT_EQ(script_.inkInfo.InkPercent[9], -1);
-}
-
-TEST_F(LifecycleTest, PageInfoIsShownUnlessTheTotalIsNotKnown) {
-    struct {
-        std::int32_t totalPages;
-        const char* call;
-    } const rows[] = {{-1, "SetShowPageInfo(false)"},
-                      {-2, "SetShowPageInfo(false)"},
-                      {-3, "SetShowPageInfo(true)"},
-                      {0, "SetShowPageInfo(true)"}};
-    for (const auto& row : rows) {
-        script_.view.clear();
-        startJob({.totalPages = static_cast<std::uint32_t>(row.totalPages)});
-        endJob();
-        EXPECT_THAT(viewCalls("SetShowPageInfo"), ElementsAre(row.call)) << row.totalPages;
+    for (const std::int32_t totalPages : {-2, -3, 0}) {  // -1 above and -2: not known
+        startJob({.totalPages = static_cast<std::uint32_t>(totalPages)});
     }
+    EXPECT_THAT(viewCalls("SetShowPageInfo"),
+                ElementsAre("SetShowPageInfo(false)", "SetShowPageInfo(false)",
+                            "SetShowPageInfo(true)", "SetShowPageInfo(true)"));
 }
 
 TEST_F(LifecycleTest, UnterminatedDiagnosticTextsAreReadToTheirEndOnly) {
@@ -251,7 +240,9 @@ TEST_F(LifecycleTest, ExportsMayBeCalledFromSeveralThreads) {
                 if (i % 2 == 0) startJob();
                 api_.updateInfo(1, 2, 3, 4, 5, nullptr);
                 api_.postDlgMsg(nullptr);
-                if (script_.clickBillboard != nullptr) script_.clickBillboard("CURRENT", 0);
+                for (const char* action : {"NEXT", "INK_STATUS", "CURRENT", "LAUNCH_URL"}) {
+                    if (script_.clickBillboard != nullptr) script_.clickBillboard(action, 99);
+                }
                 if (i % 2 == 1) api_.terminate();
             }
         });

@@ -1,4 +1,5 @@
 #include "tests/job/JobTest.h"
+#include "tests/job/RecordedShell.h"
 #include "tests/support/ImportTable.h"
 
 #include <atomic>
@@ -81,11 +82,17 @@ TEST_F(PromptTest, ACallThatWaitedUntilTheJobWasOverDoesNothing) {
     EXPECT_THAT(viewCalls("UpdateInfo"), IsEmpty());
 }
 
+/// The library's objects stay for the next job, which knows nothing of the one before.
 TEST_F(PromptTest, EndingTheJobInsideAPromptKeepsTheSingletonsForTheNextJob) {
-    addBillboard("TIP", {.file = "tip.bb", .type = "promotion"});
+    addBillboard("TIP", {.file = "tip.bb", .type = "standard", .actions = {"jswnone:_^L1^_"}});
+    addBillboard("LEVELS", {.file = "levels.bb", .type = "ink_status"});
+    addBillboard("INK_STATUS", {.file = "ink.bb", .type = "ink_status"});
+    const test::RecordedShell shell;
+    script_.ruleResults = {"LEVELS", "TIP"};
     statusCodes = 0;
     startJob({.callback = countStatus});
-    waitForRules();
+    ASSERT_TRUE(waitForRules());
+    script_.clickBillboard("LAUNCH_URL", 0);  // asks the simulated printer
     script_.onPrompt = [&] {
         api_.terminate();
         EXPECT_THAT(viewCalls("Uninitialize"), ElementsAre("Uninitialize()"));
@@ -101,19 +108,29 @@ TEST_F(PromptTest, EndingTheJobInsideAPromptKeepsTheSingletonsForTheNextJob) {
     EXPECT_EQ(statusCodes, 0);
     std::string late;
     EXPECT_FALSE(Settings().getValue(setting::kGuiKey, "late", late));
-    EXPECT_FALSE(logContains("destroying Controller."));
+    EXPECT_FALSE(logContains("::destroy: destroying"));
 
+    script_.ruleResults.clear();
     script_.rules.clear();
-    script_.ruleResults = {"TIP"};
-    EXPECT_EQ(startJob({.jobName = "next.pdf"}), 1);
+    script_.billboards["DEFAULT"].actions = {"jswnone:_^L1^_"};
+    EXPECT_EQ(startJob({.friendlyName = "No such printer"}), 1);
     ASSERT_TRUE(waitForRules());
-    EXPECT_EQ(viewCalls("DisplayBillboard").back(), "DisplayBillboard(tip.bb,false,false)");
+    script_.view.clear();
+    for (const char* action : {"LAUNCH_URL", "CURRENT", "INK_STATUS"}) {
+        script_.clickBillboard(action, 0);
+    }
+    EXPECT_THAT(viewCalls("DisplayBillboard"),
+                ElementsAre("DisplayBillboard(default.bb,false,false)",
+                            "DisplayBillboard(ink.bb,false,false)"));
+    // All but the printer, which lives as long as the other objects.
+    EXPECT_THAT(shell.calls.calls(), ElementsAre("open(jswnone:90)", "open(jswnone:90)"));
     endJob();
     const auto lines = logLines();
-    EXPECT_EQ(
-        std::count(lines.begin(), lines.end(), "Controller::instance: instantiating Controller."),
-        1);
-    EXPECT_TRUE(logContains("destroying Controller."));
+    for (const char* line :
+         {"Controller::instance: instantiating Controller.",
+          "Controller::destroy: destroying Controller.", "Printer::destroy: destroying Printer."}) {
+        EXPECT_EQ(std::count(lines.begin(), lines.end(), line), 1) << line;
+    }
 }
 
 TEST_F(PromptTest, APromptInsideAPromptSharesItsModule) {
@@ -133,39 +150,6 @@ TEST_F(PromptTest, APromptInsideAPromptSharesItsModule) {
                             "JSWTerminate()", "JSWTerminate()"));
     api_.terminate();
     EXPECT_TRUE(logContains("destroying Controller."));
-}
-
-TEST_F(PromptTest, TheJobAfterOneThatWasEndedInsideAPromptKnowsNothingOfIt) {
-    addBillboard("TIP", {.file = "tip.bb", .type = "standard", .actions = {"jswnone:_^L1^_"}});
-    addBillboard("LEVELS", {.file = "levels.bb", .type = "ink_status"});
-    addBillboard("INK_STATUS", {.file = "ink.bb", .type = "ink_status"});
-    script_.ruleResults = {"LEVELS", "TIP"};
-    startJob();
-    ASSERT_TRUE(waitForRules());
-    script_.clickBillboard("LAUNCH_URL", 0);  // asks the simulated printer
-    script_.onPrompt = [&] { api_.terminate(); };
-    api_.displayPrompt(1, 1);
-
-    script_.ruleResults.clear();
-    script_.rules.clear();
-    script_.billboards["DEFAULT"].actions = {"jswnone:_^L1^_"};
-    startJob({.friendlyName = "No such printer"});
-    ASSERT_TRUE(waitForRules());
-    script_.view.clear();
-    script_.clickBillboard("LAUNCH_URL", 0);
-    script_.clickBillboard("CURRENT", 0);
-    script_.clickBillboard("INK_STATUS", 0);
-    EXPECT_THAT(viewCalls("DisplayBillboard"),
-                ElementsAre("DisplayBillboard(default.bb,false,false)",
-                            "DisplayBillboard(ink.bb,false,false)"));
-    // All except the printer, which lives as long as the other singletons.
-    const auto lines = logLines();
-    EXPECT_EQ(
-        std::count(lines.begin(), lines.end(), "Controller::launchUrl: Launching URL=jswnone:90."),
-        2);
-    EXPECT_FALSE(logContains("Printer::destroy"));
-    api_.terminate();
-    EXPECT_TRUE(hasLine("Printer::destroy: destroying Printer."));
 }
 
 TEST_F(PromptTest, AJobWithoutTheXmlParserAsksAboutItsOwnPrinter) {

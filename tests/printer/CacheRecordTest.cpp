@@ -5,7 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
 #include <utility>
 
 namespace jsw {
@@ -182,24 +181,6 @@ TEST(CacheRecordTest, TakesOnlyValuesThatLieInsideTheStream) {
 
 TEST(CacheRecordTest, SurvivesEverySeedOfTheFuzzerAtEveryLength) {
     EXPECT_GT(test::replaySeeds(JSW_CACHE_SEEDS), 25);
-}
-
-TEST(CacheRecordTest, SurvivesRandomStreamsOfEveryLength) {
-    std::mt19937 random(4096);
-    const std::uint32_t ids[] = {22, 272, 280, 288, 1024, 1026, 1030, 1044, 1045, 1047, 1301};
-    for (std::size_t length = 0; length <= 4096; ++length) {
-        std::vector<char> bytes(length);
-        for (char& byte : bytes) byte = static_cast<char>(random());
-        // Some known ids, or hardly any value would be used.
-        for (std::size_t at = 2; at + 3 < length;
-             at += 3U + static_cast<unsigned char>(bytes[at + 2])) {
-            const std::uint32_t id = ids[random() % std::size(ids)];
-            bytes[at] = static_cast<char>(id >> 8);
-            bytes[at + 1] = static_cast<char>(id);
-            bytes[at + 2] = static_cast<char>(random() % 8);
-        }
-        test::runGuarded(bytes);  // the fuzzer's entry checks the ranges
-    }
 }
 
 using PrinterCacheTest = test::HostTest;

@@ -7,8 +7,6 @@
 
 #include <windows.h>
 
-#include <algorithm>
-#include <cctype>
 #include <functional>
 #include <gmock/gmock.h>
 #include <stdexcept>
@@ -267,11 +265,8 @@ TEST_F(PcsClientTest, AcceptsThisComputerAsItsServer) {
     DWORD size = sizeof buffer;
     ASSERT_TRUE(GetComputerNameA(buffer, &size)) << GetLastError();
     const std::string name(buffer);
-    std::string otherCase = name;
-    std::ranges::transform(otherCase, otherCase.begin(), [](char letter) {
-        const auto code = static_cast<unsigned char>(letter);
-        return static_cast<char>(std::isupper(code) ? std::tolower(code) : std::toupper(code));
-    });
+    const std::string otherCase = toLower(name);
+    ASSERT_NE(otherCase, name);
     for (const auto& server : {std::string(), name, otherCase, "\\\\" + name, "\\\\" + otherCase}) {
         PcsClient client(kClient, server, false);
         EXPECT_EQ(client.checkServerName(), 0U) << server;

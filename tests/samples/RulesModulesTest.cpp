@@ -88,11 +88,6 @@ class RulesModulesTest : public testing::Test {
                      &value, &size);
         return value;
     }
-    static ModuleHandle load(const char* fileName) {
-        ModuleHandle module(LoadLibraryA(fileName));
-        EXPECT_TRUE(module) << fileName << ": " << GetLastError();
-        return module;
-    }
 
     const jsw::test::PrivateRegistry registry_;
     const jsw::test::TempFolder folder_;
@@ -109,21 +104,31 @@ constexpr const char* kCatalog = R"(<?xml version="1.0"?>
   <category id="EMPTY"/>
 </catalog>)";
 
+ModuleHandle load(const char* fileName) {
+    ModuleHandle module(LoadLibraryA(fileName));
+    EXPECT_TRUE(module) << fileName << ": " << GetLastError();
+    return module;
+}
+
+#define ENTRY_POINT(name, type) type* name = findEntryPoint<type>(module.get(), #name);
+
+struct Catalog {
+    const ModuleHandle module = load("bcat.dll");
+    JSW_CATALOG_ENTRY_POINTS(ENTRY_POINT)
+    Catalog() { Initialize(countedAllocate); }
+};
+
 TEST_F(RulesModulesTest, CatalogAnswersFromItsFileToSeveralThreads) {
     folder_.write("other.xml", kCatalog);
     setText("Settings\\Catalog", "CatalogFilename", "other.xml");
-    const ModuleHandle catalog = load("bcat.dll");
-    findEntryPoint<JswCatalogInitialize>(catalog.get(), "Initialize")(countedAllocate);
-    auto* const ids = findEntryPoint<JswCatalogList>(catalog.get(), "GetBillboardIds");
-    auto* const actions = findEntryPoint<JswCatalogList>(catalog.get(), "GetBillboardActions");
-    auto* const file = findEntryPoint<JswCatalogText>(catalog.get(), "GetBillboardFileName");
-    auto* const type = findEntryPoint<JswCatalogText>(catalog.get(), "GetBillboardType");
-    auto* const carts = findEntryPoint<JswCatalogText>(catalog.get(), "GetBillboardCarts");
-    auto* const navigation =
-        findEntryPoint<JswCatalogFlag>(catalog.get(), "GetBillboardEnableNavigation");
-    auto* const restore =
-        findEntryPoint<JswCatalogFlag>(catalog.get(), "GetBillboardRestoreWindow");
-
+    const Catalog catalog;
+    auto* const ids = catalog.GetBillboardIds;
+    auto* const actions = catalog.GetBillboardActions;
+    auto* const file = catalog.GetBillboardFileName;
+    auto* const type = catalog.GetBillboardType;
+    auto* const carts = catalog.GetBillboardCarts;
+    auto* const navigation = catalog.GetBillboardEnableNavigation;
+    auto* const restore = catalog.GetBillboardRestoreWindow;
     using Texts = std::vector<std::string>;
     const auto ask = [&] {
         EXPECT_EQ(take(ids("C")), (Texts{"A", "B"}));
@@ -143,7 +148,7 @@ TEST_F(RulesModulesTest, CatalogAnswersFromItsFileToSeveralThreads) {
         });
     }
     askers.clear();
-    findEntryPoint<JswCatalogUnInitialize>(catalog.get(), "UnInitialize")();
+    catalog.UnInitialize();
     EXPECT_EQ(take(file("A")), "(null)");
 }
 
@@ -153,16 +158,12 @@ TEST_F(RulesModulesTest, ABrokenOrMissingCatalogGivesEmptyAnswers) {
     for (int depth = 0; depth < 40; ++depth) nested += "</x>";
     for (const std::string& text : {std::string("<catalog><billboard"), std::string(), nested}) {
         folder_.write("catalog.xml", text);
-        const ModuleHandle catalog = load("bcat.dll");
-        findEntryPoint<JswCatalogInitialize>(catalog.get(), "Initialize")(countedAllocate);
-        EXPECT_EQ(take(findEntryPoint<JswCatalogText>(catalog.get(), "GetBillboardType")("A")),
-                  "(null)");
-        EXPECT_EQ(findEntryPoint<JswCatalogList>(catalog.get(), "GetBillboardIds")("C"), nullptr);
+        const Catalog catalog;
+        EXPECT_EQ(take(catalog.GetBillboardType("A")), "(null)");
+        EXPECT_EQ(catalog.GetBillboardIds("C"), nullptr);
     }
     setText("Settings", "DataPath", "Q:\\nowhere");
-    const ModuleHandle catalog = load("bcat.dll");
-    findEntryPoint<JswCatalogInitialize>(catalog.get(), "Initialize")(countedAllocate);
-    EXPECT_EQ(findEntryPoint<JswCatalogFlag>(catalog.get(), "GetBillboardRestoreWindow")("A"), 0);
+    EXPECT_EQ(Catalog().GetBillboardRestoreWindow("A"), 0);
 }
 
 /** The module's problem report; empty without one. */
@@ -188,32 +189,19 @@ TEST_F(RulesModulesTest, TheStoreOfAHostIsFoundByTheLibrarysRule) {
     }
 }
 
-/** The entry points of the rules engine. */
 struct Engine {
-    explicit Engine(const ModuleHandle& module)
-        : initialize(findEntryPoint<JswRulesInitializeEngine>(module.get(), "InitializeEngine")),
-          more(findEntryPoint<JswRulesQuestion>(module.get(), "IsMoreRules")),
-          evaluate(findEntryPoint<JswRulesEvaluateRule>(module.get(), "EvaluateRule")),
-          historyChecked(findEntryPoint<JswRulesQuestion>(module.get(), "IsHistoryChecked")),
-          update(findEntryPoint<JswRulesUpdateSettings>(module.get(), "UpdateSettings")),
-          uninitialize(findEntryPoint<JswRulesUnInitialize>(module.get(), "UnInitialize")) {}
+    const ModuleHandle module = load("reng.dll");
+    JSW_RULES_ENTRY_POINTS(ENTRY_POINT)
 
     /** "result" of every rule, with "+" where the history is checked, in the engine's order. */
     [[nodiscard]] std::string results() const {
         std::string all;
-        while (more() != 0) {
-            all += take(evaluate());
-            all += historyChecked() != 0 ? "+ " : " ";
+        while (IsMoreRules() != 0) {
+            all += take(EvaluateRule());
+            all += IsHistoryChecked() != 0 ? "+ " : " ";
         }
         return all;
     }
-
-    JswRulesInitializeEngine* initialize;
-    JswRulesQuestion* more;
-    JswRulesEvaluateRule* evaluate;
-    JswRulesQuestion* historyChecked;
-    JswRulesUpdateSettings* update;
-    JswRulesUnInitialize* uninitialize;
 };
 
 TEST_F(RulesModulesTest, EngineWalksItsRulesAndRemembersWhatWasShown) {
@@ -223,46 +211,44 @@ TEST_F(RulesModulesTest, EngineWalksItsRulesAndRemembersWhatWasShown) {
         <rule result="ONCE"><shown carts="1,2" below="1"/><shown below="1"/></rule>
         <rule result="SIM"><printer contains="sim"/><job equals="a.pdf"/></rule>
     </rules>)");
-    const ModuleHandle module = load("reng.dll");
-    const Engine engine(module);
+    const Engine engine;
     InkInfo ink = {};
     ink.InkPercent[0] = 14;
     std::fill(std::begin(ink.InkPercent) + 1, std::end(ink.InkPercent), -1);
 
-    ASSERT_EQ(engine.initialize(countedAllocate, &ink, "A Simulator", "A.PDF", 3, 1), 1);
+    ASSERT_EQ(engine.InitializeEngine(countedAllocate, &ink, "A Simulator", "A.PDF", 3, 1), 1);
     EXPECT_EQ(engine.results(), "STATUS LOW+ ONCE SIM ");
-    EXPECT_EQ(take(engine.evaluate()), "(null)");
-    engine.update("", 1, 0);  // an ink status page was found, nothing was shown
-    engine.uninitialize();
-    EXPECT_EQ(engine.more(), 0);
+    EXPECT_EQ(take(engine.EvaluateRule()), "(null)");
+    engine.UpdateSettings("", 1, 0);  // an ink status page was found, nothing was shown
+    engine.UnInitialize();
+    EXPECT_EQ(engine.IsMoreRules(), 0);
 
-    ASSERT_EQ(engine.initialize(countedAllocate, nullptr, nullptr, nullptr, -1, 1), 1);
+    ASSERT_EQ(engine.InitializeEngine(countedAllocate, nullptr, nullptr, nullptr, -1, 1), 1);
     EXPECT_EQ(engine.results(), "STATUS (null)+ ONCE (null) ");
-    engine.update("1,2", 1, 1);
-    engine.uninitialize();
+    engine.UpdateSettings("1,2", 1, 1);
+    engine.UnInitialize();
 
-    ASSERT_EQ(engine.initialize(countedAllocate, &ink, "", "", 1, 1), 1);
+    ASSERT_EQ(engine.InitializeEngine(countedAllocate, &ink, "", "", 1, 1), 1);
     EXPECT_EQ(engine.results(), "STATUS LOW+ (null) (null) ");
-    engine.uninitialize();
+    engine.UnInitialize();
     EXPECT_EQ(storedNumber("Settings\\RulesEngine", "SpecialShown"), 1U);
     EXPECT_EQ(storedNumber("Settings\\RulesEngine", "InkShown"), 1U);
     EXPECT_EQ(storedNumber("Settings\\RulesEngine\\Carts", "1,2"), 1U);
 }
 
 TEST_F(RulesModulesTest, EngineDoesNotStartOnAFileItCannotRead) {
-    const ModuleHandle module = load("reng.dll");
-    const Engine engine(module);
-    EXPECT_EQ(engine.initialize(countedAllocate, nullptr, "", "", 1, 1), 0) << "missing";
+    const Engine engine;
+    EXPECT_EQ(engine.InitializeEngine(countedAllocate, nullptr, "", "", 1, 1), 0) << "missing";
     for (const char* text : {"", "<rules>", "<rules><rule result='A'><inc/></rule></rules>"}) {
         folder_.write("rules.xml", text);
-        EXPECT_EQ(engine.initialize(countedAllocate, nullptr, "", "", 1, 1), 0) << text;
-        EXPECT_EQ(engine.more(), 0) << text;
+        EXPECT_EQ(engine.InitializeEngine(countedAllocate, nullptr, "", "", 1, 1), 0) << text;
+        EXPECT_EQ(engine.IsMoreRules(), 0) << text;
     }
     EXPECT_NE(problemOf("rules.xml").find("unknown condition <inc>"), std::string::npos)
         << problemOf("rules.xml");
     folder_.write("rules.xml", "<rules/>");
-    EXPECT_EQ(engine.initialize(countedAllocate, nullptr, "", "", 1, 1), 1);
-    EXPECT_EQ(engine.more(), 0);
+    EXPECT_EQ(engine.InitializeEngine(countedAllocate, nullptr, "", "", 1, 1), 1);
+    EXPECT_EQ(engine.IsMoreRules(), 0);
     EXPECT_EQ(problemOf("rules.xml"), "");
 }
 
@@ -272,8 +258,7 @@ TEST_F(RulesModulesTest, AFileItCannotReadCostsTheHostNothing) {
     folder_.write("rules.xml", "<rules><rule result='A'><inc/></rule></rules>");
     const auto useAndFree = [&](int times) {
         for (int i = 0; i < times; ++i) {
-            const ModuleHandle module = load("reng.dll");
-            EXPECT_EQ(Engine(module).initialize(countedAllocate, nullptr, "", "", 1, 1), 0);
+            EXPECT_EQ(Engine().InitializeEngine(countedAllocate, nullptr, "", "", 1, 1), 0);
         }
         EXPECT_EQ(GetModuleHandleA("reng.dll"), nullptr);
         return jsw::test::processState();

@@ -1,6 +1,7 @@
 // The small view as the library uses it: a job, a user who closes the window, the next job.
 #include "PublicLib/win/EntryPoint.h"
 #include "PublicLib/win/Handles.h"
+#include "tests/support/Eventually.h"
 #include <jsw/view.h>
 
 #include <windows.h>
@@ -22,12 +23,6 @@ std::string lineOf(HWND window) {
     char line[100] = "";
     SendMessageA(GetDlgItem(window, 1), WM_GETTEXT, sizeof line, reinterpret_cast<LPARAM>(line));
     return line;
-}
-
-template <class Condition>
-bool soon(const Condition& condition) {
-    for (int i = 0; i < 1000 && !condition(); ++i) Sleep(10);
-    return condition();
 }
 
 TEST(SmallView, ShowsTheProgressAndOutlivesNoJob) {
@@ -58,11 +53,12 @@ TEST(SmallView, ShowsTheProgressAndOutlivesNoJob) {
         EXPECT_FALSE(IsWindowVisible(jobWindow()));
         show();
         update(2, 1, 60, nullptr);
-        EXPECT_TRUE(soon([] { return lineOf(jobWindow()) == "Page 2 of 3, 60 s left"; }));
+        EXPECT_TRUE(
+            jsw::test::eventually([] { return lineOf(jobWindow()) == "Page 2 of 3, 60 s left"; }));
         EXPECT_TRUE(IsWindowVisible(jobWindow()));
         PostMessageA(jobWindow(), WM_CLOSE, 0, 0);
-        EXPECT_TRUE(soon([] { return reported == JSW_STATUS_GUI_CLOSED; }));
-        EXPECT_TRUE(soon([] { return !IsWindowVisible(jobWindow()); }));
+        EXPECT_TRUE(jsw::test::eventually([] { return reported == JSW_STATUS_GUI_CLOSED; }));
+        EXPECT_TRUE(jsw::test::eventually([] { return !IsWindowVisible(jobWindow()); }));
         end();
         EXPECT_EQ(jobWindow(), nullptr);
     }

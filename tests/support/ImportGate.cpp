@@ -114,24 +114,16 @@ ImportGate::Entry& ImportGate::entry(const std::string& name) const {
     return **found;
 }
 
-ImportGate::Entry& ImportGate::prepareFailure(const std::string& name, const Failure& failure,
-                                              bool failsOn) {
-    Entry& failing = entry(name);
-    failing.failure = failure;
-    failing.failsOn = failsOn;
-    return failing;
-}
-
 std::uint32_t ImportGate::calls(const std::string& name) const {
     return entry(name).calls;
 }
 
-void ImportGate::fail(const std::string& name, std::uint32_t call, const Failure& failure) {
-    prepareFailure(name, failure, false).failingCall = call;
-}
-
-void ImportGate::failFrom(const std::string& name, std::uint32_t call, const Failure& failure) {
-    prepareFailure(name, failure, true).failingCall = call;
+void ImportGate::fail(const std::string& name, std::uint32_t call, const Failure& failure,
+                      bool on) {
+    Entry& failing = entry(name);
+    failing.failure = failure;
+    failing.failsOn = on;
+    failing.failingCall = call;
 }
 
 bool ImportGate::hasFailed() const {

@@ -31,9 +31,8 @@ class ImportGate {
     /// @throws std::invalid_argument if the library does not import it
     std::uint32_t calls(const std::string& name) const;
     /// Lets one call of the function fail, numbered from 1 since the last reset.
-    void fail(const std::string& name, std::uint32_t call, const Failure& failure);
-    /// Lets this call of the function and all later ones fail until the next reset.
-    void failFrom(const std::string& name, std::uint32_t call, const Failure& failure);
+    /// @param on  all later calls fail, too, until the next reset
+    void fail(const std::string& name, std::uint32_t call, const Failure& failure, bool on = false);
     /// Whether the requested failure has occurred.
     bool hasFailed() const;
     /// Resets the counts; nothing fails.
@@ -51,7 +50,6 @@ class ImportGate {
     static int decide(Entry* entry);
     static void* makeCode(Entry* entry, void* original);
     Entry& entry(const std::string& name) const;
-    Entry& prepareFailure(const std::string& name, const Failure& failure, bool failsOn);
 
     // Never freed: a thread may be inside one when the gate is destroyed.
     std::vector<Entry*> entries_;

@@ -14,4 +14,13 @@ inline std::vector<std::string> words(const std::string& text) {
     return parts;
 }
 
+/// How often the part occurs in the text.
+inline std::size_t countOf(const std::string& part, const std::string& text) {
+    std::size_t count = 0;
+    for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) {
+        ++count;
+    }
+    return count;
+}
+
 }  // namespace jsw::test

@@ -14,6 +14,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace {
 
@@ -55,36 +56,24 @@ TEST(BillboardContent, RefusesWhatIsMalformed) {
     const std::string head = "title = T\n";
     std::string paragraphs = head;
     for (std::size_t i = 0; i <= kMaxParagraphs; ++i) paragraphs += "\nparagraph\n";
-    struct Row {
-        const char* what;
-        std::string text;
-        Problem problem;
+    std::string lines;
+    while (lines.size() <= kMaxParagraphLength) lines += "some words\n";
+    const std::pair<std::string, Problem> rows[] = {
+        {"", Problem::noTitle},
+        {"theme = blue\n\ntext\n", Problem::noTitle},
+        {"title =  \n\ntext\n", Problem::noTitle},
+        {"\ntitle = T\n", Problem::noTitle},
+        {head + std::string(1, '\0'), Problem::notText},
+        {"BM\x06\x01", Problem::notText},  // a bitmap
+        {head + "text at once\n", Problem::noEqualsSign},
+        {"title = " + std::string(kMaxTitleLength + 1, 'x'), Problem::titleTooLong},
+        {head + "\n" + std::string(kMaxParagraphLength + 1, 'x'), Problem::paragraphTooLong},
+        {head + "\n" + lines, Problem::paragraphTooLong},
+        {paragraphs, Problem::tooManyParagraphs},
+        {head + "\n" + std::string(kMaxFileSize, ' '), Problem::tooLarge},
     };
-    const Row rows[] = {
-        {"empty file", "", Problem::noTitle},
-        {"no title", "theme = blue\n\ntext\n", Problem::noTitle},
-        {"blank title", "title =  \n\ntext\n", Problem::noTitle},
-        {"title only in the text", "\ntitle = T\n", Problem::noTitle},
-        {"zero byte", head + std::string(1, '\0'), Problem::notText},
-        {"bitmap as page", "BM\x06\x01", Problem::notText},
-        {"line without equals sign", head + "text at once\n", Problem::noEqualsSign},
-        {"title too long", "title = " + std::string(kMaxTitleLength + 1, 'x'),
-         Problem::titleTooLong},
-        {"paragraph too long", head + "\n" + std::string(kMaxParagraphLength + 1, 'x'),
-         Problem::paragraphTooLong},
-        {"paragraph too long in many lines",
-         head + "\n" +
-             [] {
-                 std::string lines;
-                 while (lines.size() <= kMaxParagraphLength) lines += "some words\n";
-                 return lines;
-             }(),
-         Problem::paragraphTooLong},
-        {"too many paragraphs", paragraphs, Problem::tooManyParagraphs},
-        {"too large", head + "\n" + std::string(kMaxFileSize, ' '), Problem::tooLarge},
-    };
-    for (const Row& row : rows) {
-        EXPECT_EQ(parseBillboard(row.text).problem, row.problem) << row.what;
+    for (const auto& [text, problem] : rows) {
+        EXPECT_EQ(parseBillboard(text).problem, problem) << text.substr(0, 50);
     }
 }
 

@@ -16,7 +16,7 @@ namespace {
 
 void onEvent(std::int32_t event) {
     reports.add("event " + std::to_string(event));
-    if (hostBusy) WaitForSingleObject(hostBusy, kPatience);
+    if (hostBusy) WaitForSingleObject(hostBusy, 10000);
 }
 void onBillboard(const char* action, std::int32_t id) {
     reports.add(std::string(action) + " " + std::to_string(id));
@@ -50,7 +50,7 @@ void JobWindowTest::SetUp() {
 
 void JobWindowTest::TearDown() {
     if (Uninitialize) Uninitialize();
-    within(kPatience, [] { return FindWindowA(JSW_SAMPLE_VIEW_CLASS, nullptr) == nullptr; });
+    eventually([] { return FindWindowA(JSW_SAMPLE_VIEW_CLASS, nullptr) == nullptr; });
 }
 
 void JobWindowTest::startJob(int totalPages) {
@@ -77,7 +77,7 @@ void JobWindowTest::startJob(int totalPages) {
 void JobWindowTest::show() {
     ShowGui();
     UpdateInfo(1, 1, 60, nullptr);
-    ASSERT_TRUE(within(kPatience, [&] {
+    ASSERT_TRUE(eventually([&] {
         window_ = FindWindowA(JSW_SAMPLE_VIEW_CLASS, nullptr);
         return window_ && IsWindowVisible(window_) && text(JSW_VIEW_PROGRESS_TEXT) != "";
     }));

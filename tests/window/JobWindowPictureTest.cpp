@@ -55,7 +55,7 @@ class JobWindowPictureTest : public JobWindowTest {
     void emptyQueue() const {
         reports.take();
         press(JSW_VIEW_CURRENT);
-        ASSERT_TRUE(within(kPatience, [] { return reports.has("CURRENT 0"); }));
+        ASSERT_TRUE(eventually([] { return reports.has("CURRENT 0"); }));
     }
     [[nodiscard]] Picture content() const {
         emptyQueue();
@@ -125,8 +125,8 @@ TEST_F(JobWindowPictureTest, AnyResizingLeavesThePixelsOfAFreshDrawing) {
             }
         }
         Uninitialize();
-        ASSERT_TRUE(within(kPatience,
-                           [] { return FindWindowA(JSW_SAMPLE_VIEW_CLASS, nullptr) == nullptr; }));
+        ASSERT_TRUE(
+            eventually([] { return FindWindowA(JSW_SAMPLE_VIEW_CLASS, nullptr) == nullptr; }));
     }
 }
 
@@ -156,7 +156,7 @@ TEST_F(JobWindowPictureTest, PicturesAreSeenInEverySchemeOfHighContrast) {
         folder_.write("Scripts\\" + picture + ".jbb",
                       "title = " + picture + "\npicture = " + picture + "\n\nText.\n");
         DisplayBillboard((picture + ".jbb").c_str(), 1, 0);
-        ASSERT_TRUE(within(kPatience, [&] { return text(JSW_VIEW_BILLBOARD) == picture; }));
+        ASSERT_TRUE(eventually([&] { return text(JSW_VIEW_BILLBOARD) == picture; }));
         for (const Scheme& each :
              {Scheme{RGB(0, 0, 0), RGB(255, 255, 0)}, Scheme{RGB(0, 0, 0), RGB(0, 255, 0)},
               Scheme{RGB(0, 0, 0), RGB(255, 255, 255)}, Scheme{RGB(255, 255, 255), RGB(0, 0, 0)}}) {
@@ -183,22 +183,22 @@ TEST_F(JobWindowPictureTest, APageThatDoesNotFitIsScrolledByKeysWheelAndFocus) {
     EXPECT_TRUE(isShown(JSW_VIEW_PAGE_SCROLL));
     EXPECT_TRUE(isSeen(0) && !isSeen(1));
     SetForegroundWindow(window_);
-    ASSERT_TRUE(within(kPatience, [&] { return focus() == JSW_VIEW_CURRENT; }));
+    ASSERT_TRUE(eventually([&] { return focus() == JSW_VIEW_CURRENT; }));
     const Picture top = content();
     key(VK_END);
-    EXPECT_TRUE(within(kPatience, [&] { return isSeen(1) && !isSeen(0); }));
+    EXPECT_TRUE(eventually([&] { return isSeen(1) && !isSeen(0); }));
     key(VK_HOME);
-    EXPECT_TRUE(within(kPatience, [&] { return isSeen(0) && !isSeen(1); }));
+    EXPECT_TRUE(eventually([&] { return isSeen(0) && !isSeen(1); }));
     EXPECT_TRUE(content() == top);
     constexpr WORD kTwentyNotches = 0x10000 - 20 * WHEEL_DELTA;  // towards the user
     PostMessageA(control(JSW_VIEW_CURRENT), WM_MOUSEWHEEL, MAKEWPARAM(0, kTwentyNotches), 0);
-    EXPECT_TRUE(within(kPatience, [&] { return isSeen(1) && !isSeen(0); }));
+    EXPECT_TRUE(eventually([&] { return isSeen(1) && !isSeen(0); }));
     for (int next = 0; next != JSW_VIEW_CONTENT_LINK; next = focus()) {
         const int before = focus();
         key(VK_TAB);
-        ASSERT_TRUE(within(kPatience, [&] { return focus() != before; }));
+        ASSERT_TRUE(eventually([&] { return focus() != before; }));
     }
-    EXPECT_TRUE(within(kPatience, [&] { return isSeen(0); }));
+    EXPECT_TRUE(eventually([&] { return isSeen(0); }));
     EXPECT_TRUE(content() == drawnAfresh());
     // At another size everything fits.
     resize(1000, 760);
@@ -212,7 +212,7 @@ TEST_F(JobWindowPictureTest, AKeyBelongsToOneButtonAndThePageComesBeforeTheRest)
     startJob();
     show();
     PostMessageA(control(JSW_VIEW_CURRENT), WM_SYSCHAR, 'n', 1 << 29);
-    EXPECT_TRUE(within(kPatience, [] { return reports.has("NEXT 0"); }));
+    EXPECT_TRUE(eventually([] { return reports.has("NEXT 0"); }));
     EXPECT_EQ(text(JSW_VIEW_CONTENT_BUTTON), "N&ext tip");
 
     std::map<int, int> order;

@@ -17,7 +17,7 @@ TEST_F(JobWindowTest, CancelAsksBackAndASecondClickDoesNothing) {
     EXPECT_FALSE(isShown(JSW_VIEW_CANCEL));
     press(JSW_VIEW_NO);
     ASSERT_TRUE(
-        within(kPatience, [&] { return isShown(JSW_VIEW_CANCEL) && !isShown(JSW_VIEW_QUESTION); }));
+        eventually([&] { return isShown(JSW_VIEW_CANCEL) && !isShown(JSW_VIEW_QUESTION); }));
     EXPECT_FALSE(reports.has("event 9"));
 
     press(JSW_VIEW_CANCEL);
@@ -26,7 +26,7 @@ TEST_F(JobWindowTest, CancelAsksBackAndASecondClickDoesNothing) {
     press(JSW_VIEW_YES);
     press(JSW_VIEW_YES);
     press(JSW_VIEW_CANCEL);
-    ASSERT_TRUE(within(kPatience, [] { return reports.has("event 9"); }));
+    ASSERT_TRUE(eventually([] { return reports.has("event 9"); }));
     settle();
     // The window says so until the job ends, whatever the driver reports.
     UpdateInfo(3, 1, 0, nullptr);
@@ -41,7 +41,7 @@ TEST_F(JobWindowTest, CancelDoesNotAskWhenNothingIsLeft) {
     startJob(1);
     show();
     press(JSW_VIEW_CANCEL);
-    EXPECT_TRUE(within(kPatience, [] { return reports.has("event 9"); }));
+    EXPECT_TRUE(eventually([] { return reports.has("event 9"); }));
     EXPECT_FALSE(isShown(JSW_VIEW_QUESTION));
 }
 
@@ -50,10 +50,10 @@ TEST_F(JobWindowTest, ClosingSaysOnceThatItDoesNotCancel) {
     show();
     PostMessageA(window_, WM_CLOSE, 0, 0);
     ASSERT_TRUE(isAsked("Closing this window does not cancel printing."));
-    EXPECT_TRUE(within(kPatience, [] { return reports.has("ClosingExplained=1"); }));
+    EXPECT_TRUE(eventually([] { return reports.has("ClosingExplained=1"); }));
     EXPECT_FALSE(reports.has("event 2"));
     press(JSW_VIEW_YES);
-    EXPECT_TRUE(within(kPatience, [] { return reports.has("event 2"); }));
+    EXPECT_TRUE(eventually([] { return reports.has("event 2"); }));
     EXPECT_FALSE(IsWindowVisible(window_));
     EXPECT_FALSE(reports.has("event 9"));
     Uninitialize();
@@ -63,7 +63,7 @@ TEST_F(JobWindowTest, ClosingSaysOnceThatItDoesNotCancel) {
     show();
     reports.take();
     PostMessageA(window_, WM_CLOSE, 0, 0);
-    EXPECT_TRUE(within(kPatience, [] { return reports.has("event 2"); }));
+    EXPECT_TRUE(eventually([] { return reports.has("event 2"); }));
     EXPECT_FALSE(IsWindowVisible(window_));
 }
 
@@ -75,16 +75,16 @@ TEST_F(JobWindowTest, AHostThatTakesItsTimeHoldsNothingUp) {
     press(JSW_VIEW_CANCEL);
     ASSERT_TRUE(isAsked("2 pages have not been printed. Cancel printing?"));
     press(JSW_VIEW_YES);
-    ASSERT_TRUE(within(kPatience, [] { return reports.has("event 9"); }));
+    ASSERT_TRUE(eventually([] { return reports.has("event 9"); }));
     // The host is now in its callback. The window keeps working.
     press(JSW_VIEW_UPDATE_AUTOMATICALLY);
-    EXPECT_TRUE(within(kPatience, [&] {
+    EXPECT_TRUE(eventually([&] {
         return SendMessageA(control(JSW_VIEW_UPDATE_AUTOMATICALLY), BM_GETCHECK, 0, 0) ==
                BST_CHECKED;
     }));
     EXPECT_FALSE(reports.has("updates 1"));
     SetEvent(hostBusy);
-    EXPECT_TRUE(within(kPatience, [] { return reports.has("updates 1"); }));
+    EXPECT_TRUE(eventually([] { return reports.has("updates 1"); }));
     hostBusy = nullptr;
 }
 
@@ -92,12 +92,12 @@ TEST_F(JobWindowTest, TheKeyboardReachesEverythingAndNeverCancelsByItself) {
     startJob();
     show();
     SetForegroundWindow(window_);
-    ASSERT_TRUE(within(kPatience, [&] { return focus() == JSW_VIEW_CURRENT; }));
+    ASSERT_TRUE(eventually([&] { return focus() == JSW_VIEW_CURRENT; }));
     std::vector<int> order;
     for (int i = 0; i < 9; ++i) {
         const int before = focus();
         key(VK_TAB);
-        if (!within(kPatience, [&] { return focus() != before; })) break;
+        if (!eventually([&] { return focus() != before; })) break;
         order.push_back(focus());
     }
     EXPECT_EQ(order,
@@ -106,19 +106,19 @@ TEST_F(JobWindowTest, TheKeyboardReachesEverythingAndNeverCancelsByItself) {
                                 JSW_VIEW_CONTENT_BUTTON, JSW_VIEW_PREVIOUS, JSW_VIEW_CURRENT}));
 
     // After use of the keyboard the focus is visible: a ring in the accent colour.
-    EXPECT_TRUE(within(kPatience, [&] { return edgeOf(JSW_VIEW_CURRENT) == RGB(0, 95, 184); }));
+    EXPECT_TRUE(eventually([&] { return edgeOf(JSW_VIEW_CURRENT) == RGB(0, 95, 184); }));
     EXPECT_NE(edgeOf(JSW_VIEW_NEXT), RGB(0, 95, 184));
     key(VK_RETURN);
-    EXPECT_TRUE(within(kPatience, [] { return reports.has("CURRENT 0"); }));
+    EXPECT_TRUE(eventually([] { return reports.has("CURRENT 0"); }));
     PostMessageA(control(JSW_VIEW_CURRENT), WM_SYSCHAR, 'c', 1 << 29);
     ASSERT_TRUE(isAsked("2 pages have not been printed. Cancel printing?"));
     EXPECT_EQ(focus(), JSW_VIEW_NO);
     key(VK_RETURN);
-    EXPECT_TRUE(within(kPatience, [&] { return !isShown(JSW_VIEW_QUESTION); }));
+    EXPECT_TRUE(eventually([&] { return !isShown(JSW_VIEW_QUESTION); }));
     key(VK_ESCAPE);
     ASSERT_TRUE(isAsked("Closing this window does not cancel printing."));
     key(VK_ESCAPE);
-    EXPECT_TRUE(within(kPatience, [&] { return !isShown(JSW_VIEW_QUESTION); }));
+    EXPECT_TRUE(eventually([&] { return !isShown(JSW_VIEW_QUESTION); }));
     EXPECT_TRUE(IsWindowVisible(window_));
     EXPECT_FALSE(reports.has("event 9") || reports.has("event 2"));
 }
@@ -131,12 +131,12 @@ TEST_F(JobWindowTest, PageButtonsAndLinksReportTheirActions) {
     press(JSW_VIEW_CONTENT_BUTTON + 1);
     press(JSW_VIEW_CONTENT_LINK + 1);
     press(JSW_VIEW_PREVIOUS);
-    EXPECT_TRUE(within(kPatience, [] { return reports.has("PREVIOUS 0"); }));
+    EXPECT_TRUE(eventually([] { return reports.has("PREVIOUS 0"); }));
     EXPECT_EQ(reports.take(),
               (std::vector<std::string>{"LAUNCH_URL 3", "LAUNCH_APP 1", "PREVIOUS 0"}));
     DisplayBillboard("none.jbb", 0, 0);
     EXPECT_TRUE(
-        within(kPatience, [&] { return text(JSW_VIEW_BILLBOARD) == "This page cannot be shown"; }));
+        eventually([&] { return text(JSW_VIEW_BILLBOARD) == "This page cannot be shown"; }));
     EXPECT_FALSE(isShown(JSW_VIEW_CONTENT_BUTTON) || isShown(JSW_VIEW_CONTENT_LINK));
     EXPECT_FALSE(IsWindowEnabled(control(JSW_VIEW_PREVIOUS)));
 }
@@ -203,7 +203,7 @@ TEST_F(JobWindowTest, ManyJobsLeaveNothingBehind) {
         press(JSW_VIEW_NEXT);
         HideGui();
         Uninitialize();
-        within(kPatience, [] { return FindWindowA(JSW_SAMPLE_VIEW_CLASS, nullptr) == nullptr; });
+        eventually([] { return FindWindowA(JSW_SAMPLE_VIEW_CLASS, nullptr) == nullptr; });
     };
     job();
     const DWORD gdi = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "PublicLib/win/Handles.h"
+#include "tests/support/Eventually.h"
 #include "tests/support/TempFolder.h"
 #include "window/view/ControlIds.h"
 #include <jsw/view.h>
@@ -16,18 +17,6 @@
 #include <vector>
 
 namespace jsw::test {
-
-inline constexpr DWORD kPatience = 15000;  // milliseconds
-
-template <class Condition>
-bool within(DWORD milliseconds, const Condition& condition) {
-    const DWORD start = GetTickCount();
-    while (!condition()) {
-        if (GetTickCount() - start > milliseconds) return false;
-        Sleep(5);
-    }
-    return true;
-}
 
 /// The window's reports to its host, in order.
 class Reports {
@@ -71,9 +60,8 @@ class JobWindowTest : public ::testing::Test {
     /// Waits until everything posted so far has been handled.
     void settle() const { SendMessageA(window_, WM_NULL, 0, 0); }
     [[nodiscard]] bool isAsked(const std::string& question) const {
-        return within(kPatience, [&] {
-            return isShown(JSW_VIEW_QUESTION) && text(JSW_VIEW_QUESTION) == question;
-        });
+        return eventually(
+            [&] { return isShown(JSW_VIEW_QUESTION) && text(JSW_VIEW_QUESTION) == question; });
     }
     [[nodiscard]] int focus() const;
     void key(WPARAM key) const;

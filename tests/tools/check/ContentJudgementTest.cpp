@@ -40,7 +40,6 @@ ContentFacts goodContent() {
 }
 
 struct ContentRow {
-    const char* name;
     void (*spoil)(ContentFacts& facts);
     Severity severity;
     const char* finding;
@@ -50,57 +49,52 @@ TEST(ContentJudgementTest, EachMistakeIsNamed) {
     constexpr auto kError = Severity::error;
     constexpr auto kWarning = Severity::warning;
     const ContentRow rows[] = {
-        {"no id", [](ContentFacts& f) { f.catalog.root->children[0].attributes.erase("id"); },
-         kError, "a <billboard> has no id"},
-        {"twice", [](ContentFacts& f) { f.catalog.root->children[1].attributes["id"] = "DEFAULT"; },
-         kError, "two elements have the id DEFAULT"},
-        {"no page", [](ContentFacts& f) { f.pages.erase(f.pages.begin()); }, kError,
+        {[](ContentFacts& f) { f.catalog.root->children[0].attributes.erase("id"); }, kError,
+         "a <billboard> has no id"},
+        {[](ContentFacts& f) { f.catalog.root->children[1].attributes["id"] = "DEFAULT"; }, kError,
+         "two elements have the id DEFAULT"},
+        {[](ContentFacts& f) { f.pages.erase(f.pages.begin()); }, kError,
          "DEFAULT: there is no page Scripts\\a.jbb"},
-        {"unused", [](ContentFacts& f) { f.catalog.root->children[0].attributes.erase("file"); },
-         kWarning, "no billboard of the catalog uses this page"},
-        {"empty action", [](ContentFacts& f) { f.catalog.root->children[1].children[0].text = ""; },
-         kWarning, "INK_STATUS: action 0 is empty"},
-        {"action number", [](ContentFacts& f) { f.catalog.root->children[1].children.clear(); },
-         kError, "'&Patronen' uses action 0, but INK_STATUS has 0"},
-        {"action",
-         [](ContentFacts& f) { f.pages[0] = page("a.jbb", "", "title=A\nbutton=B|NIX|0"); },
+        {[](ContentFacts& f) { f.catalog.root->children[0].attributes.erase("file"); }, kWarning,
+         "no billboard of the catalog uses this page"},
+        {[](ContentFacts& f) { f.catalog.root->children[1].children[0].text = ""; }, kWarning,
+         "INK_STATUS: action 0 is empty"},
+        {[](ContentFacts& f) { f.catalog.root->children[1].children.clear(); }, kError,
+         "'&Patronen' uses action 0, but INK_STATUS has 0"},
+        {[](ContentFacts& f) { f.pages[0] = page("a.jbb", "", "title=A\nbutton=B|NIX|0"); },
          kWarning, "'B' reports NIX"},
-        {"category",
-         [](ContentFacts& f) {
+        {[](ContentFacts& f) {
              f.catalog.root->children[2].children[0].attributes["id"] = "INK_STATSU";
          },
          kError, "INK_STATSU, which is not a billboard. Did you mean INK_STATUS?"},
-        {"rule", [](ContentFacts& f) { f.rules.root->children[0].attributes["result"] = "X"; },
-         kError, "rule 1: X is neither a category nor a billboard"},
-        {"condition",
-         [](ContentFacts& f) { f.rules.root->children[0].children = {node("inc", {})}; }, kError,
+        {[](ContentFacts& f) { f.rules.root->children[0].attributes["result"] = "X"; }, kError,
+         "rule 1: X is neither a category nor a billboard"},
+        {[](ContentFacts& f) { f.rules.root->children[0].children = {node("inc", {})}; }, kError,
          "rule 1: unknown condition <inc>"},
-        {"broken XML",
-         [](ContentFacts& f) {
+        {[](ContentFacts& f) {
              f.catalog = {{}, "line 3: no end"};
          },
          kError, "catalog.xml: line 3: no end"},
-        {"broken page", [](ContentFacts& f) { f.pages[0] = page("a.jbb", "", "no title"); }, kError,
+        {[](ContentFacts& f) { f.pages[0] = page("a.jbb", "", "no title"); }, kError,
          "a line before the first empty line has no \"=\""},
-        {"access key",
-         [](ContentFacts& f) { f.pages[0] = page("a.jbb", "", "title=A\nbutton=&Now|NEXT|0"); },
+        {[](ContentFacts& f) { f.pages[0] = page("a.jbb", "", "title=A\nbutton=&Now|NEXT|0"); },
          kWarning, "the access key of '&Now'"},
-        {"theme", [](ContentFacts& f) { f.pages[0].head["theme"] = "red"; }, kWarning,
+        {[](ContentFacts& f) { f.pages[0].head["theme"] = "red"; }, kWarning,
          "there is no theme 'red'"},
-        {"picture",
-         [](ContentFacts& f) { f.pages[0] = page("a.jbb", "", "title=A\npicture=p.bmp"); },
+        {[](ContentFacts& f) { f.pages[0] = page("a.jbb", "", "title=A\npicture=p.bmp"); },
          kWarning, "there is no picture Scripts\\p.bmp"},
-        {"language", [](ContentFacts& f) { f.pages[2].language = "xx"; }, kWarning,
+        {[](ContentFacts& f) { f.pages[2].language = "xx"; }, kWarning,
          "the window has no language 'xx'"},
-        {"other buttons", [](ContentFacts& f) { f.pages[2] = page("b.jbb", "de", "title=B"); },
-         kWarning, "have other actions than those of b.jbb"},
+        {[](ContentFacts& f) { f.pages[2] = page("b.jbb", "de", "title=B"); }, kWarning,
+         "have other actions than those of b.jbb"},
     };
     for (const ContentRow& row : rows) {
         ContentFacts facts = goodContent();
         row.spoil(facts);
         Report report;
         judgeContent(facts, report);
-        EXPECT_TRUE(has(report, row.severity, row.finding)) << row.name << "\n" << asText(report);
+        EXPECT_TRUE(has(report, row.severity, row.finding)) << row.finding << "\n"
+                                                            << asText(report);
     }
     Report good;
     judgeContent(goodContent(), good);

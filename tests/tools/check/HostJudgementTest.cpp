@@ -66,141 +66,113 @@ TEST(HostJudgementTest, AGoodHostHasNoFindings) {
 }
 
 struct BadHostRow {
-    const char* name;
-    void (*spoil)(HostFacts& facts);
+    void (*spoil)(HostFacts& f);
     Severity severity;
     const char* finding;
 };
 
 TEST(HostJudgementTest, EachMistakeIsNamedWithItsRemedy) {
+    constexpr auto kError = Severity::error, kWarning = Severity::warning, kNote = Severity::note;
     const BadHostRow rows[] = {
-        {"unknown prefix", [](HostFacts& facts) { facts.productLine.clear(); }, Severity::note,
-         "no product line"},
-        {"no library", [](HostFacts& facts) { facts.library.exists = false; }, Severity::warning,
+        {[](HostFacts& f) { f.productLine.clear(); }, kNote, "no product line"},
+        {[](HostFacts& f) { f.library.exists = false; }, kWarning,
          "there is no file C:\\h\\jsw.dll"},
-        {"another version", [](HostFacts& facts) { facts.libraryVersion = "1.0.0"; },
-         Severity::warning, "its version is 1.0.0, jswctl's is 1.1.0"},
-        {"closed keys",
-         [](HostFacts& facts) { facts.firstRun.closedKeys = {std::string(kStore) + "\\Settings"}; },
-         Severity::warning, "cannot open 1 key of the settings with all rights"},
-        {"large log",
-         [](HostFacts& facts) {
-             facts.log.exists = true;
-             facts.logSize = 200 << 20;
+        {[](HostFacts& f) { f.libraryVersion = "1.0.0"; }, kWarning,
+         "its version is 1.0.0, jswctl's is 1.1.0"},
+        {[](HostFacts& f) { f.firstRun.closedKeys = {std::string(kStore) + "\\Settings"}; },
+         kWarning, "cannot open 1 key of the settings with all rights"},
+        {[](HostFacts& f) {
+             f.log.exists = true;
+             f.logSize = 200 << 20;
          },
-         Severity::warning, "jswctl log --rotate"},
-        {"store closed",
-         [](HostFacts& facts) {
-             facts.firstRun.storeOpens = false;
-             facts.firstRun.storeError = 5;
+         kWarning, "jswctl log --rotate"},
+        {[](HostFacts& f) {
+             f.firstRun.storeOpens = false;
+             f.firstRun.storeError = 5;
          },
-         Severity::error, "cannot be opened with all rights, error 5"},
-        {"no file at all",
-         [](HostFacts& facts) {
-             facts.firstRun = {};
-             facts.firstRun.storeError = 2;
-             facts.firstRun.file.path = "C:\\h\\qlabjsw.loc";
+         kError, "cannot be opened with all rights, error 5"},
+        {[](HostFacts& f) {
+             f.firstRun = {};
+             f.firstRun.storeError = 2;
+             f.firstRun.file.path = "C:\\h\\qlabjsw.loc";
          },
-         Severity::error, "there is no settings file C:\\h\\qlabjsw.loc"},
-        {"empty file",
-         [](HostFacts& facts) {
-             facts.firstRun.file.parsed = false;
-             facts.firstRun.file.sections.clear();
-             facts.firstRun.file.entries.clear();
+         kError, "there is no settings file C:\\h\\qlabjsw.loc"},
+        {[](HostFacts& f) {
+             f.firstRun.file.parsed = false;
+             f.firstRun.file.sections.clear();
+             f.firstRun.file.entries.clear();
          },
-         Severity::error, "has no sections to install"},
-        {"another root",
-         [](HostFacts& facts) {
-             facts.firstRun.file.sections = {"Software\\Else\\JSW\\Local\\qlab"};
+         kError, "has no sections to install"},
+        {[](HostFacts& f) { f.firstRun.file.sections = {"Software\\Else\\JSW\\Local\\qlab"}; },
+         kError, "no section of C:\\h\\qlabjsw.loc is below this host's key"},
+        {[](HostFacts& f) { f.firstRun.file.sections.emplace_back("Software\\Else"); }, kWarning,
+         "the section [Software\\Else] does not belong to this host"},
+        {[](HostFacts& f) { f.firstRun.file.sections = {std::string(kStore) + "x\\Settings"}; },
+         kError, "no section of"},
+        {[](HostFacts& f) {
+             for (FileEntry& entry : f.firstRun.file.entries) entry.stored.reset();
          },
-         Severity::error, "no section of C:\\h\\qlabjsw.loc is below this host's key"},
-        {"one foreign section",
-         [](HostFacts& facts) { facts.firstRun.file.sections.emplace_back("Software\\Else"); },
-         Severity::warning, "the section [Software\\Else] does not belong to this host"},
-        {"like-named neighbour",
-         [](HostFacts& facts) {
-             facts.firstRun.file.sections = {std::string(kStore) + "x\\Settings"};
+         kError, "first run: did not happen"},
+        {[](HostFacts& f) {
+             f.firstRun.isPending = true;
+             f.firstRun.file.entries[0].stored.reset();
          },
-         Severity::error, "no section of"},
-        {"missed",
-         [](HostFacts& facts) {
-             for (FileEntry& entry : facts.firstRun.file.entries) entry.stored.reset();
-         },
-         Severity::error, "first run: did not happen"},
-        {"cut off",
-         [](HostFacts& facts) {
-             facts.firstRun.isPending = true;
-             facts.firstRun.file.entries[0].stored.reset();
-         },
-         Severity::warning, "first run: is incomplete"},
-        {"file changed later",
-         [](HostFacts& facts) { facts.firstRun.file.entries[0].stored.reset(); }, Severity::warning,
+         kWarning, "first run: is incomplete"},
+        {[](HostFacts& f) { f.firstRun.file.entries[0].stored.reset(); }, kWarning,
          "1 of 2 values of C:\\h\\qlabjsw.loc are not in the registry: DllPath"},
-        {"value changed later",
-         [](HostFacts& facts) { facts.firstRun.file.entries[0].stored = "x"; }, Severity::note,
+        {[](HostFacts& f) { f.firstRun.file.entries[0].stored = "x"; }, kNote,
          "DllPath is x, string:C:\\m in the settings file"},
-        {"no type", [](HostFacts& facts) { facts.firstRun.file.entries[0].value = "C:\\m"; },
-         Severity::warning, "Write string: or dword: before the value"},
-        {"wrong type",
-         [](HostFacts& facts) {
-             facts.image.put("Settings\\Controller\\", "VIEW", {Source::wrongType});
+        {[](HostFacts& f) { f.firstRun.file.entries[0].value = "C:\\m"; }, kWarning,
+         "Write string: or dword: before the value"},
+        {[](HostFacts& f) { f.image.put("Settings\\Controller\\", "VIEW", {Source::wrongType}); },
+         kError, "Settings\\Controller View is not stored as a text"},
+        {[](HostFacts& f) { f.image.put("Settings", "DllPath", text(".\\m")); }, kWarning,
+         "DllPath '.\\m' is relative to the current folder"},
+        {[](HostFacts& f) { f.image.put("Settings", "DataPath", text("\\d")); }, kWarning,
+         "DataPath '\\d' is relative"},
+        {[](HostFacts& f) {
+             f.unknownValues = {{"Settings", "DataPaht"}};
          },
-         Severity::error, "Settings\\Controller View is not stored as a text"},
-        {"relative", [](HostFacts& facts) { facts.image.put("Settings", "DllPath", text(".\\m")); },
-         Severity::warning, "DllPath '.\\m' is relative to the current folder"},
-        {"drive only",
-         [](HostFacts& facts) { facts.image.put("Settings", "DataPath", text("\\d")); },
-         Severity::warning, "DataPath '\\d' is relative"},
-        {"misspelt value",
-         [](HostFacts& facts) {
-             facts.unknownValues = {{"Settings", "DataPaht"}};
-         },
-         Severity::warning, "Did you mean DataPath?"},
-        {"no parser", [](HostFacts& facts) { facts.parserRegistered = false; }, Severity::error,
-         "MSXML 3.0 is not registered"},
-        {"no parser file", [](HostFacts& facts) { facts.parserVersion = 0; }, Severity::error,
+         kWarning, "Did you mean DataPath?"},
+        {[](HostFacts& f) { f.parserRegistered = false; }, kError, "MSXML 3.0 is not registered"},
+        {[](HostFacts& f) { f.parserVersion = 0; }, kError,
          "msxml3.dll is missing in the system folder"},
-        {"old parser", [](HostFacts& facts) { facts.parserVersion = 0x8001D; }, Severity::error,
+        {[](HostFacts& f) { f.parserVersion = 0x8001D; }, kError,
          "has version 8.29; version 8.30 or later is needed"},
-        {"no data folder",
-         [](HostFacts& facts) {
-             facts.dataFolder = {"C:\\d", false, false};
+        {[](HostFacts& f) {
+             f.dataFolder = {"C:\\d", false, false};
          },
-         Severity::error, "there is no folder C:\\d"},
-        {"no default page", [](HostFacts& facts) { facts.pages[0].fileName.clear(); },
-         Severity::error, "billboard DEFAULT: the catalog names no file"},
-        {"page gone", [](HostFacts& facts) { facts.pages[1].file.exists = false; },
-         Severity::warning, "there is no file C:\\d\\Scripts\\b.jbb: the ink status action"},
-        {"kept page gone",
-         [](HostFacts& facts) {
-             facts.cachedDefault = {"", false, "old.jbb", {"C:\\d\\old.jbb"}};
+         kError, "there is no folder C:\\d"},
+        {[](HostFacts& f) { f.pages[0].fileName.clear(); }, kError,
+         "billboard DEFAULT: the catalog names no file"},
+        {[](HostFacts& f) { f.pages[1].file.exists = false; }, kWarning,
+         "there is no file C:\\d\\Scripts\\b.jbb: the ink status action"},
+        {[](HostFacts& f) {
+             f.cachedDefault = {"", false, "old.jbb", {"C:\\d\\old.jbb"}};
          },
-         Severity::error, "the page stored by an earlier job is missing"},
-        {"kept page is another",
-         [](HostFacts& facts) {
-             facts.cachedDefault = {"", false, "old.jbb", {"C:\\d\\old.jbb", true, false}};
+         kError, "the page stored by an earlier job is missing"},
+        {[](HostFacts& f) {
+             f.cachedDefault = {"", false, "old.jbb", {"C:\\d\\old.jbb", true, false}};
          },
-         Severity::warning, "jobs start with old.jbb"},
-        {"log", [](HostFacts& facts) { facts.logError = 5; }, Severity::warning,
+         kWarning, "jobs start with old.jbb"},
+        {[](HostFacts& f) { f.logError = 5; }, kWarning,
          "C:\\all\\qlabJSW.log cannot be written, error 5"},
-        {"updater with a path",
-         [](HostFacts& facts) {
-             facts.image.put("Settings\\Updater", "BillBoardUpdaterExecutableName",
-                             text("..\\u.exe"));
+        {[](HostFacts& f) {
+             f.image.put("Settings\\Updater", "BillBoardUpdaterExecutableName", text("..\\u.exe"));
          },
-         Severity::error, "is not a plain file name"},
-        {"no updater",
-         [](HostFacts& facts) {
-             facts.image.put("Settings\\Updater", "BillBoardUpdaterExecutableName", text("u.exe"));
-             facts.updater.path = "C:\\m\\u.exe";
+         kError, "is not a plain file name"},
+        {[](HostFacts& f) {
+             f.image.put("Settings\\Updater", "BillBoardUpdaterExecutableName", text("u.exe"));
+             f.updater.path = "C:\\m\\u.exe";
          },
-         Severity::error, "there is no updater C:\\m\\u.exe"},
+         kError, "there is no updater C:\\m\\u.exe"},
     };
     for (const BadHostRow& row : rows) {
         HostFacts facts = goodHost();
         row.spoil(facts);
         const Report report = judged(facts);
-        EXPECT_TRUE(has(report, row.severity, row.finding)) << row.name << ":\n" << asText(report);
+        EXPECT_TRUE(has(report, row.severity, row.finding)) << row.finding << ":\n"
+                                                            << asText(report);
     }
 }
 

@@ -26,76 +26,62 @@ TEST(ModuleJudgementTest, AGoodModuleOfEachKindHasNoFindings) {
 }
 
 struct BadModuleRow {
-    const char* name;
-    void (*spoil)(ModuleFacts& facts);
+    void (*spoil)(ModuleFacts& f);
     const char* finding;  ///< part of the error
     bool loadable;
 };
 
 TEST(ModuleJudgementTest, EachFaultIsNamed) {
     const BadModuleRow rows[] = {
-        {"absent", [](ModuleFacts& facts) { facts.exists = false; },
+        {[](ModuleFacts& f) { f.exists = false; },
          "there is no file C:\\m\\module.dll; JSWInit returns 0", false},
-        {"folder", [](ModuleFacts& facts) { facts.isFolder = true; }, "is a folder", false},
-        {"unreadable", [](ModuleFacts& facts) { facts.unreadable = "error 5"; },
-         "cannot be read: error 5", false},
-        {"no library", [](ModuleFacts& facts) { facts.file.problem = "it is no library"; },
+        {[](ModuleFacts& f) { f.isFolder = true; }, "is a folder", false},
+        {[](ModuleFacts& f) { f.unreadable = "error 5"; }, "cannot be read: error 5", false},
+        {[](ModuleFacts& f) { f.file.problem = "it is no library"; },
          "cannot be loaded: it is no library", false},
-        {"32 bits", [](ModuleFacts& facts) { facts.file.machine = kMachineX86; },
+        {[](ModuleFacts& f) { f.file.machine = kMachineX86; },
          "is a 32-bit library, not a 64-bit one", false},
-        {"program", [](ModuleFacts& facts) { facts.file.isDll = false; },
-         "is a program, not a library", false},
-        {"dependency",
-         [](ModuleFacts& facts) {
-             facts.missing = {{"far.dll", "near.dll"}};
+        {[](ModuleFacts& f) { f.file.isDll = false; }, "is a program, not a library", false},
+        {[](ModuleFacts& f) {
+             f.missing = {{"far.dll", "near.dll"}};
          },
          "near.dll needs far.dll, which is not found", false},
-        {"misspelt",
-         [](ModuleFacts& facts) {
-             std::replace(facts.file.exports.begin(), facts.file.exports.end(),
-                          std::string("SetJobName"), std::string("SetJobname"));
-         },
+        {[](ModuleFacts& f) { std::ranges::replace(f.file.exports, "SetJobName", "SetJobname"); },
          "SetJobName is missing; the module has SetJobname. Export it as SetJobName", true},
-        {"decorated",
-         [](ModuleFacts& facts) {
-             std::replace(facts.file.exports.begin(), facts.file.exports.end(),
-                          std::string("SetJobName"), std::string("_Z10SetJobNamePKc"));
+        {[](ModuleFacts& f) {
+             std::ranges::replace(f.file.exports, "SetJobName", "_Z10SetJobNamePKc");
          },
          "the module has _Z10SetJobNamePKc", true},
-        {"another module", [](ModuleFacts& facts) { facts.file.exports = {"EvaluateRule"}; },
+        {[](ModuleFacts& f) { f.file.exports = {"EvaluateRule"}; },
          "exports none of the entry points of a view module", true},
-        {"fault", [](ModuleFacts& facts) { facts.trial.faults = {"it is wrong"}; }, "it is wrong",
-         true},
-        {"crash",
-         [](ModuleFacts& facts) {
-             facts.trial.finished = false;
-             facts.trial.exitCode = 0xC0000005;
-             facts.trial.calls.push_back({"Initialize", false, 0, ""});
+        {[](ModuleFacts& f) { f.trial.faults = {"it is wrong"}; }, "it is wrong", true},
+        {[](ModuleFacts& f) {
+             f.trial.finished = false;
+             f.trial.exitCode = 0xC0000005;
+             f.trial.calls.push_back({"Initialize", false, 0, ""});
          },
          "it crashes in Initialize (0xC0000005)", true},
-        {"exit",
-         [](ModuleFacts& facts) {
-             facts.trial.finished = false;
-             facts.trial.calls.push_back({"Initialize", false, 0, ""});
+        {[](ModuleFacts& f) {
+             f.trial.finished = false;
+             f.trial.calls.push_back({"Initialize", false, 0, ""});
          },
          "it ends the process in Initialize", true},
-        {"hang", [](ModuleFacts& facts) { facts.trial.timedOut = true; },
-         "it does not return from LoadLibrary", true},
-        {"exception",
-         [](ModuleFacts& facts) {
-             facts.trial.calls.push_back({"Initialize", true, 1, kException});
+        {[](ModuleFacts& f) { f.trial.timedOut = true; }, "it does not return from LoadLibrary",
+         true},
+        {[](ModuleFacts& f) {
+             f.trial.calls.push_back({"Initialize", true, 1, kException});
          },
          "Initialize raised a C++ exception", true},
-        {"refused", [](ModuleFacts& facts) { facts.trial.problem = "it cannot be loaded: 1114"; },
+        {[](ModuleFacts& f) { f.trial.problem = "it cannot be loaded: 1114"; },
          "it cannot be loaded: 1114", true},
     };
     for (const BadModuleRow& row : rows) {
         ModuleFacts facts = goodModule(*findModuleKind("view"));
         row.spoil(facts);
         const Report report = judged(facts);
-        EXPECT_TRUE(has(report, Severity::error, row.finding)) << row.name << ":\n"
+        EXPECT_TRUE(has(report, Severity::error, row.finding)) << row.finding << ":\n"
                                                                << asText(report);
-        EXPECT_EQ(isLoadable(facts), row.loadable) << row.name;
+        EXPECT_EQ(isLoadable(facts), row.loadable) << row.finding;
     }
 }
 

@@ -4,6 +4,7 @@
 #include "PublicLib/text/Text.h"
 #include "PublicLib/win/Handles.h"
 #include "PublicLib/win/SystemFolders.h"
+#include "tests/support/Eventually.h"
 #include "tests/support/TempFolder.h"
 #include <jsw/view.h>
 
@@ -335,10 +336,6 @@ TEST_F(ProgramTest, ATrialEndsWithTheToolThatIsEnded) {
     const auto loops = [] {
         return static_cast<bool>(KernelHandle(OpenMutexA(SYNCHRONIZE, FALSE, "jswctl-test-loop")));
     };
-    const auto waitUntil = [&](bool wanted) {
-        for (int tenths = 0; loops() != wanted && tenths < 300; ++tenths) Sleep(100);
-        return loops() == wanted;
-    };
     SetEnvironmentVariableA("JSWCTL_FAULT", "loop");
     STARTUPINFOA startup{};
     startup.cb = sizeof startup;
@@ -348,9 +345,9 @@ TEST_F(ProgramTest, ATrialEndsWithTheToolThatIsEnded) {
                                &startup, &info));
     const KernelHandle process(info.hProcess);
     const KernelHandle thread(info.hThread);
-    EXPECT_TRUE(waitUntil(true));
+    EXPECT_TRUE(test::eventually(loops));
     TerminateProcess(process.get(), 1);
-    EXPECT_TRUE(waitUntil(false));
+    EXPECT_TRUE(test::eventually([&] { return !loops(); }));
 }
 
 /// The user chooses the trial job, and the sample engine uses it.

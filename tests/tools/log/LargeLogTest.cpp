@@ -1,5 +1,4 @@
-/// @file LargeLogTest.cpp
-/// A separate program, because it counts all memory in use.
+#include "tests/support/ProcessState.h"
 #include "tests/tools/log/LogText.h"
 #include "tools/jswctl/log/HtmlReport.h"
 #include "tools/jswctl/log/ReadLog.h"
@@ -8,42 +7,10 @@
 
 #include <gtest/gtest.h>
 
-#include <atomic>
-#include <cstdlib>
-#include <new>
+#include <algorithm>
 #include <streambuf>
 #include <string>
 #include <utility>
-
-namespace {
-
-// The watchdog thread of the tests allocates, too.
-std::atomic<std::size_t> inUse = 0;
-std::atomic<std::size_t> mostInUse = 0;
-
-constexpr std::size_t kHead = alignof(std::max_align_t);
-
-}  // namespace
-
-void* operator new(std::size_t size) {
-    auto* const memory = static_cast<std::size_t*>(std::malloc(size + kHead));
-    if (memory == nullptr) throw std::bad_alloc();
-    *memory = size;
-    const std::size_t now = inUse += size;
-    if (now > mostInUse) mostInUse = now;
-    return reinterpret_cast<char*>(memory) + kHead;
-}
-
-void operator delete(void* memory) noexcept {
-    if (memory == nullptr) return;
-    auto* const start = reinterpret_cast<std::size_t*>(static_cast<char*>(memory) - kHead);
-    inUse -= *start;
-    std::free(start);
-}
-
-void operator delete(void* memory, std::size_t /*size*/) noexcept {
-    operator delete(memory);
-}
 
 namespace jsw::ctl::log {
 
@@ -51,21 +18,31 @@ namespace {
 
 using test::LogText;
 
-/// A log that is generated while it is read: the same block repeatedly.
+constexpr std::size_t kMegabyte = 1024 * 1024;
+
+/// A log that is generated while it is read: the same block repeatedly. It also samples how much
+/// memory is in use.
 class EndlessLog : public std::streambuf {
   public:
-    EndlessLog(std::string block, std::size_t times) : block_(std::move(block)), times_(times) {}
+    EndlessLog(std::string block, std::size_t megabytes)
+        : block_(std::move(block)), left_(megabytes * kMegabyte / block_.size() + 1) {}
+
+    std::size_t mostMemory = 0;  ///< bytes more than at the beginning
 
   protected:
     int_type underflow() override {
-        if (times_-- == 0) return traits_type::eof();
+        if (left_-- == 0) return traits_type::eof();
+        if (left_ % (4 * kMegabyte / block_.size() + 1) == 0) {
+            mostMemory = std::max(mostMemory, jsw::test::processState().heapBytes - before_);
+        }
         setg(block_.data(), block_.data(), block_.data() + block_.size());
         return traits_type::to_int_type(block_.front());
     }
 
   private:
     std::string block_;
-    std::size_t times_;
+    std::size_t left_;
+    const std::size_t before_ = jsw::test::processState().heapBytes;
 };
 
 struct Everything : JobListener {
@@ -81,14 +58,13 @@ struct Everything : JobListener {
 };
 
 Totals readAll(const std::string& block, std::size_t megabytes, Everything& everything) {
-    EndlessLog source(block, megabytes * 1024 * 1024 / block.size() + 1);
+    EndlessLog source(block, megabytes);
     std::istream input(&source);
-    mostInUse = inUse.load();
-    return readLog(input, everything);
+    const Totals totals = readLog(input, everything);
+    EXPECT_GT(source.mostMemory, 0U);
+    EXPECT_LT(source.mostMemory, 8 * kMegabyte);  // half of the whole
+    return totals;
 }
-
-constexpr std::size_t kMegabytes = 16;
-constexpr std::size_t kMostMemory = 8 * 1024 * 1024;  // half of it
 
 }  // namespace
 
@@ -100,13 +76,11 @@ TEST(LargeLog, ManyJobsAreReadInBoundedMemory) {
         log.at(36'000'010 + i * 20).line(0, "-Catalog::getBillboardType:  rc=ink");
     }
     log.line(0, "ERROR - bbId is empty string.").endJob();
-    const std::size_t before = inUse;
     Everything everything;
-    const Totals totals = readAll(log.text(), kMegabytes, everything);
+    const Totals totals = readAll(log.text(), 16, everything);
     EXPECT_GT(totals.jobs, 2000U);
     EXPECT_EQ(everything.statistics.troubles().at(0).jobs, totals.jobs);
     EXPECT_GT(everything.told, 100'000U);
-    EXPECT_LT(mostInUse - before, kMostMemory);
 }
 
 /// One job that never ends, with endless calls, events, threads and problems.
@@ -118,21 +92,17 @@ TEST(LargeLog, AnEndlessJobIsReadInBoundedMemory) {
         log.line(0, "Controller::doBillboardCallback: theAction ='NEXT' actionId = '0'");
         log.line(0, "ERROR - bbId is empty string.").raw(std::string(500, '?') + "\n");
     }
-    const std::size_t before = inUse;
     Everything everything;
-    const Totals totals = readAll(log.text(), kMegabytes, everything);
+    const Totals totals = readAll(log.text(), 16, everything);
     EXPECT_GT(totals.foreign, 1000U);
-    EXPECT_LT(mostInUse - before, kMostMemory);
 }
 
 /// Lines of more processes than are kept at the same time.
 TEST(LargeLog, ManyProcessesAreReadInBoundedMemory) {
     LogText log;
     for (std::uint32_t i = 1; i <= 1000; ++i) log.process(i * 4).beginJob("job");
-    const std::size_t before = inUse;
     Everything everything;
-    readAll(log.text(), kMegabytes / 4, everything);
-    EXPECT_LT(mostInUse - before, kMostMemory);
+    readAll(log.text(), 4, everything);
 }
 
 }  // namespace jsw::ctl::log

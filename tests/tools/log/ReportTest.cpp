@@ -1,3 +1,4 @@
+#include "tests/support/Words.h"
 #include "tests/tools/log/LogText.h"
 #include "tools/jswctl/log/HtmlReport.h"
 #include "tools/jswctl/log/JsonReport.h"
@@ -20,6 +21,7 @@ namespace jsw::ctl::log {
 
 namespace {
 
+using jsw::test::countOf;
 using test::LogText;
 using testing::HasSubstr;
 using testing::Not;
@@ -53,14 +55,6 @@ std::string twoJobs() {
     log.line(0, "+Catalog::initialize: ").at(36'000'250).line(0, "-Catalog::initialize:  rc=1");
     log.endJob().beginJob("second").line(1, "History::save: Save not needed.").endJob();
     return log.text();
-}
-
-std::size_t count(const std::string& text, const std::string& part) {
-    std::size_t found = 0;
-    for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) {
-        ++found;
-    }
-    return found;
 }
 
 }  // namespace
@@ -117,9 +111,9 @@ TEST(Reports, TellTroubleWithCauseAndRemedy) {
 
 TEST(Reports, PictureHasALaneForEachThreadAndAMarkForEachTrouble) {
     const std::string page = Reports(twoJobs()).page_;
-    EXPECT_EQ(count(page, "<svg "), 2U);
-    EXPECT_EQ(count(page, "class=\"lane\""), 2U);
-    EXPECT_EQ(count(page, "class=\"mark hinders\" d="), 1U);
+    EXPECT_EQ(countOf("<svg ", page), 2U);
+    EXPECT_EQ(countOf("class=\"lane\"", page), 2U);
+    EXPECT_EQ(countOf("class=\"mark hinders\" d=", page), 1U);
     EXPECT_THAT(page, HasSubstr("driver thread"));
     EXPECT_THAT(page, HasSubstr("tid 002a"));
     EXPECT_THAT(page, HasSubstr("<title>Catalog::initialize, 0.250 s, line 5, result 1</title>"));
@@ -140,10 +134,10 @@ TEST(Reports, PictureHasOneLaneForThreadsThatTakeTurns) {
     log.thread(20).at(36'001'440).line(0, "+BillboardView::saveValueCallback: ");
     log.at(36'001'460).line(0, "-BillboardView::saveValueCallback: ");
     const std::string page = Reports(log.thread(1).at(36'002'000).endJob().text()).page_;
-    EXPECT_EQ(count(page, "class=\"lane\""), 3U);  // the last one came while another was busy
+    EXPECT_EQ(countOf("class=\"lane\"", page), 3U);  // the last one came while another was busy
     EXPECT_THAT(page, HasSubstr("view threads"));
     EXPECT_THAT(page, HasSubstr("5 in turn"));
-    EXPECT_EQ(count(page, "<title>BillboardView::jswCallback"), 5U);
+    EXPECT_EQ(countOf("<title>BillboardView::jswCallback", page), 5U);
 }
 
 /// Names come from users and may be anything.
@@ -183,7 +177,7 @@ TEST(Reports, SayThatAPageHasOnlyTheLastJobs) {
     LogText log;
     for (std::size_t i = 0; i < HtmlReport::kMaxJobs + 5; ++i) log.beginJob("a").endJob();
     const std::string page = Reports(log.text()).page_;
-    EXPECT_EQ(count(page, "<section class=\"job\""), HtmlReport::kMaxJobs);
+    EXPECT_EQ(countOf("<section class=\"job\"", page), HtmlReport::kMaxJobs);
     EXPECT_THAT(page, HasSubstr("Only the last 100 are on this page"));
 }
 
