@@ -100,13 +100,13 @@ story_updates() {
   show_job_log "$check_lines"
   show_updater_record
 
-  update_job "Job 2: takes the new modules and data into use" \
+  update_job "Job 2: switches to the new modules and data" \
     --script "$(windows_path "$bin/scripts/updated.jobscript")"
   expect_no_updater
   show_job_log "$post_update_lines"
   show_modules_in_use
 
-  update_job "Job 3: there is nothing left to take into use"
+  update_job "Job 3: nothing is left to update"
   show_job_log "$post_update_lines"
 
   heading "The same check on Windows XP, where the updater runs as the user at the console"

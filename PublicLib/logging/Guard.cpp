@@ -28,7 +28,7 @@ std::string reason() {
 void reportException(const LoggerComponent& component, const char* where) noexcept {
     try {
         logLine(component, kLogError, "ERROR - ", where, ": ", reason());
-    } catch (...) {  // NOLINT(bugprone-empty-catch): no memory to say so
+    } catch (...) {  // NOLINT(bugprone-empty-catch): no memory to log it
     }
 }
 

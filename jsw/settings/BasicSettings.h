@@ -59,7 +59,7 @@ class BasicSettings {
     bool deleteValue(const std::string& subKey, const std::string& name, bool shared = false) const;
     /// Deletes the key and everything below it; a missing key is not a failure.
     bool deleteKey(const std::string& subKey, bool shared = false) const;
-    /// Appends the names of the key's values, kMaxNames at most; false when there is no such key.
+    /// Appends the names of the key's values, kMaxNames at most; false if there is no such key.
     bool getValueNames(const std::string& subKey, std::vector<std::string>& names,
                        bool shared = false) const;
     /// Appends all of the key's values, the first ones with their texts; false when there is no

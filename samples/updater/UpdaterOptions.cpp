@@ -20,21 +20,22 @@ void describe(CLI::App& program, UpdaterOptions& options) {
         ->check(notEmpty);
     program
         .add_option("--record", options.recordFile,
-                    "where to note how it was started (qlupdater.log beside this program)")
+                    "file for the record of its start (qlupdater.log beside this program)")
         ->type_name("FILE")
         ->check(notEmpty);
     program.footer(
-        "Notes how it was started, then installs what lies in the folder \"updates\" beside it:\n"
+        "Records how it was started, then installs the contents of the folder \"updates\" beside "
+        "it:\n"
         "  updates\\catalog.dll, rules.dll, view.dll, version.txt   new modules, version file\n"
         "  updates\\data\\                                           new billboard data\n"
         "Modules are copied beside this program under new names, data into the folder for data\n"
-        "updates. Names and state go to the registry; the library takes them into use when the\n"
-        "next job starts. The library gives -UAC when it asks for elevation.\n"
+        "updates. Names and flags go to the registry; the next job switches to the new files. The\n"
+        "library passes -UAC when it requests elevation.\n"
         "\n"
-        "Exit code: 0 done, 1 something could not be installed, 2 bad command line.\n");
+        "Exit code: 0 done, 1 something could not be installed, 2 invalid command line.\n");
 }
 
-constexpr const char* kPurpose = "qlupdater: plays the updater program of the job status library.";
+constexpr const char* kPurpose = "qlupdater: a small updater program for the job status library.";
 
 }  // namespace
 

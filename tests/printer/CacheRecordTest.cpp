@@ -176,7 +176,7 @@ TEST(CacheRecordTest, TakesOnlyValuesThatLieInsideTheStream) {
     EXPECT_EQ(record.values().cartridges[0].type, CartridgeType::black);
     EXPECT_EQ(record.values().deviceSerialNumber, "");
     record.parse({});
-    EXPECT_EQ(record.values().cartridgeCount, 1U);  // counted anew
+    EXPECT_EQ(record.values().cartridgeCount, 1U);  // counted again
 }
 
 TEST(CacheRecordTest, SurvivesEverySeedOfTheFuzzerAtEveryLength) {

@@ -89,7 +89,7 @@ INT_PTR CALLBACK PromptDialog::procedure(HWND dialog, UINT message, WPARAM wPara
         auto* const self = reinterpret_cast<PromptDialog*>(GetWindowLongPtrW(dialog, DWLP_USER));
         return self ? self->handle(message, wParam, lParam) : FALSE;
     } catch (...) {
-        // Out of memory; the dialog stays as it is.
+        // Out of memory; the dialog stays unchanged.
         return FALSE;
     }
 }

@@ -1,4 +1,4 @@
-/* The smallest catalog: one page, which every job starts with. */
+/* The smallest catalog: one page, with which every job starts. */
 #include <jsw/catalog.h>
 #include <string.h>
 
