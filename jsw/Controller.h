@@ -56,6 +56,7 @@ class Controller : public Observer, public BillboardActions {
 
     // Billboards (ControllerBillboards.cpp).
 
+    /// Shows a billboard; only logs if its id is not valid. May be called on any thread.
     void changeBillboard(const std::string& bbId);
     /// Whether the catalog has a file for the id and the file can be read.
     bool isBillboardIdValid(const std::string& bbId);

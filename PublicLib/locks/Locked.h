@@ -6,11 +6,11 @@
 
 namespace jsw {
 
-/// A value together with its lock: it is reached under the lock and in no other way.
+/// A value that is accessible only under its lock.
 template <class T>
 class Locked {
   public:
-    /// Runs work(value) under the lock and hands on what it answers, by value.
+    /// Runs work(value) under the lock and returns its result, by value.
     template <class Work>
     auto use(const Work& work) {
         const std::lock_guard lock(lock_);

@@ -22,7 +22,8 @@ struct FirstBillboard {
 };
 
 /// The process-wide binding of the view module, which draws the job window. Window events are
-/// published to the attached observers. Without a module every operation only logs.
+/// published to the attached observers. The driver's threads call it one at a time;
+/// displayBillboard() may be called on any thread. Without a module every operation only logs.
 class BillboardView : public Subject {
   public:
     static std::shared_ptr<BillboardView> instance();

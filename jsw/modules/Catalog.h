@@ -11,7 +11,7 @@
 namespace jsw {
 
 /// The process-wide binding of the catalog module, which describes the billboards. The first query
-/// loads the module. Nothing is raised: whatever is missing gives an empty answer.
+/// loads the module. Thread-safe. Nothing is raised: whatever is missing gives an empty answer.
 class Catalog {
   public:
     static std::shared_ptr<Catalog> instance();

@@ -9,8 +9,9 @@
 
 namespace jsw {
 
-/// The older job window module from the printer driver's own folder, loaded for one prompt. Nothing
-/// is raised; if the module is not loaded, every call logs that.
+/// The older job window module from the printer driver's own folder, loaded for one prompt. Used
+/// only on the prompt's thread. Nothing is raised; if the module is not loaded, every call logs
+/// that.
 class LegacyJswGui {
   public:
     LegacyJswGui();
