@@ -28,12 +28,12 @@ scripts/check-layers.py
 [[ "${1:-}" == format ]] && exit 0
 
 read_with_clang() { # OPTION... < FILES
-  xargs -P "$(nproc)" -n 1 clang-tidy -p build/clang --quiet "$@" \
+  xargs -P "$(nproc)" -n 1 clang-tidy -p build/tidy --quiet "$@" \
     2> >(grep -v ' warnings\? generated\.$' >&2)
 }
 
 mkdir -p build
-cmake --preset clang >build/configure.log 2>&1 || {
+cmake --preset tidy >build/configure.log 2>&1 || {
   cat build/configure.log
   exit 1
 }

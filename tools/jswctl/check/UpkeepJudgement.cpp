@@ -13,7 +13,7 @@ namespace jsw::ctl {
 namespace {
 
 constexpr std::uint64_t kKilobyte = 1024;
-constexpr std::uint64_t kLargeLog = 100 * 1024 * kKilobyte;
+constexpr std::uint64_t kLargeLog = 100 * kKilobyte * kKilobyte;
 
 std::time_t makeTime(std::tm* time) {
     return std::mktime(time);
