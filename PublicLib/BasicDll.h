@@ -45,7 +45,10 @@ struct ModuleTable {
     CriticalSection lock;
     std::map<HMODULE, std::int32_t> counts;
 
-    static ModuleTable& instance();
+    static ModuleTable& instance() {
+        static ModuleTable table;
+        return table;
+    }
 };
 
 /// Loads a module by file name and keeps it loaded while any loader object holds it. The handler's

@@ -27,15 +27,6 @@ struct Critical {
 CriticalSection criticalLock;
 std::unique_ptr<Critical> critical;
 
-std::string fileNameOf(const std::string& fileBase, HMODULE module) {
-    if (!fileBase.empty()) return criticalLogFileName(fileBase, {});
-    const std::string name = moduleFileName(module);
-    if (name.empty()) {
-        throw Win32Exception("CriticalLog(): GetModuleFileName failed", 0, place::kCriticalLogName);
-    }
-    return criticalLogFileName({}, name);
-}
-
 }  // namespace
 
 std::string criticalLogFileName(std::string_view fileBase, std::string_view moduleFileName) {
@@ -47,7 +38,12 @@ void CriticalLog(const std::string& fileBase, const std::string& componentName,
                  const std::string& message, HMODULE module) {
     const std::lock_guard lock(criticalLock);
     if (!critical) {
-        critical = std::make_unique<Critical>(fileNameOf(fileBase, module), componentName);
+        const std::string name = fileBase.empty() ? moduleFileName(module) : "";
+        if (fileBase.empty() && name.empty()) {
+            throw Win32Exception("CriticalLog(): GetModuleFileName failed", 0,
+                                 place::kCriticalLogName);
+        }
+        critical = std::make_unique<Critical>(criticalLogFileName(fileBase, name), componentName);
     }
     critical->logger.log(critical->component, kLogError, message);
 }

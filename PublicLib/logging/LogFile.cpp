@@ -1,9 +1,6 @@
 #include "PublicLib/logging/LogFile.h"
 
-#include "PublicLib/win/Handles.h"
 #include "PublicLib/win/Paths.h"
-
-#include <windows.h>
 
 #include <array>
 
@@ -37,22 +34,12 @@ std::string logLockName(const std::string& path) {
 LogFile::LogFile(const std::string& path) : path_(fullPath(path)), lock_(logLockName(path_)) {
 }
 
-SECURITY_ATTRIBUTES* LogFile::attributes() {
-    if (!security_) security_.emplace();
-    return security_->attributes();
+KernelHandle LogFile::open(DWORD access, DWORD disposition, SECURITY_ATTRIBUTES* security) const {
+    return KernelHandle(CreateFileA(path_.c_str(), access, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                    security, disposition, FILE_ATTRIBUTE_NORMAL, nullptr));
 }
 
-bool LogFile::exists() {
-    const KernelHandle file(CreateFileA(path_.c_str(), GENERIC_READ | GENERIC_WRITE,
-                                        FILE_SHARE_READ | FILE_SHARE_WRITE, attributes(),
-                                        OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
-    return static_cast<bool>(file);
-}
-
-void LogFile::write(std::string_view line) {
-    const KernelHandle file(CreateFileA(path_.c_str(), GENERIC_READ | GENERIC_WRITE,
-                                        FILE_SHARE_READ | FILE_SHARE_WRITE, attributes(),
-                                        OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+void LogFile::write(const KernelHandle& file, std::string_view line) {
     if (!file) return;
     LARGE_INTEGER end{};
     end.LowPart = GetFileSize(file.get(), reinterpret_cast<DWORD*>(&end.HighPart));
@@ -72,11 +59,8 @@ void LogFile::remove() {
     DeleteFileA(path_.c_str());
 }
 
-bool LogFile::isReadable() {
-    const KernelHandle file(CreateFileA(path_.c_str(), GENERIC_READ,
-                                        FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,
-                                        FILE_ATTRIBUTE_NORMAL, nullptr));
-    return static_cast<bool>(file);
+bool LogFile::isReadable() const {
+    return static_cast<bool>(open(GENERIC_READ, OPEN_EXISTING, nullptr));
 }
 
 }  // namespace jsw

@@ -2,8 +2,10 @@
 
 #include "PublicLib/locks/InterProcessLock.h"
 #include "PublicLib/locks/Security.h"
+#include "PublicLib/win/Handles.h"
 
-#include <optional>
+#include <windows.h>
+
 #include <string>
 #include <string_view>
 
@@ -20,28 +22,27 @@ class LogFile {
     /// Throws Win32Exception if the mutex cannot be created.
     explicit LogFile(const std::string& path);
 
-    const std::string& path() const { return path_; }
-
     /// Appends the line unchanged; calls onMissing() if the file did not exist. A line that cannot
     /// be written completely is dropped. Throws Exception if the lock cannot be taken.
     template <class OnMissing>
     void append(std::string_view line, const OnMissing& onMissing) {
         const InterProcessLock::Hold hold(lock_);
-        if (!exists()) onMissing();
-        write(line);
+        Security everyone;
+        if (!open(kReadWrite, OPEN_EXISTING, everyone.attributes())) onMissing();
+        write(open(kReadWrite, OPEN_ALWAYS, everyone.attributes()), line);
     }
 
     void remove();
-    bool isReadable();
+    bool isReadable() const;
 
   private:
-    bool exists();
-    void write(std::string_view line);
-    SECURITY_ATTRIBUTES* attributes();
+    static constexpr DWORD kReadWrite = GENERIC_READ | GENERIC_WRITE;
+
+    KernelHandle open(DWORD access, DWORD disposition, SECURITY_ATTRIBUTES* security) const;
+    static void write(const KernelHandle& file, std::string_view line);
 
     std::string path_;
     InterProcessLock lock_;
-    std::optional<Security> security_;  // created with the first line: most jobs write none
 };
 
 }  // namespace jsw

@@ -6,7 +6,6 @@
 #include <windows.h>
 
 #include <atomic>
-#include <mutex>
 
 namespace jsw {
 
@@ -71,7 +70,7 @@ std::string Logger::lineSuffix(const LoggerComponent& /*component*/, std::uint32
 }
 
 std::uint32_t Logger::cachedSwitch(const std::string& name, std::uint32_t defaultValue) {
-    CachedSwitch& entry = switches_.entry(name);
+    CachedSwitch& entry = *switches_.use([&](auto& switches) { return &switches[name]; });
     const DWORD tick = GetTickCount();
     if (const auto cached = entry.value(tick)) return *cached;
     std::uint32_t value = defaultValue;
@@ -102,30 +101,23 @@ std::string Logger::formatLine(const LoggerComponent& component, std::uint32_t l
     if (isOn(setting::kLogThreadId)) header.threadId = GetCurrentThreadId();
     header.component = name;
     header.componentWidth = nameWidth_;
-    header.depth = depth();
+    header.depth = depths_.use([](auto& depths) { return depths[GetCurrentThreadId()]; });
     return linePrefix(component, level) + formatLogLine(header, text != nullptr ? text : "") +
            lineSuffix(component, level) + "\r\n";
 }
 
-unsigned Logger::depth() {
-    const std::lock_guard lock(lock_);
-    const auto entry = depths_.find(GetCurrentThreadId());
-    return entry == depths_.end() ? 0 : entry->second;
-}
-
 void Logger::increaseDepth() {
-    const std::lock_guard lock(lock_);
-    ++depths_[GetCurrentThreadId()];
+    depths_.use([](auto& depths) { ++depths[GetCurrentThreadId()]; });
 }
 
 void Logger::decreaseDepth() {
-    const std::lock_guard lock(lock_);
-    unsigned& current = depths_[GetCurrentThreadId()];
-    if (current > 0) --current;
+    depths_.use([](auto& depths) { --depths[GetCurrentThreadId()]; });
 }
 
 void Logger::forgetSwitches() {
-    switches_.clear();
+    switches_.use([](auto& switches) {
+        for (auto& [name, entry] : switches) entry.clear();
+    });
 }
 
 }  // namespace jsw

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "PublicLib/locks/CriticalSection.h"
+#include "PublicLib/locks/Locked.h"
+#include "PublicLib/logging/CachedSwitch.h"
 #include "PublicLib/logging/LogFile.h"
 #include "PublicLib/logging/LogSwitches.h"
 #include "PublicLib/logging/LoggerComponent.h"
-#include "PublicLib/logging/SwitchCache.h"
 
 #include <cstdint>
 #include <map>
@@ -55,13 +55,11 @@ class Logger {
     std::uint32_t cachedSwitch(const std::string& name, std::uint32_t defaultValue);
     bool isOn(const setting::Number& number);
     std::string formatLine(const LoggerComponent& component, std::uint32_t level, const char* text);
-    unsigned depth();
 
     std::unique_ptr<LogFile> file_;  // null after a failed set-up
     unsigned nameWidth_;
-    CriticalSection lock_;
-    std::map<std::uint32_t, unsigned> depths_;  // by thread id
-    SwitchCache switches_;
+    Locked<std::map<std::uint32_t, unsigned>> depths_;      // by thread id
+    Locked<std::map<std::string, CachedSwitch>> switches_;  // by name; none is ever taken out
 };
 
 }  // namespace jsw

@@ -4,10 +4,6 @@
 #include "PublicLib/win/EntryPoint.h"
 #include "PublicLib/win/SystemFolders.h"
 
-#ifdef _MSC_VER
-#pragma warning(disable : 4996)  // GetVersionExA: its answer for this program is what is wanted
-#endif
-
 namespace jsw {
 
 OsClass classifyOs(DWORD platformId, DWORD major, DWORD minor) {

@@ -1,13 +1,8 @@
 #pragma once
 
-#include "PublicLib/locks/CriticalSection.h"
-
 #include <atomic>
 #include <cstdint>
-#include <map>
-#include <mutex>
 #include <optional>
-#include <string>
 
 namespace jsw {
 
@@ -35,25 +30,6 @@ class CachedSwitch {
     static constexpr std::uint64_t kEmpty = ~std::uint64_t{0};  // at worst it is read again
 
     std::atomic<std::uint64_t> entry_{kEmpty};
-};
-
-/// The cached switches, by name.
-class SwitchCache {
-  public:
-    /// The entry of a name; valid during the cache's lifetime.
-    CachedSwitch& entry(const std::string& name) {
-        const std::lock_guard lock(lock_);
-        return entries_[name];
-    }
-
-    void clear() {
-        const std::lock_guard lock(lock_);
-        for (auto& [name, entry] : entries_) entry.clear();
-    }
-
-  private:
-    CriticalSection lock_;
-    std::map<std::string, CachedSwitch> entries_;
 };
 
 }  // namespace jsw
