@@ -15,20 +15,6 @@ namespace jsw {
 
 namespace {
 
-std::string fullPath(const std::string& name) {
-    if (name.empty()) return {};
-    std::string path(MAX_PATH, '\0');
-    DWORD length =
-        GetFullPathNameA(name.c_str(), static_cast<DWORD>(path.size()), path.data(), nullptr);
-    if (length >= path.size()) {
-        path.resize(length);
-        length = GetFullPathNameA(name.c_str(), length, path.data(), nullptr);
-    }
-    if (length == 0 || length >= path.size()) return name;
-    path.resize(length);
-    return path;
-}
-
 /// The file's size in bytes; nothing, with GetLastError() set, if it cannot be opened or is too
 /// large for a buffer.
 std::optional<std::uint32_t> sizeOfFile(const std::string& path) {
@@ -45,7 +31,7 @@ std::optional<std::uint32_t> sizeOfFile(const std::string& path) {
 
 }  // namespace
 
-IniReader::IniReader(const std::string& fileName) : fileName_(fullPath(fileName)) {
+IniReader::IniReader(const std::string& fileName) : fileName_(fileName) {
     MethodTrace trace(component::kJsw, "IniReader::IniReader(iniFileName=", fileName, "):");
 }
 
@@ -65,7 +51,6 @@ bool IniReader::build() {
 
 bool IniReader::buildSections(std::uint32_t bufferSize) {
     MethodTrace trace(component::kJsw, "IniReader::buildSections(bufferSize=", bufferSize, "):");
-    if (fileName_.empty()) return false;
     try {
         const auto buffer = std::make_unique_for_overwrite<char[]>(bufferSize);
         const std::string_view names =
@@ -73,7 +58,6 @@ bool IniReader::buildSections(std::uint32_t bufferSize) {
                 return GetPrivateProfileSectionNamesA(bytes, size, fileName_.c_str());
             });
         sections_ = splitNameList(names);
-        for (const std::string& section : sections_) sectionData_[section] = {};
         return !names.empty();
     } catch (const std::exception&) {
         return false;  // no memory

@@ -18,6 +18,7 @@ using IniPairs = std::vector<std::pair<std::string, std::string>>;
 /// empty. Only the constructor and the accessors throw, and only std::bad_alloc. Not thread-safe.
 class IniReader {
   public:
+    /// @param fileName  full path: the profile functions look for bare names elsewhere
     explicit IniReader(const std::string& fileName);
 
     /// Reads the file; true if its sections and their pairs have been read.
@@ -38,7 +39,7 @@ class IniReader {
     static IniValueType getValueType(const std::string& value, std::string& text);
 
   private:
-    std::string fileName_;  // full path: the profile functions look for bare names elsewhere
+    std::string fileName_;
     bool parsed_ = false;
     std::vector<std::string> sections_;
     std::map<std::string, IniPairs> sectionData_;

@@ -82,13 +82,14 @@ SettingsInstaller::SettingsInstaller(const std::string& fileName) {
         trace.add("Could not allocate memory for INI reader. Settings file could not be parsed.");
         return;
     }
-    parsed_ = reader_->build();
-    if (!parsed_) trace.add(kNotParsed);
+    if (reader_->build()) return;
+    trace.add(kNotParsed);
+    reader_.reset();
 }
 
 bool SettingsInstaller::installSettings() {
     MethodTrace trace(component::kJsw, "SettingsInstaller::installSettings():");
-    if (!parsed_) {
+    if (!reader_) {
         trace.add(kNotParsed);
         return false;
     }

@@ -19,8 +19,7 @@ class SettingsInstaller {
     bool installSettings();
 
   private:
-    std::unique_ptr<IniReader> reader_;
-    bool parsed_ = false;
+    std::unique_ptr<IniReader> reader_;  // null when the file was not parsed
 };
 
 }  // namespace jsw

@@ -120,16 +120,6 @@ TEST_F(IniTest, ReadsSectionsAndPairsInFileOrder) {
     }
 }
 
-TEST_F(IniTest, FindsAFileOfTheCurrentFolder) {
-    folder_.write("here.loc", "[Section]\r\nkey=string:value\r\n");
-    const auto before = std::filesystem::current_path();
-    std::filesystem::current_path(folder_.path());
-    IniReader reader("here.loc");
-    std::filesystem::current_path(before);
-    EXPECT_TRUE(reader.build());
-    EXPECT_THAT(reader.sections(), ElementsAre("Section"));
-}
-
 TEST_F(IniTest, FirstOfTwoEqualKeysCounts) {
     const std::string file =
         folder_.write("twice.loc", "[S]\r\nk=string:first\r\nk=string:second\r\n[S]\r\nx=dword:1");
