@@ -7,19 +7,16 @@ namespace jsw {
 
 namespace setting {
 
-/// A number (REG_DWORD) with the default that is used, or written, if it is missing.
-struct Number {
+/// The place of a value, with the default that is used, or written, if it is missing.
+template <class ValueType, class Default>
+struct Setting {
+    using Value = ValueType;
     const char* key;
     const char* name;
-    std::uint32_t defaultValue;
+    Default defaultValue;
 };
-
-/// A text (REG_SZ) with the default that is used, or written, if it is missing.
-struct Text {
-    const char* key;
-    const char* name;
-    const char* defaultValue;
-};
+using Number = Setting<std::uint32_t, std::uint32_t>;  ///< REG_DWORD
+using Text = Setting<std::string, const char*>;        ///< REG_SZ
 
 }  // namespace setting
 

@@ -1,10 +1,6 @@
 #include "jsw/settings/BasicSettings.h"
 
-#include "PublicLib/errors/Exception.h"
-
-#include <windows.h>
-
-#include <exception>
+#include <algorithm>
 #include <iterator>
 #include <limits>
 #include <utility>
@@ -18,19 +14,6 @@ constexpr bool kOpenOnly = false;
 
 void endWithBackslash(std::string& path) {
     if (path.empty() || path.back() != '\\') path += '\\';
-}
-
-/// Runs one access to the registry; turns an exception into false and the thread's last error.
-template <class Access>
-bool orLastError(const Access& access) {
-    try {
-        return access();
-    } catch (const Exception& error) {
-        SetLastError(static_cast<DWORD>(error.code()));
-    } catch (const std::exception&) {
-        SetLastError(ERROR_NOT_ENOUGH_MEMORY);  // a value or name too large for memory
-    }
-    return false;
 }
 
 template <class Value>
@@ -92,39 +75,6 @@ bool BasicSettings::setValue(const std::string& subKey, const std::string& name,
     return writeValue(getKeyPath(shared) + subKey, name, value);
 }
 
-Read BasicSettings::read(const setting::Text& text, std::string& value) const {
-    return get(text.key, text.name, value, false);
-}
-
-Read BasicSettings::read(const setting::Number& number, std::uint32_t& value) const {
-    return get(number.key, number.name, value, false);
-}
-
-template <class Setting, class Value>
-Read BasicSettings::getOrDefault(const Setting& setting, Value& value) const {
-    const Read outcome = read(setting, value);
-    if (outcome != Read::missing || !rootExists()) return outcome;
-    if (!write(setting, setting.defaultValue)) return Read::missing;
-    value = setting.defaultValue;
-    return Read::found;
-}
-
-Read BasicSettings::readOrWriteDefault(const setting::Text& text, std::string& value) const {
-    return getOrDefault(text, value);
-}
-
-Read BasicSettings::readOrWriteDefault(const setting::Number& number, std::uint32_t& value) const {
-    return getOrDefault(number, value);
-}
-
-bool BasicSettings::write(const setting::Text& text, const std::string& value) const {
-    return setValue(text.key, text.name, value);
-}
-
-bool BasicSettings::write(const setting::Number& number, std::uint32_t value) const {
-    return setValue(number.key, number.name, value);
-}
-
 bool BasicSettings::deleteValue(const std::string& subKey, const std::string& name,
                                 bool shared) const {
     return orLastError([&] {
@@ -165,8 +115,7 @@ bool BasicSettings::getStringValues(const std::string& subKey, std::vector<Named
             found.push_back(
                 {std::move(name), isText ? std::optional(std::move(text)) : std::nullopt});
         }
-        texts.insert(texts.end(), std::make_move_iterator(found.begin()),
-                     std::make_move_iterator(found.end()));
+        std::ranges::move(found, std::back_inserter(texts));
         return true;
     });
 }

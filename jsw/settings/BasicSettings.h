@@ -40,21 +40,31 @@ class BasicSettings {
     }
 
     /// The same for a setting of the local store; returns the outcome.
-    Read read(const setting::Text& text, std::string& value) const;
-    Read read(const setting::Number& number, std::uint32_t& value) const;
+    template <class Setting>
+    Read read(const Setting& setting, typename Setting::Value& value) const {
+        return get(setting.key, setting.name, value, false);
+    }
 
     /// The same, but for a missing value the default is written and returned. Read::missing if the
     /// default cannot be written, or if the root key does not exist, which is not created.
-    Read readOrWriteDefault(const setting::Text& text, std::string& value) const;
-    Read readOrWriteDefault(const setting::Number& number, std::uint32_t& value) const;
+    template <class Setting>
+    Read readOrWriteDefault(const Setting& setting, typename Setting::Value& value) const {
+        const Read outcome = read(setting, value);
+        if (outcome != Read::missing || !rootExists()) return outcome;
+        if (!write(setting, setting.defaultValue)) return Read::missing;
+        value = setting.defaultValue;
+        return Read::found;
+    }
 
     /// Create a missing key.
     bool setValue(const std::string& subKey, const std::string& name, std::uint32_t value,
                   bool shared = false) const;
     bool setValue(const std::string& subKey, const std::string& name, const std::string& value,
                   bool shared = false) const;
-    bool write(const setting::Text& text, const std::string& value) const;
-    bool write(const setting::Number& number, std::uint32_t value) const;
+    template <class Setting>
+    bool write(const Setting& setting, const typename Setting::Value& value) const {
+        return setValue(setting.key, setting.name, value);
+    }
 
     bool deleteValue(const std::string& subKey, const std::string& name, bool shared = false) const;
     /// Deletes the key and everything below it; a missing key is not a failure.
@@ -78,8 +88,6 @@ class BasicSettings {
   private:
     template <class Value>
     Read get(const std::string& subKey, const std::string& name, Value& value, bool shared) const;
-    template <class Setting, class Value>
-    Read getOrDefault(const Setting& setting, Value& value) const;
 
     std::string root_;
     std::string localName_;

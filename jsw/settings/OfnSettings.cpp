@@ -1,13 +1,13 @@
 #include "jsw/settings/OfnSettings.h"
 
-#include "PublicLib/locks/CriticalSection.h"
+#include "PublicLib/locks/Locked.h"
 #include "PublicLib/os/Localize.h"
 #include "PublicLib/win/Handles.h"
 
 #include <windows.h>
 
 #include <algorithm>
-#include <mutex>
+#include <optional>
 
 namespace jsw {
 
@@ -31,28 +31,23 @@ std::string readOriginalFriendlyName(std::string printerName) {
     return value.substr(0, value.find('\0'));
 }
 
-struct NameCache {
-    CriticalSection lock;
-    bool filled = false;
-    std::string printerName;
+struct KnownPrinter {
+    std::string name;
     std::string originalName;
 };
-
-NameCache cache;
+/// The last one asked for; at first the one without a name, which has no original one either.
+Locked<KnownPrinter> lastPrinter;
 
 }  // namespace
 
 std::string originalFriendlyName(const std::string& printerName) {
-    {
-        const std::lock_guard lock(cache.lock);
-        if (cache.filled && cache.printerName == printerName) return cache.originalName;
-    }
+    const auto known = lastPrinter.use([&](const KnownPrinter& last) {
+        return last.name == printerName ? std::optional(last.originalName) : std::nullopt;
+    });
+    if (known) return *known;
     // Without the lock: a printer on another machine may answer slowly.
     std::string originalName = readOriginalFriendlyName(printerName);
-    const std::lock_guard lock(cache.lock);
-    cache.printerName = printerName;
-    cache.originalName = originalName;
-    cache.filled = true;
+    lastPrinter.use([&](KnownPrinter& last) { last = {printerName, originalName}; });
     return originalName;
 }
 

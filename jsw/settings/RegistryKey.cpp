@@ -21,75 +21,54 @@ namespace {
     throw Win32Exception(std::move(message), static_cast<std::uint32_t>(status), place);
 }
 
-constexpr REGSAM kAllRights = KEY_ALL_ACCESS;
-
 /// A type of values that getValue() reads, and the errors that it raises.
 struct ValueKind {
     DWORD type;
     DWORD otherType;  ///< is accepted, too
     const char* failure;
     ErrorPlace place;
-    const char* longFailure;  ///< for the second query, which a long value needs
-    ErrorPlace longPlace;
 };
-
-constexpr ValueKind kNumber{REG_DWORD,
-                            REG_DWORD,
-                            "RegistryKey::getValue(ulong)",
-                            place::kGetNumber,
-                            "RegistryKey::getValue(ulong)",
+constexpr ValueKind kNumber{REG_DWORD, REG_DWORD, "RegistryKey::getValue(ulong)",
                             place::kGetNumber};
-constexpr ValueKind kText{REG_SZ,
-                          REG_EXPAND_SZ,
-                          "RegistryKey::getValue(string) ",
-                          place::kGetText,
-                          "RegistryKey::getValue() ",
-                          place::kGetLongText};
-constexpr ValueKind kBytes{REG_BINARY,
-                           REG_BINARY,
-                           "RegistryKey::getValue(binary)",
-                           place::kGetBytes,
-                           "RegistryKey::getValue(binary)",
+constexpr ValueKind kText{REG_SZ, REG_EXPAND_SZ, "RegistryKey::getValue(string) ", place::kGetText};
+constexpr ValueKind kBytes{REG_BINARY, REG_BINARY, "RegistryKey::getValue(binary)",
                            place::kGetBytes};
 
 /// A raw value of the registry. A value of ordinary length needs only one query.
 class StoredValue {
   public:
-    /// False if there is no such value. Raises if it has another type.
-    bool read(HKEY key, const std::string& name, const ValueKind& kind) {
+    /// The value's bytes, which lie in this object; nothing if there is no such value. Raises if it
+    /// has another type.
+    std::optional<std::span<const BYTE>> read(HKEY key, const std::string& name,
+                                              const ValueKind& kind) {
+        const bool isText = kind.type == REG_SZ;
         DWORD type = REG_NONE;
-        DWORD size = 0;
-        const auto query = [&](std::span<BYTE> buffer) {
-            size = static_cast<DWORD>(buffer.size());
-            const LSTATUS status =
-                RegQueryValueExA(key, name.c_str(), nullptr, &type, buffer.data(), &size);
-            bytes_ = buffer.first(std::min<std::size_t>(size, buffer.size()));
-            return status;
-        };
-        LSTATUS status = query(short_);
-        if (status == ERROR_FILE_NOT_FOUND) return false;
+        BYTE* data = short_.data();
+        auto size = static_cast<DWORD>(short_.size());
+        LSTATUS status = RegQueryValueExA(key, name.c_str(), nullptr, &type, data, &size);
+        if (status == ERROR_FILE_NOT_FOUND) return std::nullopt;
         const bool exists = status == ERROR_SUCCESS || status == ERROR_MORE_DATA;
         if (!exists || (type != kind.type && type != kind.otherType)) {
             // A text that cannot be queried has no type; the error says "wrong type".
-            const bool mismatch = type != kind.type && (exists || kind.type == REG_SZ);
+            const bool mismatch = type != kind.type && (exists || isText);
             raise(concat(kind.failure, name, mismatch ? " : incorrect value type" : ""),
                   exists ? ERROR_INVALID_DATATYPE : status, kind.place);
         }
         if (status == ERROR_MORE_DATA) {
             long_.resize(size);
-            status = query(long_);
-            if (status != ERROR_SUCCESS) raise(kind.longFailure + name, status, kind.longPlace);
+            data = long_.data();
+            status = RegQueryValueExA(key, name.c_str(), nullptr, &type, data, &size);
         }
-        return true;
+        if (status != ERROR_SUCCESS) {
+            raise((isText ? "RegistryKey::getValue() " : kind.failure) + name, status,
+                  isText ? place::kGetLongText : kind.place);
+        }
+        return std::span<const BYTE>(data, size);
     }
-
-    /// Valid during this object's lifetime.
-    std::span<const BYTE> bytes() const { return bytes_; }
 
   private:
     std::array<BYTE, 512> short_;
     std::vector<BYTE> long_;
-    std::span<const BYTE> bytes_;
 };
 
 KeyHandle createKey(HKEY hive, const std::string& path, Security& security, ErrorPlace place) {
@@ -97,8 +76,8 @@ KeyHandle createKey(HKEY hive, const std::string& path, Security& security, Erro
     KeyHandle key;
     DWORD disposition = 0;
     const LSTATUS status =
-        RegCreateKeyExA(hive, path.c_str(), 0, noClass.data(), REG_OPTION_NON_VOLATILE, kAllRights,
-                        security.attributes(), key.put(), &disposition);
+        RegCreateKeyExA(hive, path.c_str(), 0, noClass.data(), REG_OPTION_NON_VOLATILE,
+                        KEY_ALL_ACCESS, security.attributes(), key.put(), &disposition);
     if (status != ERROR_SUCCESS) raise("RegistryKey::regCreateKeyEx()", status, place);
     return key;
 }
@@ -136,7 +115,7 @@ std::optional<RegistryKey> RegistryKey::openExisting(const std::string& path, HK
 }
 
 LSTATUS RegistryKey::open(HKEY hive, const std::string& path) {
-    return RegOpenKeyExA(hive, path.c_str(), 0, kAllRights, key_.put());
+    return RegOpenKeyExA(hive, path.c_str(), 0, KEY_ALL_ACCESS, key_.put());
 }
 
 void RegistryKey::create(HKEY hive, const std::string& path) {
@@ -163,28 +142,28 @@ void RegistryKey::createByComponents(HKEY hive, const std::string& path, Securit
 
 bool RegistryKey::getValue(const std::string& name, std::uint32_t& value) const {
     StoredValue stored;
-    if (!stored.read(key_.get(), name, kNumber)) return false;
-    if (stored.bytes().size() != sizeof(value)) {
+    const auto bytes = stored.read(key_.get(), name, kNumber);
+    if (!bytes) return false;
+    if (bytes->size() != sizeof value) {
         raise(kNumber.failure + name, ERROR_INVALID_DATA, kNumber.place);
     }
-    std::memcpy(&value, stored.bytes().data(), sizeof(value));
+    std::memcpy(&value, bytes->data(), sizeof value);
     return true;
 }
 
 bool RegistryKey::getValue(const std::string& name, std::string& value) const {
     StoredValue stored;
-    if (!stored.read(key_.get(), name, kText)) return false;
-    // A stored text may have no terminator, or several.
-    const auto bytes = stored.bytes();
-    value.assign(bytes.begin(), std::find(bytes.begin(), bytes.end(), BYTE{0}));
-    return true;
+    const auto bytes = stored.read(key_.get(), name, kText);
+    // A stored text need not have a terminator, and may have more than one.
+    if (bytes) value.assign(bytes->begin(), std::ranges::find(*bytes, BYTE{0}));
+    return bytes.has_value();
 }
 
 bool RegistryKey::getValue(const std::string& name, std::vector<std::uint8_t>& value) const {
     StoredValue stored;
-    if (!stored.read(key_.get(), name, kBytes)) return false;
-    value.assign(stored.bytes().begin(), stored.bytes().end());
-    return true;
+    const auto bytes = stored.read(key_.get(), name, kBytes);
+    if (bytes) value.assign(bytes->begin(), bytes->end());
+    return bytes.has_value();
 }
 
 void RegistryKey::set(const std::string& name, DWORD type, const void* data, std::size_t size,
@@ -230,8 +209,7 @@ void enumerate(std::vector<std::string>& names, std::uint32_t max, const char* f
         if (status != ERROR_SUCCESS) raise(failure, status, place::kListNames);
         found.emplace_back(buffer.data(), size);
     }
-    names.insert(names.end(), std::make_move_iterator(found.begin()),
-                 std::make_move_iterator(found.end()));
+    std::ranges::move(found, std::back_inserter(names));
 }
 
 constexpr std::size_t kKeyNameSize = 257;      // 256 characters and the terminator

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "PublicLib/errors/Exception.h"
 #include "PublicLib/win/Handles.h"
 
 #include <windows.h>
 
 #include <cstdint>
+#include <exception>
 #include <optional>
 #include <string>
 #include <vector>
@@ -67,5 +69,18 @@ class RegistryKey {
 
     KeyHandle key_;
 };
+
+/// Runs one access to the registry; turns an exception into false and the thread's last error.
+template <class Access>
+bool orLastError(const Access& access) {
+    try {
+        return access();
+    } catch (const Exception& error) {
+        SetLastError(static_cast<DWORD>(error.code()));
+    } catch (const std::exception&) {
+        SetLastError(ERROR_NOT_ENOUGH_MEMORY);  // a value or name too large for memory
+    }
+    return false;
+}
 
 }  // namespace jsw

@@ -1,12 +1,8 @@
 #include "jsw/settings/Settings.h"
 
-#include "PublicLib/errors/Exception.h"
 #include "PublicLib/os/Localize.h"
 #include "PublicLib/win/Paths.h"
 #include "PublicLib/win/SystemFolders.h"
-#include "jsw/settings/RegistryKey.h"
-
-#include <windows.h>
 
 #include <shlobj.h>
 
@@ -32,14 +28,6 @@ bool Settings::isUpdated(const setting::Number& flag) const {
     std::uint32_t state = 0;
     return readOrWriteDefault(flag, state) == Read::found &&
            state == static_cast<std::uint32_t>(UpdateFlag::updated);
-}
-
-bool Settings::isDataUpdated() const {
-    return isUpdated(setting::kDataUpdated);
-}
-
-bool Settings::isCompleteSoftwareUpdated() const {
-    return isUpdated(setting::kCompleteSoftwareUpdated);
 }
 
 bool Settings::setFlag(const setting::Number& flag, UpdateFlag state) const {
@@ -73,7 +61,7 @@ void provideSettings() {
 bool Settings::removeStore() const {
     std::uint32_t deleteAll = setting::kDeleteStoreOnUninstall.defaultValue;
     read(setting::kDeleteStoreOnUninstall, deleteAll);
-    try {
+    return orLastError([&] {
         RegistryKey::recurseDeleteKey(getKeyPath(false), HKEY_LOCAL_MACHINE);
         std::vector<std::string> others;
         RegistryKey(root() + "Local\\", false).getChildrenNames(others, kMaxNames);
@@ -82,12 +70,7 @@ bool Settings::removeStore() const {
                                           HKEY_LOCAL_MACHINE);
         }
         return true;
-    } catch (const Exception& error) {
-        SetLastError(static_cast<DWORD>(error.code()));
-    } catch (const std::exception&) {
-        SetLastError(ERROR_NOT_ENOUGH_MEMORY);
-    }
-    return false;
+    });
 }
 
 }  // namespace jsw

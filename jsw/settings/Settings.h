@@ -25,8 +25,7 @@ class Settings : public BasicSettings {
     /// Nothing, with GetLastError() set, if a value may exist but cannot be read.
     std::optional<bool> isUpdateCheckOn() const;
     /// True only if the flag is "updated"; a missing flag is written as "none".
-    bool isDataUpdated() const;
-    bool isCompleteSoftwareUpdated() const;
+    bool isUpdated(const setting::Number& flag) const;
     /// Writes the state unless the flag is "do not change". Fails if the flag cannot be read,
     /// because it might be that.
     bool setFlag(const setting::Number& flag, UpdateFlag state) const;
@@ -38,9 +37,6 @@ class Settings : public BasicSettings {
     /// Removes the local store. If it was the last one and "DeleteStoreOnUninstall" is not 0,
     /// removes everything of the product line.
     bool removeStore() const;
-
-  private:
-    bool isUpdated(const setting::Number& flag) const;
 };
 
 /// Lets the parts of PublicLib read this store (SettingReader.h). Call it before the log is

@@ -74,7 +74,7 @@ TEST_F(SettingsTest, ReadingNeverMakesAStore) {
     EXPECT_EQ(settings.readOrWriteDefault(setting::kCheckForUpdates, number), Read::missing);
     EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_FILE_NOT_FOUND));
     EXPECT_EQ(settings.readOrWriteDefault(setting::kUpdaterExecutable, text), Read::missing);
-    EXPECT_FALSE(settings.isDataUpdated());
+    EXPECT_FALSE(settings.isUpdated(setting::kDataUpdated));
     EXPECT_EQ(number, 4711u);
     EXPECT_EQ(text, "old");
     EXPECT_FALSE(exists(root));
@@ -120,8 +120,8 @@ TEST_F(SettingsTest, FlagsThatSayDoNotChangeAreKept) {
     for (std::uint32_t state = 0; state < 4; ++state) {
         settings.write(setting::kDataUpdated, state);
         settings.write(setting::kCompleteSoftwareUpdated, 3 - state);
-        EXPECT_EQ(settings.isDataUpdated(), state == 1);
-        EXPECT_EQ(settings.isCompleteSoftwareUpdated(), 3 - state == 1);
+        EXPECT_EQ(settings.isUpdated(setting::kDataUpdated), state == 1);
+        EXPECT_EQ(settings.isUpdated(setting::kCompleteSoftwareUpdated), 3 - state == 1);
     }
 }
 
