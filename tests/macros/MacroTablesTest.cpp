@@ -6,7 +6,6 @@
 #include "jsw/settings/Settings.h"
 #include "jsw/settings/macros/CartridgeTags.h"
 #include "jsw/settings/macros/LanguageCodes.h"
-#include "jsw/settings/macros/OsCodes.h"
 #include "jsw/settings/macros/PageDirectUtilities.h"
 #include "tests/support/ChildProcess.h"
 #include "tests/support/HostTest.h"

@@ -23,26 +23,23 @@ namespace jsw {
 
 namespace {
 
-using Value = std::optional<std::string>;  // nothing: the fallback is used
+using Value = std::optional<std::string>;  // nothing: the tag stays
 
-/// A tag that is recognised by its whole name.
-struct Macro {
-    std::string_view name;
-    const char* fallback;  ///< null: the tag stays
-    Value (*value)(MacroResolver& resolver);
-};
+constexpr bool kReadOnly = false;
+constexpr bool kWriteDefault = true;
 
-using ReadText = Read (Settings::*)(const setting::Text&, std::string&) const;
-
-Value readLocalSetting(const setting::Text& text, ReadText read) {
+Value localSetting(const setting::Text& text, bool writeDefault) {
+    const Settings settings;
     std::string value;
-    if ((Settings().*read)(text, value) == Read::found) return value;
+    const Read outcome =
+        writeDefault ? settings.readOrWriteDefault(text, value) : settings.read(text, value);
+    if (outcome == Read::found) return value;
     logLine(component::kJsw, kLogError, "Error - settings.getStringValue(keyName=", text.key,
             ", valueName=", text.name, ", rc=false.");
     return std::nullopt;
 }
 
-Value readPrinterSetting(const Printer& printer, const setting::Text& text) {
+Value printerSetting(const Printer& printer, const setting::Text& text) {
     std::string value;
     const OfnSettings store(printer.getFriendlyName());
     if (store.read(text, value) != Read::found) return std::nullopt;
@@ -57,36 +54,6 @@ std::string codeInRetailerFile(const std::string& folder) {
     char code[kMaxCode] = "";
     GetPrivateProfileStringA("Skin", "Partner1URL", "", code, kMaxCode, file.c_str());
     return code;
-}
-
-constexpr Macro kMacros[] = {
-    {"BaseUrl", nullptr,
-     [](MacroResolver&) {
-         return readLocalSetting(setting::kBaseUrl, &Settings::readOrWriteDefault);
-     }},
-    {"CountryCode", nullptr,
-     [](MacroResolver&) { return Value(PageDirectUtilities::getCountryCode()); }},
-    {"LanguageCode", nullptr,
-     [](MacroResolver&) { return Value(PageDirectUtilities::getLanguageCode()); }},
-    {"OemCode", nullptr,
-     [](MacroResolver&) { return readLocalSetting(setting::kManufacturerName, &Settings::read); }},
-    {"OsCode", nullptr, [](MacroResolver&) { return Value(PageDirectUtilities::getOsCode()); }},
-    {"PartnerCode", "", [](MacroResolver& resolver) { return Value(resolver.getPartnerCode()); }},
-    {"PrinterCode", nullptr,
-     [](MacroResolver&) {
-         return readLocalSetting(setting::kPrinterCode, &Settings::readOrWriteDefault);
-     }},
-    {"PSI", "",
-     [](MacroResolver& resolver) {
-         return readPrinterSetting(resolver.printer(), setting::kSerialNumber);
-     }},
-};
-
-const Macro* findMacro(std::string_view tagName) {
-    for (const Macro& macro : kMacros) {
-        if (equalsIgnoringCase(macro.name, tagName)) return &macro;
-    }
-    return nullptr;
 }
 
 Value cartridgeValue(const CartridgeTag& tag, std::string_view tagName, Printer& printer) {
@@ -132,16 +99,25 @@ std::string MacroResolver::replaceMacros(const std::string& text) {
 Value MacroResolver::resolveTag(std::string_view tagText, std::string_view tagName) {
     MethodTrace trace(component::kJsw, "MacroResolver::resolveTag:");
     trace.add("    resolveTag( strTagText=", tagText, ", strTag=", tagName, ")");
-    Value value = tagText.empty() ? std::string(tagName) : findValue(tagName);
+    Value value =
+        tagText.empty() ? std::string(tagName) : orLogged([&] { return findValue(tagName); });
     trace.setResult(value ? *value : tagText);
     return value;
 }
 
+/// Nothing for an unknown tag and for one that has neither a value nor a fallback.
 Value MacroResolver::findValue(std::string_view tagName) {
-    if (const Macro* const macro = findMacro(tagName)) {
-        Value value = orLogged([&] { return macro->value(*this); });
-        if (!value && macro->fallback != nullptr) return macro->fallback;
-        return value;
+    const auto is = [&](std::string_view name) { return equalsIgnoringCase(tagName, name); };
+    if (is("BaseUrl")) return localSetting(setting::kBaseUrl, kWriteDefault);
+    if (is("CountryCode")) return PageDirectUtilities::getCountryCode();
+    if (is("LanguageCode")) return PageDirectUtilities::getLanguageCode();
+    if (is("OemCode")) return localSetting(setting::kManufacturerName, kReadOnly);
+    if (is("OsCode")) return PageDirectUtilities::getOsCode();
+    if (is("PartnerCode")) return orLogged([&] { return Value(getPartnerCode()); }).value_or("");
+    if (is("PrinterCode")) return localSetting(setting::kPrinterCode, kWriteDefault);
+    if (is("PSI")) {
+        return orLogged([&] { return printerSetting(*printer_, setting::kSerialNumber); })
+            .value_or("");
     }
     const CartridgeTag* const tag = findCartridgeTag(tagName);
     if (tag == nullptr) return std::nullopt;
@@ -160,7 +136,7 @@ std::string MacroResolver::getPartnerCode() {
         result = concat("&partner=", code);
     } else {
         trace.add("No Partner code read from ini file. retCode=", 0);
-        const Value retailer = readPrinterSetting(*printer_, setting::kRetailerId);
+        const Value retailer = printerSetting(*printer_, setting::kRetailerId);
         const bool isValid = retailer && !retailer->empty();
         trace.add(isValid ? "Partner code read from registry." : "No valid RetailerId in registry");
         if (isValid) result = concat("&partner=", *retailer);

@@ -18,8 +18,6 @@ class MacroResolver : public ISymbolicResolverHandler {
     /// @param printer  the source of values; held, so that an address never mixes two printers
     explicit MacroResolver(std::shared_ptr<Printer> printer);
 
-    Printer& printer() const { return *printer_; }
-
     /// The text with all tags replaced. If values lead back to themselves, replacing stops at
     /// TagLimits and the log gets a warning.
     std::string replaceMacros(const std::string& text);

@@ -2,13 +2,25 @@
 
 #include "PublicLib/logging/MethodTrace.h"
 #include "jsw/settings/macros/LanguageCodes.h"
-#include "jsw/settings/macros/OsCodes.h"
 
 #include <windows.h>
 
 #include <cstdio>
 
 namespace jsw {
+
+OsCode osCode(OsClass os, bool is64Bit) {
+    switch (os) {
+        case OsClass::xp:
+            return {"5"};
+        case OsClass::server2003:
+            return is64Bit ? OsCode{"9", "is 64 bit XP"} : OsCode{"5"};
+        case OsClass::vista:
+            return is64Bit ? OsCode{"11", "is 64 bit Vista"} : OsCode{"10"};
+        default:
+            return {"3"};
+    }
+}
 
 std::string PageDirectUtilities::getCountryCode() {
     MethodTrace trace(component::kJsw, "PageDirectUtilities::getCountryCode()");

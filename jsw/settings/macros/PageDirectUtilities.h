@@ -1,8 +1,18 @@
 #pragma once
 
+#include "PublicLib/os/OsVersion.h"
+
 #include <string>
+#include <string_view>
 
 namespace jsw {
+
+/// The web pages' code for a system, and the log's note about it.
+struct OsCode {
+    std::string_view code;
+    std::string_view note{};  ///< may be empty
+};
+OsCode osCode(OsClass os, bool is64Bit);
 
 /// The codes of this machine in the addresses of web pages.
 class PageDirectUtilities {
