@@ -16,12 +16,10 @@ namespace {
 
 NeverDestroyed<Singleton<AppUpdatesController>> singleton;
 
-std::time_t systemTime() {
-    return std::time(nullptr);
-}
-
-std::time_t makeTime(std::tm* time) {
-    return std::mktime(time);
+bool toLocalTime(std::time_t time, std::tm& local) {
+    if (localtime_s(&local, &time) == 0) return true;
+    logLine(component::kUpdater, kLogError, "ERROR:  timeNow not valid");
+    return false;
 }
 
 /// A setting that cannot be read may switch checks off, so no check is made.
@@ -42,12 +40,6 @@ void refuseUnlessUpdater(const std::string& path, const std::string& name) {
 
 }  // namespace
 
-/// One moment, as calendar time and as local time.
-struct AppUpdatesController::Moment {
-    std::time_t time;
-    std::tm local;
-};
-
 std::shared_ptr<AppUpdatesController> AppUpdatesController::instance() {
     MethodTrace trace(component::kUpdater, "AppUpdatesController::instance: ");
     return singleton->instance([&] {
@@ -59,10 +51,6 @@ std::shared_ptr<AppUpdatesController> AppUpdatesController::instance() {
 void AppUpdatesController::destroy() {
     MethodTrace trace(component::kUpdater, "AppUpdatesController::destroy: ");
     singleton->destroy([&] { trace.add("destroying AppUpdatesController."); });
-}
-
-AppUpdatesController::AppUpdatesController(Clock clock)
-    : clock_(clock != nullptr ? clock : systemTime) {
 }
 
 void AppUpdatesController::checkForUpdates() {
@@ -83,7 +71,10 @@ void AppUpdatesController::checkForUpdates() {
         return;
     }
     try {
-        launch(updaterFolder(settings), name, trace);
+        std::string folder;
+        settings.read(setting::kDllPath, folder);
+        if (folder.empty()) folder = CurrentProcess::instance()->folder();
+        launch(joinPath(folder, name), name, trace);
     } catch (const Exception& error) {
         logLine(component::kUpdater, kLogError, "ERROR: Updater FAILED to Launch: ", error.text());
     }
@@ -100,20 +91,13 @@ bool AppUpdatesController::isTurnedOn(const Settings& settings, MethodTrace& tra
     return on.value_or(false);
 }
 
-std::string AppUpdatesController::updaterFolder(const Settings& settings) {
-    std::string folder;
-    settings.read(setting::kDllPath, folder);
-    return folder.empty() ? CurrentProcess::instance()->folder() : folder;
-}
-
-void AppUpdatesController::launch(const std::string& folder, const std::string& name,
+void AppUpdatesController::launch(const std::string& path, const std::string& name,
                                   MethodTrace& trace) {
     const OsVersion& version = OsVersion::instance();
     if (!version.isXpOrLater()) {
         trace.add("OS is not XP or greater. NO Updates available.");
         return;
     }
-    const std::string path = joinPath(folder, name);
     refuseUnlessUpdater(path, name);
     if (version.isVersion6OrLater()) {
         checkForUpdatesVista(path);
@@ -122,22 +106,25 @@ void AppUpdatesController::launch(const std::string& folder, const std::string& 
     }
 }
 
-bool AppUpdatesController::currentTime(Moment& moment) const {
-    moment = {clock_(), {}};
-    if (localtime_s(&moment.local, &moment.time) == 0) return true;
-    logLine(component::kUpdater, kLogError, "ERROR:  timeNow not valid");
-    return false;
-}
-
 bool AppUpdatesController::isItTimeToCheckForUpdates() {
     MethodTrace trace(component::kUpdater, "AppUpdatesController::isItTimeToCheckForUpdates: ");
-    Moment now{};
-    if (!currentTime(now)) return false;
+    const std::time_t now = clock_();
+    std::tm local{};
+    if (!toLocalTime(now, local)) return false;
 
     const Settings settings;
-    const auto lastCheck = lastCheckDate(settings, formatCurrentDate(now.local));
-    if (!lastCheck) return false;
-    trace.add("The last check for updates was performed on : ", *lastCheck);
+    // If the value or the store is missing, today is the day of the last check.
+    std::string lastCheck = formatCurrentDate(local);
+    const std::string today = lastCheck;
+    setting::Text stored = setting::kDateLastChecked;
+    stored.defaultValue = today.c_str();
+    const Read outcome = settings.readOrWriteDefault(stored, lastCheck);
+    if (outcome == Read::refused) {
+        logUnreadable(stored.name);
+        return false;
+    }
+    if (outcome == Read::wrongType) lastCheck.clear();  // so a check is due, which corrects it
+    trace.add("The last check for updates was performed on : ", lastCheck);
     std::uint32_t interval = setting::kUpdatesCheckFrequency.defaultValue;
     if (settings.readOrWriteDefault(setting::kUpdatesCheckFrequency, interval) == Read::refused) {
         logUnreadable(setting::kUpdatesCheckFrequency.name);
@@ -145,37 +132,17 @@ bool AppUpdatesController::isItTimeToCheckForUpdates() {
     }
     trace.add("Interval between checks is : ", interval);
 
-    const bool due = isCheckDue(*lastCheck, interval, now.time, now.local, makeTime);
+    const bool due = isCheckDue(lastCheck, interval, now, local);
     trace.add(due ? "Time interval has expired, check for updates"
                   : "It is still not time to check for updates");
     return due;
 }
 
-/// Today's date if the value or the store is missing. Empty for a value of the wrong type, so that
-/// a check is due, which corrects it. Nothing, and logged, if the value cannot be read.
-std::optional<std::string> AppUpdatesController::lastCheckDate(const Settings& settings,
-                                                               const std::string& today) const {
-    setting::Text stored = setting::kDateLastChecked;
-    stored.defaultValue = today.c_str();
-    std::string date;
-    switch (settings.readOrWriteDefault(stored, date)) {
-        case Read::found:
-        case Read::wrongType:
-            return date;
-        case Read::missing:
-            return today;
-        case Read::refused:
-            break;
-    }
-    logUnreadable(stored.name);
-    return std::nullopt;
-}
-
 void AppUpdatesController::resetLastUpdatesCheckTime() {
     MethodTrace trace(component::kUpdater, "AppUpdatesController::resetLastUpdatesCheckTime() ");
-    Moment now{};
-    if (!currentTime(now)) return;
-    Settings().write(setting::kDateLastChecked, formatCurrentDate(now.local));
+    std::tm local{};
+    if (!toLocalTime(clock_(), local)) return;
+    Settings().write(setting::kDateLastChecked, formatCurrentDate(local));
 }
 
 std::string AppUpdatesController::formatCurrentDate(const std::tm& time) {

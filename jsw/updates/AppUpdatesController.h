@@ -9,7 +9,6 @@
 #include <cstdint>
 #include <ctime>
 #include <memory>
-#include <optional>
 #include <string>
 
 namespace jsw {
@@ -26,8 +25,8 @@ class AppUpdatesController {
     /// Seconds since 1970, as std::time counts them.
     using Clock = std::time_t (*)();
 
-    /// @param clock  null: the clock of the system
-    explicit AppUpdatesController(Clock clock = nullptr);
+    explicit AppUpdatesController(Clock clock = [] { return std::time(nullptr); })
+        : clock_(clock) {}
 
     // When to check, in AppUpdatesController.cpp.
 
@@ -63,16 +62,10 @@ class AppUpdatesController {
     void resetCachedDefaultBillboardSettings();
 
   private:
-    struct Moment;
-
-    bool currentTime(Moment& moment) const;
     /// Whether updates are on. False, and logged, if the setting cannot be read. whenOff: the line
     /// for the trace if updates are off.
     static bool isTurnedOn(const Settings& settings, MethodTrace& trace, const char* whenOff);
-    std::optional<std::string> lastCheckDate(const Settings& settings,
-                                             const std::string& today) const;
-    static std::string updaterFolder(const Settings& settings);
-    void launch(const std::string& folder, const std::string& name, MethodTrace& trace);
+    void launch(const std::string& path, const std::string& name, MethodTrace& trace);
     void switchSoftware(const Settings& settings, MethodTrace& trace);
     void switchData(const Settings& settings, MethodTrace& trace);
 

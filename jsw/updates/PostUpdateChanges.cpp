@@ -116,9 +116,9 @@ void AppUpdatesController::performPostUpdateChangesIfRequired() {
                     "The check for updates has been TURNED OFF. No updates could be performed")) {
         return;
     }
-    if (settings.isCompleteSoftwareUpdated()) {
+    if (settings.isUpdated(setting::kCompleteSoftwareUpdated)) {
         switchSoftware(settings, trace);
-    } else if (!settings.isDataUpdated()) {
+    } else if (!settings.isUpdated(setting::kDataUpdated)) {
         trace.add("The updated flags are either turned off or are set to do not change.");
         return;
     }
@@ -150,7 +150,7 @@ void AppUpdatesController::switchSoftware(const Settings& settings, MethodTrace&
 }
 
 void AppUpdatesController::switchData(const Settings& settings, MethodTrace& trace) {
-    if (!settings.isDataUpdated()) {
+    if (!settings.isUpdated(setting::kDataUpdated)) {
         trace.add("The data updated flags already set to DO NOT CHANGE");
         resetCachedDefaultBillboardSettings();
         return;

@@ -70,7 +70,7 @@ TEST(UpdateScheduleTest, DatesAreReadLikeThreeNumbers) {
         EXPECT_EQ(date->year, row.date.year) << row.text;
     }
     for (const char* text : {"7 /4/2008", "7/4", "7/4/", "7/4/x", "7//2008", "+-7/4/2008",
-                             "7/4/99999999999", "2008-07-04", "", "/"}) {
+                             "9999999999/4/2008", "2008-07-04", "", "/"}) {
         EXPECT_FALSE(parseDate(text)) << text;
     }
 }
@@ -120,9 +120,7 @@ TEST(UpdateScheduleTest, TheSystemsCalendarIsSafeFromAnyNumbers) {
     // It has none of these days, so the check is due.
     for (const char* text : {"2147483647/2147483647/2147483647", "-2147483648/1/1", "1/1/99999999",
                              "1/1/-2147483648"}) {
-        EXPECT_TRUE(isCheckDue(text, 30, 1700000000, localAt(false), [](std::tm* time) {
-            return std::mktime(time);
-        })) << text;
+        EXPECT_TRUE(isCheckDue(text, 30, 1700000000, localAt(false))) << text;
     }
 }
 

@@ -15,10 +15,6 @@ namespace {
 constexpr std::uint64_t kKilobyte = 1024;
 constexpr std::uint64_t kLargeLog = 100 * kKilobyte * kKilobyte;
 
-std::time_t makeTime(std::tm* time) {
-    return std::mktime(time);
-}
-
 void judgeUpdater(const HostFacts& facts, Report& report) {
     const std::string name = facts.image.text(setting::kUpdaterExecutable).value;
     if (name.empty()) {
@@ -42,7 +38,7 @@ void judgeDate(const HostFacts& facts, Report& report) {
                                       " days after the first job"));
         return;
     }
-    const bool due = isCheckDue(date.value, days, facts.now, facts.localNow, makeTime);
+    const bool due = isCheckDue(date.value, days, facts.now, facts.localNow);
     report.note("updates", concat("last check '", date.value, "', every ", days,
                                   " days: ", due ? "due when the next job ends" : "not due yet"));
 }
