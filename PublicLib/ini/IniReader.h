@@ -22,7 +22,7 @@ class IniReader {
     explicit IniReader(const std::string& fileName);
 
     /// Reads the file; true if its sections and their pairs have been read.
-    bool build();
+    [[nodiscard]] bool build();
 
     /// The two steps of build(). The buffer size, in bytes, must suffice for every list of names
     /// and every value; the file's size always does.

@@ -16,7 +16,7 @@ class SettingsInstaller {
     explicit SettingsInstaller(const std::string& fileName);
 
     /// True if every value of the file has been written.
-    bool installSettings();
+    [[nodiscard]] bool installSettings();
 
   private:
     std::unique_ptr<IniReader> reader_;  // null when the file was not parsed

@@ -46,7 +46,7 @@ class BasicLogger : public Logger {
 
 /// Whether a line of this component and level is to be written to the process's log. Very cheap
 /// while logging is switched off. False if memory is exhausted.
-bool isLogEnabled(const LoggerComponent& component, std::uint32_t level) noexcept;
+[[nodiscard]] bool isLogEnabled(const LoggerComponent& component, std::uint32_t level) noexcept;
 
 /// Writes a line to the process's log; only for lines that isLogEnabled() wants.
 void writeLogLine(const LoggerComponent& component, std::uint32_t level, const std::string& text);

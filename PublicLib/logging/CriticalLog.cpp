@@ -24,7 +24,7 @@ struct Critical {
     LoggerComponent component;
 };
 
-CriticalSection criticalLock;
+CriticalSection criticalLock;  // critical
 std::unique_ptr<Critical> critical;
 
 }  // namespace

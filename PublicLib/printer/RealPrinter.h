@@ -45,7 +45,7 @@ class RealPrinter final : public NullPrinter {
     // The steps of init(), in RealPrinterDiscovery.cpp: the discovery, one at a time in a process,
     // and the matching, which returns the chosen handle or 0.
 
-    bool queryDeviceInfo();
+    [[nodiscard]] bool queryDeviceInfo();
     std::int32_t processPrinters();
     std::int32_t processHidList(PcsClient& client);
     std::int32_t processScannerList(PcsClient& client);
@@ -75,7 +75,7 @@ class RealPrinter final : public NullPrinter {
     bool sharedFromElsewhere_ = false;
     CriticalSection printHeadLock_;  // printHeadClassKnown_ and, once that is set, the class
     bool printHeadClassKnown_ = false;
-    CriticalSection cacheLock_;
+    CriticalSection cacheLock_;  // cache_
     // Created from the concrete type, whose destructor runs; the interface has no virtual one.
     std::shared_ptr<IPrinterCache> cache_;
 };

@@ -8,6 +8,6 @@ namespace jsw {
 /// Whether a server's printers can be queried: 0 without a name or for this computer, with or
 /// without two leading backslashes and in any letter case; otherwise the network's Win32 error
 /// number for a print resource of that name.
-std::uint32_t findServer(const std::string& serverName);
+[[nodiscard]] std::uint32_t findServer(const std::string& serverName);
 
 }  // namespace jsw

@@ -56,6 +56,12 @@ class BasicSettings {
         return Read::found;
     }
 
+    /// The text of a setting of the local store; empty if it cannot be read.
+    std::string textOf(const setting::Text& setting) const {
+        std::string text;
+        return read(setting, text) == Read::found ? text : std::string();
+    }
+
     /// Create a missing key.
     bool setValue(const std::string& subKey, const std::string& name, std::uint32_t value,
                   bool shared = false) const;

@@ -35,7 +35,7 @@ constexpr ValueKind kBytes{REG_BINARY, REG_BINARY, "RegistryKey::getValue(binary
                            place::kGetBytes};
 
 /// A raw value of the registry. A value of ordinary length needs only one query.
-class StoredValue {
+class RawValue {
   public:
     /// The value's bytes, which lie in this object; nothing if there is no such value. Raises if it
     /// has another type.
@@ -141,8 +141,8 @@ void RegistryKey::createByComponents(HKEY hive, const std::string& path, Securit
 }
 
 bool RegistryKey::getValue(const std::string& name, std::uint32_t& value) const {
-    StoredValue stored;
-    const auto bytes = stored.read(key_.get(), name, kNumber);
+    RawValue raw;
+    const auto bytes = raw.read(key_.get(), name, kNumber);
     if (!bytes) return false;
     if (bytes->size() != sizeof value) {
         raise(kNumber.failure + name, ERROR_INVALID_DATA, kNumber.place);
@@ -152,16 +152,16 @@ bool RegistryKey::getValue(const std::string& name, std::uint32_t& value) const 
 }
 
 bool RegistryKey::getValue(const std::string& name, std::string& value) const {
-    StoredValue stored;
-    const auto bytes = stored.read(key_.get(), name, kText);
+    RawValue raw;
+    const auto bytes = raw.read(key_.get(), name, kText);
     // A stored text need not have a terminator, and may have more than one.
     if (bytes) value.assign(bytes->begin(), std::ranges::find(*bytes, BYTE{0}));
     return bytes.has_value();
 }
 
 bool RegistryKey::getValue(const std::string& name, std::vector<std::uint8_t>& value) const {
-    StoredValue stored;
-    const auto bytes = stored.read(key_.get(), name, kBytes);
+    RawValue raw;
+    const auto bytes = raw.read(key_.get(), name, kBytes);
     if (bytes) value.assign(bytes->begin(), bytes->end());
     return bytes.has_value();
 }

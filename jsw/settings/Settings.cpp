@@ -42,9 +42,7 @@ std::string Settings::dataUpdatesFolder() const {
     if (common.empty()) return {};  // the path would name the root of a drive
     std::string directory = setting::kDataUpdatesDirectory.defaultValue;
     readOrWriteDefault(setting::kDataUpdatesDirectory, directory);
-    std::string driver;
-    read(setting::kDriverName, driver);
-    return joinPath(joinPath(common, directory), driver);
+    return joinPath(joinPath(common, directory), textOf(setting::kDriverName));
 }
 
 void provideSettings() {

@@ -28,7 +28,7 @@ class Settings : public BasicSettings {
     bool isUpdated(const setting::Number& flag) const;
     /// Writes the state unless the flag is "do not change". Fails if the flag cannot be read,
     /// because it might be that.
-    bool setFlag(const setting::Number& flag, UpdateFlag state) const;
+    [[nodiscard]] bool setFlag(const setting::Number& flag, UpdateFlag state) const;
 
     /// The updater's folder for new billboard data; empty if the shell does not know the folder
     /// above it.
@@ -36,7 +36,7 @@ class Settings : public BasicSettings {
 
     /// Removes the local store. If it was the last one and "DeleteStoreOnUninstall" is not 0,
     /// removes everything of the product line.
-    bool removeStore() const;
+    [[nodiscard]] bool removeStore() const;
 };
 
 /// Lets the parts of PublicLib read this store (SettingReader.h). Call it before the log is

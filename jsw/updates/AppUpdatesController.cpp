@@ -71,8 +71,7 @@ void AppUpdatesController::checkForUpdates() {
         return;
     }
     try {
-        std::string folder;
-        settings.read(setting::kDllPath, folder);
+        std::string folder = settings.textOf(setting::kDllPath);
         if (folder.empty()) folder = CurrentProcess::instance()->folder();
         launch(joinPath(folder, name), name, trace);
     } catch (const Exception& error) {

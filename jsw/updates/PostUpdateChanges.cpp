@@ -65,20 +65,14 @@ bool switchDataPath(const Settings& settings, const std::string& folder, const s
     return noteWritten(setting::kDataPath.name, settings.write(setting::kDataPath, folder));
 }
 
-bool isMissing(const Settings& settings, const setting::Text& path) {
-    std::string value;
-    settings.read(path, value);
-    return value.empty();
-}
-
 }  // namespace
 
 bool AppUpdatesController::setInitialPaths() {
     MethodTrace trace(component::kUpdater, "AppUpdatesController::setInitialPaths() ");
     const Settings settings;
-    const bool dataMissing = isMissing(settings, setting::kDataPath);
+    const bool dataMissing = settings.textOf(setting::kDataPath).empty();
     if (!dataMissing) trace.add("DataPath was already set.");
-    const bool dllMissing = isMissing(settings, setting::kDllPath);
+    const bool dllMissing = settings.textOf(setting::kDllPath).empty();
     if (!dllMissing) trace.add("DllPath was already set.");
 
     bool result = false;
@@ -99,9 +93,7 @@ bool AppUpdatesController::setInitialPaths() {
 
 std::string AppUpdatesController::getInitialPath() {
     MethodTrace trace(component::kUpdater, "AppUpdatesController::getInitialPath() ");
-    std::string below;
-    Settings().read(setting::kInitialPath, below);
-    return joinPath(programFilesFolder(), below);
+    return joinPath(programFilesFolder(), Settings().textOf(setting::kInitialPath));
 }
 
 void AppUpdatesController::performPostUpdateChangesIfRequired() {
@@ -130,8 +122,7 @@ void AppUpdatesController::switchSoftware(const Settings& settings, MethodTrace&
     setFlag(settings, setting::kDataUpdated, UpdateFlag::updated);
     // If setInitialPaths() could not write a folder, the names alone would name files in the root
     // of a drive. The flag stays for the next job.
-    std::string folder;
-    settings.read(setting::kDllPath, folder);
+    const std::string folder = settings.textOf(setting::kDllPath);
     if (folder.empty()) {
         logLine(component::kUpdater, kLogError,
                 "ERROR - the folder of the updated modules is unknown");
@@ -156,8 +147,7 @@ void AppUpdatesController::switchData(const Settings& settings, MethodTrace& tra
         return;
     }
     trace.add("The data updated flags was set. A data update was performed for the first time");
-    std::string catalog;
-    settings.read(setting::kCatalogFilename, catalog);
+    const std::string catalog = settings.textOf(setting::kCatalogFilename);
     const std::string folder = settings.dataUpdatesFolder();
     if (folder.empty()) {  // the flag stays for the next job
         logLine(component::kUpdater, kLogError,

@@ -22,7 +22,7 @@ class UserEnvironment {
 
     /// Makes the block of a token's user, without this process's environment. Call it once. Returns
     /// an empty text on success, else what failed, with the error number, for the log.
-    std::string create(HANDLE token);
+    [[nodiscard]] std::string create(HANDLE token);
 
     /// In wide characters; null if there is none, so that the process inherits this one's.
     void* block() const { return block_; }

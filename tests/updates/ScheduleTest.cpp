@@ -264,7 +264,7 @@ TEST_F(UpdateCheckTest, ADefaultThatCannotBeStoredCountsAllTheSame) {
 TEST_F(UpdateCheckTest, WithoutAStoreNothingIsDueAndNoneIsMade) {
     Settings store;
     store.write(setting::kDeleteStoreOnUninstall, 1);
-    store.removeStore();
+    EXPECT_TRUE(store.removeStore());
     controller_.checkForUpdates();
     EXPECT_FALSE(Settings().isValid());
 }
