@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <span>
 
 namespace jsw {
 
@@ -18,46 +19,33 @@ constexpr DWORD kPrinterKinds = PRINTER_ENUM_LOCAL | PRINTER_ENUM_CONNECTIONS;
 constexpr DWORD kInfoLevel = 2;
 constexpr int kMaxTries = 4;  // printers may be added while the buffer grows
 
-/// A buffer that begins with `count` records of the spooler; they point into the rest of the
-/// buffer.
-struct SpoolerAnswer {
-    std::vector<std::byte> buffer;
-    DWORD count = 0;
-};
-
-SpoolerAnswer askSpooler() {
-    SpoolerAnswer answer;
-    DWORD error = ERROR_SUCCESS;
-    for (int i = 0; i < kMaxTries; ++i) {
-        DWORD needed = 0;
-        const auto size = static_cast<DWORD>(answer.buffer.size());
-        auto* const buffer = reinterpret_cast<BYTE*>(answer.buffer.data());
-        if (EnumPrintersA(kPrinterKinds, nullptr, kInfoLevel, buffer, size, &needed,
-                          &answer.count)) {
-            return answer;
-        }
-        error = GetLastError();
-        if (error != ERROR_INSUFFICIENT_BUFFER) break;
-        answer.buffer.resize(needed);
-    }
-    logLine(component::kJsw, kLogError, "ERROR - EnumPrinters failed with rc =", error);
-    return {};
-}
-
 std::string textOf(const char* text) {
     return text != nullptr ? text : "";
 }
 
 std::vector<SpoolerPrinter> spoolerPrinters() {
-    const SpoolerAnswer answer = askSpooler();
-    const auto* const records = reinterpret_cast<const PRINTER_INFO_2A*>(answer.buffer.data());
-    std::vector<SpoolerPrinter> printers;
-    for (DWORD i = 0; i < answer.count; ++i) {
-        const PRINTER_INFO_2A& record = records[i];
-        printers.push_back(
-            {textOf(record.pPrinterName), textOf(record.pDriverName), textOf(record.pPortName)});
+    std::vector<std::byte> buffer;  // begins with records, which point into the rest of it
+    DWORD error = ERROR_SUCCESS;
+    for (int i = 0; i < kMaxTries; ++i) {
+        DWORD needed = 0;
+        DWORD count = 0;
+        const auto size = static_cast<DWORD>(buffer.size());
+        if (EnumPrintersA(kPrinterKinds, nullptr, kInfoLevel,
+                          reinterpret_cast<BYTE*>(buffer.data()), size, &needed, &count)) {
+            const auto* const records = reinterpret_cast<const PRINTER_INFO_2A*>(buffer.data());
+            std::vector<SpoolerPrinter> printers;
+            for (const PRINTER_INFO_2A& record : std::span(records, count)) {
+                printers.push_back({textOf(record.pPrinterName), textOf(record.pDriverName),
+                                    textOf(record.pPortName)});
+            }
+            return printers;
+        }
+        error = GetLastError();
+        if (error != ERROR_INSUFFICIENT_BUFFER) break;
+        buffer.resize(needed);
     }
-    return printers;
+    logLine(component::kJsw, kLogError, "ERROR - EnumPrinters failed with rc =", error);
+    return {};
 }
 
 }  // namespace
