@@ -73,22 +73,35 @@ TextProperty readProperty(PcsClient& client, GetString getString, PcsHandle hand
 
 /// The differences between searching a HID interface and a scanner.
 struct InterfaceKind {
+    std::vector<PcsHandle> Discovered::*list;
     GetString getString;
     const char* emptyList;
     const char* notFound;
     const char* queryFailed;  // null: a failed query is not logged
 };
-constexpr InterfaceKind kHid{&PcsClient::getStringHid,
+constexpr InterfaceKind kHid{&Discovered::hids, &PcsClient::getStringHid,
                              "Empty HidHandles List. Matching Hid handle not found.",
                              "Matching hid handle not found.", nullptr};
-constexpr InterfaceKind kScanner{
-    &PcsClient::getStringScanner, "Empty ScannerHandles List. Matching scanner handle not found.",
-    "Matching scanner handle not found.", "getPcsClient()->getStringScanner rc="};
+constexpr InterfaceKind kScanner{&Discovered::scanners, &PcsClient::getStringScanner,
+                                 "Empty ScannerHandles List. Matching scanner handle not found.",
+                                 "Matching scanner handle not found.",
+                                 "getPcsClient()->getStringScanner rc="};
+
+/// A callback of the client for an interface of this kind; its name is the one in the log.
+std::int32_t noteInterface(const char* callback, const InterfaceKind& kind,
+                           JswDeviceClientId clientId, PcsHandle handle) {
+    EntryGuard::run(component::kJsw, callback, [&] {
+        MethodTrace trace(component::kJsw, callback, "(clientId=", clientId, ", handle=", handle,
+                          "): ");
+        discovered->use([&](Discovered& found) { (found.*kind.list).push_back(handle); });
+    });
+    return kGoOn;
+}
 
 /// The first interface on the port; 0 if there is none.
-PcsHandle findOnPort(PcsClient& client, const InterfaceKind& kind,
-                     const std::vector<PcsHandle>& handles, const std::string& port,
+PcsHandle findOnPort(PcsClient& client, const InterfaceKind& kind, const std::string& port,
                      MethodTrace& trace) {
+    const auto handles = discovered->use([&](const Discovered& found) { return found.*kind.list; });
     for (const PcsHandle handle : handles) {
         const TextProperty found =
             readProperty(client, kind.getString, handle, JSW_DEVICE_PORT_PROPERTY);
@@ -186,14 +199,12 @@ std::int32_t RealPrinter::processPrinters() {
 
 std::int32_t RealPrinter::processHidList(PcsClient& client) {
     MethodTrace trace(component::kJsw, "RealPrinter::processHidList():");
-    const auto hids = discovered->use([](const Discovered& found) { return found.hids; });
-    return findOnPort(client, kHid, hids, fields().port, trace);
+    return findOnPort(client, kHid, fields().port, trace);
 }
 
 std::int32_t RealPrinter::processScannerList(PcsClient& client) {
     MethodTrace trace(component::kJsw, "RealPrinter::processScannerList():");
-    const auto scanners = discovered->use([](const Discovered& found) { return found.scanners; });
-    return findOnPort(client, kScanner, scanners, fields().port, trace);
+    return findOnPort(client, kScanner, fields().port, trace);
 }
 
 std::int32_t RealPrinter::enumPrtCallback(JswDeviceClientId clientId, JswDeviceHandle handle,
@@ -211,21 +222,11 @@ std::int32_t RealPrinter::enumPrtCallback(JswDeviceClientId clientId, JswDeviceH
 }
 
 std::int32_t RealPrinter::enumHidCallback(JswDeviceClientId clientId, JswDeviceHandle handle) {
-    EntryGuard::run(component::kJsw, "RealPrinter::enumHidCallback", [&] {
-        MethodTrace trace(component::kJsw, "RealPrinter::enumHidCallback(clientId=", clientId,
-                          ", handle=", handle, "): ");
-        discovered->use([&](Discovered& found) { found.hids.push_back(handle); });
-    });
-    return kGoOn;
+    return noteInterface("RealPrinter::enumHidCallback", kHid, clientId, handle);
 }
 
 std::int32_t RealPrinter::enumScanCallback(JswDeviceClientId clientId, JswDeviceHandle handle) {
-    EntryGuard::run(component::kJsw, "RealPrinter::enumScanCallback", [&] {
-        MethodTrace trace(component::kJsw, "RealPrinter::enumScanCallback(clientId=", clientId,
-                          ", handle=", handle, "): ");
-        discovered->use([&](Discovered& found) { found.scanners.push_back(handle); });
-    });
-    return kGoOn;
+    return noteInterface("RealPrinter::enumScanCallback", kScanner, clientId, handle);
 }
 
 }  // namespace jsw
