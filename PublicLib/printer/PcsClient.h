@@ -73,11 +73,14 @@ class PcsClient {
     static constexpr PcsStatus kHandleNotOpen = ERROR_INVALID_FUNCTION;
     static constexpr PcsStatus kLibraryRaised = 574;  // ERROR_UNHANDLED_EXCEPTION
 
-    // The call families.
+    // The call families. Each traces its operation.
+
+    /// Takes library and client id for this call only.
     template <class... Arguments>
     PcsStatus perCall(const char* operation, Arguments... arguments) {
         return callOnce(operation, GivesUp::library, arguments...);
     }
+    /// The same, but without a client id it keeps the library: a fixed interface.
     template <class... Arguments>
     PcsStatus perCallHid(const char* operation, Arguments... arguments) {
         return callOnce(operation, GivesUp::clientId, arguments...);
@@ -92,11 +95,13 @@ class PcsClient {
         release();
         return trace.returning(status);
     }
+    /// Takes library and client id until the handle is closed.
     template <PcsDevice device>
     PcsStatus opening(const char* operation, PcsHandle handle) {
         return open(operation, handle, device);
     }
     PcsStatus open(const char* operation, PcsHandle handle, PcsDevice device);
+    /// Uses what the open of the handle has taken.
     template <class... Arguments>
     PcsStatus byHandle(const char* operation, PcsHandle handle, Arguments... arguments) {
         MethodTrace trace(component::kJsw, "PcsClient::", operation, ": ");
@@ -106,6 +111,7 @@ class PcsClient {
             callLibrary(operation, find(operation), *clientId, handle, arguments...));
     }
     PcsStatus closing(const char* operation, PcsHandle handle);
+    /// Takes the library only.
     template <class... Arguments>
     PcsStatus serviceCall(const char* operation, Arguments... arguments) {
         MethodTrace trace(component::kJsw, "PcsClient::", operation, ": ");
@@ -151,7 +157,6 @@ class PcsClient {
     PcsStatus acquireForCall(JswDeviceClientId& clientId, GivesUp onClientIdFailure);
     void releaseLibrary();
     void releaseClientId();
-    void releaseUnopened(PcsDevice device);
     void unload();
     /// The client id with which a handle was opened; nothing if it is not open.
     std::optional<JswDeviceClientId> clientIdOf(PcsHandle handle);
