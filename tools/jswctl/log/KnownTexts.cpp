@@ -62,7 +62,7 @@ constexpr KnownText kTexts[] = {
      "The host may crash after it frees the library",
      "The system refused to keep the library loaded; the number is the error",
      "Do not free the library"},
-    {"unable to open the store ", stops, "JSWInit returns 0: no window and no billboards",
+    {"unable to open the store ", stops, "The library runs on defaults, usually without a window",
      "The system refused to open the program's settings; the number is the error",
      "`jswctl check` shows who may open them; give the host's account access to the key"},
     {" is refused: ", hinders, "The call named in the line did nothing",
