@@ -7,6 +7,7 @@
 #include "jsw/settings/RegistryKey.h"
 #include "jsw/settings/Settings.h"
 #include "tests/support/ChildProcess.h"
+#include "tests/support/HeldUpThread.h"
 #include "tests/support/HostTest.h"
 #include "tests/support/ImportTable.h"
 #include "tests/support/SecurityText.h"
@@ -435,8 +436,17 @@ TEST(CriticalLogTest, WritesToOneFileInTheRootOfTheDrive) {
     EXPECT_EQ(criticalLogFileName("", "C:\\Drivers\\JSW.dll"), "jsw..log");
     EXPECT_EQ(criticalLogFileName("dkab", "ignored"), "dkab.log");
     DeleteFileA("C:\\qlcrit.log");
-    CriticalLog("qlcrit", "DebugData", "first", nullptr);
-    CriticalLog("other", "Other", "second", nullptr);
+    {
+        test::HeldUpThread other([] { CriticalLog("other", "Other", "second", nullptr); });
+        const auto write = test::replaceImport<decltype(WriteFile)>(
+            test::ImportTable(GetModuleHandleA(nullptr)), "WriteFile",
+            [&](auto original, auto... arguments) {
+                EXPECT_TRUE(other.meetsALock());  // there is one log for all threads
+                return original(arguments...);
+            });
+        CriticalLog("qlcrit", "DebugData", "first", nullptr);
+        other.join();
+    }
     EXPECT_THAT(test::readFile("C:\\qlcrit.log"),
                 MatchesRegex(".*DebugData                 first\r\n"
                              ".*DebugData                 second\r\n"));

@@ -149,7 +149,9 @@ TEST_F(ActionsTest, TheDefaultBillboardAndDataPathFollowTheRegistry) {
 
 /// Such a path would name the root of the current drive.
 TEST_F(ActionsTest, WithoutADriverFolderNothingIsLookedUpOrLoaded) {
+    installLegacyModule();
     startJob();
+    api_.displayPrompt(1, 1);  // where the module was once is of no account
     const setting::Text& dataPath = setting::kDataPath;
     Settings().deleteValue(dataPath.key, dataPath.name);
     const test::ImportTable imports(GetModuleHandleA("jsw.dll"));
@@ -166,6 +168,8 @@ TEST_F(ActionsTest, WithoutADriverFolderNothingIsLookedUpOrLoaded) {
     EXPECT_TRUE(
         hasLine("ERROR - The printer driver directory is unknown, error=5. The JSW GUI DLL is not "
                 "loaded."));
+    EXPECT_THAT(script_.legacy.calls(), ElementsAre("JSWInitEx(SimulatedPrinter)",
+                                                    "JSWDisplayPrompt(1,1)", "JSWTerminate()"));
     EXPECT_FALSE(logContains("='\\Scripts"));
     EXPECT_FALSE(logContains("Unable to load DLL="));
 }

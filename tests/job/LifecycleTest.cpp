@@ -55,7 +55,8 @@ TEST_F(LifecycleTest, ConstantFunctionsAndCallsWithoutAJobDoNothing) {
 TEST_F(LifecycleTest, TheWindowIsSetUpCompletelyBeforeItIsShown) {
     Settings().setValue(setting::kGuiKey, "WindowX", "17");
     ASSERT_EQ(
-        api_.init("SimulatedPrinter", "report.pdf", 7, 11, 13, 5, 6, &inkInfo_, 4, 90, nullptr), 1);
+        api_.init("SimulatedPrinter", "report.pdf", 12, 11, 13, 5, 6, &inkInfo_, 8, 90, nullptr),
+        1);
     ASSERT_TRUE(waitForRules());
     api_.updateInfo(2, 1, 60, 998, 999, &statusCodes);
     endJob();
@@ -63,9 +64,9 @@ TEST_F(LifecycleTest, TheWindowIsSetUpCompletelyBeforeItIsShown) {
     EXPECT_THAT(
         script_.view.calls(),
         ElementsAre("Initialize()", "SetDataPath(" + folder_.path() + ")", "SetJobName(report.pdf)",
-                    "SetPrinterFriendlyName(SimulatedPrinter)", "SetJobType(7)",
+                    "SetPrinterFriendlyName(SimulatedPrinter)", "SetJobType(12)",
                     "SetCurrentPage(11)", "SetTotalPages(13)", "SetShowPageInfo(true)",
-                    "SetCurrentCopy(5)", "SetTotalCopies(6)", "SetInkInfo()", "SetPortType(4)",
+                    "SetCurrentCopy(5)", "SetTotalCopies(6)", "SetInkInfo()", "SetPortType(8)",
                     "SetJswCallback()", "SetBillboardCallback()",
                     "DisplayBillboard(default.bb,false,false)", "SetShowProcessWindow(1)",
                     "SetJswProgressMinimized(0)", "SetShowSpecialMessages(1)",
@@ -91,8 +92,11 @@ TEST_F(LifecycleTest, EveryOptionOfThePrinterReachesTheWindow) {
     std::uint32_t value = 2;
     for (const auto& row : rows)
         OfnSettings("").setValue(row.option->key, row.option->name, value++);
+    Settings().write(setting::kCheckForUpdates, 8);
     startJob();
     for (const auto& row : rows) EXPECT_THAT(script_.view.calls(), Contains(row.call));
+    EXPECT_THAT(script_.view.calls(), Contains("SetUpdateSoftware(8)"));
+    Settings().write(setting::kCheckForUpdates, 0);
     endJob();
 }
 
