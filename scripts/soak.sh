@@ -44,8 +44,8 @@ part() { # NAME PROGRAM FILTER
 }
 
 start=$SECONDS
-part jobs qltest-soak.exe 'JobSoak.*'
-part cycles qltest-soak.exe 'CycleSoak.*'
+part jobs qltest-soak.exe 'CycleSoak.ManyJobs'
+part cycles qltest-soak.exe 'CycleSoak.LoadJobAndFree'
 part random qltest-soak.exe 'RandomSoak.*'
 part exit qltest-soak.exe 'ExitSoak.*'
 part faults qpfaults.exe '*'

@@ -28,8 +28,7 @@ const test::ChildRole firstJobs("first jobs", [](const std::string& argument) {
     std::istringstream(argument) >> jobs >> name >> registry;
     test::PrivateRegistry::join(registry);
     test::Script script;
-    const std::string address = std::to_string(reinterpret_cast<std::uintptr_t>(&script));
-    SetEnvironmentVariableA(test::kScriptVariable, address.c_str());
+    script.offer();
     const test::Exports api = test::findExports(LoadLibraryA("jsw.dll"));
     const KernelHandle start = namedEvent("start " + name);
     const KernelHandle end = namedEvent("end " + name);

@@ -44,8 +44,7 @@ Exports JobTest::api_{};
 void JobTest::SetUp() {
     HostTest::SetUp();
     if (api_.init == nullptr) api_ = findExports(LoadLibraryA("jsw.dll"));
-    const std::string address = std::to_string(reinterpret_cast<std::uintptr_t>(&script_));
-    SetEnvironmentVariableA(kScriptVariable, address.c_str());
+    script_.offer();
     writeSettings();
     inkInfo_.InkPercent[0] = 42;
     addBillboard("DEFAULT", {.file = "default.bb"});
@@ -119,10 +118,7 @@ void JobTest::expectNextJobWorks() {
 }
 
 bool JobTest::waitForRules() {
-    return eventually([&] {
-        const auto calls = script_.rules.calls();
-        return std::find(calls.begin(), calls.end(), "UnInitialize()") != calls.end();
-    });
+    return eventually([&] { return script_.rules.has("UnInitialize()"); });
 }
 
 void JobTest::runJob() {

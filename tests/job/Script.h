@@ -1,39 +1,21 @@
 #pragma once
 
+#include "tests/support/CallRecord.h"
 #include <jsw/catalog.h>
 #include <jsw/legacy.h>
 #include <jsw/rules.h>
 #include <jsw/view.h>
 
+#include <windows.h>
+
+#include <cstdint>
 #include <cstdlib>
 #include <functional>
 #include <map>
-#include <mutex>
 #include <string>
 #include <vector>
 
 namespace jsw::test {
-
-/// The calls of a scripted module, in order, from any thread.
-class CallRecord {
-  public:
-    void add(const std::string& call) {
-        const std::lock_guard lock(lock_);
-        calls_.push_back(call);
-    }
-    std::vector<std::string> calls() const {
-        const std::lock_guard lock(lock_);
-        return calls_;
-    }
-    void clear() {
-        const std::lock_guard lock(lock_);
-        calls_.clear();
-    }
-
-  private:
-    mutable std::mutex lock_;
-    std::vector<std::string> calls_;
-};
 
 /// The behaviour of the scripted modules, and records of their calls. It is in the test program;
 /// the modules find it by an environment variable.
@@ -87,9 +69,23 @@ struct Script {
         onPrompt = nullptr;
         textsLeadNowhere = rulesNeverEnd = catalogRaises = false;
     }
+
+    /// Lets the scripted modules of this process find it.
+    void offer() {
+        const std::string address = std::to_string(reinterpret_cast<std::uintptr_t>(this));
+        SetEnvironmentVariableA(kVariable, address.c_str());
+    }
+    static Script& offered() {
+        char address[32] = "0";
+        GetEnvironmentVariableA(kVariable, address, sizeof(address));
+        return *reinterpret_cast<Script*>(std::stoull(address));
+    }
+    static constexpr char kVariable[] = "JSW_TEST_SCRIPT";
 };
 
-/// Names the environment variable that holds the script's address.
-inline constexpr char kScriptVariable[] = "JSW_TEST_SCRIPT";
+/// For the modules: the script of the test program.
+inline Script& script() {
+    return Script::offered();
+}
 
 }  // namespace jsw::test

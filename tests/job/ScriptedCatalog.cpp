@@ -1,7 +1,7 @@
 // A catalog module that answers from the test's script.
 
 #include "PublicLib/text/Text.h"
-#include "tests/job/ScriptAccess.h"
+#include "tests/job/Script.h"
 
 #include <cstring>
 #include <stdexcept>

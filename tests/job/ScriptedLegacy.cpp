@@ -1,7 +1,7 @@
 // An older job window module that records its calls and lets a test act inside a prompt.
 
 #include "PublicLib/text/Text.h"
-#include "tests/job/ScriptAccess.h"
+#include "tests/job/Script.h"
 
 JSW_LEGACY_ENTRY_POINTS(JSW_MODULE_DECLARE)
 

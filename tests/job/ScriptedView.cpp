@@ -1,7 +1,7 @@
 // A view module that records its calls and lets a test call back.
 
 #include "PublicLib/text/Text.h"
-#include "tests/job/ScriptAccess.h"
+#include "tests/job/Script.h"
 
 JSW_VIEW_ENTRY_POINTS(JSW_MODULE_DECLARE)
 

@@ -52,8 +52,7 @@ class Host {
   public:
     explicit Host(const std::string& registry) {
         test::PrivateRegistry::join(registry);
-        const std::string address = std::to_string(reinterpret_cast<std::uintptr_t>(&script));
-        SetEnvironmentVariableA(test::kScriptVariable, address.c_str());
+        script.offer();
     }
     test::Script script;
 };

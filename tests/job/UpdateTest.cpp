@@ -17,8 +17,7 @@ namespace {
 const test::ChildRole elsewhere("host elsewhere", [](const std::string& registry) {
     test::PrivateRegistry::join(registry);
     test::Script script;
-    const std::string address = std::to_string(reinterpret_cast<std::uintptr_t>(&script));
-    SetEnvironmentVariableA(test::kScriptVariable, address.c_str());
+    script.offer();
     Localize::createInstance(nullptr);
     const HMODULE library = LoadLibraryA("jsw.dll");
     const test::Exports api = test::findExports(library);

@@ -13,6 +13,7 @@
 
 #include <windows.h>
 
+#include <fstream>
 #include <gmock/gmock.h>
 #include <memory>
 #include <new>
@@ -58,11 +59,7 @@ class RetailerFile {
         const std::string folder = OsVersion::instance().versionedPrinterDriverFolder();
         CreateDirectoryA(folder.c_str(), nullptr);
         path_ = joinPath(folder, Localize::getInstance()->localId() + "rtlr.ini");
-        const KernelHandle file(CreateFileA(path_.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
-                                            FILE_ATTRIBUTE_NORMAL, nullptr));
-        DWORD written = 0;
-        EXPECT_TRUE(WriteFile(file.get(), content.data(), static_cast<DWORD>(content.size()),
-                              &written, nullptr));
+        std::ofstream(path_, std::ios::binary) << content;
     }
     ~RetailerFile() { DeleteFileA(path_.c_str()); }
 

@@ -1,8 +1,11 @@
 // Job after job with the sample modules and their real window; and a host that loads the library
 // for each job and frees it afterwards.
 
+#include "PublicLib/text/Text.h"
 #include "PublicLib/win/Handles.h"
-#include "tests/job/SampleJobTest.h"
+#include "PublicLib/win/Paths.h"
+#include "PublicLib/win/SystemFolders.h"
+#include "tests/job/JobTest.h"
 #include "tests/soak/Soak.h"
 #include "tests/support/ProcessState.h"
 #include "tests/support/TestLimits.h"
@@ -46,13 +49,37 @@ void runCycles(const char* what, int cycles, const std::function<void(int)>& cyc
 
 }  // namespace
 
-using JobSoak = test::SampleJobTest;
+/// Runs jobs with the sample modules of the project, their real window included. The log is off.
+class CycleSoak : public test::JobTest {
+  protected:
+    void SetUp() override {
+        JobTest::SetUp();
+        const Settings settings;
+        settings.setValue(setting::kLoggerKey, "startLog", 0);
+        settings.write(setting::kDataPath,
+                       std::string(folderPart(moduleFileName(nullptr))) + "data");
+        settings.write(setting::kViewModule, "jswv.dll");
+        settings.write(setting::kCatalogModule, "bcat.dll");
+        settings.write(setting::kRulesEngineModule, "reng.dll");
+        settings.write(setting::kCatalogFilename, "catalog.xml");
+        settings.setValue("Settings\\RulesEngine\\", "RulesFilename", "rules.xml");
+    }
 
-TEST_F(JobSoak, HoldsNothingMoreAfterManyJobs) {
+    /// A job with a few pages and not much ink; its number varies what is printed.
+    void sampleJob(int number) {
+        inkInfo_.InkPercent[0] = number % 100;
+        startJob({.jobName = concat("job ", number).c_str()});
+        for (std::uint32_t page = 1; page <= 3; ++page) {
+            api_.updateInfo(page, 1, 10, 0, 0, nullptr);
+        }
+        if (number % 4 == 0) Sleep(5);  // let the rules have their say in some
+        endJob();
+    }
+};
+
+TEST_F(CycleSoak, ManyJobs) {
     runCycles("a job with the sample modules", 10000, [this](int job) { sampleJob(job); });
 }
-
-using CycleSoak = test::SampleJobTest;
 
 TEST_F(CycleSoak, LoadJobAndFree) {
     FreeLibrary(GetModuleHandleA("jsw.dll"));  // the one that all tests share

@@ -32,17 +32,10 @@ class RandomSoak : public test::WholeJobTest {
   protected:
     static void onStatus(std::uint32_t /*status*/) {
         ++callbacks;
-        switch (pick(40)) {
-            case 0:
-                return api_.terminate();
-            case 1:
-                return api_.updateInfo(1, 2, 3, 4, 5, nullptr);
-            case 2:
-                api_.postDlgMsg(nullptr);
-                return;
-            default:
-                return;
-        }
+        const unsigned wish = pick(40);
+        if (wish == 0) api_.terminate();
+        if (wish == 1) api_.updateInfo(1, 2, 3, 4, 5, nullptr);
+        if (wish == 2) api_.postDlgMsg(nullptr);
     }
 
     void SetUp() override {
@@ -63,37 +56,21 @@ class RandomSoak : public test::WholeJobTest {
 
     /// Random actions of a window; rare, or the callbacks would call each other for ever.
     void callBack() {
-        switch (pick(8)) {
-            case 0:
-                ++callbacks;
-                return event_(static_cast<std::int32_t>(pick(10)));
-            case 1:
-                ++callbacks;
-                return click_(pick(2) == 0 ? "LAUNCH_URL" : "NOTHING", 0);
-            default:
-                return;
-        }
+        const unsigned wish = pick(8);
+        if (wish < 2) ++callbacks;
+        if (wish == 0) event_(static_cast<std::int32_t>(pick(10)));
+        if (wish == 1) click_(pick(2) == 0 ? "LAUNCH_URL" : "NOTHING", 0);
     }
 
     void callExport() {
-        switch (pick(10)) {
-            case 0:
-                startJob({.callback = onStatus});
-                return;
-            case 1:
-                return api_.terminate();
-            case 2:
-                return api_.displayPrompt(1, 2);
-            case 3:
-                return event_(static_cast<std::int32_t>(pick(10)));
-            case 4:
-                return click_(pick(2) == 0 ? "NEXT" : "INK_STATUS", 0);
-            case 5:
-                api_.postDlgMsg(nullptr);
-                return;
-            default:
-                return api_.updateInfo(pick(9), 1, 60, 0, 0, nullptr);
-        }
+        const unsigned wish = pick(10);
+        if (wish == 0) startJob({.callback = onStatus});
+        if (wish == 1) api_.terminate();
+        if (wish == 2) api_.displayPrompt(1, 2);
+        if (wish == 3) event_(static_cast<std::int32_t>(pick(10)));
+        if (wish == 4) click_(pick(2) == 0 ? "NEXT" : "INK_STATUS", 0);
+        if (wish == 5) api_.postDlgMsg(nullptr);
+        if (wish > 5) api_.updateInfo(pick(9), 1, 60, 0, 0, nullptr);
     }
 
     JswViewEventCallback event_ = nullptr;

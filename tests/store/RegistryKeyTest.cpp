@@ -37,11 +37,6 @@ void setRaw(const std::string& path, const std::string& name, DWORD type, const 
               ERROR_SUCCESS);
 }
 
-bool exists(const std::string& path) {
-    KeyHandle key;
-    return RegOpenKeyExA(HKEY_LOCAL_MACHINE, path.c_str(), 0, KEY_READ, key.put()) == ERROR_SUCCESS;
-}
-
 /// The system's name of a key of HKEY_LOCAL_MACHINE, as in a link.
 std::wstring kernelPath(const std::string& path) {
     using NtQueryKey = LONG NTAPI(HKEY key, int what, void* buffer, ULONG size, ULONG* length);
@@ -85,7 +80,8 @@ constexpr char kPath[] = "Software\\Test\\Key";
 
 }  // namespace
 
-class RegistryKeyTest : public test::HostTest {};
+using test::exists;
+using RegistryKeyTest = test::HostTest;
 
 TEST_F(RegistryKeyTest, KeepsNumbersTextsAndBytes) {
     std::vector<std::string> given;

@@ -22,11 +22,6 @@ using ::testing::UnorderedElementsAre;
 
 namespace {
 
-bool exists(const std::string& path) {
-    KeyHandle key;
-    return RegOpenKeyExA(HKEY_LOCAL_MACHINE, path.c_str(), 0, KEY_READ, key.put()) == ERROR_SUCCESS;
-}
-
 /// The registry's value: a number, a quoted text or "(none)".
 std::string stored(const Settings& settings, const char* key, const char* name) {
     std::uint32_t number = 0;
@@ -37,7 +32,8 @@ std::string stored(const Settings& settings, const char* key, const char* name) 
 
 }  // namespace
 
-class SettingsTest : public test::HostTest {};
+using test::exists;
+using SettingsTest = test::HostTest;
 
 TEST_F(SettingsTest, FreshStoreGetsTheUpdaterDefaultsWhenTheyAreRead) {
     const Settings settings;

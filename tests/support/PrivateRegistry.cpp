@@ -31,4 +31,9 @@ void PrivateRegistry::join(const std::string& path) {
     }
 }
 
+bool exists(const std::string& path) {
+    KeyHandle key;
+    return RegOpenKeyExA(HKEY_LOCAL_MACHINE, path.c_str(), 0, KEY_READ, key.put()) == ERROR_SUCCESS;
+}
+
 }  // namespace jsw::test

@@ -21,4 +21,7 @@ class PrivateRegistry {
     std::string path_;
 };
 
+/// Whether there is a key of HKEY_LOCAL_MACHINE.
+bool exists(const std::string& path);
+
 }  // namespace jsw::test

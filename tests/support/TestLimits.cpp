@@ -11,7 +11,6 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
-#include <mutex>
 
 namespace jsw::test {
 
@@ -21,9 +20,7 @@ constexpr DWORD kLookEvery = 100;  // milliseconds
 constexpr std::uint64_t kNever = ~std::uint64_t{0};
 
 std::atomic<std::uint64_t> deadline{kNever};  // as GetTickCount64() counts
-std::mutex textLock;
-std::string testName;
-std::string stepText;
+char stepText[200];                           // without a lock, which a hanging thread may hold
 
 unsigned secondsOfATest() {
     const char* seconds = std::getenv("JSW_TEST_SECONDS");
@@ -32,11 +29,9 @@ unsigned secondsOfATest() {
 
 /// Without the C run-time library's locks, which a hanging thread may hold.
 void endProgram(const std::string& why) {
-    std::string text;
-    {
-        const std::lock_guard lock(textLock);
-        text = concat("\nerror: ", testName, " (", stepText, ") ", why, "\n");
-    }
+    const auto* const test = ::testing::UnitTest::GetInstance()->current_test_info();
+    const std::string name = test ? concat(test->test_suite_name(), ".", test->name()) : "no test";
+    const std::string text = concat("\nerror: ", name, " (", stepText, ") ", why, "\n");
     DWORD written = 0;
     WriteFile(GetStdHandle(STD_ERROR_HANDLE), text.data(), static_cast<DWORD>(text.size()),
               &written, nullptr);
@@ -45,12 +40,8 @@ void endProgram(const std::string& why) {
 
 class LimitListener : public ::testing::EmptyTestEventListener {
   public:
-    void OnTestStart(const ::testing::TestInfo& info) override {
-        {
-            const std::lock_guard lock(textLock);
-            testName = concat(info.test_suite_name(), ".", info.name());
-            stepText.clear();
-        }
+    void OnTestStart(const ::testing::TestInfo& /*info*/) override {
+        describeStep("");
         std::fflush(stdout);
         allowSeconds(secondsOfATest());
     }
@@ -89,8 +80,7 @@ void allowSeconds(unsigned seconds) {
 }
 
 void describeStep(const std::string& step) {
-    const std::lock_guard lock(textLock);
-    stepText = step;
+    std::snprintf(stepText, sizeof(stepText), "%s", step.c_str());
 }
 
 }  // namespace jsw::test

@@ -197,24 +197,30 @@ TEST_F(PostUpdateTest, SaysWhatItDoesWhenAllIsThere) {
             "The updated flags are either turned off or are set to do not change."));
 }
 
+TEST_F(PostUpdateTest, SaysWhyItChangesNothing) {
+    startLog();
+    for (const char* name : kNewNames) folder_.write(name, "x");
+    settings_->write(setting::kInitialPath, "Maker");
+    settings_->write(setting::kCompleteSoftwareUpdated, 1);
+    settings_->write(setting::kDataPath, "");
+    controller_.performPostUpdateChangesIfRequired();
+    settings_->write(setting::kCheckForUpdates, 0);
+    controller_.performPostUpdateChangesIfRequired();
+    EXPECT_THAT(ownLines(),
+                ElementsAre("Initial run of the JSW. An update could not have been performed yet.",
+                            "The check for updates has been TURNED OFF. No updates could be "
+                            "performed"));
+    EXPECT_TRUE(hasLine("-AppUpdatesController::setInitialPaths()  rc=true"));
+    EXPECT_EQ(flag(setting::kCompleteSoftwareUpdated), 1u);
+    EXPECT_EQ(text(setting::kViewModule), "old");
+}
+
 TEST_F(PostUpdateTest, FrozenDataIsOnlyLookedUpAfresh) {
     startLog();
     settings_->write(setting::kCompleteSoftwareUpdated, 1);
     settings_->write(setting::kDataUpdated, 2);
     controller_.performPostUpdateChangesIfRequired();
     EXPECT_EQ(ownLines().back(), "The data updated flags already set to DO NOT CHANGE");
-}
-
-TEST_F(PostUpdateTest, TurnedOffChangesNothing) {
-    startLog();
-    for (const char* name : kNewNames) folder_.write(name, "x");
-    settings_->write(setting::kCheckForUpdates, 0);
-    settings_->write(setting::kCompleteSoftwareUpdated, 1);
-    controller_.performPostUpdateChangesIfRequired();
-    EXPECT_THAT(ownLines(), ElementsAre("The check for updates has been TURNED OFF. No updates "
-                                        "could be performed"));
-    EXPECT_EQ(flag(setting::kCompleteSoftwareUpdated), 1u);
-    EXPECT_EQ(text(setting::kViewModule), "old");
 }
 
 /// A final flag without a switch would keep the old files for ever.
@@ -360,19 +366,6 @@ TEST_F(PostUpdateTest, InitialPathsAreWrittenOnceAndReportedOneSidedly) {
         EXPECT_EQ(text(setting::kDllPath), row.dllAfter);
         EXPECT_FALSE(controller_.setInitialPaths()) << "everything is there now";
     }
-}
-
-TEST_F(PostUpdateTest, InitialRunStopsBeforeAnyChange) {
-    startLog();
-    for (const char* name : kNewNames) folder_.write(name, "x");
-    settings_->write(setting::kInitialPath, "Maker");
-    settings_->write(setting::kCompleteSoftwareUpdated, 1);
-    settings_->write(setting::kDataPath, "");
-    controller_.performPostUpdateChangesIfRequired();
-    EXPECT_THAT(ownLines(), ElementsAre("Initial run of the JSW. An update could not have been "
-                                        "performed yet."));
-    EXPECT_EQ(text(setting::kViewModule), "old");
-    EXPECT_TRUE(hasLine("-AppUpdatesController::setInitialPaths()  rc=true"));
 }
 
 TEST_F(PostUpdateTest, InitialPathMayBeMissing) {

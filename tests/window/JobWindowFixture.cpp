@@ -9,7 +9,7 @@
 
 namespace jsw::test {
 
-Reports reports;
+CallRecord reports;
 HANDLE hostBusy = nullptr;
 
 namespace {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "PublicLib/win/Handles.h"
+#include "tests/support/CallRecord.h"
 #include "tests/support/Eventually.h"
 #include "tests/support/TempFolder.h"
 #include "window/view/ControlIds.h"
@@ -10,37 +11,13 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <mutex>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace jsw::test {
 
-/// The window's reports to its host, in order.
-class Reports {
-  public:
-    void add(const std::string& report) {
-        const std::lock_guard lock(mutex_);
-        reports_.push_back(report);
-    }
-    std::vector<std::string> take() {
-        const std::lock_guard lock(mutex_);
-        return std::exchange(reports_, {});
-    }
-    bool has(const std::string& report) {
-        const std::lock_guard lock(mutex_);
-        return std::find(reports_.begin(), reports_.end(), report) != reports_.end();
-    }
-
-  private:
-    std::mutex mutex_;
-    std::vector<std::string> reports_;
-};
-
-extern Reports reports;
-extern HANDLE hostBusy;  ///< while set, the host waits for it in its status callback
+extern CallRecord reports;  ///< of the window to its host
+extern HANDLE hostBusy;     ///< while set, the host waits for it in its status callback
 
 /// The view module as the library uses it, with a real window.
 class JobWindowTest : public ::testing::Test {

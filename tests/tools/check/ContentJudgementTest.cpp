@@ -1,4 +1,4 @@
-#include "tests/tools/check/ReportMatchers.h"
+#include "tests/tools/check/JudgementTest.h"
 #include "tools/jswctl/content/ContentJudgement.h"
 
 #include <gtest/gtest.h>

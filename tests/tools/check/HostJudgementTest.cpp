@@ -1,5 +1,4 @@
-#include "tests/tools/check/GoodModule.h"
-#include "tests/tools/check/ReportMatchers.h"
+#include "tests/tools/check/JudgementTest.h"
 #include "tools/jswctl/check/Judgement.h"
 
 #include <gtest/gtest.h>
