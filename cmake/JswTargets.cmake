@@ -77,7 +77,7 @@ endfunction()
 
 # jsw_product(): everything below here is the product. It has debug symbols, also in release builds,
 # with paths relative to the root of the sources, and line counters if requested. They name functions and
-# lines; to follow variables through optimised code would take a quarter of the compile time.
+# lines; to follow variables through optimised code would take up to a quarter of the compile time.
 macro(jsw_product)
   add_compile_options($<$<COMPILE_LANGUAGE:CXX>:-g>
                       $<$<COMPILE_LANG_AND_ID:CXX,GNU>:-fno-var-tracking>
@@ -113,11 +113,16 @@ endfunction()
 # leaks nothing when it is freed.
 function(jsw_module name)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
-  add_library(${name} MODULE ${ARG_SOURCES} ${PROJECT_SOURCE_DIR}/samples/common/ModuleEnd.cpp)
+  set(JSW_PRECOMPILED quick_headers) # also among the tests: a module knows nothing of GoogleTest
+  if(NOT TARGET module_end)
+    add_library(module_end OBJECT ${PROJECT_SOURCE_DIR}/samples/common/ModuleEnd.cpp)
+    target_link_libraries(module_end PRIVATE jsw_options)
+    jsw_reuse_headers(module_end)
+  endif()
+  add_library(${name} MODULE ${ARG_SOURCES} $<TARGET_OBJECTS:module_end>)
   set_target_properties(${name} PROPERTIES PREFIX "" LIBRARY_OUTPUT_DIRECTORY
                                                      ${CMAKE_RUNTIME_OUTPUT_DIRECTORY})
   target_link_libraries(${name} PRIVATE jsw_options ${ARG_LINK})
-  set(JSW_PRECOMPILED quick_headers) # also among the tests: a module knows nothing of GoogleTest
   jsw_reuse_headers(${name})
 endfunction()
 
