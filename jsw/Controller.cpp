@@ -3,6 +3,7 @@
 #include "jsw/Controller.h"
 
 #include "PublicLib/NeverDestroyed.h"
+#include "PublicLib/ScopedValue.h"
 #include "PublicLib/calls/NoWaiting.h"
 #include "PublicLib/errors/Exception.h"
 #include "PublicLib/locks/Singleton.h"
@@ -157,32 +158,20 @@ void Controller::jswUpdateInfo(std::uint32_t value1, std::uint32_t value2, std::
 void Controller::jswDisplayPrompt(std::uint32_t promptType, std::uint32_t totalPages) {
     MethodTrace trace(component::kJsw, "Controller::jswDisplayPrompt: ");
     trace.add("params: promptType=", promptType, "totalPages=", totalPages);
-    const bool isNested = legacyGui_ != nullptr;  // a prompt inside a prompt shares its window
+    std::shared_ptr<LegacyJswGui> gui = legacyGui_;  // a prompt inside a prompt shares its window
     try {
-        if (!isNested) legacyGui_ = std::make_unique<LegacyJswGui>();
+        if (!gui) gui = std::make_shared<LegacyJswGui>();
     } catch (const std::exception&) {
         logLine(component::kJsw, kLogError, "ERROR - unable to create LegacyJswGui");
         return;
     }
-    const auto letGo = [&] {
-        if (!isNested) legacyGui_.reset();
-    };
-    try {
-        runLegacyPrompt(promptType, totalPages);
-    } catch (...) {
-        letGo();
-        throw;
-    }
-    letGo();
-}
-
-void Controller::runLegacyPrompt(std::uint32_t promptType, std::uint32_t totalPages) {
-    if (!legacyGui_->jswInitEx(texts_.friendlyName())) {
+    const ScopedValue up(legacyGui_, gui);
+    if (!gui->jswInitEx(texts_.friendlyName())) {
         logLine(component::kJsw, kLogError, "ERROR - unable to initialize old Jsw GUI.");
         return;
     }
-    legacyGui_->jswDisplayPrompt(promptType, totalPages);
-    legacyGui_->jswTerminate();
+    gui->jswDisplayPrompt(promptType, totalPages);
+    gui->jswTerminate();
 }
 
 void Controller::jswPostDlgMsg(void* message) {

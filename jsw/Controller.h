@@ -72,7 +72,6 @@ class Controller : public Observer, public BillboardActions {
     void stopRules();
     bool startRules();
     void ProcessRules();
-    void runLegacyPrompt(std::uint32_t promptType, std::uint32_t totalPages);
 
     /// Nothing if the id is not valid.
     std::optional<BillboardData> getBillboardData(const std::string& bbId);
@@ -87,7 +86,7 @@ class Controller : public Observer, public BillboardActions {
     std::shared_ptr<BillboardView> view_;  // held until this object has detached from it
     std::string dataPath_;
     std::atomic<bool> stop_{false};
-    std::unique_ptr<LegacyJswGui> legacyGui_;  // while a prompt is open
+    std::shared_ptr<LegacyJswGui> legacyGui_;  // while a prompt is open
     std::string defaultBillboardId_;
     JobTexts texts_;
 

@@ -15,15 +15,15 @@
 #include <shellapi.h>
 
 #include <array>
-#include <exception>
 
 namespace jsw {
 
 namespace {
 
 /// Runs an action and logs every failure.
+/// @param otherFailure  the text for a failure that is no Exception
 template <class Work>
-void guardLaunch(const char* otherFailure, const Work& work) {
+void logFailureOf(const char* otherFailure, const Work& work) {
     try {
         work();
     } catch (const Exception& error) {
@@ -90,7 +90,7 @@ void Controller::walkHistory(const std::string& bbId, MethodTrace& trace) {
 void Controller::launchApp(std::uint32_t actionId) {
     MethodTrace trace(component::kJsw, "Controller::launchApp: ");
     trace.add("params: actionId=", actionId);
-    guardLaunch("exception thrown during launchApp", [&] {
+    logFailureOf("exception thrown during launchApp", [&] {
         const std::string command = Catalog::instance()->getBillboardActionParam(
             texts_.displayedId(), static_cast<std::int32_t>(actionId));
         trace.add("Launching app=", command, ".");
@@ -101,7 +101,7 @@ void Controller::launchApp(std::uint32_t actionId) {
 void Controller::launchUrl(std::uint32_t actionId) {
     MethodTrace trace(component::kJsw, "Controller::launchUrl: ");
     trace.add("params: actionId=", actionId);
-    guardLaunch("exception thrown during launchUrl", [&] {
+    logFailureOf("exception thrown during launchUrl", [&] {
         const std::string param = Catalog::instance()->getBillboardActionParam(
             texts_.displayedId(), static_cast<std::int32_t>(actionId));
         if (param.empty()) {

@@ -36,29 +36,22 @@ void Controller::changeBillboard(const std::string& bbId) {
 
 bool Controller::isBillboardIdValid(const std::string& bbId) {
     MethodTrace trace(component::kJsw, "Controller::isBillboardIdValid: bbId=", bbId, ".");
+    const auto refuse = [&](const auto&... why) {
+        trace.add(why...);
+        return trace.answering(false);
+    };
     // Determined at each call: an update may have moved the data while the job runs.
     const std::string dataPath = determineDataPath();
     const std::string fileName = Catalog::instance()->getBillboardFileName(bbId);
-    if (fileName.empty()) {
-        trace.add("Catalog has no filename for bbId='", bbId, "'");
-        trace.setResult("false");
-        return false;
-    }
-    if (dataPath.empty()) {  // the path would name the root of a drive
-        trace.add("No data folder to look for bbId='", bbId, "' in");
-        trace.setResult("false");
-        return false;
-    }
+    if (fileName.empty()) return refuse("Catalog has no filename for bbId='", bbId, "'");
+    if (dataPath.empty())  // the path would name the root of a drive
+        return refuse("No data folder to look for bbId='", bbId, "' in");
     const std::string path = concat(dataPath, "\\Scripts\\", fileName);
     constexpr int kReadAccess = 4;
-    if (_access(path.c_str(), kReadAccess) != 0) {
-        trace.add("WARNING: ", std::strerror(errno), ", pathBillboardFile='", path, "'");
-        trace.setResult("false");
-        return false;
-    }
+    if (_access(path.c_str(), kReadAccess) != 0)
+        return refuse("WARNING: ", std::strerror(errno), ", pathBillboardFile='", path, "'");
     trace.add("pathBillboardFile='", path, "'");
-    trace.setResult("true");
-    return true;
+    return trace.answering(true);
 }
 
 std::optional<BillboardData> Controller::getBillboardData(const std::string& bbId) {

@@ -1,6 +1,7 @@
 #include "jsw/DriverApi.h"
 
 #include "PublicLib/NeverDestroyed.h"
+#include "PublicLib/ScopedValue.h"
 #include "PublicLib/calls/EntryGuard.h"
 #include "PublicLib/calls/NoWaiting.h"
 #include "PublicLib/logging/BasicLogger.h"
@@ -11,7 +12,6 @@
 
 #include <process.h>
 
-#include <mutex>
 #include <utility>
 
 namespace jsw {
@@ -20,19 +20,6 @@ namespace {
 
 constexpr char kOtherThreadInside[] =
     "it comes from the status callback while another thread is inside the library";
-
-/// Sets a flag for a scope, then restores its value.
-class FlagScope {
-  public:
-    explicit FlagScope(bool& flag) : flag_(flag), before_(std::exchange(flag, true)) {}
-    ~FlagScope() { flag_ = before_; }
-    FlagScope(const FlagScope&) = delete;
-    FlagScope& operator=(const FlagScope&) = delete;
-
-  private:
-    bool& flag_;
-    bool before_;
-};
 
 void logRefused(const char* function, const char* reason) {
     logLine(component::kJsw, kLogError, "ERROR - ", function, " is refused: ", reason, ".");
@@ -51,17 +38,6 @@ NeverDestroyed<DriverApi> driverApi;
 
 DriverApi& DriverApi::instance() {
     return *driverApi;
-}
-
-void DriverApi::createSingletons() {
-    if (singletons_) return;
-    const std::lock_guard lock(singletonLock_);
-    if (!singletons_) singletons_ = std::make_unique<SingletonMgr>();
-}
-
-void DriverApi::destroySingletons() {
-    const std::lock_guard lock(singletonLock_);
-    singletons_.reset();
 }
 
 bool DriverApi::init(const Job& job, JswStatusCallback callback) {
@@ -88,8 +64,8 @@ const char* DriverApi::whyNoStart(const JobSession* before) const {
 }
 
 bool DriverApi::startJob(const Job& job, JswStatusCallback callback) {
-    const FlagScope inStep(inStep_);
-    createSingletons();
+    const ScopedValue inStep(inStep_, true);
+    if (!singletons_) singletons_ = std::make_unique<SingletonMgr>();
     if (pinError != ERROR_SUCCESS) {
         logLine(component::kJsw, kLogError,
                 "ERROR - unable to keep the library loaded, error=", pinError);
@@ -99,15 +75,15 @@ bool DriverApi::startJob(const Job& job, JswStatusCallback callback) {
         std::make_shared<JobSession>(BillboardView::instance(), controller, callback);
     const bool wasRunning = isJobRunning();
     JobSession::setPresent(session);
-    bool started = false;
     try {
-        started = controller->jswInit(job);
+        const bool started = controller->jswInit(job);
         session->setRunning();  // JSWTerminate also ends a job that could not start
+        return started;
     } catch (...) {
         reportException(component::kJsw, "JSWInit");
         if (wasRunning) session->setRunning();
+        return false;
     }
-    return started;
 }
 
 void DriverApi::terminate() {
@@ -138,7 +114,7 @@ void DriverApi::endNowOrAfterStart(Session session) {
 
 /// @param session  the present one, or null
 void DriverApi::endJob(Session session) {
-    const FlagScope inStep(inStep_);
+    const ScopedValue inStep(inStep_, true);
     if (session) {
         session->setOver();
         // Whatever fails, the job is over and its objects must be destroyed.
@@ -148,7 +124,7 @@ void DriverApi::endJob(Session session) {
         session.reset();  // so that its objects are destroyed in the teardown's order
     }
     // Inside a prompt the driver's call still uses the objects.
-    if (!inPrompt_) destroySingletons();
+    if (!inPrompt_) singletons_.reset();
 }
 
 void DriverApi::endOnThreadOfItsOwn(const Session& session) {
@@ -194,7 +170,7 @@ void DriverApi::updateInfo(std::uint32_t value1, std::uint32_t value2, std::uint
 
 void DriverApi::displayPrompt(std::uint32_t promptType, std::uint32_t totalPages) {
     whileRunning("JSWDisplayPrompt", [&](Controller& controller) {
-        const FlagScope inPrompt(inPrompt_);
+        const ScopedValue inPrompt(inPrompt_, true);
         controller.jswDisplayPrompt(promptType, totalPages);
     });
 }

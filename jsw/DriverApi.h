@@ -1,12 +1,10 @@
 #pragma once
 
-#include "PublicLib/locks/CriticalSection.h"
 #include "jsw/ApiGate.h"
 #include "jsw/SingletonMgr.h"
 #include "jsw/modules/Job.h"
 #include <jsw/jsw.h>
 
-#include <atomic>
 #include <cstdint>
 #include <memory>
 
@@ -47,13 +45,10 @@ class DriverApi {
     static unsigned __stdcall endThread(void* argument);
     template <class Work>
     void whileRunning(const char* function, const Work& work);
-    void createSingletons();
-    void destroySingletons();
 
     ApiGate gate_;
-    CriticalSection singletonLock_;  // for the manager only; taken inside the gate, never around it
-    std::unique_ptr<SingletonMgr> singletons_;
     // Of the thread that is inside the gate:
+    std::unique_ptr<SingletonMgr> singletons_;
     bool inPrompt_ = false;
     bool inStep_ = false;  // a start or an end is in progress
 };

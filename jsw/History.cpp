@@ -163,25 +163,19 @@ std::int32_t History::size() const {
 bool History::isPresentInHistory(const std::string& bbId) const {
     MethodTrace trace(component::kJsw, "History::isPresentInHistory: ");
     const std::lock_guard lock(lock_);
-    const bool present = std::find(ids_.begin(), ids_.end(), bbId) != ids_.end();
-    trace.setResult(present);
-    return present;
+    return trace.returning(std::ranges::find(ids_, bbId) != ids_.end());
 }
 
 std::uint32_t History::prev(std::uint32_t index) const {
     MethodTrace trace(component::kJsw, "History::prev: ");
     const std::lock_guard lock(lock_);
-    const std::uint32_t result = index == 0 ? count() - 1 : (index - 1) % count();
-    trace.setResult(static_cast<std::int32_t>(result));
-    return result;
+    return trace.returning(index == 0 ? count() - 1 : (index - 1) % count());
 }
 
 std::uint32_t History::next(std::uint32_t index) const {
     MethodTrace trace(component::kJsw, "History::next: ");
     const std::lock_guard lock(lock_);
-    const std::uint32_t result = (index + 1) % count();
-    trace.setResult(static_cast<std::int32_t>(result));
-    return result;
+    return trace.returning((index + 1) % count());
 }
 
 std::string History::moveTo(std::uint32_t (History::*neighbour)(std::uint32_t) const) {

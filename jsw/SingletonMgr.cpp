@@ -29,6 +29,12 @@ void logBuilt(const char* name) {
             "::instance() <<<");
 }
 
+template <class T>
+void buildNext(const char* name) {
+    T::instance();
+    logBuilt(name);
+}
+
 /// In the order of teardown; skips those that do not exist. A late callback creates none that
 /// stays.
 void destroyJobObjects() {
@@ -56,16 +62,11 @@ void build() {
     BasicLogger::createInstance(kLogMask);
     setUpStore();
     logBuilt("AppUpdatesController");
-    BillboardView::instance();
-    logBuilt("BillboardView");
-    Catalog::instance();
-    logBuilt("Catalog");
-    Controller::instance();
-    logBuilt("Controller");
-    History::instance();
-    logBuilt("History");
-    CurrentProcess::instance();
-    logBuilt("CurrentProcess");
+    buildNext<BillboardView>("BillboardView");
+    buildNext<Catalog>("Catalog");
+    buildNext<Controller>("Controller");
+    buildNext<History>("History");
+    buildNext<CurrentProcess>("CurrentProcess");
     logMarker("<<< SingletonMgr::SingletonMgr");
 }
 

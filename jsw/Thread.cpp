@@ -18,9 +18,8 @@ Thread::~Thread() {
 }
 
 void Thread::launch() {
-    startBlock_ = std::make_unique<StartBlock>(StartBlock{runnable_, 0});
     handle_.reset(reinterpret_cast<HANDLE>(
-        _beginthreadex(nullptr, stackSize_, &Thread::entry, startBlock_.get(), 0, &threadId_)));
+        _beginthreadex(nullptr, kDefaultStackSize, &Thread::entry, runnable_, 0, nullptr)));
     if (!handle_) raiseLastError("Thread::launch()", place::kThreadLaunch);
 }
 
@@ -33,8 +32,7 @@ bool Thread::wait(std::uint32_t timeoutMilliseconds) const {
 }
 
 unsigned __stdcall Thread::entry(void* argument) {
-    Runnable* const runnable = static_cast<StartBlock*>(argument)->runnable;
-    EntryGuard::run(component::kJsw, "a thread", [runnable] { runnable->run(); });
+    EntryGuard::run(component::kJsw, "a thread", [&] { static_cast<Runnable*>(argument)->run(); });
     return 0;
 }
 

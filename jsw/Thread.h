@@ -3,7 +3,6 @@
 #include "PublicLib/win/Handles.h"
 
 #include <cstdint>
-#include <memory>
 
 namespace jsw {
 
@@ -47,18 +46,10 @@ class Thread {
     static constexpr std::uint32_t kDefaultStackSize = 4096;
 
   private:
-    struct StartBlock {
-        Runnable* runnable;
-        std::uintptr_t reserved;
-    };
-
     static unsigned __stdcall entry(void* argument);
 
     Runnable* runnable_;
-    std::uint32_t stackSize_ = kDefaultStackSize;
-    unsigned threadId_ = 0;
     KernelHandle handle_;
-    std::unique_ptr<StartBlock> startBlock_;
 };
 
 }  // namespace jsw

@@ -34,10 +34,6 @@ bool EntryGuard::note(const EXCEPTION_RECORD& exception) {
     return isNew;
 }
 
-bool EntryGuard::catchNow(const EXCEPTION_RECORD& /*exception*/) {
-    return false;
-}
-
 /// The library's frames, including this one, are unwound without their destructors.
 bool EntryGuard::catchOnUnwind() {
     leave();

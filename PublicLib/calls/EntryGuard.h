@@ -20,27 +20,27 @@ class ForeignCall;
 /// would stay held. So callForeign() catches the exception at the call of the foreign code, the
 /// library unwinds normally without calling foreign code again, and the guard re-raises the
 /// exception for the host.
-class EntryGuard : public SehFrame {
+class EntryGuard final : public SehFrame {
   public:
     /// Runs work inside a guard. Does not return if it re-raises an exception.
     template <class Work>
     static void run(const LoggerComponent& component, const char* where, const Work& work) {
-        struct Guard final : EntryGuard {
+        struct Entry {
             const LoggerComponent& component;
             const char* where;
             const Work& work;
-            Guard(const LoggerComponent& c, const char* place, const Work& todo)
-                : component(c), where(place), work(todo) {}
-            static void runWork(SehFrame& frame) {
-                const auto& self = static_cast<Guard&>(frame);
+
+            static void run(void* argument) {
+                const auto& entry = *static_cast<const Entry*>(argument);
                 try {
-                    self.work();
+                    entry.work();
                 } catch (...) {
-                    reportException(self.component, self.where);
+                    reportException(entry.component, entry.where);
                 }
             }
-        } guard(component, where, work);
-        jswRunInSehFrame(guard, &Guard::runWork);
+        } entry{component, where, work};
+        EntryGuard guard;
+        jswRunInSehFrame(guard, &Entry::run, &entry);
         guard.leave();
         guard.reraiseToHost();
     }
@@ -48,13 +48,11 @@ class EntryGuard : public SehFrame {
     EntryGuard(const EntryGuard&) = delete;
     EntryGuard& operator=(const EntryGuard&) = delete;
 
-  protected:
-    EntryGuard();
-    ~EntryGuard() = default;
-
   private:
     friend class ForeignCall;
     friend class NoWaiting;
+
+    EntryGuard();
 
     /// The innermost guard of this thread; null outside the library.
     static EntryGuard* current();
@@ -62,7 +60,6 @@ class EntryGuard : public SehFrame {
     /// Records an exception of foreign code. False if it is already known from an inner call, or
     /// from an inner guard that re-raises it.
     bool note(const EXCEPTION_RECORD& exception);
-    bool catchNow(const EXCEPTION_RECORD& exception) override;
     bool catchOnUnwind() override;
     void leave();
     void reraiseToHost() const;

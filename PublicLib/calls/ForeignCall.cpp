@@ -69,22 +69,18 @@ bool ForeignCall::catchOnUnwind() {
 /// Logs before the fault is handled, so that the line exists even if the process dies. If logging
 /// itself faults, for example because the heap is corrupt, the line is lost.
 void ForeignCall::logFault(const EXCEPTION_RECORD& exception) const {
-    struct Report final : SehFrame {
-        const ForeignCall& call;
-        const EXCEPTION_RECORD& exception;
-        Report(const ForeignCall& c, const EXCEPTION_RECORD& e) : call(c), exception(e) {}
+    struct : SehFrame {
         bool catchNow(const EXCEPTION_RECORD& /*another*/) override { return true; }
-        bool catchOnUnwind() override { return false; }
-        static void write(SehFrame& frame) {
-            const auto& self = static_cast<Report&>(frame);
-            withoutRaising([&] {
-                logLine(self.call.component_, kLogError, "ERROR - the module raised exception ",
-                        hex(self.exception.ExceptionCode), " at ",
-                        placeOf(self.exception.ExceptionAddress), " in ", self.call.name_);
-            });
-        }
-    } report(*this, exception);
-    jswRunInSehFrame(report, &Report::write);
+    } attempt;
+    auto report = [&] {
+        withoutRaising([&] {
+            logLine(component_, kLogError, "ERROR - the module raised exception ",
+                    hex(exception.ExceptionCode), " at ", placeOf(exception.ExceptionAddress),
+                    " in ", name_);
+        });
+    };
+    jswRunInSehFrame(
+        attempt, [](void* work) { (*static_cast<decltype(report)*>(work))(); }, &report);
 }
 
 }  // namespace jsw

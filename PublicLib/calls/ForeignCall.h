@@ -16,21 +16,16 @@ enum class CallEnd {
     skipped,  ///< not called: the entry guard already has an exception to re-raise
 };
 
-/// A call of foreign code: a module's entry point, the driver's callback, or a system function that
-/// runs foreign code. See callForeign().
-class ForeignCall : public SehFrame {
+/// The stack frame around a call of foreign code. See callForeign().
+class ForeignCall final : public SehFrame {
   public:
+    ForeignCall(const LoggerComponent& component, const char* name);
     ForeignCall(const ForeignCall&) = delete;
     ForeignCall& operator=(const ForeignCall&) = delete;
 
     bool mayStart() const { return end_ != CallEnd::skipped; }
-    CallEnd finish() const;
-
-  protected:
-    ForeignCall(const LoggerComponent& component, const char* name);
-    ~ForeignCall() = default;
-
     void noteCppException() { end_ = CallEnd::raised; }
+    CallEnd finish() const;
 
   private:
     bool catchNow(const EXCEPTION_RECORD& exception) override;
@@ -43,7 +38,8 @@ class ForeignCall : public SehFrame {
     CallEnd end_ = CallEnd::returned;
 };
 
-/// Calls foreign code. No exception reaches the caller: C++ exceptions are caught and logged here;
+/// Calls foreign code: a module's entry point, the driver's callback, or a system function that
+/// runs foreign code. No exception reaches the caller: C++ exceptions are caught and logged here;
 /// other structured exceptions are logged before they are handled, and the entry guard re-raises
 /// them. The answer is empty unless the end is CallEnd::returned; then GetLastError() is that of
 /// the call.
@@ -53,36 +49,27 @@ template <class Call>
 auto callForeign(const LoggerComponent& component, const char* name, const Call& call, CallEnd& end)
     -> decltype(call()) {
     using Answer = decltype(call());
-    struct Frame final : ForeignCall {
+    struct Attempt {
         const Call& call;
+        ForeignCall frame;
         std::conditional_t<std::is_void_v<Answer>, char, Answer> answer{};
-        Frame(const LoggerComponent& c, const char* n, const Call& function)
-            : ForeignCall(c, n), call(function) {}
-        static void runCall(SehFrame& frame) {
-            auto& self = static_cast<Frame&>(frame);
+
+        static void run(void* argument) {
+            auto& attempt = *static_cast<Attempt*>(argument);
             try {
                 if constexpr (std::is_void_v<Answer>) {
-                    self.call();
+                    attempt.call();
                 } else {
-                    self.answer = self.call();
+                    attempt.answer = attempt.call();
                 }
             } catch (...) {
-                self.noteCppException();
+                attempt.frame.noteCppException();
             }
         }
-    } frame(component, name, call);
-    if (frame.mayStart()) jswRunInSehFrame(frame, &Frame::runCall);
-    end = frame.finish();
-    return static_cast<Answer>(std::move(frame.answer));
-}
-
-/// Calls an entry point of a module. If it raises, the answer is empty, and the print job goes on.
-template <class Function, class... Args>
-auto callEntry(const LoggerComponent& component, const char* name, Function* entry,
-               const Args&... args) -> decltype(entry(args...)) {
-    CallEnd end{};
-    return callForeign(
-        component, name, [&] { return entry(args...); }, end);
+    } attempt{call, {component, name}};
+    if (attempt.frame.mayStart()) jswRunInSehFrame(attempt.frame, &Attempt::run, &attempt);
+    end = attempt.frame.finish();
+    return static_cast<Answer>(std::move(attempt.answer));
 }
 
 }  // namespace jsw

@@ -60,6 +60,7 @@ jswRunInSehFrame:
 	.seh_handler jswHandleException, @unwind, @except
 	.seh_endprologue
 	movq %rcx, )" JSW_ASM(JSW_SEH_FRAME_OFFSET) R"((%rsp)
+	movq %r8, %rcx
 	call *%rdx
 	nop  # a call right before the epilogue would count as part of it, without a handler
 jswSehFrameCaught:

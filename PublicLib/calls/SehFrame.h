@@ -13,16 +13,16 @@ namespace jsw {
 class SehFrame {
   public:
     /// During the search. True catches the exception before outer frames see it.
-    virtual bool catchNow(const EXCEPTION_RECORD& exception) = 0;
+    virtual bool catchNow(const EXCEPTION_RECORD& /*exception*/) { return false; }
     /// During unwinding to an outer frame or by longjmp(). True stops it here.
-    virtual bool catchOnUnwind() = 0;
+    virtual bool catchOnUnwind() { return false; }
 
   protected:
     ~SehFrame() = default;
 };
 
-/// Runs work(frame) in such a stack frame. Returns when work returns or the frame has caught an
+/// Runs work(argument) in such a stack frame. Returns when work returns or the frame has caught an
 /// exception.
-extern "C" void jswRunInSehFrame(SehFrame& frame, void (*work)(SehFrame& frame));
+extern "C" void jswRunInSehFrame(SehFrame& frame, void (*work)(void* argument), void* argument);
 
 }  // namespace jsw

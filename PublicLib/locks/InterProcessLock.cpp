@@ -3,23 +3,16 @@
 #include "PublicLib/errors/ErrorPlaces.h"
 
 #include <exception>
-#include <utility>
 
 namespace jsw {
 
-InterProcessLock::InterProcessLock(std::string name)
-    : name_(std::move(name)), mutex_(false, name_, true) {
+InterProcessLock::InterProcessLock(const std::string& name)
+    : isNamed_(!name.empty()), mutex_(false, name, true) {
 }
 
 void InterProcessLock::lock() {
-    if (name_.empty()) {
-        throw Win32Exception("InterProcessLock has no name", 0, place::kLockWithoutName);
-    }
+    if (!isNamed_) throw Win32Exception("InterProcessLock has no name", 0, place::kLockWithoutName);
     mutex_.acquire(INFINITE);
-}
-
-void InterProcessLock::unlock() {
-    mutex_.release();
 }
 
 InterProcessLock::Hold::~Hold() {

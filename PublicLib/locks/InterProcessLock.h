@@ -10,12 +10,12 @@ namespace jsw {
 class InterProcessLock {
   public:
     /// Throws Win32Exception if the mutex cannot be created.
-    explicit InterProcessLock(std::string name);
+    explicit InterProcessLock(const std::string& name);
 
     /// Throws Win32Exception if the lock has no name or waiting fails.
     void lock();
     /// Throws Win32Exception if the mutex cannot be released.
-    void unlock();
+    void unlock() { mutex_.release(); }
 
     /// Holds a lock for a scope. If it cannot be released, the work under it still succeeds: the
     /// debugger output says so, and the mutex becomes free when this thread ends.
@@ -31,7 +31,7 @@ class InterProcessLock {
     };
 
   private:
-    std::string name_;
+    const bool isNamed_;
     Mutex mutex_;
 };
 

@@ -6,44 +6,26 @@ namespace jsw {
 
 namespace {
 
-/// Security attributes with access for everyone: a null access list.
-class OpenToEveryone {
-  public:
-    OpenToEveryone() {
-        if (InitializeSecurityDescriptor(&descriptor_, SECURITY_DESCRIPTOR_REVISION) == FALSE) {
-            raiseLastError("Mutex::Mutex() InitializeSecurityDescriptor failed",
-                           place::kMutexDescriptor);
-        }
-        if (SetSecurityDescriptorDacl(&descriptor_, TRUE, nullptr, FALSE) == FALSE) {
-            raiseLastError("Mutex::Mutex() SetSecurityDescriptorDacl failed",
-                           place::kMutexAccessList);
-        }
+/// Gives everyone access, by a null access list.
+void openToEveryone(SECURITY_DESCRIPTOR& descriptor) {
+    if (InitializeSecurityDescriptor(&descriptor, SECURITY_DESCRIPTOR_REVISION) == FALSE) {
+        raiseLastError("Mutex::Mutex() InitializeSecurityDescriptor failed",
+                       place::kMutexDescriptor);
     }
-
-    SECURITY_ATTRIBUTES* attributes() { return &attributes_; }
-
-  private:
-    SECURITY_DESCRIPTOR descriptor_{};
-    SECURITY_ATTRIBUTES attributes_{sizeof(SECURITY_ATTRIBUTES), &descriptor_, FALSE};
-};
-
-KernelHandle createMutex(SECURITY_ATTRIBUTES* attributes, bool initialOwner,
-                         const std::string& name) {
-    KernelHandle handle(
-        CreateMutexA(attributes, initialOwner, name.empty() ? nullptr : name.c_str()));
-    if (!handle) raiseLastError("Mutex::createMutex() CreateMutex failed", place::kMutexCreate);
-    return handle;
+    if (SetSecurityDescriptorDacl(&descriptor, TRUE, nullptr, FALSE) == FALSE) {
+        raiseLastError("Mutex::Mutex() SetSecurityDescriptorDacl failed", place::kMutexAccessList);
+    }
 }
 
 }  // namespace
 
 Mutex::Mutex(bool initialOwner, const std::string& name, bool withEveryoneAccess) {
-    if (withEveryoneAccess) {
-        OpenToEveryone everyone;
-        handle_ = createMutex(everyone.attributes(), initialOwner, name);
-    } else {
-        handle_ = createMutex(nullptr, initialOwner, name);
-    }
+    SECURITY_DESCRIPTOR descriptor{};
+    SECURITY_ATTRIBUTES attributes{sizeof attributes, &descriptor, FALSE};
+    if (withEveryoneAccess) openToEveryone(descriptor);
+    handle_.reset(CreateMutexA(withEveryoneAccess ? &attributes : nullptr, initialOwner,
+                               name.empty() ? nullptr : name.c_str()));
+    if (!handle_) raiseLastError("Mutex::createMutex() CreateMutex failed", place::kMutexCreate);
     // A mutex that already exists is not acquired, even with initialOwner.
     isHeld_ = initialOwner && GetLastError() != ERROR_ALREADY_EXISTS;
 }

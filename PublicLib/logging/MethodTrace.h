@@ -62,7 +62,12 @@ class MethodTrace {
     void setResult(std::uint32_t value) noexcept { setResult(asSigned(value)); }
     void setResult(std::string_view value) noexcept;
 
-    /// Records and returns the result; an enumerator counts as its number.
+    /// Records a truth value by its name and hands it on.
+    bool answering(bool value) noexcept {
+        setResult(value ? "true" : "false");
+        return value;
+    }
+    /// Records the result and hands it on; an enumerator counts as its number.
     template <class Value>
     Value returning(Value value) noexcept {
         if constexpr (std::is_enum_v<Value>) {

@@ -3,10 +3,10 @@
 #include "PublicLib/NeverDestroyed.h"
 #include "PublicLib/locks/Singleton.h"
 #include "jsw/modules/InkInfoText.h"
-#include "jsw/modules/ViewEntryPoints.h"
 #include "jsw/settings/OfnSettings.h"
 #include "jsw/settings/Settings.h"
 
+#include <cctype>
 #include <map>
 #include <mutex>
 #include <vector>
@@ -38,6 +38,27 @@ class ViewModules {
 };
 NeverDestroyed<ViewModules> viewModules;
 
+/// An option of the window that a job sets.
+struct Appearance {
+    const char* tag;
+    const view::EntryPoint<JswViewFlag>& entry;
+    const setting::Number& number;
+};
+
+constexpr Appearance kAppearance[] = {
+    {"BillboardView::setShowProcessWindow: ", view::kSetShowProcessWindow,
+     setting::kShowProcessWindow},
+    {"BillboardView::setJswProgressMinimized: ", view::kSetJswProgressMinimized,
+     setting::kJobProgressMinimized},
+    {"BillboardView::setShowSpecialMessages: ", view::kSetShowSpecialMessages,
+     setting::kShowSpecialMessages},
+    {"BillboardView::setReserveModeCart1: ", view::kSetReserveModeCart1,
+     setting::kCart1ReserveTankFlag},
+    {"BillboardView::setReserveModeCart2: ", view::kSetReserveModeCart2,
+     setting::kCart2ReserveTankFlag},
+    {"BillboardView::setCompleteAPrint: ", view::kSetCompleteAPrintMode, setting::kCompleteToPrint},
+};
+
 }  // namespace
 
 std::shared_ptr<BillboardView> BillboardView::instance() {
@@ -60,21 +81,34 @@ BillboardView::~BillboardView() {
     MethodTrace trace(component::kJsw, "BillboardView::~BillboardView: ");
 }
 
+template <class Entry>
+ModuleCall<typename Entry::Function> BillboardView::find(const Entry& entry,
+                                                         MethodTrace& trace) const {
+    return findEntry<typename Entry::Function>(dll_, component::kJsw, entry.name, trace);
+}
+
+template <class Entry, class... Args>
+void BillboardView::forwardAs(const char* tag, const Entry& entry, const Args&... args) const {
+    MethodTrace trace(component::kJsw, tag);
+    find(entry, trace)(args...);
+}
+
+/// The trace has the name of the entry point, with a small letter in front.
 template <class Entry, class... Args>
 void BillboardView::forward(const Entry& entry, const Args&... args) const {
-    using Function = typename Entry::FunctionType;
-    MethodTrace trace(component::kJsw, entry.tag);
-    lookUpAndCall<Function>(dll_, component::kJsw, entry.name, trace, args...);
+    const char initial[] = {static_cast<char>(std::tolower(*entry.name)), '\0'};
+    MethodTrace trace(component::kJsw, "BillboardView::", initial, entry.name + 1, ": ");
+    find(entry, trace)(args...);
 }
 
 /// Forwards with a ">>> " line before and a "<<< " line after the call.
-template <class Function, class... Args>
-void BillboardView::forwardMarked(const char* tag, const char* name, MethodTrace& trace,
+template <class Entry, class... Args>
+void BillboardView::forwardMarked(const char* tag, const Entry& entry, MethodTrace& trace,
                                   const Args&... args) const {
     logLine(component::kJsw, kLogModuleCall, ">>> ", tag);
-    auto* function = findEntry<Function>(dll_, name, trace);
-    if (function == nullptr) return;
-    callEntry(component::kJsw, name, function, args...);
+    const auto call = find(entry, trace);
+    if (!call) return;
+    call(args...);
     logLine(component::kJsw, kLogModuleCall, "<<< ", tag);
 }
 
@@ -122,20 +156,18 @@ void BillboardView::setUp(const Job& job, const FirstBillboard& first) {
     forward(view::kSetJobType, asSigned(job.jobType));
     forward(view::kSetCurrentPage, asSigned(job.currentPage));
     forward(view::kSetTotalPages, asSigned(job.totalPages));
-    setShowPageInfo(job.totalPages != kUnknownPages && job.totalPages != kUncountedPages);
+    const bool showPageInfo = job.totalPages != kUnknownPages && job.totalPages != kUncountedPages;
+    forwardAs(showPageInfo ? "BillboardView::setShowPageInfo: showPageInfo=(true)"
+                           : "BillboardView::setShowPageInfo: showPageInfo=(false)",
+              view::kSetShowPageInfo, JswBool{showPageInfo});
     forward(view::kSetCurrentCopy, asSigned(job.currentCopy));
     forward(view::kSetTotalCopies, asSigned(job.totalCopies));
     forward(view::kSetInkInfo, job.inkInfo);
     forward(view::kSetPortType, asSigned(job.portType));
-    forward(view::kSetJswCallback, &jswCallback);
+    forwardAs("BillboardView::setJSWCallback: ", view::kSetJswCallback, &jswCallback);
     forward(view::kSetBillboardCallback, &billboardCallback);
     displayBillboard(first.defaultBillboard, first.navigate, first.restore);
-    setShowProcessWindow();
-    setJswProgressMinimized();
-    setShowSpecialMessages();
-    setReserveModeCart1();
-    setReserveModeCart2();
-    setCompleteAPrint();
+    setAppearance();
     setUpdateSoftware();
     forward(view::kSetSaveAppearanceCallback, &saveAppearanceCallback);
     forward(view::kSetSaveValueCallback, &saveValueCallback);
@@ -158,8 +190,7 @@ void BillboardView::jswUpdateInfo(std::uint32_t value1, std::uint32_t value2, st
                                   void* data) {
     MethodTrace silent;  // called for every page: never logs
     if (dll_ == nullptr) return;
-    lookUpAndCall<JswViewUpdateInfo>(dll_, component::kJsw, "UpdateInfo", silent, value1, value2,
-                                     value3, data);
+    find(view::kUpdateInfo, silent)(value1, value2, value3, data);
 }
 
 void BillboardView::displayBillboard(const std::string& billboard, bool enableBillboardNavigation,
@@ -169,21 +200,20 @@ void BillboardView::displayBillboard(const std::string& billboard, bool enableBi
     trace.add("billboard= '", billboard, "' enableBillboardNavigation=", enableBillboardNavigation,
               " restoreWindow=", restoreWindow);
     if (!isUp_) return;  // for a click that outlives its job
-    forwardMarked<JswViewDisplayBillboard>(kTag, "DisplayBillboard", trace, billboard.c_str(),
-                                           JswBool{enableBillboardNavigation},
-                                           JswBool{restoreWindow});
+    forwardMarked(kTag, view::kDisplayBillboard, trace, billboard.c_str(),
+                  JswBool{enableBillboardNavigation}, JswBool{restoreWindow});
 }
 
 void BillboardView::showGui() {
     constexpr char kTag[] = "BillboardView::showGui: ";
     MethodTrace trace(component::kJsw, kTag);
-    forwardMarked<JswViewPlain>(kTag, "ShowGui", trace);
+    forwardMarked(kTag, view::kShowGui, trace);
 }
 
 void BillboardView::hideGui() {
     constexpr char kTag[] = "BillboardView::hideGui: ";
     MethodTrace trace(component::kJsw, kTag);
-    forwardMarked<JswViewPlain>(kTag, "HideGui", trace);
+    forwardMarked(kTag, view::kHideGui, trace);
 }
 
 void BillboardView::setDataPath(const std::string& dataPath) const {
@@ -194,14 +224,7 @@ void BillboardView::setDataPath(const std::string& dataPath) const {
         trace.add("ERROR - The GUI DLL is not loaded");
         return;
     }
-    lookUpAndCall<JswViewText>(dll_, component::kJsw, "SetDataPath", trace, dataPath.c_str());
-}
-
-void BillboardView::setShowPageInfo(bool showPageInfo) const {
-    MethodTrace trace(component::kJsw, "BillboardView::setShowPageInfo: showPageInfo=(",
-                      showPageInfo, ")");
-    lookUpAndCall<JswViewShowPageInfo>(dll_, component::kJsw, "SetShowPageInfo", trace,
-                                       JswBool{showPageInfo});
+    find(view::kSetDataPath, trace)(dataPath.c_str());
 }
 
 bool BillboardView::readFlag(const setting::Number& number) const {
@@ -210,57 +233,35 @@ bool BillboardView::readFlag(const setting::Number& number) const {
     return value != 0;
 }
 
-void BillboardView::setGuiSetting(const char* function, const setting::Number& number,
-                                  std::uint32_t defaultValue) const {
+void BillboardView::setGuiSetting(const view::EntryPoint<JswViewFlag>& entry,
+                                  const setting::Number& number, std::uint32_t defaultValue) const {
     MethodTrace trace(component::kJsw, "BillboardView::setGuiSetting: ");
-    trace.add("function='", function, "' ofnPath='", number.key, "' valueName='", number.name,
+    trace.add("function='", entry.name, "' ofnPath='", number.key, "' valueName='", number.name,
               "' defaultValue=", asSigned(defaultValue));
-    auto* entry = findEntry<JswViewFlag>(dll_, function, trace);
-    if (entry == nullptr) return;
+    const auto call = find(entry, trace);
+    if (!call) return;
     std::uint32_t value = defaultValue;
     OfnSettings(ofnPath_).read(number, value);
     trace.add("value =", value);
-    callEntry(component::kJsw, function, entry, value);
+    call(value);
 }
 
-void BillboardView::setShowProcessWindow() {
-    MethodTrace trace(component::kJsw, "BillboardView::setShowProcessWindow: ");
-    showProcessWindow_ = readFlag(setting::kShowProcessWindow);
-    setGuiSetting("SetShowProcessWindow", setting::kShowProcessWindow, showProcessWindow_);
-}
-
-void BillboardView::setJswProgressMinimized() const {
-    MethodTrace trace(component::kJsw, "BillboardView::setJswProgressMinimized: ");
-    setGuiSetting("SetJswProgressMinimized", setting::kJobProgressMinimized, 0);
-}
-
-void BillboardView::setShowSpecialMessages() {
-    MethodTrace trace(component::kJsw, "BillboardView::setShowSpecialMessages: ");
-    showSpecialMessages_ = readFlag(setting::kShowSpecialMessages);
-    // Unlike the process window's, this default is always "on".
-    setGuiSetting("SetShowSpecialMessages", setting::kShowSpecialMessages, 1);
-}
-
-void BillboardView::setReserveModeCart1() const {
-    MethodTrace trace(component::kJsw, "BillboardView::setReserveModeCart1: ");
-    setGuiSetting("SetReserveModeCart1", setting::kCart1ReserveTankFlag, 0);
-}
-
-void BillboardView::setReserveModeCart2() const {
-    MethodTrace trace(component::kJsw, "BillboardView::setReserveModeCart2: ");
-    setGuiSetting("SetReserveModeCart2", setting::kCart2ReserveTankFlag, 0);
-}
-
-void BillboardView::setCompleteAPrint() const {
-    MethodTrace trace(component::kJsw, "BillboardView::setCompleteAPrint: ");
-    setGuiSetting("SetCompleteAPrintMode", setting::kCompleteToPrint, 0);
+void BillboardView::setAppearance() {
+    for (const Appearance& option : kAppearance) {
+        MethodTrace trace(component::kJsw, option.tag);
+        std::uint32_t defaultValue = option.number.defaultValue;
+        if (&option.number == &setting::kShowProcessWindow)
+            defaultValue = showProcessWindow_ = readFlag(option.number);
+        if (&option.number == &setting::kShowSpecialMessages)
+            showSpecialMessages_ = readFlag(option.number);
+        setGuiSetting(option.entry, option.number, defaultValue);
+    }
 }
 
 void BillboardView::setUpdateSoftware() const {
     MethodTrace trace(component::kJsw, "BillboardView::setUpdateSoftware: ");
-    constexpr char kName[] = "SetUpdateSoftware";
-    auto* entry = findEntry<JswViewFlag>(dll_, kName, trace);
-    if (entry == nullptr) return;
+    const auto call = find(view::kSetUpdateSoftware, trace);
+    if (!call) return;
     std::uint32_t updateSoftware = 0;
     const setting::Number& check = setting::kCheckForUpdates;
     if (Settings().read(check, updateSoftware) != Read::found) {
@@ -268,14 +269,13 @@ void BillboardView::setUpdateSoftware() const {
                   check.name, "'.");
     }
     trace.add("updateSoftware=", updateSoftware);
-    callEntry(component::kJsw, kName, entry, updateSoftware);
+    call(updateSoftware);
 }
 
 void BillboardView::setSavedValues() const {
     MethodTrace trace(component::kJsw, "BillboardView::setSavedValues: ");
-    constexpr char kName[] = "SetSavedValue";
-    auto* entry = findEntry<JswViewSavedValue>(dll_, kName, trace);
-    if (entry == nullptr) return;
+    const auto call = find(view::kSetSavedValue, trace);
+    if (!call) return;
     const Settings settings;
     std::vector<std::string> names;
     if (!settings.getValueNames(setting::kGuiKey, names)) {
@@ -287,7 +287,7 @@ void BillboardView::setSavedValues() const {
         std::string value;
         if (settings.getValue(setting::kGuiKey, name, value)) {
             trace.add("ValueName=", name, ". Value=", value, ".");
-            callEntry(component::kJsw, kName, entry, name.c_str(), value.c_str());
+            call(name.c_str(), value.c_str());
         } else {
             trace.add("ERROR - unable to read value for valueName=", name, ".");
         }

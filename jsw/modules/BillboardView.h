@@ -3,8 +3,8 @@
 #include "jsw/modules/Job.h"
 #include "jsw/modules/ModuleBinding.h"
 #include "jsw/modules/Subject.h"
+#include "jsw/modules/ViewEntryPoints.h"
 #include "jsw/settings/SettingNames.h"
-#include <jsw/view.h>
 
 #include <atomic>
 #include <cstdint>
@@ -43,8 +43,6 @@ class BillboardView : public Subject {
     /// @param billboard  file name below the data path's "Scripts" folder; empty for none
     void displayBillboard(const std::string& billboard, bool enableBillboardNavigation,
                           bool restoreWindow);
-    void showGui();
-    void hideGui();
 
     bool showSpecialMessages() const { return showSpecialMessages_; }
 
@@ -55,25 +53,25 @@ class BillboardView : public Subject {
     static void saveValueCallback(const char* key, const char* value);
     static void saveUpdateSoftwareCallback(std::int32_t updateSoftware);
 
+    template <class Entry>
+    ModuleCall<typename Entry::Function> find(const Entry& entry, MethodTrace& trace) const;
+    template <class Entry, class... Args>
+    void forwardAs(const char* tag, const Entry& entry, const Args&... args) const;
     template <class Entry, class... Args>
     void forward(const Entry& entry, const Args&... args) const;
-    template <class Function, class... Args>
-    void forwardMarked(const char* tag, const char* name, MethodTrace& trace,
+    template <class Entry, class... Args>
+    void forwardMarked(const char* tag, const Entry& entry, MethodTrace& trace,
                        const Args&... args) const;
 
     void logInkInfo(const InkInfo& inkInfo) const;
     void setUp(const Job& job, const FirstBillboard& first);
+    void showGui();
+    void hideGui();
     void setDataPath(const std::string& dataPath) const;
-    void setShowPageInfo(bool showPageInfo) const;
-    void setShowProcessWindow();
-    void setJswProgressMinimized() const;
-    void setShowSpecialMessages();
-    void setReserveModeCart1() const;
-    void setReserveModeCart2() const;
-    void setCompleteAPrint() const;
+    void setAppearance();
     void setUpdateSoftware() const;
     void setSavedValues() const;
-    void setGuiSetting(const char* function, const setting::Number& number,
+    void setGuiSetting(const view::EntryPoint<JswViewFlag>& entry, const setting::Number& number,
                        std::uint32_t defaultValue) const;
     bool readFlag(const setting::Number& number) const;
     void saveAppearance(const std::string& key, std::int32_t value);

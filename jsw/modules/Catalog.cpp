@@ -60,6 +60,11 @@ Catalog::~Catalog() {
     MethodTrace trace(component::kCatalog, "Catalog::~Catalog: ");
 }
 
+template <class Function>
+ModuleCall<Function> Catalog::find(const char* name, MethodTrace& trace) const {
+    return findEntry<Function>(dll_.get(), component::kCatalog, name, trace);
+}
+
 bool Catalog::initialize() {
     MethodTrace trace(component::kCatalog, "Catalog::initialize: ");
     const std::lock_guard lock(loadLock_);
@@ -76,12 +81,10 @@ bool Catalog::initialize() {
         trace.add("ERROR - Catalog is not loaded.");
         return false;
     }
-    constexpr char kName[] = "Initialize";
-    auto* entry = findEntry<JswCatalogInitialize>(dll_.get(), kName, trace);
-    if (entry == nullptr) return false;
+    const auto start = find<JswCatalogInitialize>("Initialize", trace);
+    if (!start) return false;
     CallEnd end{};
-    callForeign(
-        component::kCatalog, kName, [&] { entry(&allocateForModule); }, end);
+    start.telling(end, &allocateForModule);
     if (end != CallEnd::returned) {
         // A module that could not start is not queried; the next query tries to load it again.
         dll_.reset();
@@ -99,7 +102,7 @@ void Catalog::uninitialize() {
         trace.add("ERROR - Catalog is not loaded.");
         return;
     }
-    lookUpAndCall<JswCatalogUnInitialize>(dll_.get(), component::kCatalog, "UnInitialize", trace);
+    find<JswCatalogUnInitialize>("UnInitialize", trace)();
 }
 
 /// Queries the module; returns the empty answer if that is not possible.
@@ -107,7 +110,7 @@ template <class Function>
 auto Catalog::ask(const char* name, const std::string& id, MethodTrace& trace)
     -> decltype(std::declval<Function>()(nullptr)) {
     if (!initialize()) return {};
-    return lookUpAndCall<Function>(dll_.get(), component::kCatalog, name, trace, id.c_str());
+    return find<Function>(name, trace)(id.c_str());
 }
 
 std::string Catalog::askText(const char* tag, const char* name, const std::string& bbId) {
@@ -150,9 +153,9 @@ void Catalog::askList(const ListTexts& texts, const std::string& id, std::vector
                       MethodTrace& trace) {
     list.clear();
     if (!initialize()) return;
-    auto* entry = findEntry<JswCatalogList>(dll_.get(), texts.entryName, trace);
-    if (entry == nullptr) return;
-    char** const answer = callEntry(component::kCatalog, texts.entryName, entry, id.c_str());
+    const auto entry = find<JswCatalogList>(texts.entryName, trace);
+    if (!entry) return;
+    char** const answer = entry(id.c_str());
     if (answer == nullptr) {
         trace.add(kNoList);
         return;

@@ -40,6 +40,8 @@ class Catalog {
     struct ListTexts;
 
     template <class Function>
+    ModuleCall<Function> find(const char* name, MethodTrace& trace) const;
+    template <class Function>
     auto ask(const char* name, const std::string& id, MethodTrace& trace)
         -> decltype(std::declval<Function>()(nullptr));
     std::string askText(const char* tag, const char* name, const std::string& bbId);

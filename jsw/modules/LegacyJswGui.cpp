@@ -32,47 +32,37 @@ LegacyJswGui::~LegacyJswGui() {
     MethodTrace trace(component::kJsw, "LegacyJswGui::~LegacyJswGui: ");
 }
 
-/// The entry point, or null. Without a module a line is written even with the log off.
+/// The entry point. Without a module a line is written even with the log off.
 template <class Function>
-Function* LegacyJswGui::find(const char* operation, const char* name, MethodTrace& trace) const {
-    if (dll_) return findEntry<Function>(dll_.get(), name, trace);
+ModuleCall<Function> LegacyJswGui::find(const char* operation, const char* name,
+                                        MethodTrace& trace) const {
+    if (dll_) return findEntry<Function>(dll_.get(), component::kJsw, name, trace);
     logLine(component::kJsw, kLogError, operation, " called but GUI not loaded");
-    return nullptr;
+    return {component::kJsw, name, nullptr};
 }
 
 bool LegacyJswGui::jswInitEx(const std::string& text) {
     MethodTrace trace(component::kJsw, "LegacyJswGui::jswInitEx: ");
-    constexpr char kName[] = "JSWInitEx";
-    auto* entry = find<JswLegacyInitEx>("jswInitEx", kName, trace);
-    if (entry == nullptr) return false;
-    const std::uint32_t answer = callEntry(component::kJsw, kName, entry, text.c_str());
-    trace.setResult(asSigned(answer));
-    return answer != 0;
+    const auto entry = find<JswLegacyInitEx>("jswInitEx", "JSWInitEx", trace);
+    if (!entry) return false;
+    return trace.returning(asSigned(entry(text.c_str()))) != 0;
 }
 
 void LegacyJswGui::jswTerminate() {
     MethodTrace trace(component::kJsw, "LegacyJswGui::jswTerminate: ");
-    constexpr char kName[] = "JSWTerminate";
-    if (auto* entry = find<JswLegacyTerminate>("jswTerminate", kName, trace)) {
-        callEntry(component::kJsw, kName, entry);
-    }
+    find<JswLegacyTerminate>("jswTerminate", "JSWTerminate", trace)();
 }
 
 void LegacyJswGui::jswDisplayPrompt(std::uint32_t promptType, std::uint32_t totalPages) {
     MethodTrace trace(component::kJsw, "LegacyJswGui::jswDisplayPrompt: ");
     trace.add("promptType=", asSigned(promptType), ", totalPages=", asSigned(totalPages));
-    constexpr char kName[] = "JSWDisplayPrompt";
-    if (auto* entry = find<JswLegacyDisplayPrompt>("jswDisplayPrompt", kName, trace)) {
-        callEntry(component::kJsw, kName, entry, asSigned(promptType), asSigned(totalPages));
-    }
+    find<JswLegacyDisplayPrompt>("jswDisplayPrompt", "JSWDisplayPrompt", trace)(
+        asSigned(promptType), asSigned(totalPages));
 }
 
 void LegacyJswGui::jswPostDlgMsg(void* message) {
     MethodTrace trace(component::kJsw, "LegacyJswGui::jswPostDlgMsg: ");
-    constexpr char kName[] = "JSWPostDlgMsg";
-    if (auto* entry = find<JswLegacyPostDlgMsg>("jswPostDlgMsg", kName, trace)) {
-        callEntry(component::kJsw, kName, entry, message);
-    }
+    find<JswLegacyPostDlgMsg>("jswPostDlgMsg", "JSWPostDlgMsg", trace)(message);
 }
 
 }  // namespace jsw

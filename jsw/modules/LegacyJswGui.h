@@ -28,7 +28,7 @@ class LegacyJswGui {
 
   private:
     template <class Function>
-    Function* find(const char* operation, const char* name, MethodTrace& trace) const;
+    ModuleCall<Function> find(const char* operation, const char* name, MethodTrace& trace) const;
 
     std::unique_ptr<ModuleDll> dll_;
 };

@@ -36,24 +36,45 @@ std::string moduleFilePath(const setting::Text& module);
 std::unique_ptr<ModuleDll> loadModule(const std::string& fileName, const LoggerComponent& component,
                                       MethodTrace& trace);
 
-/// The module's entry point, or null with a line in the trace. Looked up at every call, because the
-/// module may be loaded again between two calls.
+/// An entry point of a module. If it is missing, or raises, a call returns the empty answer, and
+/// the print job goes on.
 template <class Function>
-Function* findEntry(const ModuleDll* dll, const char* name, MethodTrace& trace) {
-    Function* entry = dll == nullptr ? nullptr : findEntryPoint<Function>(dll->handle(), name);
-    if (entry == nullptr) trace.add("Could not get proc address for ", name);
-    return entry;
-}
+class ModuleCall {
+  public:
+    ModuleCall(const LoggerComponent& component, const char* name, Function* entry)
+        : component_(component), name_(name), entry_(entry) {}
 
-/// Looks up an entry point and calls it; returns the empty answer if it is missing.
-template <class Function, class... Args>
-auto lookUpAndCall(const ModuleDll* dll, const LoggerComponent& component, const char* name,
-                   MethodTrace& trace, const Args&... args)
-    -> decltype(std::declval<Function>()(args...)) {
-    if (auto* entry = findEntry<Function>(dll, name, trace)) {
-        return callEntry(component, name, entry, args...);
+    explicit operator bool() const { return entry_ != nullptr; }
+
+    template <class... Args>
+    auto operator()(const Args&... args) const {
+        CallEnd end{};
+        return telling(end, args...);
     }
-    return decltype(std::declval<Function>()(args...))();
+    /// Calls it and tells how that ended; end stays as it is when there is nothing to call.
+    template <class... Args>
+    auto telling(CallEnd& end, const Args&... args) const
+        -> decltype(std::declval<Function>()(args...)) {
+        if (entry_ == nullptr) return decltype(entry_(args...))();
+        return callForeign(
+            component_, name_, [&] { return entry_(args...); }, end);
+    }
+
+  private:
+    const LoggerComponent& component_;
+    const char* name_;
+    Function* entry_;
+};
+
+/// A module's entry point; the trace notes a missing one. Looked up at every call, because the
+/// module may be loaded again between two calls.
+/// @param dll  null when there is no module
+template <class Function>
+ModuleCall<Function> findEntry(const ModuleDll* dll, const LoggerComponent& component,
+                               const char* name, MethodTrace& trace) {
+    auto* entry = dll == nullptr ? nullptr : findEntryPoint<Function>(dll->handle(), name);
+    if (entry == nullptr) trace.add("Could not get proc address for ", name);
+    return {component, name, entry};
 }
 
 /// The allocation function for modules: size bytes that this library frees, or null.

@@ -20,10 +20,8 @@ auto RulesEngine::forward(const char* name, MethodTrace& trace, const Args&... a
         trace.add("The rules engine DLL is not loaded.");
         return decltype(std::declval<Function>()(args...))();
     }
-    auto* entry = findEntry<Function>(dll_.get(), name, trace);
-    if (entry == nullptr) return decltype(entry(args...))();
-    return callForeign(
-        component::kRulesEngine, name, [&] { return entry(args...); }, lastCall_);
+    return findEntry<Function>(dll_.get(), component::kRulesEngine, name, trace)
+        .telling(lastCall_, args...);
 }
 
 bool RulesEngine::initialize(const InkInfo& inkInfo, const std::string& friendlyName,

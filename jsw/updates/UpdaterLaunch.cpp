@@ -45,9 +45,14 @@ BOOL startAsUser(HANDLE token, const std::string& path, void* environment) {
     STARTUPINFOA startup{};
     startup.cb = sizeof(startup);
     PROCESS_INFORMATION info{};
-    const BOOL started = callEntry(
-        component::kUpdater, "CreateProcessAsUserA", &CreateProcessAsUserA, token, nullptr,
-        commandLine.data(), nullptr, nullptr, FALSE, kFlags, environment, nullptr, &startup, &info);
+    CallEnd end{};
+    const BOOL started = callForeign(
+        component::kUpdater, "CreateProcessAsUserA",
+        [&] {
+            return CreateProcessAsUserA(token, nullptr, commandLine.data(), nullptr, nullptr, FALSE,
+                                        kFlags, environment, nullptr, &startup, &info);
+        },
+        end);
     if (started == FALSE) return FALSE;
     const KernelHandle process(info.hProcess);
     const KernelHandle thread(info.hThread);
@@ -59,10 +64,15 @@ BOOL startAsUser(HANDLE token, const std::string& path, void* environment) {
 void AppUpdatesController::checkForUpdatesVista(const std::string& updaterPath) {
     MethodTrace trace(component::kUpdater, "AppUpdatesController::checkForUpdatesVista: ");
     constexpr INT_PTR kHighestError = 32;
-    const auto result = reinterpret_cast<INT_PTR>(
-        callEntry(component::kUpdater, "ShellExecuteA", &ShellExecuteA, nullptr, "RunAs",
-                  updaterPath.c_str(), "-UAC", nullptr, SW_SHOWNORMAL));
-    // A failure is not an error: there may be no updater, and the user may refuse the elevation.
+    CallEnd end{};
+    const auto result = reinterpret_cast<INT_PTR>(callForeign(
+        component::kUpdater, "ShellExecuteA",
+        [&] {
+            return ShellExecuteA(nullptr, "RunAs", updaterPath.c_str(), "-UAC", nullptr,
+                                 SW_SHOWNORMAL);
+        },
+        end));
+    // A failure is no news: there may be no updater, and the user may refuse the elevation.
     if (result > kHighestError) trace.add("Updater launched successfully.");
 }
 

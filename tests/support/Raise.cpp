@@ -13,8 +13,8 @@ void* CALLBACK consolidate(EXCEPTION_RECORD* /*record*/) {
 
 }  // namespace
 
-void HostGuard::run(SehFrame& frame) {
-    auto& self = static_cast<HostGuard&>(frame);
+void HostGuard::run(void* guard) {
+    auto& self = *static_cast<HostGuard*>(guard);
     self.base_ = __builtin_dwarf_cfa();
     self.work_();
 }

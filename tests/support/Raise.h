@@ -39,7 +39,7 @@ class HostGuard : public SehFrame {
         const std::function<void()>& work, Unwind unwind = Unwind::withRecord,
         const std::function<void()>& whenAsked = [] {}) {
         HostGuard guard(work, unwind, whenAsked);
-        jswRunInSehFrame(guard, &HostGuard::run);
+        jswRunInSehFrame(guard, &HostGuard::run, &guard);
         return guard.asked_;
     }
     /// The code of the exception that came out, or 0.
@@ -49,13 +49,12 @@ class HostGuard : public SehFrame {
     }
 
     bool catchNow(const EXCEPTION_RECORD& exception) override;
-    bool catchOnUnwind() override { return false; }
 
   private:
     HostGuard(const std::function<void()>& work, Unwind unwind,
               const std::function<void()>& whenAsked)
         : work_(work), whenAsked_(whenAsked), unwind_(unwind) {}
-    static void run(SehFrame& frame);
+    static void run(void* guard);
 
     const std::function<void()>& work_;
     const std::function<void()>& whenAsked_;
