@@ -112,7 +112,7 @@ void BillboardChoice::processRule(const std::string& ruleResult) {
     isInkType_ = equalsIgnoringCase(catalog_->getBillboardType(ruleResult), "ink_status");
     if (isInkType_) {
         if (controller_.isBillboardIdValid(ruleResult)) {
-            texts_.setInkStatusId(ruleResult);
+            texts_.set(&JobText::inkStatusId, ruleResult);
         } else {
             logBypassed(ruleResult);
         }

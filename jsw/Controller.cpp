@@ -43,7 +43,7 @@ Controller::Controller() {
     view_->attach(this);
     setDataPath(determineDataPath());
     defaultBillboardId_ = determineInitialBillboard();
-    texts_.setDisplayedId(defaultBillboardId_);
+    texts_.set(&JobText::displayedId, defaultBillboardId_);
 }
 
 Controller::~Controller() {
@@ -98,7 +98,7 @@ bool Controller::jswInit(const Job& job) {
     stop_ = false;
     // This object may serve several jobs: if the previous one was ended inside a prompt or not at
     // all.
-    texts_.reset(job.friendlyName, defaultBillboardId_);
+    texts_.reset({.friendlyName = job.friendlyName, .displayedId = defaultBillboardId_});
     if (!isMsXmlValid()) return false;
 
     const BillboardData billboard = getDefaultBillboardData();
@@ -166,7 +166,7 @@ void Controller::jswDisplayPrompt(std::uint32_t promptType, std::uint32_t totalP
         return;
     }
     const ScopedValue up(legacyGui_, gui);
-    if (!gui->jswInitEx(texts_.friendlyName())) {
+    if (!gui->jswInitEx(texts_.get(&JobText::friendlyName))) {
         logLine(component::kJsw, kLogError, "ERROR - unable to initialize old Jsw GUI.");
         return;
     }

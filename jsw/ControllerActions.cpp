@@ -72,10 +72,10 @@ void Controller::doBillboardCallback(const std::string& action, std::uint32_t ac
     } else if (is("PREVIOUS")) {
         walkHistory(History::instance()->getPrevious(), trace);
     } else if (is("CURRENT")) {
-        const std::string current = texts_.currentId();
+        const std::string current = texts_.get(&JobText::currentId);
         changeBillboard(current.empty() ? defaultBillboardId_ : current);
     } else if (is("INK_STATUS")) {
-        changeBillboard(texts_.inkStatusId());
+        changeBillboard(texts_.get(&JobText::inkStatusId));
     }
 }
 
@@ -92,7 +92,7 @@ void Controller::launchApp(std::uint32_t actionId) {
     trace.add("params: actionId=", actionId);
     logFailureOf("exception thrown during launchApp", [&] {
         const std::string command = Catalog::instance()->getBillboardActionParam(
-            texts_.displayedId(), static_cast<std::int32_t>(actionId));
+            texts_.get(&JobText::displayedId), static_cast<std::int32_t>(actionId));
         trace.add("Launching app=", command, ".");
         launch(command, nullptr, "Unable to launch application, error=");
     });
@@ -103,12 +103,12 @@ void Controller::launchUrl(std::uint32_t actionId) {
     trace.add("params: actionId=", actionId);
     logFailureOf("exception thrown during launchUrl", [&] {
         const std::string param = Catalog::instance()->getBillboardActionParam(
-            texts_.displayedId(), static_cast<std::int32_t>(actionId));
+            texts_.get(&JobText::displayedId), static_cast<std::int32_t>(actionId));
         if (param.empty()) {
             trace.add("empty action parameter. Doing nothing.");
             return;
         }
-        MacroResolver resolver(Printer::instance(texts_.friendlyName()));
+        MacroResolver resolver(Printer::instance(texts_.get(&JobText::friendlyName)));
         const std::string url = resolver.replaceMacros(param);
         trace.add("Launching URL=", url, ".");
         launch(url, "%HOMEDRIVE%%HOMEPATH%", "Unable to launch url, error=");

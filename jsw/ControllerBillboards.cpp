@@ -29,8 +29,8 @@ void Controller::changeBillboard(const std::string& bbId) {
     }
     logLine(component::kJsw, kLogRules, "Controller::changeBillboard: Billboard id=", bbId,
             ", fileName=", data->fileName, ".");
-    if (!equalsIgnoringCase(data->type, "ink_status")) texts_.setCurrentId(bbId);
-    texts_.setDisplayedId(bbId);
+    if (!equalsIgnoringCase(data->type, "ink_status")) texts_.set(&JobText::currentId, bbId);
+    texts_.set(&JobText::displayedId, bbId);
     view_->displayBillboard(data->fileName, data->navigate, data->restore);
 }
 

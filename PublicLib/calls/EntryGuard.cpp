@@ -19,7 +19,8 @@ bool isSame(const EXCEPTION_RECORD& one, const EXCEPTION_RECORD& other) {
 
 }  // namespace
 
-EntryGuard::EntryGuard() : outer_(current()) {
+EntryGuard::EntryGuard()
+    : outer_(current()), mustNotWait_(outer_ != nullptr && outer_->mustNotWait_) {
     TlsSetValue(currentGuard, this);
 }
 

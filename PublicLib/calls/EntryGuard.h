@@ -65,9 +65,9 @@ class EntryGuard final : public SehFrame {
     void reraiseToHost() const;
 
     EntryGuard* const outer_;
+    bool mustNotWait_;                           // see NoWaiting
     std::optional<EXCEPTION_RECORD> exception_;  // the last one of foreign code
     bool mustReraise_ = false;                   // exception_, after the library has unwound
-    bool mustNotWait_ = false;                   // see NoWaiting
 };
 
 }  // namespace jsw

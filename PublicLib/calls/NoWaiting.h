@@ -1,5 +1,6 @@
 #pragma once
 
+#include "PublicLib/ScopedValue.h"
 #include "PublicLib/calls/EntryGuard.h"
 
 namespace jsw {
@@ -9,17 +10,18 @@ namespace jsw {
 /// thread, always inside an EntryGuard.
 class NoWaiting {
   public:
-    NoWaiting();
-    ~NoWaiting();
-    NoWaiting(const NoWaiting&) = delete;
-    NoWaiting& operator=(const NoWaiting&) = delete;
+    NoWaiting() : flag_(guard_ != nullptr ? guard_->mustNotWait_ : noGuards_, true) {}
 
     /// Whether this thread has one, in any of its guards.
-    static bool holdsHere();
+    static bool holdsHere() {
+        const EntryGuard* guard = EntryGuard::current();
+        return guard != nullptr && guard->mustNotWait_;
+    }
 
   private:
-    EntryGuard* const guard_;
-    const bool before_;
+    EntryGuard* const guard_ = EntryGuard::current();
+    bool noGuards_ = false;
+    const ScopedValue<bool> flag_;
 };
 
 }  // namespace jsw
