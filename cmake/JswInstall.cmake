@@ -3,6 +3,7 @@
 #   bin/          jsw.dll with its symbols beside it, the modules, tools, the demonstration
 #   include/jsw/  the public headers
 #   lib/          import library, lib/cmake/jsw the CMake package
+#   common/       the sources that samples and windows share
 #   samples/      the sources of the samples; the kit's root is the project that builds them
 #   window/       the sources of the job window and the prompt, which are built, too
 #   docs/         the documents
@@ -33,8 +34,9 @@ install(
 install(FILES tools/qldemo/qldejsw.loc DESTINATION bin)
 install(DIRECTORY tools/qldemo/scripts DESTINATION bin)
 install(DIRECTORY samples/content/ DESTINATION bin/data)
+install(DIRECTORY window/languages/ DESTINATION bin)
 
-install(DIRECTORY samples window DESTINATION .)
+install(DIRECTORY common samples window DESTINATION .)
 install(FILES cmake/HeaderPackages.cmake cmake/JswTargets.cmake cmake/mingw-w64.cmake DESTINATION cmake)
 install(FILES cmake/kit/CMakeLists.txt README.md CHANGELOG.md DESTINATION .)
 install(DIRECTORY docs DESTINATION .)

@@ -115,7 +115,7 @@ function(jsw_module name)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
   set(JSW_PRECOMPILED quick_headers) # also among the tests: a module knows nothing of GoogleTest
   if(NOT TARGET module_end)
-    add_library(module_end OBJECT ${PROJECT_SOURCE_DIR}/samples/common/ModuleEnd.cpp)
+    add_library(module_end OBJECT ${PROJECT_SOURCE_DIR}/common/ModuleEnd.cpp)
     target_link_libraries(module_end PRIVATE jsw_options)
     jsw_reuse_headers(module_end)
   endif()
@@ -124,6 +124,21 @@ function(jsw_module name)
                                                      ${CMAKE_RUNTIME_OUTPUT_DIRECTORY})
   target_link_libraries(${name} PRIVATE jsw_options ${ARG_LINK})
   jsw_reuse_headers(${name})
+endfunction()
+
+# jsw_copy_files(target base folder file...): the target copies files, named from the folder base on,
+# into a folder of the one that the programs lie in.
+function(jsw_copy_files target base folder)
+  foreach(file ${ARGN})
+    set(source ${CMAKE_CURRENT_SOURCE_DIR}/${base}/${file})
+    set(copy ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/${folder}/${file})
+    add_custom_command(
+      OUTPUT ${copy}
+      COMMAND ${CMAKE_COMMAND} -E copy ${source} ${copy}
+      DEPENDS ${source})
+    list(APPEND copies ${copy})
+  endforeach()
+  add_custom_target(${target} ALL DEPENDS ${copies})
 endfunction()
 
 # jsw_split_symbols(target): in a release build the target's debug symbols go into a file beside it:

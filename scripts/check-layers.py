@@ -57,7 +57,7 @@ def check(library, source, file, seen):
 for source, library in owner.items():
     check(library, source, source, set())
 public = {path.name for path in (root / "include/jsw").glob("*.h")}
-for folder in ("include", "jsw", "PublicLib", "window", "samples", "tools", "tests", "bench"):
+for folder in ("include", "jsw", "PublicLib", "common", "window", "samples", "tools", "tests", "bench"):
     for path in sorted((root / folder).rglob("*.[ch]*")):
         if path.suffix not in (".c", ".cpp", ".h"):
             continue

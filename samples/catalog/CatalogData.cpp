@@ -1,7 +1,6 @@
 #include "samples/catalog/CatalogData.h"
 
 namespace jsw::sample {
-
 namespace {
 
 Billboard readBillboard(const XmlNode& element) {
@@ -12,13 +11,9 @@ Billboard readBillboard(const XmlNode& element) {
     billboard.restore = element.flag("restore");
     billboard.carts = element.attribute("carts");
     for (const XmlNode& child : element.children) {
-        if (child.name != "action") {
-            continue;
-        }
+        if (child.name != "action") continue;
         // Buttons refer to actions by number: skipping one would renumber the later ones.
-        if (child.text.empty()) {
-            break;
-        }
+        if (child.text.empty()) break;
         billboard.actions.push_back(child.text);
     }
     return billboard;
@@ -39,9 +34,7 @@ std::vector<std::string> readProjects(const XmlNode& element) {
 CatalogData::CatalogData(const XmlNode& root) {
     for (const XmlNode& element : root.children) {
         const std::string id = element.attribute("id");
-        if (id.empty()) {
-            continue;
-        }
+        if (id.empty()) continue;
         if (element.name == "billboard") {
             billboards_[id] = readBillboard(element);
         } else if (element.name == "category") {

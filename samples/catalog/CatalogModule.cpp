@@ -77,7 +77,7 @@ JswBool flagFor(const char* billboardId, bool Billboard::*field) noexcept {
 void Initialize(JswAllocate allocate) {
     try {
         const std::string path = jsw::sample::HostStore().dataFile(
-            "Settings\\Catalog\\", "CatalogFilename", "catalog.xml", &sourceLock);
+            "Settings\\Catalog\\", "CatalogFilename", "catalog.xml");
         const auto root = jsw::sample::loadXmlFile(path);
         setSource(
             {std::make_shared<CatalogData>(root ? CatalogData(*root) : CatalogData()), allocate});

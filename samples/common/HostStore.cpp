@@ -1,6 +1,7 @@
 #include "samples/common/HostStore.h"
 
-#include "samples/common/XmlNode.h"
+#include "common/Files.h"
+#include "common/Letters.h"
 #include <jsw/product_lines.h>
 
 #include <windows.h>
@@ -13,7 +14,6 @@
 #include <vector>
 
 namespace jsw::sample {
-
 namespace {
 
 constexpr size_t kLocalIdLength = 4;
@@ -68,64 +68,24 @@ std::optional<std::vector<char>> readValue(const std::string& store, const std::
     return bytes;
 }
 
-std::string moduleFileName(HMODULE module) {
-    std::string name(MAX_PATH, '\0');
-    for (;;) {
-        const DWORD length =
-            GetModuleFileNameA(module, name.data(), static_cast<DWORD>(name.size()));
-        if (length < name.size()) {
-            name.resize(length);
-            return name;
-        }
-        name.resize(name.size() * 2);
-    }
-}
-
-/** The folder, with a trailing backslash, of the module that contains an address. */
-std::string moduleFolder(const void* address) {
-    HMODULE module = nullptr;
-    GetModuleHandleExA(
-        GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-        static_cast<const char*>(address), &module);
-    const std::string name = moduleFileName(module);
-    return name.substr(0, name.find_last_of('\\') + 1);
-}
-
-std::string fullPath(const std::string& path) {
-    std::string full(MAX_PATH, '\0');
-    for (;;) {
-        const DWORD length =
-            GetFullPathNameA(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr);
-        if (length < full.size()) {
-            full.resize(length);
-            return length == 0 ? path : full;
-        }
-        full.resize(length);
-    }
-}
-
 }  // namespace
 
 std::string hostId() {
-    const std::string program = moduleFileName(nullptr);
-    return toLower(program.substr(program.find_last_of('\\') + 1, kLocalIdLength));
+    const std::string program = common::moduleFileName(nullptr);
+    return common::toLower(program.substr(program.find_last_of('\\') + 1, kLocalIdLength));
 }
 
 HostStore::HostStore() : HostStore(hostId()) {
 }
 
-HostStore::HostStore(const std::string& localId) : path_(storePath(toLower(localId))) {
-    if (!openKey(path_)) {
-        path_.clear();
-    }
+HostStore::HostStore(const std::string& localId) : path_(storePath(common::toLower(localId))) {
+    if (!openKey(path_)) path_.clear();
 }
 
 std::string HostStore::text(const std::string& subKey, const std::string& name,
                             const std::string& fallback) const {
     const auto bytes = readValue(path_, subKey, name, REG_SZ, REG_EXPAND_SZ);
-    if (!bytes) {
-        return fallback;
-    }
+    if (!bytes) return fallback;
     // A stored text may have no terminator.
     std::string value(bytes->begin(), bytes->end());
     value.resize(value.find('\0') == std::string::npos ? value.size() : value.find('\0'));
@@ -135,9 +95,7 @@ std::string HostStore::text(const std::string& subKey, const std::string& name,
 uint32_t HostStore::number(const std::string& subKey, const std::string& name,
                            uint32_t fallback) const {
     const auto bytes = readValue(path_, subKey, name, REG_DWORD, REG_DWORD);
-    if (!bytes || bytes->size() != sizeof(uint32_t)) {
-        return fallback;
-    }
+    if (!bytes || bytes->size() != sizeof(uint32_t)) return fallback;
     uint32_t value = 0;
     std::copy(bytes->begin(), bytes->end(), reinterpret_cast<char*>(&value));
     return value;
@@ -169,12 +127,11 @@ bool HostStore::setValue(const std::string& subKey, const std::string& name, uin
 }
 
 std::string HostStore::dataFile(const std::string& subKey, const std::string& name,
-                                const std::string& fallback, const void* addressInModule) const {
-    std::string folder = text("Settings\\", "DataPath", moduleFolder(addressInModule) + "data");
-    if (folder.back() != '\\') {
-        folder += '\\';
-    }
-    return fullPath(folder + text(subKey, name, fallback));
+                                const std::string& fallback) const {
+    std::string folder =
+        text("Settings\\", "DataPath", common::moduleFolder(common::thisModule()) + "data");
+    if (folder.back() != '\\') folder += '\\';
+    return common::fullPath(folder + text(subKey, name, fallback));
 }
 
 }  // namespace jsw::sample

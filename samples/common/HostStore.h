@@ -34,16 +34,14 @@ class HostStore {
     bool setNumber(const std::string& subKey, const std::string& name, uint32_t value) const;
 
     /**
-     * The full path of a file in the data folder: the value "DataPath" (a relative one is relative
-     * to the current folder), or the folder "data" beside the module.
+     * The full path of a file in the data folder. The folder is the value "DataPath" (relative to
+     * the current folder when it is relative), or the folder "data" beside this module.
      *
-     * @param subKey, name     the setting with the file's name
-     * @param fallback         the default name
-     * @param addressInModule  an address inside the calling module
+     * @param subKey, name     where the store keeps the file's name
+     * @param fallback         the name when the store has none
      */
     [[nodiscard]] std::string dataFile(const std::string& subKey, const std::string& name,
-                                       const std::string& fallback,
-                                       const void* addressInModule) const;
+                                       const std::string& fallback) const;
 
   private:
     bool setValue(const std::string& subKey, const std::string& name, uint32_t type,

@@ -9,7 +9,6 @@
 #include <cstdlib>
 
 namespace jsw::sample {
-
 namespace {
 
 std::string problemFile(const std::string& path) {
@@ -33,9 +32,7 @@ void reportProblem(const std::string& path, const std::string& problem) {
     report(path + ": " + problem);
     // Not a C++ stream, which leaks an index of thread-local storage.
     std::FILE* const file = std::fopen(problemFile(path).c_str(), "w");
-    if (file == nullptr) {
-        return;
-    }
+    if (file == nullptr) return;
     const std::string line = now() + ' ' + path + ": " + problem + '\n';
     std::fputs(line.c_str(), file);
     std::fclose(file);

@@ -1,86 +1,68 @@
 #include "samples/common/XmlFile.h"
 
-#include "samples/common/Com.h"
+#include "common/Com.h"
+#include "common/Encoding.h"
+#include "common/Letters.h"
 #include "samples/common/ProblemFile.h"
 
 // After Com.h: the parser's header relies on the COM headers.
 #include <msxml2.h>
 #include <shlwapi.h>
 
-namespace jsw::sample {
+#include <wrl/client.h>
 
+namespace jsw::sample {
 namespace {
+
+using Microsoft::WRL::ComPtr;
 
 /** Limits the recursion over elements: our files need three levels. */
 constexpr int kDeepestElement = 32;
 
-std::wstring widen(std::string_view text) {
-    if (text.empty()) {
-        return {};
-    }
-    const int length = static_cast<int>(text.size());
-    std::wstring wide(
-        static_cast<size_t>(MultiByteToWideChar(CP_ACP, 0, text.data(), length, nullptr, 0)),
-        L'\0');
-    MultiByteToWideChar(CP_ACP, 0, text.data(), length, wide.data(), static_cast<int>(wide.size()));
-    return wide;
-}
-
-std::string narrow(std::wstring_view text) {
-    if (text.empty()) {
-        return {};
-    }
-    const int length = static_cast<int>(text.size());
-    std::string bytes(static_cast<size_t>(WideCharToMultiByte(CP_ACP, 0, text.data(), length,
-                                                              nullptr, 0, nullptr, nullptr)),
-                      '\0');
-    WideCharToMultiByte(CP_ACP, 0, text.data(), length, bytes.data(),
-                        static_cast<int>(bytes.size()), nullptr, nullptr);
-    return bytes;
+std::string trimmed(std::wstring_view text) {
+    return std::string(common::trim(common::ansi(text)));
 }
 
 void copyAttributes(IXMLDOMNode& element, XmlNode& node) {
     ComPtr<IXMLDOMNamedNodeMap> attributes;
     long count = 0;
-    if (element.get_attributes(attributes.out()) != S_OK ||
+    if (element.get_attributes(attributes.GetAddressOf()) != S_OK ||
         FAILED(attributes->get_length(&count))) {
         return;
     }
     for (long index = 0; index < count; ++index) {
         ComPtr<IXMLDOMNode> attribute;
-        ComString name;
-        ComString value;
-        if (attributes->get_item(index, attribute.out()) == S_OK &&
+        common::ComString name;
+        common::ComString value;
+        if (attributes->get_item(index, attribute.GetAddressOf()) == S_OK &&
             SUCCEEDED(attribute->get_nodeName(name.out())) &&
             SUCCEEDED(attribute->get_text(value.out()))) {
-            node.attributes[narrow(name.view())] = trim(narrow(value.view()));
+            node.attributes[common::ansi(name.view())] = trimmed(value.view());
         }
     }
 }
 
 /** False if an element is nested too deeply. */
 bool copyElement(IXMLDOMNode& element, int depth, XmlNode& node) {
-    if (depth > kDeepestElement) {
-        return false;
-    }
-    ComString name;
-    ComString text;
+    if (depth > kDeepestElement) return false;
+    common::ComString name;
+    common::ComString text;
     if (SUCCEEDED(element.get_nodeName(name.out())) && SUCCEEDED(element.get_text(text.out()))) {
-        node.name = narrow(name.view());
-        node.text = trim(narrow(text.view()));
+        node.name = common::ansi(name.view());
+        node.text = trimmed(text.view());
     }
     copyAttributes(element, node);
 
     ComPtr<IXMLDOMNode> child;
-    element.get_firstChild(child.out());
+    element.get_firstChild(child.GetAddressOf());
     while (child) {
         DOMNodeType type = NODE_INVALID;
         if (SUCCEEDED(child->get_nodeType(&type)) && type == NODE_ELEMENT &&
-            !copyElement(*child.get(), depth + 1, node.children.emplace_back())) {
+            !copyElement(*child.Get(), depth + 1, node.children.emplace_back())) {
             return false;
         }
         ComPtr<IXMLDOMNode> next;
-        child->get_nextSibling(next.out());
+        child->get_nextSibling(next.GetAddressOf());
         child = std::move(next);
     }
     return true;
@@ -88,13 +70,13 @@ bool copyElement(IXMLDOMNode& element, int depth, XmlNode& node) {
 
 std::string parseErrorText(IXMLDOMDocument& document) {
     ComPtr<IXMLDOMParseError> error;
-    ComString reason;
+    common::ComString reason;
     long line = 0;
-    if (FAILED(document.get_parseError(error.out())) || FAILED(error->get_reason(reason.out())) ||
-        FAILED(error->get_line(&line))) {
+    if (FAILED(document.get_parseError(error.GetAddressOf())) ||
+        FAILED(error->get_reason(reason.out())) || FAILED(error->get_line(&line))) {
         return "cannot be read";
     }
-    return "line " + std::to_string(line) + ": " + trim(narrow(reason.view()));
+    return "line " + std::to_string(line) + ": " + trimmed(reason.view());
 }
 
 ComPtr<IXMLDOMDocument> createDocument() {
@@ -102,9 +84,8 @@ ComPtr<IXMLDOMDocument> createDocument() {
     CLSID parser = {};
     if (FAILED(CLSIDFromProgID(L"MSXML2.DomDocument.3.0", &parser)) ||
         FAILED(CoCreateInstance(parser, nullptr, CLSCTX_INPROC_SERVER, IID_IXMLDOMDocument,
-                                document.outVoid()))) {
-        document.reset();
-        return document;
+                                reinterpret_cast<void**>(document.GetAddressOf())))) {
+        return nullptr;
     }
     document->put_async(VARIANT_FALSE);
     // Loads no external files to which an XML file refers.
@@ -116,7 +97,7 @@ ComPtr<IXMLDOMDocument> createDocument() {
 }  // namespace
 
 std::optional<XmlNode> readXmlFile(const std::string& path, std::string& problem) {
-    const ComScope com;
+    const common::ComScope com;
     const ComPtr<IXMLDOMDocument> document =
         com.ready() ? createDocument() : ComPtr<IXMLDOMDocument>();
     if (!document) {
@@ -126,23 +107,24 @@ std::optional<XmlNode> readXmlFile(const std::string& path, std::string& problem
     // A stream, not the file's name: the parser would treat the name as an address and load
     // download libraries into the host.
     ComPtr<IStream> file;
-    if (SHCreateStreamOnFileW(widen(path).c_str(), STGM_READ | STGM_SHARE_DENY_WRITE, file.out()) !=
-        S_OK) {
+    if (SHCreateStreamOnFileW(common::wideFromAnsi(path).c_str(), STGM_READ | STGM_SHARE_DENY_WRITE,
+                              file.GetAddressOf()) != S_OK) {
         problem = "cannot be opened";
         return std::nullopt;
     }
     VARIANT source;
     VariantInit(&source);
     source.vt = VT_UNKNOWN;
-    source.punkVal = file.get();
+    source.punkVal = file.Get();
     VARIANT_BOOL loaded = VARIANT_FALSE;
     if (document->load(source, &loaded) != S_OK || loaded != VARIANT_TRUE) {
-        problem = parseErrorText(*document.get());
+        problem = parseErrorText(*document.Get());
         return std::nullopt;
     }
     ComPtr<IXMLDOMElement> root;
     XmlNode node;
-    if (document->get_documentElement(root.out()) != S_OK || !copyElement(*root.get(), 1, node)) {
+    if (document->get_documentElement(root.GetAddressOf()) != S_OK ||
+        !copyElement(*root.Get(), 1, node)) {
         problem = "no root element, or elements nested too deeply";
         return std::nullopt;
     }

@@ -22,13 +22,4 @@ struct XmlNode {
     [[nodiscard]] bool flag(std::string_view attributeName) const;
 };
 
-/** Compares, ignoring the case of ASCII letters. */
-[[nodiscard]] bool equalsIgnoringCase(std::string_view left, std::string_view right);
-
-/** ASCII letters to lower case. */
-[[nodiscard]] std::string toLower(std::string_view text);
-
-/** Without the blanks, tabs and line ends at both ends. */
-[[nodiscard]] std::string trim(std::string_view text);
-
 }  // namespace jsw::sample

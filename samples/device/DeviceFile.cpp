@@ -1,28 +1,20 @@
 #include "samples/device/DeviceFile.h"
 
+#include "common/Letters.h"
+
 #include <algorithm>
 #include <charconv>
 #include <limits>
 
 namespace jsw::sample {
-
 namespace {
 
-constexpr std::string_view kBlanks = " \t\r";
 constexpr size_t kMaxText = 255;
-
-std::string_view trimmed(std::string_view text) {
-    const size_t first = text.find_first_not_of(kBlanks);
-    if (first == std::string_view::npos) {
-        return {};
-    }
-    return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
-}
 
 /** Cuts the text up to a separator off the front and trims it. */
 std::string_view cut(std::string_view& text, std::string_view separators) {
     const size_t end = std::min(text.find_first_of(separators), text.size());
-    const std::string_view part = trimmed(text.substr(0, end));
+    const std::string_view part = common::trim(text.substr(0, end));
     text.remove_prefix(std::min(end + 1, text.size()));
     return part;
 }
@@ -53,9 +45,7 @@ std::vector<uint8_t> recordData(std::string_view form, std::string_view value, i
     if (form == "byte") {
         return {readNumber<uint8_t>(value, line)};
     }
-    if (form == "number") {
-        return bigEndian(readNumber<uint32_t>(value, line));
-    }
+    if (form == "number") return bigEndian(readNumber<uint32_t>(value, line));
     throw DeviceFileError(line,
                           "a record is an id, then \"text\" (up to 255 characters), "
                           "\"char\", \"byte\" or \"number\", then the value");
@@ -63,13 +53,11 @@ std::vector<uint8_t> recordData(std::string_view form, std::string_view value, i
 
 /** Appends "ID FORM VALUE" to a cache record, which begins with a header of two bytes. */
 void addRecord(std::vector<uint8_t>& cache, std::string_view value, int line) {
-    if (cache.empty()) {
-        cache.assign(2, 0);
-    }
-    const auto id = readNumber<uint16_t>(cut(value, kBlanks), line);
-    value = trimmed(value);
-    const std::string_view form = cut(value, kBlanks);
-    const std::vector<uint8_t> data = recordData(form, trimmed(value), line);
+    if (cache.empty()) cache.assign(2, 0);
+    const auto id = readNumber<uint16_t>(cut(value, " \t"), line);
+    value = common::trim(value);
+    const std::string_view form = cut(value, " \t");
+    const std::vector<uint8_t> data = recordData(form, common::trim(value), line);
     cache.push_back(static_cast<uint8_t>(id >> 8));
     cache.push_back(static_cast<uint8_t>(id));
     cache.push_back(static_cast<uint8_t>(data.size()));
@@ -100,16 +88,14 @@ std::vector<DevicePrinter> readDeviceFile(std::string_view text) {
     std::vector<DevicePrinter> printers;
     for (int line = 1; !text.empty(); ++line) {
         std::string_view content = cut(text, "\n");
-        if (content.empty() || content.front() == '#') {
-            continue;
-        }
+        if (content.empty() || content.front() == '#') continue;
         if (content.front() == '[' && content.back() == ']') {
-            printers.emplace_back().name = trimmed(content.substr(1, content.size() - 2));
+            printers.emplace_back().name = common::trim(content.substr(1, content.size() - 2));
         } else if (printers.empty()) {
             throw DeviceFileError(line, "a printer's [name] must come first");
         } else {
             const std::string_view key = cut(content, "=");
-            takeValue(printers.back(), key, trimmed(content), line);
+            takeValue(printers.back(), key, common::trim(content), line);
         }
     }
     return printers;

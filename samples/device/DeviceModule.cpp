@@ -3,6 +3,7 @@
  * The entry points of the sample device client, which simulates the printers of a file. The
  * environment variable JSW_DEVICE_FILE names the file; the first user's PcsInitialize reads it.
  */
+#include "common/Files.h"
 #include "samples/common/ModuleLock.h"
 #include "samples/common/Report.h"
 #include "samples/device/Devices.h"
@@ -61,18 +62,16 @@ JswDeviceStatus withDevice(DeviceKind kind, JswDeviceHandle handle, const Work& 
 /** Calls call(device) for the interfaces of a kind until the callback stops it. */
 template <class Callback, class Call>
 JswDeviceStatus enumerate(DeviceKind kind, Callback* callback, const Call& call) noexcept {
-    if (callback == nullptr) {
-        return ERROR_INVALID_PARAMETER;
-    }
+    if (callback == nullptr) return ERROR_INVALID_PARAMETER;
     return with([&](const Devices& devices) -> JswDeviceStatus {
         for (const Device& device : devices.all()) {
-            if (device.kind == kind && call(device) == 0) {
-                break;
-            }
+            if (device.kind == kind && call(device) == 0) break;
         }
         return ERROR_SUCCESS;
     });
 }
+
+constexpr size_t kMostBytes = 1024 * 1024;  // of a device file
 
 std::string deviceFilePath() {
     std::string path(GetEnvironmentVariableA("JSW_DEVICE_FILE", nullptr, 0), '\0');
@@ -81,30 +80,9 @@ std::string deviceFilePath() {
     return path;
 }
 
-struct CloseFile {
-    void operator()(std::FILE* file) const { static_cast<void>(std::fclose(file)); }
-};
-
-/**
- * The bytes of a file; nothing if it cannot be read. Not a C++ stream, which leaks an index of
- * thread-local storage each time the module is loaded.
- */
-std::optional<std::string> readFile(const std::string& path) {
-    const std::unique_ptr<std::FILE, CloseFile> file(std::fopen(path.c_str(), "rb"));
-    if (!file) {
-        return std::nullopt;
-    }
-    std::string bytes;
-    char part[1024];
-    while (const size_t size = std::fread(&part[0], 1, sizeof(part), file.get())) {
-        bytes.append(&part[0], size);
-    }
-    return std::ferror(file.get()) == 0 ? std::optional(bytes) : std::nullopt;
-}
-
 std::unique_ptr<const Devices> loadDevices() {
     const std::string path = deviceFilePath();
-    const std::optional<std::string> text = readFile(path);
+    const std::optional<std::string> text = jsw::common::readStart(path, kMostBytes);
     if (!text) {
         jsw::sample::report("JSW_DEVICE_FILE (" + path + ") cannot be read");
         return nullptr;
@@ -130,12 +108,8 @@ bool isOpen(JswDeviceHandle printer) {
 }
 
 JswDeviceStatus copyText(const std::string& text, char* buffer, uint32_t size, uint32_t* length) {
-    if (buffer == nullptr || length == nullptr) {
-        return ERROR_INVALID_PARAMETER;
-    }
-    if (text.size() >= size) {
-        return ERROR_INSUFFICIENT_BUFFER;
-    }
+    if (buffer == nullptr || length == nullptr) return ERROR_INVALID_PARAMETER;
+    if (text.size() >= size) return ERROR_INSUFFICIENT_BUFFER;
     std::memcpy(buffer, text.c_str(), text.size() + 1);
     *length = static_cast<uint32_t>(text.size());
     return ERROR_SUCCESS;
@@ -145,9 +119,7 @@ JswDeviceStatus getText(DeviceKind kind, JswDeviceHandle handle, const char* pro
                         uint32_t size, uint32_t* length) noexcept {
     return withDevice(kind, handle, [&](const Device& device) -> JswDeviceStatus {
         const std::string name = property == nullptr ? "" : property;
-        if (name == JSW_DEVICE_PORT_PROPERTY) {
-            return copyText(device.port, buffer, size, length);
-        }
+        if (name == JSW_DEVICE_PORT_PROPERTY) return copyText(device.port, buffer, size, length);
         if (name == JSW_DEVICE_TRANSPORT_PROPERTY) {
             return copyText(device.printer->transport, buffer, size, length);
         }
@@ -160,9 +132,7 @@ JswDeviceStatus getText(DeviceKind kind, JswDeviceHandle handle, const char* pro
 JswDeviceStatus PcsInitialize() {
     try {
         const std::lock_guard lock(stateLock);
-        if (users == 0) {
-            currentDevices = loadDevices();
-        }
+        if (users == 0) currentDevices = loadDevices();
         if (!currentDevices) {
             SetLastError(ERROR_FILE_NOT_FOUND);
             return ERROR_FILE_NOT_FOUND;
@@ -185,9 +155,7 @@ JswDeviceStatus PcsUninitialize() {
 }
 
 JswDeviceStatus PcsGetClientId(JswDeviceClientId* client, const char* /*server*/) {
-    if (client == nullptr) {
-        return ERROR_INVALID_PARAMETER;
-    }
+    if (client == nullptr) return ERROR_INVALID_PARAMETER;
     const std::lock_guard lock(stateLock);
     *client = ++lastClientId;
     return ERROR_SUCCESS;
@@ -235,12 +203,8 @@ JswDeviceStatus PcsGetCachePrinter(JswDeviceClientId /*client*/, JswDeviceHandle
                                    uint8_t* buffer, uint32_t size, uint32_t* length) {
     return withDevice(DeviceKind::printer, printer, [&](const Device& device) -> JswDeviceStatus {
         const auto& cache = device.printer->cache;
-        if (buffer == nullptr || length == nullptr) {
-            return ERROR_INVALID_PARAMETER;
-        }
-        if (cache.empty()) {
-            return ERROR_FILE_NOT_FOUND;
-        }
+        if (buffer == nullptr || length == nullptr) return ERROR_INVALID_PARAMETER;
+        if (cache.empty()) return ERROR_FILE_NOT_FOUND;
         *length = copyOut(cache, buffer, size);
         return ERROR_SUCCESS;
     });
@@ -262,13 +226,9 @@ JswDeviceStatus PcsExchangeBidiPrinter(JswDeviceClientId /*client*/, JswDeviceHa
         if (request == nullptr || response == nullptr || responseLength == nullptr) {
             return ERROR_INVALID_PARAMETER;
         }
-        if (!isOpen(printer)) {
-            return ERROR_INVALID_HANDLE;
-        }
+        if (!isOpen(printer)) return ERROR_INVALID_HANDLE;
         const auto answer = jsw::sample::answerPacket(*device.printer, {request, requestLength});
-        if (answer.empty()) {
-            return ERROR_NOT_SUPPORTED;
-        }
+        if (answer.empty()) return ERROR_NOT_SUPPORTED;
         copyOut(answer, response, responseSize);
         *responseLength = static_cast<uint32_t>(answer.size());
         return ERROR_SUCCESS;
@@ -278,9 +238,7 @@ JswDeviceStatus PcsExchangeBidiPrinter(JswDeviceClientId /*client*/, JswDeviceHa
 JswDeviceStatus PcsClosePrinter(JswDeviceClientId /*client*/, JswDeviceHandle printer) {
     const std::lock_guard lock(stateLock);
     const auto open = openPrinters.find(printer);
-    if (open == openPrinters.end()) {
-        return ERROR_INVALID_HANDLE;
-    }
+    if (open == openPrinters.end()) return ERROR_INVALID_HANDLE;
     openPrinters.erase(open);
     return ERROR_SUCCESS;
 }

@@ -5,7 +5,6 @@
 #include <utility>
 
 namespace jsw::sample {
-
 namespace {
 
 constexpr int32_t kFirstHandle = 8193;
@@ -23,12 +22,8 @@ bool isCommand(std::span<const uint8_t> request, std::span<const uint8_t> comman
 Devices::Devices(std::vector<DevicePrinter> printers) : printers_(std::move(printers)) {
     for (const DevicePrinter& printer : printers_) {
         add(DeviceKind::printer, printer.port, printer);
-        for (const std::string& port : printer.hids) {
-            add(DeviceKind::hid, port, printer);
-        }
-        for (const std::string& port : printer.scanners) {
-            add(DeviceKind::scanner, port, printer);
-        }
+        for (const std::string& port : printer.hids) add(DeviceKind::hid, port, printer);
+        for (const std::string& port : printer.scanners) add(DeviceKind::scanner, port, printer);
     }
 }
 

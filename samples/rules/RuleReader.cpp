@@ -1,10 +1,11 @@
 #include "samples/rules/RuleReader.h"
 
+#include "common/Letters.h"
+
 #include <charconv>
 #include <string>
 
 namespace jsw::sample {
-
 namespace {
 
 int64_t readNumber(const std::string& text, const std::string& what) {
@@ -23,19 +24,15 @@ Between readBetween(const XmlNode& element) {
         throw RuleError("<" + element.name + "> needs above or below");
     }
     Between range;
-    if (!above.empty()) {
-        range.above = readNumber(above, "above");
-    }
-    if (!below.empty()) {
-        range.below = readNumber(below, "below");
-    }
+    if (!above.empty()) range.above = readNumber(above, "above");
+    if (!below.empty()) range.below = readNumber(below, "below");
     return range;
 }
 
 Condition readInk(const XmlNode& element) {
     const std::string slot = element.attribute("slot", "lowest");
     const int64_t number =
-        equalsIgnoringCase(slot, "lowest") ? kLowestInk : readNumber(slot, "slot");
+        common::equalsIgnoringCase(slot, "lowest") ? kLowestInk : readNumber(slot, "slot");
     if (number < kLowestInk || number > JSW_INK_SLOTS) {
         throw RuleError("there is no ink slot " + slot);
     }
@@ -46,10 +43,10 @@ Condition readShown(const XmlNode& element) {
     using Subject = NumberCondition::Subject;
     const std::string carts = element.attribute("carts");
     const std::string kind = element.attribute("kind", carts.empty() ? "special" : "ink");
-    if (equalsIgnoringCase(kind, "special") && carts.empty()) {
+    if (common::equalsIgnoringCase(kind, "special") && carts.empty()) {
         return NumberCondition{Subject::kSpecialShown, {}, readBetween(element)};
     }
-    if (!equalsIgnoringCase(kind, "ink")) {
+    if (!common::equalsIgnoringCase(kind, "ink")) {
         throw RuleError("no billboards of kind '" + kind + "' are counted");
     }
     return NumberCondition{carts.empty() ? Subject::kInkShown : Subject::kCartsShown, carts,
@@ -78,12 +75,8 @@ Condition readCondition(const XmlNode& element) {
 
 Rule readRule(const XmlNode& element) {
     Rule rule{element.attribute("result"), element.flag("history"), {}};
-    if (rule.result.empty()) {
-        throw RuleError("no result");
-    }
-    for (const XmlNode& child : element.children) {
-        rule.conditions.push_back(readCondition(child));
-    }
+    if (rule.result.empty()) throw RuleError("no result");
+    for (const XmlNode& child : element.children) rule.conditions.push_back(readCondition(child));
     return rule;
 }
 
@@ -92,9 +85,7 @@ Rule readRule(const XmlNode& element) {
 std::vector<Rule> readRules(const XmlNode& root) {
     std::vector<Rule> rules;
     for (const XmlNode& element : root.children) {
-        if (element.name != "rule") {
-            continue;
-        }
+        if (element.name != "rule") continue;
         try {
             rules.push_back(readRule(element));
         } catch (const RuleError& error) {

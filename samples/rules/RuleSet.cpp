@@ -1,24 +1,20 @@
 #include "samples/rules/RuleSet.h"
 
+#include "common/Letters.h"
 #include "samples/common/XmlNode.h"
 
 #include <algorithm>
 
 namespace jsw::sample {
-
 namespace {
 
 /** Per cent; negative: unknown. */
 int32_t inkPercent(const InkInfo& inkInfo, int slot) {
-    if (slot != kLowestInk) {
-        return inkInfo.InkPercent[slot - 1];
-    }
+    if (slot != kLowestInk) return inkInfo.InkPercent[slot - 1];
     int32_t lowest = -1;
     for (int index = 0; index < JSW_INK_SLOTS; ++index) {
         const int32_t percent = inkInfo.InkPercent[index];
-        if (percent >= 0 && (lowest < 0 || percent < lowest)) {
-            lowest = percent;
-        }
+        if (percent >= 0 && (lowest < 0 || percent < lowest)) lowest = percent;
     }
     return lowest;
 }
@@ -51,8 +47,9 @@ struct Evaluator {
     bool operator()(const TextCondition& condition) const {
         const std::string& text =
             condition.subject == TextCondition::Subject::kPrinter ? job.printer : job.jobName;
-        return condition.whole ? equalsIgnoringCase(text, condition.wanted)
-                               : toLower(text).find(toLower(condition.wanted)) != std::string::npos;
+        return condition.whole ? common::equalsIgnoringCase(text, condition.wanted)
+                               : common::toLower(text).find(common::toLower(condition.wanted)) !=
+                                     std::string::npos;
     }
 
     static bool known(int32_t value, const Between& range) {

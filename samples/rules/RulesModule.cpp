@@ -49,8 +49,8 @@ Answer answer(Ask ask) noexcept {
 constexpr InkInfo kInkNotKnown = JSW_INK_UNKNOWN;
 
 std::vector<Rule> loadRules(bool& loaded) {
-    const std::string path = jsw::sample::HostStore().dataFile(
-        "Settings\\RulesEngine\\", "RulesFilename", "rules.xml", &runLock);
+    const std::string path =
+        jsw::sample::HostStore().dataFile("Settings\\RulesEngine\\", "RulesFilename", "rules.xml");
     const auto root = jsw::sample::loadXmlFile(path);
     loaded = false;
     if (!root) {
@@ -93,9 +93,7 @@ JswBool IsMoreRules() {
 
 char* EvaluateRule() {
     return answer<char*>([](Run& current) -> char* {
-        if (current.next >= current.rules.size()) {
-            return nullptr;
-        }
+        if (current.next >= current.rules.size()) return nullptr;
         const Rule& rule = current.rules[current.next++];
         return jsw::sample::applies(rule, current.job)
                    ? jsw::sample::returnedText(current.allocate, rule.result)

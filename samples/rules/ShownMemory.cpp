@@ -3,7 +3,6 @@
 #include "samples/common/HostStore.h"
 
 namespace jsw::sample {
-
 namespace {
 
 constexpr const char* kEngineKey = "Settings\\RulesEngine\\";
@@ -35,9 +34,7 @@ ShownCounts readShownCounts(const std::vector<Rule>& rules) {
 
 void rememberShown(const std::string& carts, bool inkBillboard, bool specialBillboard) {
     const HostStore store;
-    if (specialBillboard) {
-        countUp(store, kEngineKey, kSpecialShown);
-    }
+    if (specialBillboard) countUp(store, kEngineKey, kSpecialShown);
     if (inkBillboard && !carts.empty()) {
         countUp(store, kEngineKey, kInkShown);
         countUp(store, kCartsKey, carts);

@@ -6,8 +6,7 @@
 #include <fstream>
 #include <iterator>
 
-namespace jsw::updater {
-
+namespace jsw::sample {
 namespace {
 
 std::string userName() {
@@ -30,9 +29,7 @@ std::string workingFolder() {
 
 const char* elevation() {
     HANDLE token = nullptr;
-    if (OpenProcessToken(GetCurrentProcess(), TOKEN_QUERY, &token) == FALSE) {
-        return "unknown";
-    }
+    if (OpenProcessToken(GetCurrentProcess(), TOKEN_QUERY, &token) == FALSE) return "unknown";
     TOKEN_ELEVATION answer = {};
     DWORD size = 0;
     const BOOL known = GetTokenInformation(token, TokenElevation, &answer, sizeof answer, &size);
@@ -65,11 +62,9 @@ std::vector<std::string> howStarted(bool elevationAsked) {
 
 bool appendLines(const std::string& file, const std::vector<std::string>& lines) {
     std::ofstream stream(file, std::ios::app);
-    for (const std::string& line : lines) {
-        stream << line << '\n';
-    }
+    for (const std::string& line : lines) stream << line << '\n';
     stream.close();
     return !stream.fail();
 }
 
-}  // namespace jsw::updater
+}  // namespace jsw::sample

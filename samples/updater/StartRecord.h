@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-namespace jsw::updater {
+namespace jsw::sample {
 
 /** How this program was started: one line per fact, "name: value". */
 [[nodiscard]] std::vector<std::string> howStarted(bool elevationAsked);
@@ -14,4 +14,4 @@ namespace jsw::updater {
 /** Appends lines to a text file; false on failure. */
 bool appendLines(const std::string& file, const std::vector<std::string>& lines);
 
-}  // namespace jsw::updater
+}  // namespace jsw::sample

@@ -6,8 +6,7 @@
 
 #include <filesystem>
 
-namespace jsw::updater {
-
+namespace jsw::sample {
 namespace {
 
 namespace fs = std::filesystem;
@@ -38,13 +37,11 @@ std::string freeName(const fs::path& folder, const UpdateFile& file) {
     const std::string ending = fs::path(file.source).extension().string();
     for (unsigned number = 1;; ++number) {
         std::string name = std::string(file.stem) + "-" + std::to_string(number) + ending;
-        if (!fs::exists(folder / name)) {
-            return name;
-        }
+        if (!fs::exists(folder / name)) return name;
     }
 }
 
-void installFile(const fs::path& folder, const UpdateFile& file, const sample::HostStore& store,
+void installFile(const fs::path& folder, const UpdateFile& file, const HostStore& store,
                  UpdateReport& report) {
     const std::string name = freeName(folder, file);
     std::error_code error;
@@ -54,15 +51,16 @@ void installFile(const fs::path& folder, const UpdateFile& file, const sample::H
         report.lines.push_back(std::string("failed: ") + file.source + " " + error.message());
         return;
     }
+    report.installed = true;
     report.lines.push_back(std::string("installed: ") + file.source + " as " + name);
 }
 
-bool isFrozen(const sample::HostStore& store, const char* flag) {
+bool isFrozen(const HostStore& store, const char* flag) {
     return store.number(kUpdater, flag, 0) == kDoNotChange;
 }
 
 /** Sets a flag to "updated", unless it is "do not change". */
-void raise(const sample::HostStore& store, const char* flag, UpdateReport& report) {
+void raise(const HostStore& store, const char* flag, UpdateReport& report) {
     const bool frozen = isFrozen(store, flag);
     if (!frozen && !store.setNumber(kUpdater, flag, kUpdated)) {
         report.good = false;
@@ -73,7 +71,7 @@ void raise(const sample::HostStore& store, const char* flag, UpdateReport& repor
 }
 
 /** With the flag "do not change" the library would never use new modules. */
-void installSoftware(const fs::path& folder, const sample::HostStore& store, UpdateReport& report) {
+void installSoftware(const fs::path& folder, const HostStore& store, UpdateReport& report) {
     if (isFrozen(store, kSoftwareFlag)) {
         report.lines.push_back(std::string("no software: ") + kSoftwareFlag + " stays 2");
         return;
@@ -85,24 +83,20 @@ void installSoftware(const fs::path& folder, const sample::HostStore& store, Upd
             any = true;
         }
     }
-    if (any) {
-        raise(store, kSoftwareFlag, report);
-    }
+    if (any) raise(store, kSoftwareFlag, report);
 }
 
 /** The folder that the library derives from the store. */
-fs::path dataFolder(const sample::HostStore& store) {
+fs::path dataFolder(const HostStore& store) {
     char common[MAX_PATH] = {};
     SHGetFolderPathA(nullptr, CSIDL_COMMON_APPDATA, nullptr, SHGFP_TYPE_CURRENT, common);
     return fs::path(common) / store.text(kUpdater, "DataUpdatesDirectoryName", "Job Status") /
            store.text("Settings\\", "DriverName", "");
 }
 
-void installData(const fs::path& folder, const sample::HostStore& store, UpdateReport& report) {
+void installData(const fs::path& folder, const HostStore& store, UpdateReport& report) {
     const fs::path source = folder / "updates" / "data";
-    if (!fs::is_directory(source)) {
-        return;
-    }
+    if (!fs::is_directory(source)) return;
     const fs::path target = dataFolder(store);
     std::error_code error;
     fs::create_directories(target, error);
@@ -113,13 +107,14 @@ void installData(const fs::path& folder, const sample::HostStore& store, UpdateR
         report.lines.push_back("failed: data " + error.message());
         return;
     }
+    report.installed = true;
     report.lines.push_back("installed: data in " + target.string());
     raise(store, kDataFlag, report);
 }
 
 }  // namespace
 
-UpdateReport installUpdates(const std::string& folder, const sample::HostStore& store) {
+UpdateReport installUpdates(const std::string& folder, const HostStore& store) {
     UpdateReport report;
     if (!store.exists()) {
         report.good = false;
@@ -128,10 +123,8 @@ UpdateReport installUpdates(const std::string& folder, const sample::HostStore& 
     }
     installSoftware(folder, store, report);
     installData(folder, store, report);
-    if (report.lines.empty()) {
-        report.lines.emplace_back("nothing to install");
-    }
+    if (report.lines.empty()) report.lines.emplace_back("nothing to install");
     return report;
 }
 
-}  // namespace jsw::updater
+}  // namespace jsw::sample

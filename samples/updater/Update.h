@@ -5,12 +5,13 @@
 #include <string>
 #include <vector>
 
-namespace jsw::updater {
+namespace jsw::sample {
 
 /** The outcome of an update: lines for the record, and success. */
 struct UpdateReport {
     std::vector<std::string> lines;
     bool good = true;
+    bool installed = false; /**< anything at all */
 };
 
 /**
@@ -19,7 +20,6 @@ struct UpdateReport {
  *
  * @param folder  with a trailing backslash
  */
-[[nodiscard]] UpdateReport installUpdates(const std::string& folder,
-                                          const sample::HostStore& store);
+[[nodiscard]] UpdateReport installUpdates(const std::string& folder, const HostStore& store);
 
-}  // namespace jsw::updater
+}  // namespace jsw::sample

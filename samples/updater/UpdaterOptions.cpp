@@ -2,13 +2,12 @@
 
 #include "samples/common/CommandLine.h"
 
-namespace jsw::updater {
-
+namespace jsw::sample {
 namespace {
 
 /** Defines the command line, except "-UAC", whose single dash would make it three options. */
 void describe(CLI::App& program, UpdaterOptions& options) {
-    sample::prepareCommandLine(program);
+    prepareCommandLine(program);
     const auto notEmpty = CLI::Validator(
         [](const std::string& value) { return std::string(value.empty() ? "needs a value" : ""); },
         "");
@@ -44,7 +43,7 @@ ParsedOptions parseOptions(std::vector<std::string> arguments) {
     parsed.options.elevated = std::erase(arguments, "-UAC") > 0;
     CLI::App program(kPurpose, "qlupdater");
     describe(program, parsed.options);
-    parsed.error = sample::parseCommandLine(program, std::move(arguments), parsed.options.help);
+    parsed.error = parseCommandLine(program, std::move(arguments), parsed.options.help);
     return parsed;
 }
 
@@ -55,4 +54,4 @@ std::string helpText() {
     return program.help();
 }
 
-}  // namespace jsw::updater
+}  // namespace jsw::sample

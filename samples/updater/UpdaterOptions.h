@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-namespace jsw::updater {
+namespace jsw::sample {
 
 /** The updater's command line. */
 struct UpdaterOptions {
@@ -25,4 +25,4 @@ struct ParsedOptions {
 /** The text of --help. */
 [[nodiscard]] std::string helpText();
 
-}  // namespace jsw::updater
+}  // namespace jsw::sample

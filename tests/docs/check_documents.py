@@ -12,7 +12,7 @@ import sys
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[2]
-FOLDERS = "jsw PublicLib include window samples tools scripts cmake bench tests".split()
+FOLDERS = "jsw PublicLib include common window samples tools scripts cmake bench tests".split()
 PROGRAM = r"(jswctl|qldemo|qlupdater)(\.exe)?"
 FILE = r"\.(dll|exe|h|cpp|sh|xml|txt|loc|jbb|jobscript|md|cmake|png)$"
 

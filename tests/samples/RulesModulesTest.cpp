@@ -42,9 +42,7 @@ void countedFree(void* block) {
 
 /** The text, "(null)" for none; frees what the module returned. */
 std::string take(char* returned) {
-    if (returned == nullptr) {
-        return "(null)";
-    }
+    if (returned == nullptr) return "(null)";
     const std::string text = returned;
     countedFree(returned);
     return text;
@@ -53,9 +51,7 @@ std::string take(char* returned) {
 std::vector<std::string> take(char** returned) {
     std::vector<std::string> texts;
     if (returned != nullptr) {
-        for (char** next = returned; *next != nullptr; ++next) {
-            texts.push_back(take(*next));
-        }
+        for (char** next = returned; *next != nullptr; ++next) texts.push_back(take(*next));
         countedFree(returned);
     }
     return texts;

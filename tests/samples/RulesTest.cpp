@@ -23,9 +23,7 @@ XmlNode rulesWith(const std::string& condition, const Attributes& attributes) {
 /** A three-page job with ink 1 known to be 40 %, ink 2 10 %, and the others not known. */
 JobFacts ordinaryJob() {
     JobFacts job;
-    for (int32_t& percent : job.inkInfo.InkPercent) {
-        percent = -1;
-    }
+    for (int32_t& percent : job.inkInfo.InkPercent) percent = -1;
     job.inkInfo.InkPercent[0] = 40;
     job.inkInfo.InkPercent[1] = 10;
     job.printer = "Quillon Sim 2000";
@@ -73,9 +71,7 @@ TEST(RulesTest, ConditionsHoldForWhatTheJobIsKnownToBe) {
 
 TEST(RulesTest, NothingKnownFulfilsNoInkOrPageCondition) {
     JobFacts job = ordinaryJob();
-    for (int32_t& percent : job.inkInfo.InkPercent) {
-        percent = std::numeric_limits<int32_t>::min();
-    }
+    for (int32_t& percent : job.inkInfo.InkPercent) percent = std::numeric_limits<int32_t>::min();
     job.totalPages = -1;
     for (const char* condition : {"ink", "pages"}) {
         const auto rules = readRules(rulesWith(condition, {{"below", "100000"}}));

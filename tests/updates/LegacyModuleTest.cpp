@@ -3,7 +3,7 @@
 #include "PublicLib/win/Paths.h"
 #include "PublicLib/win/SystemFolders.h"
 #include "tests/support/Eventually.h"
-#include "window/prompt/ControlIds.h"
+#include "window/prompt/PromptIds.h"
 #include <jsw/legacy.h>
 
 #include <windows.h>

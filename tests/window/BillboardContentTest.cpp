@@ -1,7 +1,7 @@
+#include "common/Language.h"
 #include "tests/support/TempFolder.h"
 #include "window/view/BillboardContent.h"
 #include "window/view/BillboardFile.h"
-#include "window/view/Strings.h"
 
 #include <gtest/gtest.h>
 
@@ -18,7 +18,7 @@
 
 namespace {
 
-using namespace jsw::view;
+using namespace jsw::window;
 
 TEST(BillboardContent, ReadsAWholePage) {
     const auto parsed = parseBillboard(
@@ -137,7 +137,8 @@ TEST(BillboardContent, PicturesStayInTheirFolder) {
         {"photo.bmp", Picture::file, "photo.bmp"},
         {"Photo.BMP", Picture::file, "Photo.BMP"},
         {".bmp", Picture::none, ""},
-        {"photo.png", Picture::none, ""},
+        {"photo.png", Picture::file, "photo.png"},
+        {"photo.gif", Picture::none, ""},
         {"..\\photo.bmp", Picture::none, ""},
         {"sub/photo.bmp", Picture::none, ""},
         {"c:photo.bmp", Picture::none, ""},
@@ -174,26 +175,30 @@ TEST(BillboardContent, PictureHeadersAreBounded) {
             << width << " x " << height;
     }
     EXPECT_FALSE(isPictureHeaderAcceptable(bitmapHeader(1, 1).substr(0, 25)));
+    const std::string png("\x89PNG\r\n\x1A\n\0\0\0\rIHDR", 16);
+    EXPECT_TRUE(isPictureHeaderAcceptable(png + std::string("\0\0\x07\xD0\0\0\0\x01", 8)));
+    EXPECT_FALSE(isPictureHeaderAcceptable(png + std::string("\0\0\x07\xD1\0\0\0\x01", 8)));
+    EXPECT_FALSE(isPictureHeaderAcceptable(png + std::string("\0\0\0\x01\xFF\xFF\xFF\xFF", 8)));
+    EXPECT_FALSE(isPictureHeaderAcceptable(png + std::string(7, '\x01')));
     EXPECT_FALSE(isPictureHeaderAcceptable("PK" + bitmapHeader(1, 1).substr(2)));
     EXPECT_FALSE(isPictureHeaderAcceptable(""));
 }
 
 /** The page of a folder with these files. */
-Page loadFrom(const jsw::test::TempFolder& folder, const char* name, std::uint16_t language) {
-    return loadBillboard(folder.path(), name, Language::choose(language));
+Page loadFrom(const std::string& folder, const char* name, std::vector<std::string> languages) {
+    return loadBillboard(folder, name, languages, jsw::common::translated<WindowTexts>(languages));
 }
 
 TEST(BillboardFile, AlwaysYieldsAPage) {
-    const Language& english = Language::choose(0x409);
-    EXPECT_EQ(loadBillboard("", "", english).title, "Your document is being printed");
-    const std::string unshowable = "This page cannot be shown";
-    EXPECT_EQ(loadBillboard("no such folder", "page.jbb", english).title, unshowable);
-    EXPECT_EQ(loadBillboard(std::string(400, 'x'), "page.jbb", english).title, unshowable);
-    EXPECT_EQ(loadBillboard("..", "..", english).title, unshowable);
+    EXPECT_EQ(loadFrom("", "", {}).title, "Your document is being printed");
+    for (const std::string& folder : {std::string("no such folder"), std::string(400, 'x')}) {
+        EXPECT_EQ(loadFrom(folder, "page.jbb", {}).title, "This page cannot be shown");
+    }
+    EXPECT_EQ(loadFrom("..", "..", {}).title, "This page cannot be shown");
 
     const jsw::test::TempFolder folder;
     folder.write("Scripts\\long.jbb", "title = T\n\n" + std::string(100000, 'x'));
-    const Page refused = loadFrom(folder, "long.jbb", 0x407);
+    const Page refused = loadFrom(folder.path(), "long.jbb", {"de"});
     EXPECT_EQ(refused.title, "Diese Seite kann nicht gezeigt werden");
     EXPECT_EQ(textOf(refused.paragraphs.back()), "Grund: long.jbb: die Datei ist zu gro\xC3\x9F.");
 }
@@ -203,9 +208,10 @@ TEST(BillboardFile, PrefersTheUsersLanguageAndReadsBothEncodings) {
     folder.write("Scripts\\page.jbb", "title = Welcome\n");
     folder.write("Scripts\\page.de.jbb", "title = Gr\xFC\xDF Gott\n");  // code page 1252
     folder.write("Scripts\\utf8.jbb", "title = Gr\xC3\xBC\xC3\x9F Gott\n");
-    EXPECT_EQ(loadFrom(folder, "page.jbb", 0x409).title, "Welcome");
-    EXPECT_EQ(loadFrom(folder, "page.jbb", 0xC07).title, "Gr\xC3\xBC\xC3\x9F Gott");
-    EXPECT_EQ(loadFrom(folder, "utf8.jbb", 0x407).title, "Gr\xC3\xBC\xC3\x9F Gott");
+    EXPECT_EQ(loadFrom(folder.path(), "page.jbb", {"en-GB", "en"}).title, "Welcome");
+    for (const char* page : {"page.jbb", "utf8.jbb"}) {
+        EXPECT_EQ(loadFrom(folder.path(), page, {"de-AT", "de"}).title, "Gr\xC3\xBC\xC3\x9F Gott");
+    }
 }
 
 }  // namespace

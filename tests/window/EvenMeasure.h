@@ -8,10 +8,10 @@
 namespace jsw::test {
 
 /// A proportional font at the scale of a screen.
-class EvenMeasure : public jsw::ui::TextMeasure {
+class EvenMeasure : public jsw::window::TextMeasure {
   public:
-    explicit EvenMeasure(jsw::ui::Scale scale) : scale_(scale) {}
-    [[nodiscard]] int width(std::string_view text, jsw::ui::Font font) const override {
+    explicit EvenMeasure(jsw::window::Scale scale) : scale_(scale) {}
+    [[nodiscard]] int width(std::string_view text, jsw::window::Font font) const override {
         int units = 0;
         for (const char byte : text) {
             const auto value = static_cast<unsigned char>(byte);
@@ -20,25 +20,25 @@ class EvenMeasure : public jsw::ui::TextMeasure {
         }
         return scale_(units * size(font) / 12);
     }
-    [[nodiscard]] int lineHeight(jsw::ui::Font font) const override {
+    [[nodiscard]] int lineHeight(jsw::window::Font font) const override {
         return scale_(size(font) * 4 / 3);
     }
 
   private:
-    static int size(jsw::ui::Font font) {
+    static int size(jsw::window::Font font) {
         switch (font) {
-            case jsw::ui::Font::title:
+            case jsw::window::Font::title:
                 return 19;
-            case jsw::ui::Font::heading:
+            case jsw::window::Font::heading:
                 return 17;
-            case jsw::ui::Font::bold:
+            case jsw::window::Font::bold:
                 return 13;
-            case jsw::ui::Font::normal:
+            case jsw::window::Font::normal:
                 break;
         }
         return 12;
     }
-    jsw::ui::Scale scale_;
+    jsw::window::Scale scale_;
 };
 
 }  // namespace jsw::test

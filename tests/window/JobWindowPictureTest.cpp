@@ -35,10 +35,10 @@ Picture pictureOf(HWND window, const RECT& area) {
         info.bmiHeader = {
             sizeof(info.bmiHeader), picture.width, -height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
         void* bits = nullptr;
-        const ui::GdiObject<HBITMAP> bitmap(
+        const window::GdiObject<HBITMAP> bitmap(
             CreateDIBSection(screen, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
-        const ui::MemoryDc memory(screen);
-        const ui::Selection selection(memory.get(), bitmap.get());
+        const window::MemoryDc memory(screen);
+        const window::Selection selection(memory.get(), bitmap.get());
         BitBlt(memory.get(), 0, 0, picture.width, height, screen, area.left, area.top, SRCCOPY);
         GdiFlush();
         const auto* const first = static_cast<const std::uint32_t*>(bits);
@@ -172,6 +172,32 @@ TEST_F(JobWindowPictureTest, PicturesAreSeenInEverySchemeOfHighContrast) {
         }
     }
     Uninitialize();
+}
+
+TEST_F(JobWindowPictureTest, ThePanelShowsThroughAPicture) {
+    // Two pixels: a red one and one that is transparent.
+    constexpr unsigned char kPng[] = {
+        0x89, 0x50, 0x4E, 0x47, 0x0D, 0x0A, 0x1A, 0x0A, 0x00, 0x00, 0x00, 0x0D, 0x49, 0x48, 0x44,
+        0x52, 0x00, 0x00, 0x00, 0x02, 0x00, 0x00, 0x00, 0x01, 0x08, 0x06, 0x00, 0x00, 0x00, 0xF4,
+        0x22, 0x7F, 0x8A, 0x00, 0x00, 0x00, 0x0F, 0x49, 0x44, 0x41, 0x54, 0x78, 0xDA, 0x63, 0xF8,
+        0xCF, 0xC0, 0xF0, 0x1F, 0x88, 0x19, 0x00, 0x10, 0xF8, 0x02, 0xFE, 0x15, 0x92, 0xFA, 0xBF,
+        0x00, 0x00, 0x00, 0x00, 0x49, 0x45, 0x4E, 0x44, 0xAE, 0x42, 0x60, 0x82};
+    folder_.write("Scripts\\red.png", {reinterpret_cast<const char*>(kPng), sizeof(kPng)});
+    folder_.write("Scripts\\page.jbb", "title = Red\npicture = red.png\n\nText.\n");
+    startJob();
+    show();
+    (void)content();
+    const LONG middle = sizeOf(JSW_VIEW_BILLBOARD).cy / 2;
+    const auto half = [&](LONG left) {
+        return pictureOf(control(JSW_VIEW_BILLBOARD), {left, middle - 20, left + 40, middle + 20});
+    };
+    EXPECT_EQ(half(30).count(RGB(255, 0, 0)), 40 * 40);
+    const Picture through = half(80);
+    EXPECT_EQ(through.count(RGB(255, 0, 0)), 0);
+    // The gradient of the panel: one colour in a row, others below it.
+    EXPECT_EQ(through.pixels[0], through.pixels[39]);
+    EXPECT_NE(through.pixels[0], through.pixels[39 * 40]);
+    EXPECT_EQ(through.count(RGB(255, 255, 255)), 0);
 }
 
 TEST_F(JobWindowPictureTest, APageThatDoesNotFitIsScrolledByKeysWheelAndFocus) {

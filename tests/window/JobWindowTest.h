@@ -4,7 +4,7 @@
 #include "tests/support/CallRecord.h"
 #include "tests/support/Eventually.h"
 #include "tests/support/TempFolder.h"
-#include "window/view/ControlIds.h"
+#include "window/view/WindowIds.h"
 #include <jsw/view.h>
 
 #include <windows.h>

@@ -1,3 +1,4 @@
+#include "common/Language.h"
 #include "tests/window/EvenMeasure.h"
 #include "window/prompt/PromptLayout.h"
 #include "window/prompt/PromptText.h"
@@ -11,19 +12,19 @@
 
 namespace {
 
-using namespace jsw::prompt;
-using jsw::ui::Box;
-using jsw::ui::PlacedText;
+using namespace jsw::window;
+using jsw::window::Box;
+using jsw::window::PlacedText;
 
 TEST(PromptText, CountsPagesAndSheetsInTheUsersLanguage) {
-    const Strings& english = Language::choose(0x409).strings();
-    const Strings& german = Language::choose(0x407).strings();
+    const PromptTexts english;
+    const auto german = jsw::common::translated<PromptTexts>({"de"});
     EXPECT_TRUE(promptText(1, 1, english).ends_with("\n\n1 page on 1 sheet."));
     EXPECT_TRUE(promptText(1, 2, german).ends_with("\n\n2 Seiten auf 1 Blatt."));
     EXPECT_TRUE(promptText(1, 5, german).ends_with("\n\n5 Seiten auf 3 Blättern."));
     EXPECT_EQ(promptText(1, -1, english).find('\n'), std::string::npos);
     EXPECT_EQ(promptText(-7, 3, german), "Der Drucker braucht Ihre Aufmerksamkeit (-7).");
-    EXPECT_STREQ(noteText(5, german), "Die Abdeckung ist offen.");
+    EXPECT_EQ(*noteText(5, german), "Die Abdeckung ist offen.");
     EXPECT_EQ(noteText(99, german), nullptr);
 }
 
@@ -31,24 +32,23 @@ TEST(PromptLayout, NothingOverlapsAndEveryTextFits) {
     std::string longName;
     for (int i = 0; i < 20; ++i) longName += "a printer on the floor above ";
     const std::string hebrew = "\xD7\x9E\xD7\x93\xD7\xA4\xD7\xA1\xD7\xAA";
-    for (const Language* language = Language::first(); language; language = language->next()) {
-        const Strings& strings = language->strings();
+    for (const std::string code : {"en", "de"}) {
+        const auto texts = jsw::common::translated<PromptTexts>({code});
         for (const std::string& printer :
              {std::string("Printer"), std::string(), longName, hebrew}) {
             for (const int percent : {100, 125, 150, 200}) {
                 for (const int type : {1, 2, 3, 4, 5, 99}) {
-                    const jsw::ui::Scale scale(jsw::ui::kBaseDpi * percent / 100);
+                    const jsw::window::Scale scale(jsw::window::kBaseDpi * percent / 100);
                     const jsw::test::EvenMeasure measure(scale);
                     const PromptLayout layout =
-                        layoutPrompt(printer, promptText(type, 12, strings), strings.coverClosed,
-                                     strings, measure, scale);
-                    const std::string what = std::string(language->code()) + ", " +
-                                             std::to_string(percent) + " %, type " +
-                                             std::to_string(type);
-                    std::vector<PlacedText> texts = layout.textLines;
-                    texts.insert(texts.end(), {layout.printer, layout.note});
+                        layoutPrompt(printer, promptText(type, 12, texts), texts.coverClosed, texts,
+                                     measure, scale);
+                    const std::string what =
+                        code + ", " + std::to_string(percent) + " %, type " + std::to_string(type);
+                    std::vector<PlacedText> placed = layout.textLines;
+                    placed.insert(placed.end(), {layout.printer, layout.note});
                     std::vector<Box> boxes{layout.sign};
-                    for (const PlacedText& text : texts) {
+                    for (const PlacedText& text : placed) {
                         EXPECT_LE(measure.width(text.text, text.font), text.box.width()) << what;
                         boxes.push_back(text.box);
                     }

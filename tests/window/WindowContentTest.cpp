@@ -1,3 +1,4 @@
+#include "common/Language.h"
 #include "window/ui/Colours.h"
 #include "window/view/AccessKeys.h"
 #include "window/view/StatusText.h"
@@ -7,60 +8,56 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <cctype>
 #include <cstdint>
 #include <limits>
 #include <optional>
-#include <set>
 #include <string>
 #include <utility>
 #include <vector>
 
 namespace {
 
-using namespace jsw::view;
+using namespace jsw::window;
 
-const Strings& english() {
-    return Language::choose(0x809).strings();
+const WindowTexts& english() {
+    static const WindowTexts texts;
+    return texts;
 }
 
-const Strings& german() {
-    return Language::choose(0xC07).strings();
+const WindowTexts& german() {
+    static const auto texts = jsw::common::translated<WindowTexts>({"de-AT", "de"});
+    return texts;
 }
 
-TEST(Strings, AreChosenByLanguageAndElseEnglish) {
-    EXPECT_STREQ(Language::choose(0x407).code(), "de");
-    EXPECT_STREQ(Language::choose(0x409).code(), "en");
-    EXPECT_STREQ(Language::choose(0x411).code(), "en");
-    EXPECT_STREQ(Language::choose(0).code(), "en");
-}
-
-/** The letter after "&", in lower case, or 0. */
-char accessKey(const char* label) {
-    const std::string text = label;
-    const auto mark = text.find('&');
-    return mark == std::string::npos
-               ? '\0'
-               : static_cast<char>(std::tolower(static_cast<unsigned char>(text[mark + 1])));
-}
-
-TEST(Strings, GiveEveryControlAnAccessKeyOfItsOwn) {
-    for (const Language* language = Language::first(); language; language = language->next()) {
-        const Strings& strings = language->strings();
-        const auto areDistinct = [&](std::initializer_list<const char*> others) {
-            std::set<char> keys;
-            const char* const always[] = {strings.previous, strings.current, strings.next,
-                                          strings.inkStatus};
-            for (const char* label : always) keys.insert(accessKey(label));
-            for (const char* label : others) keys.insert(accessKey(label));
-            return keys.size() == std::size(always) + others.size() && !keys.contains('\0');
-        };
-        EXPECT_TRUE(
-            areDistinct({strings.cancel, strings.updateAutomatically, strings.specialMessages}))
-            << language->code();
-        EXPECT_TRUE(areDistinct({strings.cancelYes, strings.cancelNo})) << language->code();
-        EXPECT_TRUE(areDistinct({strings.closeYes, strings.closeNo})) << language->code();
+TEST(Languages, AMalformedFileChangesNothingAndSaysWhy) {
+    using namespace jsw::common;
+    struct Row {
+        std::string file;
+        const char* problem;
+    };
+    const Row rows[] = {
+        {"[window]\nnext", "line 2 has no \"=\""},
+        {"next = a", "line 1 comes before the first [section]"},
+        {"[window]\nnext =\n", "line 2 has no text"},
+        {"[window]\r\nnext = " + std::string(601, 'x'), "line 2 is too long"},
+        {std::string("[window]\nnext = \0", 17), "line 2 is not text"},
+        {std::string(65537, '#'), "the file is too large"},
+        {"[window]\npageOf = {1}/{2}\nnext = a", "pageOf has {2}, and English does not"},
+        {"", ""},
+        {"\xEF\xBB\xBF# x\r\n [other]\r\nnext = a\r\n[window]\r\nnew = a\r\n", ""},
+    };
+    for (const Row& row : rows) {
+        WindowTexts texts;
+        LanguageFile file = parseLanguageFile(row.file);
+        if (file.problem.empty()) file.problem = takeTexts(file, "window", texts.byName());
+        EXPECT_EQ(file.problem, row.problem);
+        EXPECT_EQ(texts.next, english().next) << row.problem;
     }
+    WindowTexts texts;
+    EXPECT_EQ(
+        takeTexts(parseLanguageFile("[window]\npageOf = {1}/{0}\n"), "window", texts.byName()), "");
+    EXPECT_EQ(progressText({2, 3, 1, 1, true, {}}, texts), "3/2");
+    EXPECT_EQ(translated<WindowTexts>({"xx", "..\\x"}).next, english().next);
 }
 
 TEST(AccessKeys, AreTheWindowsFirstAndNobodyElsesTwice) {
@@ -77,23 +74,16 @@ TEST(AccessKeys, AreTheWindowsFirstAndNobodyElsesTwice) {
               std::pair(Labels{"&Order", "Plain", "&Web && more"}, std::size_t{0}));
     EXPECT_EQ(keysFor({"&Next tip", "T&ext", "&Pick && ink"}),
               std::pair(Labels{"N&ext tip", "&Text", "Pick && ink"}, std::size_t{3}));
+    // Letters of other alphabets are keys, too.
+    EXPECT_EQ(keysFor({"&\xD0\x94\xD0\x90", "&\xD0\x94\xD0\x90"}).first[1], "\xD0\x94&\xD0\x90");
 }
 
-TEST(Strings, GiveAReasonForEveryProblem) {
-    for (const Language* language = Language::first(); language; language = language->next()) {
-        std::set<std::string> reasons;
-        for (const char* reason : language->strings().problems)
-            reasons.insert(reason ? reason : "");
-        EXPECT_EQ(reasons.size(), kProblems) << language->code();
-    }
-}
-
-TEST(Strings, PutValuesInTheirPlaces) {
-    EXPECT_EQ(jsw::ui::fillIn("{1} of {0}{2}{", {"b", "a"}), "a of b{2}{");
-    EXPECT_EQ(jsw::ui::grouped(1234, ","), "1234");
-    EXPECT_EQ(jsw::ui::grouped(12345, "."), "12.345");
-    EXPECT_EQ(jsw::ui::grouped(1234567, ","), "1,234,567");
-    EXPECT_EQ(jsw::ui::grouped(-123456, ","), "-123,456");
+TEST(Phrase, PutsValuesInTheirPlaces) {
+    EXPECT_EQ(jsw::common::fillIn("{1} of {0}{2}{", {"b", "a"}), "a of b{2}{");
+    EXPECT_EQ(jsw::common::grouped(1234, ","), "1234");
+    EXPECT_EQ(jsw::common::grouped(12345, "."), "12.345");
+    EXPECT_EQ(jsw::common::grouped(1234567, ","), "1,234,567");
+    EXPECT_EQ(jsw::common::grouped(-123456, ","), "-123,456");
 }
 
 TEST(StatusText, ProgressNamesPagesAndCopies) {
@@ -181,6 +171,30 @@ TEST(StatusText, InkIsKnownOrSaidNotToBe) {
               "Patrone 1: 5\xC2\xA0% niedrig, Patrone 2 (Reserve): 60\xC2\xA0%");
 }
 
+TEST(WindowContent, NamesCartridgesAsWellAsIsKnown) {
+    const auto describe = [](const std::string& file) {
+        JobData data;
+        data.inkTold = true;
+        data.inkPercents = {90, 80, 70, -1, -1, -1, -1, -1, -1, -1};
+        data.partNumbers = {36, 37};
+        data.reserveMode = {true, false};
+        return describeJob(data, Question::none, english(),
+                           Cartridges(jsw::common::parseLanguageFile(file)));
+    };
+    const char* const kUnnamed =
+        "Cartridge 1, no. 36 (reserve): 90%, Cartridge 2, no. 37: 80%, "
+        "Cartridge 3: 70%";
+    EXPECT_EQ(describe("").inkSentence, kUnnamed);
+    const WindowContent named =
+        describe("[slots]\n1 = Black\n3 = Photo\n[parts]\n36 = Black 36 | 2B2b2B\n37 = | 0000FF");
+    EXPECT_EQ(named.inkSentence, "Black 36 (reserve): 90%, Cartridge 2, no. 37: 80%, Photo: 70%");
+    EXPECT_EQ(named.ink[0].colour, (jsw::window::Colour{0x2B, 0x2B, 0x2B}));
+    EXPECT_EQ(named.ink[1].colour, (jsw::window::Colour{0, 0, 255}));
+    EXPECT_EQ(named.ink[2].colour, std::nullopt);
+    EXPECT_EQ(describe("[slots]\n1 = Black | blue\n3 = Photo").inkSentence, kUnnamed);
+    EXPECT_EQ(describe("1 = Black").inkSentence, kUnnamed);
+}
+
 TEST(WindowContent, TellsInkNotToldYetFromInkNotKnown) {
     JobData data;
     EXPECT_EQ(describeJob(data, Question::none, english()).inkSentence,
@@ -259,22 +273,22 @@ TEST(WindowPlace, ComesBackFromItsSavedValues) {
 }
 
 TEST(Colours, TextCanBeReadOnEveryGround) {
-    constexpr jsw::ui::Colour kBlack{0, 0, 0};
-    constexpr jsw::ui::Colour kWhite{255, 255, 255};
-    const jsw::ui::Palette highContrast = jsw::ui::highContrastPalette(
+    constexpr jsw::window::Colour kBlack{0, 0, 0};
+    constexpr jsw::window::Colour kWhite{255, 255, 255};
+    const jsw::window::Palette highContrast = jsw::window::highContrastPalette(
         {kBlack, kWhite, {0, 255, 255}, kBlack, kWhite, {0, 255, 0}, {255, 255, 0}});
-    for (const jsw::ui::Palette* palette :
-         {&jsw::ui::lightPalette(), &jsw::ui::darkPalette(), &highContrast}) {
-        for (const jsw::ui::Colour ground : {palette->ground, palette->card, palette->footer}) {
-            for (const jsw::ui::Colour text :
+    for (const jsw::window::Palette* palette :
+         {&jsw::window::lightPalette(), &jsw::window::darkPalette(), &highContrast}) {
+        for (const jsw::window::Colour ground : {palette->ground, palette->card, palette->footer}) {
+            for (const jsw::window::Colour text :
                  {palette->text, palette->faintText, palette->warning, palette->accent}) {
-                EXPECT_GE(jsw::ui::contrast(text, ground), 4.5);
+                EXPECT_GE(jsw::window::contrast(text, ground), 4.5);
             }
         }
-        EXPECT_GE(jsw::ui::contrast(palette->badgeText, palette->badge), 4.5);
-        EXPECT_GE(jsw::ui::contrast(palette->text, palette->button), 4.5);
-        for (const jsw::ui::Colour bar : {palette->ink, palette->warning, palette->accent}) {
-            EXPECT_GE(jsw::ui::contrast(bar, palette->track), 3.0);
+        EXPECT_GE(jsw::window::contrast(palette->badgeText, palette->badge), 4.5);
+        EXPECT_GE(jsw::window::contrast(palette->text, palette->button), 4.5);
+        for (const jsw::window::Colour bar : {palette->ink, palette->warning, palette->accent}) {
+            EXPECT_GE(jsw::window::contrast(bar, palette->track), 3.0);
         }
     }
 }

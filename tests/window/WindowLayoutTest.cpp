@@ -1,6 +1,7 @@
+#include "common/Language.h"
 #include "tests/window/EvenMeasure.h"
 #include "window/ui/TextFit.h"
-#include "window/view/ControlIds.h"
+#include "window/view/WindowIds.h"
 #include "window/view/WindowLayout.h"
 
 #include <gtest/gtest.h>
@@ -15,7 +16,7 @@
 
 namespace {
 
-using namespace jsw::view;
+using namespace jsw::window;
 
 using jsw::test::EvenMeasure;
 
@@ -67,7 +68,7 @@ std::vector<PlacedText> textsOf(const WindowLayout& layout) {
     for (const auto* buttons :
          {&layout.page.inText, &layout.page.buttons, &layout.buttons, &layout.checkBoxes}) {
         for (const PlacedButton& button : *buttons) {
-            texts.push_back({button.box, jsw::ui::withoutAccessKey(button.label), button.full,
+            texts.push_back({button.box, jsw::window::withoutAccessKey(button.label), button.full,
                              Font::normal, Tone::usual, Side::left});
         }
     }
@@ -88,7 +89,7 @@ void expectGood(const WindowLayout& layout, const TextMeasure& measure, const st
         EXPECT_LE(measure.width(text.text, text.font), text.box.width())
             << what << ": " << text.text;
         if (!text.full.empty()) {
-            EXPECT_TRUE(text.text.ends_with(jsw::ui::kEllipsis)) << what << ": " << text.text;
+            EXPECT_TRUE(text.text.ends_with(jsw::window::kEllipsis)) << what << ": " << text.text;
         }
     }
     // What does not fit a page can be scrolled to.
@@ -147,7 +148,7 @@ JobData usualJob(int cartridges) {
     return data;
 }
 
-std::vector<Case> cases(const Strings& strings) {
+std::vector<Case> cases(const WindowTexts& texts) {
     std::vector<Case> all;
     for (int cartridges = 0; cartridges <= 5; ++cartridges) {
         all.push_back(
@@ -155,7 +156,7 @@ std::vector<Case> cases(const Strings& strings) {
     }
     all.push_back({"ten cartridges", usualJob(2), samplePage()});
     all.back().data.inkPercents.fill(10);
-    all.push_back({"ink not told", usualJob(0), emptyPage(strings)});
+    all.push_back({"ink not told", usualJob(0), emptyPage(texts)});
     all.back().data.inkTold = false;
     all.push_back({"long names", usualJob(3), samplePage()});
     for (std::string* name : {&all.back().data.jobName, &all.back().data.printerName}) {
@@ -168,18 +169,18 @@ std::vector<Case> cases(const Strings& strings) {
     for (int i = 0; i < 40; ++i) all.back().data.jobName += "\xD7\x93\xD7\x95\xD7\x97 ";
     all.push_back({"pages not known", usualJob(2), samplePage()});
     all.back().data.progress = {123456, -1, 1, 1, true, {}};
-    all.push_back({"no pages", usualJob(2), emptyPage(strings)});
+    all.push_back({"no pages", usualJob(2), emptyPage(texts)});
     all.back().data.progress = {0, 0, 0, 0, true, 0U};
     all.push_back({"huge numbers", usualJob(2), samplePage()});
     all.back().data.progress = {2147483647, 2147483647, 2147483647, 2147483647, true, 359999U};
-    all.push_back({"no page", usualJob(2), emptyPage(strings)});
+    all.push_back({"no page", usualJob(2), emptyPage(texts)});
     all.push_back(
-        {"damaged page", usualJob(2), unshowablePage("page.jbb", Problem::badButton, strings)});
+        {"damaged page", usualJob(2), unshowablePage("page.jbb", Problem::badButton, texts)});
     all.push_back({"page without picture, with a long text", usualJob(2), samplePage()});
     all.back().page.picture = Picture::none;
     for (int i = 0; i < 18; ++i)
         all.back().page.paragraphs.push_back(all.back().page.paragraphs[0]);
-    all.push_back({"page of one endless word", usualJob(2), emptyPage(strings)});
+    all.push_back({"page of one endless word", usualJob(2), emptyPage(texts)});
     all.back().page.paragraphs = {plainParagraph(std::string(2000, 'x'))};
     all.back().page.title = std::string(120, 'W');
     all.push_back({"page with long buttons", usualJob(2), samplePage()});
@@ -198,22 +199,22 @@ std::vector<Case> cases(const Strings& strings) {
 constexpr Size kSizes[] = {{0, 0}, {392, 258}, {440, 460}, kUsualSize, {1600, 1000}};
 
 TEST(WindowLayout, NothingOverlapsAndEveryTextFitsOrIsCut) {
-    for (const Language* language = Language::first(); language; language = language->next()) {
-        for (const Case& each : cases(language->strings())) {
-            const WindowContent content =
-                describeJob(each.data, each.question, language->strings());
+    for (const std::string code : {"en", "de"}) {
+        const auto texts = jsw::common::translated<WindowTexts>({code});
+        for (const Case& each : cases(texts)) {
+            const WindowContent content = describeJob(each.data, each.question, texts);
             for (const int percent : {100, 125, 150, 200}) {
-                const Scale scale(jsw::ui::kBaseDpi * percent / 100);
+                const Scale scale(jsw::window::kBaseDpi * percent / 100);
                 const EvenMeasure measure(scale);
-                const Size least = leastSize(content, language->strings(), measure, scale);
+                const Size least = leastSize(content, texts, measure, scale);
                 for (const Size& room : kSizes) {
                     const Size size{std::max(scale(room.width), least.width),
                                     std::max(scale(room.height), least.height)};
-                    const WindowLayout layout = layoutWindow(content, each.page, size, 0,
-                                                             language->strings(), measure, scale);
+                    const WindowLayout layout =
+                        layoutWindow(content, each.page, size, 0, texts, measure, scale);
                     const std::string what =
-                        each.name + ", " + language->code() + ", " + std::to_string(percent) +
-                        " %, " + std::to_string(size.width) + " x " + std::to_string(size.height);
+                        each.name + ", " + code + ", " + std::to_string(percent) + " %, " +
+                        std::to_string(size.width) + " x " + std::to_string(size.height);
                     expectGood(layout, measure, what);
                     expectEverythingReachable(layout, each.page, each.question, what);
                 }
@@ -224,8 +225,8 @@ TEST(WindowLayout, NothingOverlapsAndEveryTextFitsOrIsCut) {
 
 WindowLayout usualLayout(const JobData& data, const Page& page, Size size = kUsualSize,
                          Question question = Question::none, int scrolled = 0) {
-    const Strings& strings = Language::choose(0x409).strings();
-    return layoutWindow(describeJob(data, question, strings), page, size, scrolled, strings,
+    const WindowTexts texts;
+    return layoutWindow(describeJob(data, question, texts), page, size, scrolled, texts,
                         EvenMeasure(Scale()), Scale());
 }
 
@@ -272,26 +273,26 @@ TEST(WindowLayout, WhatDoesNotFitThePageCanBeScrolledTo) {
 TEST(TextFit, CutsAtCharactersAndWrapsAtBlanks) {
     const EvenMeasure measure{Scale()};
     const std::string umlauts = "\xC3\xA4\xC3\xB6\xC3\xBC\xC3\xA4\xC3\xB6\xC3\xBC";
-    EXPECT_EQ(jsw::ui::cutToWidth(umlauts, Font::normal, 42, measure), umlauts);
-    EXPECT_EQ(jsw::ui::cutToWidth(umlauts, Font::normal, 41, measure),
+    EXPECT_EQ(jsw::window::cutToWidth(umlauts, Font::normal, 42, measure), umlauts);
+    EXPECT_EQ(jsw::window::cutToWidth(umlauts, Font::normal, 41, measure),
               "\xC3\xA4\xC3\xB6\xC3\xBC\xC3\xA4\xE2\x80\xA6");
-    EXPECT_EQ(jsw::ui::cutToWidth(umlauts, Font::normal, 0, measure), "\xE2\x80\xA6");
-    EXPECT_EQ(jsw::ui::cutToWidth("", Font::normal, 0, measure), "");
+    EXPECT_EQ(jsw::window::cutToWidth(umlauts, Font::normal, 0, measure), "\xE2\x80\xA6");
+    EXPECT_EQ(jsw::window::cutToWidth("", Font::normal, 0, measure), "");
 
-    const auto wrapped = jsw::ui::wrapToWidth("aaa bbb ccc", Font::normal, 50, 5, measure);
+    const auto wrapped = jsw::window::wrapToWidth("aaa bbb ccc", Font::normal, 50, 5, measure);
     EXPECT_EQ(wrapped.lines, (std::vector<std::string>{"aaa bbb", "ccc"}));
     EXPECT_FALSE(wrapped.cut);
-    const auto cut = jsw::ui::wrapToWidth("aaa bbb ccc", Font::normal, 50, 1, measure);
+    const auto cut = jsw::window::wrapToWidth("aaa bbb ccc", Font::normal, 50, 1, measure);
     EXPECT_EQ(cut.lines, (std::vector<std::string>{"aaa bb\xE2\x80\xA6"}));
     EXPECT_TRUE(cut.cut);
-    EXPECT_EQ(jsw::ui::wrapToWidth("aaaaaaaaaa", Font::normal, 50, 5, measure).lines,
+    EXPECT_EQ(jsw::window::wrapToWidth("aaaaaaaaaa", Font::normal, 50, 5, measure).lines,
               (std::vector<std::string>{"aaaaaaa", "aaa"}));
 
-    EXPECT_TRUE(jsw::ui::readsRightToLeft("12 \xD7\x93\xD7\x95\xD7\x97 pdf"));
-    EXPECT_TRUE(jsw::ui::readsRightToLeft("\xD8\xA7"));
-    EXPECT_FALSE(jsw::ui::readsRightToLeft("pdf \xD7\x93"));
-    EXPECT_FALSE(jsw::ui::readsRightToLeft("\xC3\xA4 \xD7\x93"));
-    EXPECT_FALSE(jsw::ui::readsRightToLeft("123"));
+    EXPECT_TRUE(jsw::window::readsRightToLeft("12 \xD7\x93\xD7\x95\xD7\x97 pdf"));
+    EXPECT_TRUE(jsw::window::readsRightToLeft("\xD8\xA7"));
+    EXPECT_FALSE(jsw::window::readsRightToLeft("pdf \xD7\x93"));
+    EXPECT_FALSE(jsw::window::readsRightToLeft("\xC3\xA4 \xD7\x93"));
+    EXPECT_FALSE(jsw::window::readsRightToLeft("123"));
 }
 
 }  // namespace

@@ -8,11 +8,12 @@
 #include "tools/jswctl/content/GatherContent.h"
 #include "tools/jswctl/module/ModuleJudgement.h"
 #include "tools/jswctl/module/Trial.h"
-#include "window/view/Strings.h"
 
 #include <windows.h>
 
 #include <memory>
+#include <string>
+#include <vector>
 
 namespace jsw::ctl {
 
@@ -26,7 +27,8 @@ struct ContentOptions {
 };
 
 /// Shows a page in the job window beside this program, in each of its languages.
-void showPage(const ContentOptions& options, const std::string& folder, Report& report) {
+void showPage(const ContentOptions& options, const std::string& folder,
+              const std::vector<std::string>& languages, Report& report) {
     constexpr unsigned kMargin = 20;  // seconds for everything except showing
     const std::string tools(folderPart(moduleFileName(nullptr)));
     TrialPlan plan;
@@ -39,11 +41,11 @@ void showPage(const ContentOptions& options, const std::string& folder, Report& 
     ModuleFacts window;
     window.kind = findModuleKind("view");
     window.fullPath = joinPath(tools, "jswv.dll");
-    for (const auto* each = view::Language::first(); each != nullptr; each = each->next()) {
-        SetEnvironmentVariableA("JSW_WINDOW_LANGUAGE", each->code());
+    for (const std::string& code : languages) {
+        SetEnvironmentVariableA("JSW_WINDOW_LANGUAGE", code.c_str());
         window.trial = tryModule(*window.kind, window.fullPath, plan);
         judgeTrial(window, report);
-        report.note(options.show, concat("shown in ", each->code()));
+        report.note(options.show, concat("shown in ", code));
     }
 }
 
@@ -54,8 +56,11 @@ int checkContent(const ContentOptions& options) {
         throw BadUse("there is no folder '" + options.folder + "'");
     }
     Report report;
-    judgeContent(gatherContent(folder), report);
-    if (!options.show.empty()) showPage(options, folder, report);
+    const ContentFacts facts = gatherContent(folder);
+    judgeContent(facts, report);
+    std::vector<std::string> languages{"en"};
+    for (const auto& [code, file] : facts.languages) languages.push_back(code);
+    if (!options.show.empty()) showPage(options, folder, languages, report);
     return show(report, folder, options.json);
 }
 

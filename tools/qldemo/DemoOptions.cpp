@@ -10,7 +10,6 @@
 #include <utility>
 
 namespace jsw::qldemo {
-
 namespace {
 
 constexpr uint32_t kMostPages = 9999;
@@ -76,9 +75,7 @@ class CommandLine {
             "pages of the document, 1 to 9999 (3); ? prints 3 pages without announcing them",
             [this](const std::string& text) {
                 options_.pagesKnown = text != "?";
-                if (!options_.pagesKnown) {
-                    options_.pages = DemoOptions().pages;
-                }
+                if (!options_.pagesKnown) options_.pages = DemoOptions().pages;
                 return !options_.pagesKnown || takeWhole(options_.pages, text, 1, kMostPages);
             });
         add("--copies", "copies of the document, 1 to 999 (1)", options_.copies, kMostCopies);
@@ -143,9 +140,7 @@ ParsedOptions parseOptions(const std::vector<std::string>& arguments) {
     CommandLine commandLine(parsed.options);
     bool help = false;
     parsed.error = sample::parseCommandLine(commandLine.program(), arguments, help);
-    if (help) {
-        parsed.options.mode = Mode::kHelp;
-    }
+    if (help) parsed.options.mode = Mode::kHelp;
     return parsed;
 }
 
@@ -162,9 +157,7 @@ std::optional<InkLevels> parseInkLevels(std::string_view text) {
         const size_t end = std::min(text.find(',', start), text.size());
         const std::string_view part = text.substr(start, end - start);
         const auto percent = parseWhole(part, 0, 100);
-        if (slot >= levels.size() || (!percent && part != "?")) {
-            return std::nullopt;
-        }
+        if (slot >= levels.size() || (!percent && part != "?")) return std::nullopt;
         levels[slot] = percent ? static_cast<int32_t>(*percent) : -1;
         start = end + 1;
     }

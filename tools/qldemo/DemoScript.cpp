@@ -6,7 +6,6 @@
 #include <stdexcept>
 
 namespace jsw::qldemo {
-
 namespace {
 
 constexpr uint32_t kAnyNumber = std::numeric_limits<uint32_t>::max();
@@ -87,9 +86,7 @@ class Words {
     uint32_t number(const char* what, uint32_t lowest, uint32_t highest = kAnyNumber) {
         const std::string_view word = next();
         const auto value = parseWhole(word, lowest, highest);
-        if (!value) {
-            throw std::invalid_argument("'" + std::string(word) + "' is no " + what);
-        }
+        if (!value) throw std::invalid_argument("'" + std::string(word) + "' is no " + what);
         return *value;
     }
 
@@ -104,9 +101,7 @@ void readClick(Words& words, Step& step) {
         throw std::invalid_argument("there is nothing called '" + std::string(what) + "' to click");
     }
     step.target = *target;
-    if (step.target == Target::kPageButton) {
-        step.number = words.number("button", 1, 100);
-    }
+    if (step.target == Target::kPageButton) step.number = words.number("button", 1, 100);
 }
 
 void readAnswer(Words& words, Step& step) {
@@ -163,9 +158,7 @@ class ScriptReader {
     void readLine(std::string_view line) {
         Words words(line);
         const std::string_view first = words.next();
-        if (first.empty()) {
-            return;
-        }
+        if (first.empty()) return;
         if (first == "job") {
             job_ = words.number("job", 1);
             time_ = 0;
@@ -175,9 +168,7 @@ class ScriptReader {
             throw std::invalid_argument("'" + std::string(first) + "' is neither at nor job");
         }
         const std::string_view extra = words.next();
-        if (!extra.empty()) {
-            throw std::invalid_argument("'" + std::string(extra) + "' is too much");
-        }
+        if (!extra.empty()) throw std::invalid_argument("'" + std::string(extra) + "' is too much");
     }
 
     std::vector<Step> take() { return std::move(steps_); }
@@ -189,9 +180,7 @@ class ScriptReader {
         if (!seconds) {
             throw std::invalid_argument("'" + std::string(time) + "' is no time in seconds");
         }
-        if (*seconds < time_) {
-            throw std::invalid_argument("the time goes back");
-        }
+        if (*seconds < time_) throw std::invalid_argument("the time goes back");
         time_ = *seconds;
         const std::string_view name = words.next();
         const Action* action = findNamed(kActions, name);

@@ -6,7 +6,6 @@
 #include <stdexcept>
 
 namespace jsw::qldemo {
-
 namespace {
 
 /** The library derives the last part from the first four letters of the program's name. */
@@ -26,9 +25,7 @@ void check(LSTATUS status, const char* what) {
 
 bool storeExists() {
     HKEY key = nullptr;
-    if (RegOpenKeyExA(HKEY_LOCAL_MACHINE, kStore, 0, KEY_READ, &key) != ERROR_SUCCESS) {
-        return false;
-    }
+    if (RegOpenKeyExA(HKEY_LOCAL_MACHINE, kStore, 0, KEY_READ, &key) != ERROR_SUCCESS) return false;
     RegCloseKey(key);
     return true;
 }
@@ -55,9 +52,7 @@ void setDeviceClient(const std::string& path) {
 
 void removeDeviceClient() {
     const LSTATUS status = RegDeleteKeyValueA(HKEY_LOCAL_MACHINE, kSettingsKey, kClientValue);
-    if (status != ERROR_FILE_NOT_FOUND) {
-        check(status, kClientValue);
-    }
+    if (status != ERROR_FILE_NOT_FOUND) check(status, kClientValue);
 }
 
 }  // namespace jsw::qldemo

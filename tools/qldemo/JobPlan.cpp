@@ -4,7 +4,6 @@
 #include <iterator>
 
 namespace jsw::qldemo {
-
 namespace {
 
 bool has(const std::vector<Step>& steps, Action action) {
@@ -36,9 +35,7 @@ void addPages(const DemoOptions& options, std::vector<Step>& steps) {
 
 double lastTime(const std::vector<Step>& steps) {
     double last = 0;
-    for (const Step& step : steps) {
-        last = std::max(last, step.at);
-    }
+    for (const Step& step : steps) last = std::max(last, step.at);
     return last;
 }
 
@@ -60,9 +57,7 @@ std::vector<Step> planJob(const DemoOptions& options, const std::vector<Step>& s
     if (options.prompt) {
         steps.push_back(impliedStep(printing / 2, Action::kPrompt, *options.prompt));
     }
-    if (!has(steps, Action::kEnd)) {
-        steps.push_back(impliedStep(end, Action::kEnd));
-    }
+    if (!has(steps, Action::kEnd)) steps.push_back(impliedStep(end, Action::kEnd));
     std::stable_sort(steps.begin(), steps.end(),
                      [](const Step& left, const Step& right) { return left.at < right.at; });
     return steps;

@@ -4,7 +4,7 @@
 #include "tools/qldemo/DemoStore.h"
 #include "tools/qldemo/StatusNames.h"
 #include "tools/qldemo/UserHands.h"
-#include "window/prompt/ControlIds.h"
+#include "window/prompt/PromptIds.h"
 
 #include <algorithm>
 #include <chrono>
@@ -14,7 +14,6 @@
 #include <thread>
 
 namespace jsw::qldemo {
-
 namespace {
 
 constexpr auto kTick = std::chrono::milliseconds(10);
@@ -92,9 +91,7 @@ bool JobRun::start() {
 
 void JobRun::onStatus(uint32_t status) {
     console().line("status", statusText(status));
-    if (status == JSW_STATUS_JOB_CANCELLED) {
-        cancelled_ = true;
-    }
+    if (status == JSW_STATUS_JOB_CANCELLED) cancelled_ = true;
 }
 
 double JobRun::timeOf(const Step& step) const {
@@ -160,9 +157,7 @@ void JobRun::doPrompt(uint32_t type) {
 }
 
 void CALLBACK JobRun::onPromptTimer(HWND, UINT, UINT_PTR, DWORD) {
-    if (current_ == nullptr) {
-        return;
-    }
+    if (current_ == nullptr) return;
     current_->runDueDriverSteps();
     if (current_->nobodyAnswers()) {
         console().line("driver", "nobody answers the prompt: JSWPostDlgMsg closes it");
@@ -192,9 +187,7 @@ void JobRun::doEnd() {
 }
 
 void JobRun::dropStepsAfterCancel() {
-    if (!cancelled_ || cancelSeen_) {
-        return;
-    }
+    if (!cancelled_ || cancelSeen_) return;
     cancelSeen_ = true;
     console().line("driver", "cancelling: no more pages");
     driverSteps_.resize(nextDriverStep_);
@@ -210,17 +203,13 @@ void JobRun::waitForUser(double until) const {
         const size_t next = nextUserStep_;
         return next < userSteps_.size() && userSteps_[next].at <= until;
     };
-    while (busy() && console().elapsed() < patience) {
-        std::this_thread::sleep_for(kTick);
-    }
+    while (busy() && console().elapsed() < patience) std::this_thread::sleep_for(kTick);
 }
 
 void JobRun::runUserSteps() {
     for (; nextUserStep_ < userSteps_.size(); ++nextUserStep_) {
         const Step& step = userSteps_[nextUserStep_];
-        while (!over_ && console().elapsed() < step.at) {
-            std::this_thread::sleep_for(kTick);
-        }
+        while (!over_ && console().elapsed() < step.at) std::this_thread::sleep_for(kTick);
         if (over_) {
             console().line("user", "not done, the job is over: " + describe(step));
             good_ = false;
@@ -232,15 +221,11 @@ void JobRun::runUserSteps() {
 }
 
 bool JobRun::doUserStep(const Step& step) {
-    if (step.action == Action::kScreenshot) {
-        return takeScreenshot(step.name);
-    }
+    if (step.action == Action::kScreenshot) return takeScreenshot(step.name);
     if (step.action == Action::kLook) {
         const std::vector<std::string> lines = readJobWindow();
         console().line("user", lines.empty() ? "sees no job window" : "sees the job window:");
-        for (const std::string& text : lines) {
-            console().plain("                    " + text);
-        }
+        for (const std::string& text : lines) console().plain("                    " + text);
         return !lines.empty();
     }
     const Press pressed =

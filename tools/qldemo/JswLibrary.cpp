@@ -19,9 +19,7 @@ JswLibrary::JswLibrary(const std::string& path) : module_(LoadLibraryA(path.c_st
 template <class Function>
 void JswLibrary::find(Function*& function, const char* name) {
     const FARPROC address = GetProcAddress(module_.get(), name);
-    if (address == nullptr) {
-        throw std::runtime_error(std::string("jsw.dll has no ") + name);
-    }
+    if (address == nullptr) throw std::runtime_error(std::string("jsw.dll has no ") + name);
     function = reinterpret_cast<Function*>(reinterpret_cast<void*>(address));
 }
 

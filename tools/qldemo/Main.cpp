@@ -2,6 +2,7 @@
  * @file Main.cpp
  * qldemo: plays a printer driver. It knows only jsw/jsw.h and the location of the settings.
  */
+#include "common/Files.h"
 #include "tools/qldemo/Console.h"
 #include "tools/qldemo/DemoOptions.h"
 #include "tools/qldemo/DemoScript.h"
@@ -24,52 +25,19 @@
 #include <vector>
 
 namespace jsw::qldemo {
-
 namespace {
 
 enum ExitCode { kDone = 0, kFailed = 1, kBadOptions = 2 };
-
-std::string programPath() {
-    char path[MAX_PATH] = {};
-    const DWORD length = GetModuleFileNameA(nullptr, path, MAX_PATH);
-    if (length == 0 || length == MAX_PATH) {
-        throw std::runtime_error("the path of this program is too long");
-    }
-    return path;
-}
-
-/** With a trailing backslash. */
-std::string programFolder() {
-    const std::string path = programPath();
-    return path.substr(0, path.find_last_of('\\') + 1);
-}
-
-/** Relative to the current folder; an empty path stays empty. */
-std::string fullPath(const std::string& path) {
-    char full[MAX_PATH] = {};
-    if (path.empty()) {
-        return path;
-    }
-    const DWORD length = GetFullPathNameA(path.c_str(), MAX_PATH, full, nullptr);
-    if (length == 0 || length >= MAX_PATH) {
-        throw std::runtime_error("'" + path + "' is too long a path");
-    }
-    return full;
-}
 
 std::vector<Step> loadScript(const std::string& path) {
     if (path.empty()) {
         return {};
     }
     std::ifstream file(path, std::ios::binary);
-    if (!file) {
-        throw std::runtime_error("cannot read the script " + path);
-    }
+    if (!file) throw std::runtime_error("cannot read the script " + path);
     const std::string text((std::istreambuf_iterator<char>(file)), {});
     ParsedScript script = parseScript(text);
-    if (!script.error.empty()) {
-        throw std::runtime_error(path + ", " + script.error);
-    }
+    if (!script.error.empty()) throw std::runtime_error(path + ", " + script.error);
     return std::move(script.steps);
 }
 
@@ -78,13 +46,11 @@ std::vector<Step> loadScript(const std::string& path) {
  * rule applies to it.
  */
 int install() {
-    const JswLibrary library(programFolder() + "jsw.dll");
+    const JswLibrary library(common::moduleFolder(nullptr) + "jsw.dll");
     const InkInfo noInkKnown = JSW_INK_UNKNOWN;
     library.init("", "", 0, 0, static_cast<uint32_t>(-1), 0, 0, &noInkKnown, 0, 0, nullptr);
     library.terminate();
-    if (!storeExists()) {
-        throw std::runtime_error("the library has not installed its settings");
-    }
+    if (!storeExists()) throw std::runtime_error("the library has not installed its settings");
     return kDone;
 }
 
@@ -93,7 +59,7 @@ int install() {
  * because the library checks for missing settings only now and then.
  */
 void installInOwnProcess() {
-    std::string command = "\"" + programPath() + "\" --install";
+    std::string command = "\"" + common::moduleFileName(nullptr) + "\" --install";
     STARTUPINFOA startup = {};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION process = {};
@@ -107,9 +73,7 @@ void installInOwnProcess() {
     GetExitCodeProcess(process.hProcess, &exitCode);
     CloseHandle(process.hThread);
     CloseHandle(process.hProcess);
-    if (exitCode != kDone) {
-        throw std::runtime_error("the settings could not be installed");
-    }
+    if (exitCode != kDone) throw std::runtime_error("the settings could not be installed");
 }
 
 /** Reported at once, not at the first screenshot. */
@@ -127,14 +91,10 @@ void prepareStore(const DemoOptions& options) {
         throw std::runtime_error("cannot find the device file " + deviceFile);
     }
     const bool changes = options.log || !deviceFile.empty();
-    if (changes && !storeExists()) {
-        installInOwnProcess();
-    }
-    if (options.log) {
-        switchLogOn();
-    }
+    if (changes && !storeExists()) installInOwnProcess();
+    if (options.log) switchLogOn();
     if (!deviceFile.empty()) {
-        setDeviceClient(programFolder() + "comc.dll");
+        setDeviceClient(common::moduleFolder(nullptr) + "comc.dll");
         _putenv_s("JSW_DEVICE_FILE", deviceFile.c_str());
     } else if (storeExists()) {
         removeDeviceClient();
@@ -152,9 +112,9 @@ int runJobs(const DemoOptions& options) {
     requireFolder(options.screenshotFolder);
     prepareStore(options);
     if (asksTheUser(options, script)) {
-        installPromptModule(programFolder() + "jswo.dll");
+        installPromptModule(common::moduleFolder(nullptr) + "jswo.dll");
     }
-    const JswLibrary library(programFolder() + "jsw.dll");
+    const JswLibrary library(common::moduleFolder(nullptr) + "jsw.dll");
     bool good = true;
     for (uint32_t job = 1; job <= options.jobs; ++job) {
         if (options.jobs > 1) {
@@ -183,10 +143,10 @@ int runProgram(const std::vector<std::string>& arguments) {
     DemoOptions& options = parsed.options;
     for (std::string* path :
          {&options.deviceFile, &options.scriptFile, &options.screenshotFolder, &options.urlFile}) {
-        *path = fullPath(*path);
+        *path = common::fullPath(*path);
     }
     // Relative paths in the settings are relative to this folder.
-    SetCurrentDirectoryA(programFolder().c_str());
+    SetCurrentDirectoryA(common::moduleFolder(nullptr).c_str());
     switch (options.mode) {
         case Mode::kHelp:
             std::fputs(helpText().c_str(), stdout);

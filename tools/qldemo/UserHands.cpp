@@ -1,13 +1,12 @@
 #include "tools/qldemo/UserHands.h"
 
-#include "window/view/ControlIds.h"
+#include "window/view/WindowIds.h"
 
 #include <windows.h>
 
 #include <iterator>
 
 namespace jsw::qldemo {
-
 namespace {
 
 constexpr const char* kDialogClass = "#32770";
@@ -30,9 +29,7 @@ BOOL CALLBACK takeOurWindow(HWND window, LPARAM parameter) {
     DWORD process = 0;
     GetWindowThreadProcessId(window, &process);
     GetClassNameA(window, className, static_cast<int>(std::size(className)));
-    if (process != GetCurrentProcessId() || lstrcmpA(className, search.className) != 0) {
-        return TRUE;
-    }
+    if (process != GetCurrentProcessId() || lstrcmpA(className, search.className) != 0) return TRUE;
     search.found = window;
     return FALSE;
 }
@@ -130,9 +127,7 @@ Press press(Target target, uint32_t pageButton) {
         return {{}, "there is no job window"};
     }
     for (const Control& control : kControls) {
-        if (control.target != target) {
-            continue;
-        }
+        if (control.target != target) continue;
         if (control.way == Way::kSystemMenu) {
             return posted({},
                           PostMessageA(window, WM_SYSCOMMAND, static_cast<WPARAM>(control.id), 0));
@@ -165,14 +160,10 @@ std::vector<std::string> readJobWindow() {
                   {JSW_VIEW_QUESTION, "question"}};
     std::vector<std::string> lines;
     const HWND window = visibleJobWindow();
-    if (window == nullptr) {
-        return lines;
-    }
+    if (window == nullptr) return lines;
     for (const auto& entry : kTexts) {
         const std::string text = textOf(GetDlgItem(window, entry.id));
-        if (!text.empty()) {
-            lines.push_back(std::string(entry.what) + ": " + text);
-        }
+        if (!text.empty()) lines.push_back(std::string(entry.what) + ": " + text);
     }
     return lines;
 }

@@ -2,8 +2,8 @@
  * The module's entry points. One prompt at a time, on one thread; messages for it may come from any
  * thread.
  */
-#include "window/prompt/ControlIds.h"
-#include "window/prompt/Prompt.h"
+#include "window/prompt/PromptDialog.h"
+#include "window/prompt/PromptIds.h"
 #include <jsw/legacy.h>
 
 #include <algorithm>
@@ -38,22 +38,21 @@ uint32_t JSWInitEx(const char* friendlyName) {
 }
 
 void JSWDisplayPrompt(int32_t promptType, int32_t totalPages) {
-    if (!initialised) {
-        return;
-    }
+    if (!initialised) return;
     try {
-        jsw::prompt::runPrompt(printer(), promptType, totalPages);
+        // The interface has no place for the answer: the driver sees that the prompt is over.
+        jsw::window::PromptDialog(printer(), promptType, totalPages).run();
     } catch (...) {
         // Out of memory: the user is not asked.
     }
 }
 
 void JSWPostDlgMsg(void* message) {
-    jsw::prompt::postToPrompt(reinterpret_cast<uintptr_t>(message));
+    jsw::window::PromptDialog::post(reinterpret_cast<uintptr_t>(message));
 }
 
 /** May be called inside the dialog's message loop; then it closes the prompt. */
 void JSWTerminate(void) {
-    jsw::prompt::postToPrompt(JSW_LEGACY_CLOSE);
+    jsw::window::PromptDialog::post(JSW_LEGACY_CLOSE);
     initialised = false;
 }

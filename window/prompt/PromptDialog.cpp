@@ -1,24 +1,21 @@
 #include "window/prompt/PromptDialog.h"
 
-#include "window/prompt/ControlIds.h"
+#include "common/Encoding.h"
+#include "common/Files.h"
+#include "common/Language.h"
+#include "window/prompt/PromptIds.h"
 #include "window/prompt/PromptText.h"
 #include "window/ui/ButtonPainter.h"
 #include "window/ui/Dpi.h"
 #include "window/ui/Look.h"
-#include "window/ui/Text.h"
 
 #include <windows.h>
 
 #include <algorithm>
 #include <atomic>
 
-namespace jsw::prompt {
-
+namespace jsw::window {
 namespace {
-
-using ui::Box;
-using ui::Canvas;
-using ui::Colour;
 
 constexpr UINT kDriverMessage = WM_APP;  // wParam: a JswLegacyMessage
 
@@ -52,25 +49,25 @@ struct EmptyTemplate {
 }  // namespace
 
 PromptDialog::PromptDialog(const std::string& printer, int32_t type, int32_t totalPages)
-    : strings_(Language::choose(GetUserDefaultUILanguage()).strings()),
-      printer_(ui::utf8FromAnsi(printer)),
-      text_(promptText(type, totalPages, strings_)),
-      palette_(ui::lightPalette()) {
+    : texts_(common::translated<PromptTexts>(common::userLanguages())),
+      printer_(common::utf8FromAnsi(printer)),
+      text_(promptText(type, totalPages, texts_)),
+      palette_(lightPalette()) {
 }
 
-void PromptDialog::run(HINSTANCE instance) {
+void PromptDialog::run() {
+    const SharpWindows sharp;
+    const VisualStyles styles(common::thisModule());
     EmptyTemplate empty{};
     empty.head.style = kStyle;
     empty.head.dwExtendedStyle = kExtendedStyle;
-    DialogBoxIndirectParamW(instance, &empty.head, nullptr, procedure,
+    DialogBoxIndirectParamW(common::thisModule(), &empty.head, nullptr, procedure,
                             reinterpret_cast<LPARAM>(this));
 }
 
 void PromptDialog::post(uintptr_t message) {
     // Posted, not sent: the dialog's thread may be waiting for this one.
-    if (const HWND dialog = currentDialog) {
-        PostMessageW(dialog, kDriverMessage, message, 0);
-    }
+    if (const HWND dialog = currentDialog) PostMessageW(dialog, kDriverMessage, message, 0);
 }
 
 INT_PTR CALLBACK PromptDialog::procedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -105,7 +102,7 @@ INT_PTR PromptDialog::handle(UINT message, WPARAM wParam, LPARAM lParam) {
         case kDriverMessage:
             onDriverMessage(wParam);
             return TRUE;
-        case ui::kMessageDpiChanged:
+        case kMessageDpiChanged:
             changeScale(HIWORD(wParam));
             return TRUE;
         case WM_SETTINGCHANGE:
@@ -123,14 +120,12 @@ INT_PTR PromptDialog::handle(UINT message, WPARAM wParam, LPARAM lParam) {
             return TRUE;
         case WM_NOTIFY: {
             const auto& notice = *reinterpret_cast<const NMHDR*>(lParam);
-            if (notice.code != NM_CUSTOMDRAW) {
-                return FALSE;
-            }
-            const ui::ButtonLook look{palette_, *fonts_, scale_, palette_.footer,
-                                      notice.idFrom == JSW_LEGACY_CONTINUE};
+            if (notice.code != NM_CUSTOMDRAW) return FALSE;
+            const ButtonLook look{palette_, *fonts_, scale_, palette_.footer,
+                                  notice.idFrom == JSW_LEGACY_CONTINUE};
             SetWindowLongPtrW(
                 dialog_, DWLP_MSGRESULT,
-                ui::customDrawButton(*reinterpret_cast<const NMCUSTOMDRAW*>(lParam), look));
+                customDrawButton(*reinterpret_cast<const NMCUSTOMDRAW*>(lParam), look));
             return TRUE;
         }
         case WM_DESTROY:
@@ -142,35 +137,35 @@ INT_PTR PromptDialog::handle(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 void PromptDialog::createControls() {
-    SetWindowTextW(dialog_, ui::wide(strings_.title).c_str());
+    SetWindowTextW(dialog_, common::wide(texts_.title).c_str());
     for (const auto& control : kControls) {
         CreateWindowExW(0, control.className, L"", WS_CHILD | WS_VISIBLE | control.style, 0, 0, 0,
                         0, dialog_, reinterpret_cast<HMENU>(static_cast<INT_PTR>(control.id)),
                         nullptr, nullptr);
     }
     SendMessageW(dialog_, DM_SETDEFID, JSW_LEGACY_CONTINUE, 0);
-    changeScale(ui::dotsPerInch(dialog_));
+    changeScale(dotsPerInch(dialog_));
     changeLook();
 }
 
 void PromptDialog::changeLook() {
-    palette_ = ui::currentPalette();
-    ui::matchTitleBar(dialog_, palette_);
+    palette_ = currentPalette();
+    matchTitleBar(dialog_, palette_);
     RedrawWindow(dialog_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
 void PromptDialog::changeScale(int dotsPerInch) {
-    scale_ = ui::Scale(dotsPerInch);
-    auto fonts = std::make_unique<ui::Fonts>(dotsPerInch);
+    scale_ = Scale(dotsPerInch);
+    auto fonts = std::make_unique<Fonts>(dotsPerInch);
     for (const auto& control : kControls) {
         SendDlgItemMessageW(dialog_, control.id, WM_SETFONT,
-                            reinterpret_cast<WPARAM>(fonts->get(ui::Font::normal)), FALSE);
+                            reinterpret_cast<WPARAM>(fonts->get(Font::normal)), FALSE);
     }
     fonts_ = std::move(fonts);
     arrange();
     // Centred on its screen.
-    const SIZE size = ui::frameSize({layout_.size.width, layout_.size.height}, kStyle,
-                                    kExtendedStyle, dotsPerInch);
+    const SIZE size =
+        frameSize({layout_.size.width, layout_.size.height}, kStyle, kExtendedStyle, dotsPerInch);
     MONITORINFO monitor{};
     monitor.cbSize = sizeof(monitor);
     GetMonitorInfoW(MonitorFromWindow(dialog_, MONITOR_DEFAULTTONEAREST), &monitor);
@@ -181,19 +176,17 @@ void PromptDialog::changeScale(int dotsPerInch) {
 }
 
 void PromptDialog::arrange() {
-    layout_ = layoutPrompt(printer_, text_, note_, strings_, ui::FontMeasure(*fonts_), scale_);
+    layout_ = layoutPrompt(printer_, text_, note_, texts_, FontMeasure(*fonts_), scale_);
     const auto place = [this](int id, const Box& box, const std::string& text) {
         const HWND control = GetDlgItem(dialog_, id);
         SetWindowPos(control, nullptr, box.left, box.top, box.width(), box.height(),
                      SWP_NOZORDER | SWP_NOACTIVATE);
-        SetWindowTextW(control, ui::wide(text).c_str());
+        SetWindowTextW(control, common::wide(text).c_str());
     };
     place(JSW_LEGACY_PRINTER, layout_.printer.box, printer_);
     place(JSW_LEGACY_TEXT, layout_.text, text_);
     place(JSW_LEGACY_NOTE, layout_.note.box, note_);
-    for (const ui::PlacedButton& button : layout_.buttons) {
-        place(button.id, button.box, button.label);
-    }
+    for (const PlacedButton& button : layout_.buttons) place(button.id, button.box, button.label);
 }
 
 void PromptDialog::onDriverMessage(uintptr_t message) {
@@ -206,50 +199,49 @@ void PromptDialog::onDriverMessage(uintptr_t message) {
             EndDialog(dialog_, JSW_LEGACY_CANCEL);
             return;
         default:
-            if (const char* note = noteText(message, strings_)) {
-                note_ = note;
+            if (const std::string* const note = noteText(message, texts_)) {
+                note_ = *note;
                 arrange();
             }
     }
 }
 
 void PromptDialog::paintGround(HDC dc) const {
-    ui::paintBuffered(dc, {0, 0, layout_.size.width, layout_.size.height},
-                      [&](const Canvas& canvas, const Box& box) {
-                          const int thin = std::max(scale_(1), 1);
-                          const Box& footer = layout_.footer;
-                          canvas.fill(box, palette_.ground);
-                          canvas.fill(footer, palette_.footer);
-                          canvas.fill({0, footer.top, box.right, footer.top + thin}, palette_.line);
-                          // An exclamation mark in a disc.
-                          const Box& sign = layout_.sign;
-                          canvas.fillRound(sign, sign.width(), palette_.accent);
-                          const auto part = [&](int left, int top, int right, int bottom) {
-                              const auto at = [&](int units) { return units * sign.width() / 36; };
-                              return Box{sign.left + at(left), sign.top + at(top),
-                                         sign.left + at(right), sign.top + at(bottom)};
-                          };
-                          canvas.fillRound(part(16, 8, 20, 21), scale_(2), palette_.ground);
-                          canvas.fillRound(part(16, 24, 20, 28), scale_(2), palette_.ground);
-                      });
+    paintBuffered(dc, {0, 0, layout_.size.width, layout_.size.height},
+                  [&](const Canvas& canvas, const Box& box) {
+                      const int thin = std::max(scale_(1), 1);
+                      const Box& footer = layout_.footer;
+                      canvas.fill(box, palette_.ground);
+                      canvas.fill(footer, palette_.footer);
+                      canvas.fill({0, footer.top, box.right, footer.top + thin}, palette_.line);
+                      // An exclamation mark in a disc.
+                      const Box& sign = layout_.sign;
+                      canvas.fillRound(sign, sign.width(), palette_.accent);
+                      const auto part = [&](int left, int top, int right, int bottom) {
+                          const auto at = [&](int units) { return units * sign.width() / 36; };
+                          return Box{sign.left + at(left), sign.top + at(top),
+                                     sign.left + at(right), sign.top + at(bottom)};
+                      };
+                      canvas.fillRound(part(16, 8, 20, 21), scale_(2), palette_.ground);
+                      canvas.fillRound(part(16, 24, 20, 28), scale_(2), palette_.ground);
+                  });
 }
 
 void PromptDialog::drawItem(const DRAWITEMSTRUCT& item) const {
-    const ui::Look look{palette_, *fonts_, scale_};
-    ui::paintBuffered(item.hDC, item.rcItem, [&](const Canvas& canvas, const Box& box) {
+    const Look look{palette_, *fonts_, scale_};
+    paintBuffered(item.hDC, item.rcItem, [&](const Canvas& canvas, const Box& box) {
         canvas.fill(box, palette_.ground);
         switch (item.CtlID) {
             case JSW_LEGACY_PRINTER:
-                return ui::paintText(canvas, ui::onCanvas(layout_.printer, layout_.printer.box),
-                                     look);
+                return paintText(canvas, onCanvas(layout_.printer, layout_.printer.box), look);
             case JSW_LEGACY_NOTE:
-                return ui::paintText(canvas, ui::onCanvas(layout_.note, layout_.note.box), look);
+                return paintText(canvas, onCanvas(layout_.note, layout_.note.box), look);
             default:
-                for (const ui::PlacedText& line : layout_.textLines) {
-                    ui::paintText(canvas, ui::onCanvas(line, layout_.text), look);
+                for (const PlacedText& line : layout_.textLines) {
+                    paintText(canvas, onCanvas(line, layout_.text), look);
                 }
         }
     });
 }
 
-}  // namespace jsw::prompt
+}  // namespace jsw::window

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "window/prompt/PromptLayout.h"
-#include "window/prompt/Strings.h"
+#include "window/prompt/PromptTexts.h"
 #include "window/ui/Canvas.h"
 #include "window/ui/Fonts.h"
 #include "window/ui/TextPainter.h"
@@ -12,7 +12,7 @@
 #include <memory>
 #include <string>
 
-namespace jsw::prompt {
+namespace jsw::window {
 
 /** The dialog of one prompt. All methods except post() belong to the thread that shows it. */
 class PromptDialog {
@@ -21,7 +21,7 @@ class PromptDialog {
     PromptDialog(const std::string& printer, int32_t type, int32_t totalPages);
 
     /** Blocks until the dialog is answered or closed. */
-    void run(HINSTANCE instance);
+    void run();
 
     /** Posts a driver's message to the open dialog, if there is one. */
     static void post(uintptr_t message);
@@ -38,15 +38,15 @@ class PromptDialog {
     void paintGround(HDC dc) const;
     void drawItem(const DRAWITEMSTRUCT& item) const;
 
-    const Strings& strings_;
+    const PromptTexts texts_;
     std::string printer_;
     std::string text_;
     std::string note_;
-    ui::Palette palette_;
-    ui::Scale scale_;
-    std::unique_ptr<ui::Fonts> fonts_;
+    Palette palette_;
+    Scale scale_;
+    std::unique_ptr<Fonts> fonts_;
     PromptLayout layout_;
     HWND dialog_ = nullptr;
 };
 
-}  // namespace jsw::prompt
+}  // namespace jsw::window

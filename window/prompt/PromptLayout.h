@@ -4,27 +4,27 @@
  */
 #pragma once
 
-#include "window/prompt/Strings.h"
+#include "window/prompt/PromptTexts.h"
 #include "window/ui/Placed.h"
 
 #include <string>
 #include <vector>
 
-namespace jsw::prompt {
+namespace jsw::window {
 
 struct PromptLayout {
-    ui::Size size;
-    ui::Box sign; /**< the attention sign */
-    ui::PlacedText printer;
-    ui::Box text;
-    std::vector<ui::PlacedText> textLines;
-    ui::PlacedText note; /**< its place stays free without a note */
-    ui::Box footer;
-    std::vector<ui::PlacedButton> buttons; /**< continue, cancel */
+    Size size;
+    Box sign; /**< the attention sign */
+    PlacedText printer;
+    Box text;
+    std::vector<PlacedText> textLines;
+    PlacedText note; /**< its place stays free without a note */
+    Box footer;
+    std::vector<PlacedButton> buttons; /**< continue, cancel */
 };
 
 [[nodiscard]] PromptLayout layoutPrompt(const std::string& printer, const std::string& text,
-                                        const std::string& note, const Strings& strings,
-                                        const ui::TextMeasure& measure, const ui::Scale& scale);
+                                        const std::string& note, const PromptTexts& texts,
+                                        const TextMeasure& measure, const Scale& scale);
 
-}  // namespace jsw::prompt
+}  // namespace jsw::window

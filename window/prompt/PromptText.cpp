@@ -1,9 +1,9 @@
 #include "window/prompt/PromptText.h"
 
-#include "window/prompt/ControlIds.h"
+#include "common/Phrase.h"
+#include "window/prompt/PromptIds.h"
 
-namespace jsw::prompt {
-
+namespace jsw::window {
 namespace {
 
 constexpr int32_t kTurnStack = 1;
@@ -11,52 +11,54 @@ constexpr int32_t kTurnStack = 1;
 /** The prompt types that this module knows. */
 constexpr struct {
     int32_t type;
-    const char* Strings::*text;
+    std::string PromptTexts::*text;
 } kKinds[] = {
-    {kTurnStack, &Strings::turnStack}, {2, &Strings::loadPaper}, {3, &Strings::changeCartridge},
-    {4, &Strings::closeCover},         {5, &Strings::removeJam},
+    {kTurnStack, &PromptTexts::turnStack}, {2, &PromptTexts::loadPaper},
+    {3, &PromptTexts::changeCartridge},    {4, &PromptTexts::closeCover},
+    {5, &PromptTexts::removeJam},
 };
 
 constexpr struct {
     uintptr_t message;
-    const char* Strings::*text;
+    std::string PromptTexts::*text;
 } kNotes[] = {
-    {JSW_LEGACY_PAPER_LOADED, &Strings::paperLoaded},
-    {JSW_LEGACY_COVER_OPEN, &Strings::coverOpen},
-    {JSW_LEGACY_COVER_CLOSED, &Strings::coverClosed},
-    {JSW_LEGACY_PRINTER_BUSY, &Strings::printerBusy},
-    {JSW_LEGACY_PRINTER_READY, &Strings::printerReady},
+    {JSW_LEGACY_PAPER_LOADED, &PromptTexts::paperLoaded},
+    {JSW_LEGACY_COVER_OPEN, &PromptTexts::coverOpen},
+    {JSW_LEGACY_COVER_CLOSED, &PromptTexts::coverClosed},
+    {JSW_LEGACY_PRINTER_BUSY, &PromptTexts::printerBusy},
+    {JSW_LEGACY_PRINTER_READY, &PromptTexts::printerReady},
 };
 
 /** The number of sheets in the stack, if the driver knows the pages. */
-std::string sheets(int32_t totalPages, const Strings& strings) {
+std::string sheets(int32_t totalPages, const PromptTexts& texts) {
     if (totalPages <= 0) {
         return {};
     }
     const int32_t count = totalPages / 2 + totalPages % 2;
-    return "\n\n" + ui::fillIn(strings.pages.form(totalPages), {std::to_string(totalPages)}) +
-           ui::fillIn(strings.onSheets.form(count), {std::to_string(count)});
+    const auto counted = [](int32_t number, const std::string& one, const std::string& other) {
+        return common::fillIn(common::plural(number, one, other), {std::to_string(number)});
+    };
+    return "\n\n" + common::fillIn(texts.stack, {counted(totalPages, texts.pagesOne, texts.pages),
+                                                 counted(count, texts.sheetsOne, texts.sheets)});
 }
 
 }  // namespace
 
-std::string promptText(int32_t type, int32_t totalPages, const Strings& strings) {
+std::string promptText(int32_t type, int32_t totalPages, const PromptTexts& texts) {
     for (const auto& kind : kKinds) {
         if (kind.type == type) {
-            return strings.*kind.text +
-                   (type == kTurnStack ? sheets(totalPages, strings) : std::string());
+            return texts.*kind.text +
+                   (type == kTurnStack ? sheets(totalPages, texts) : std::string());
         }
     }
-    return ui::fillIn(strings.attention, {std::to_string(type)});
+    return common::fillIn(texts.attention, {std::to_string(type)});
 }
 
-const char* noteText(uintptr_t message, const Strings& strings) {
+const std::string* noteText(uintptr_t message, const PromptTexts& texts) {
     for (const auto& note : kNotes) {
-        if (note.message == message) {
-            return strings.*note.text;
-        }
+        if (note.message == message) return &(texts.*note.text);
     }
     return nullptr;
 }
 
-}  // namespace jsw::prompt
+}  // namespace jsw::window

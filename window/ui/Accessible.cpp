@@ -1,6 +1,6 @@
 #include "window/ui/Accessible.h"
 
-#include "window/ui/Text.h"
+#include "common/Encoding.h"
 
 #include <windows.h>
 
@@ -10,14 +10,14 @@
 #include <oleauto.h>
 #include <utility>
 
-namespace jsw::ui {
+namespace jsw::window {
 namespace {
 
 HRESULT giveText(const std::string& text, BSTR* answer) {
     if (!answer) return E_INVALIDARG;
     *answer = nullptr;
     if (text.empty()) return S_FALSE;
-    const std::wstring letters = wide(text);
+    const std::wstring letters = common::wide(text);
     *answer = SysAllocStringLen(letters.data(), static_cast<UINT>(letters.size()));
     return *answer ? S_OK : E_OUTOFMEMORY;
 }
@@ -189,4 +189,4 @@ LRESULT AccessibilityServer::answer(const std::shared_ptr<AccessibleModel>& mode
     return result > 0 ? result : 0;
 }
 
-}  // namespace jsw::ui
+}  // namespace jsw::window

@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-namespace jsw::ui {
+namespace jsw::window {
 
 /** A control, or a part of one. Texts are UTF-8. */
 struct AccessibleItem {
@@ -51,4 +51,4 @@ class AccessibilityServer {
     bool comBegun_ = false; /**< only on request; most windows get none */
 };
 
-}  // namespace jsw::ui
+}  // namespace jsw::window

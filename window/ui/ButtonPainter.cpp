@@ -1,10 +1,10 @@
 #include "window/ui/ButtonPainter.h"
 
-#include "window/ui/Text.h"
+#include "common/Encoding.h"
 
 #include <array>
 
-namespace jsw::ui {
+namespace jsw::window {
 namespace {
 
 constexpr int kRadius = 4;
@@ -24,7 +24,7 @@ struct ButtonState {
     static std::string textOf(HWND button) {
         std::array<wchar_t, 256> text{};
         const int length = GetWindowTextW(button, text.data(), static_cast<int>(text.size()));
-        return utf8({text.data(), static_cast<std::size_t>(length)});
+        return common::utf8({text.data(), static_cast<std::size_t>(length)});
     }
 
     std::string text;
@@ -130,4 +130,4 @@ void drawLink(const DRAWITEMSTRUCT& item, const Box& whole, const ButtonLook& lo
     });
 }
 
-}  // namespace jsw::ui
+}  // namespace jsw::window

@@ -13,7 +13,7 @@
 
 #include <commctrl.h>
 
-namespace jsw::ui {
+namespace jsw::window {
 
 /** The look of a window's controls. */
 struct ButtonLook {
@@ -39,4 +39,4 @@ struct ButtonLook {
  */
 void drawLink(const DRAWITEMSTRUCT& item, const Box& whole, const ButtonLook& look);
 
-}  // namespace jsw::ui
+}  // namespace jsw::window

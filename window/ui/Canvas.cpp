@@ -1,8 +1,8 @@
 #include "window/ui/Canvas.h"
 
-#include "window/ui/Text.h"
+#include "common/Encoding.h"
 
-namespace jsw::ui {
+namespace jsw::window {
 
 void Canvas::fill(const Box& box, Colour colour) const {
     const GdiObject<HBRUSH> brush(CreateSolidBrush(rgb(colour)));
@@ -45,14 +45,14 @@ void Canvas::draw(const Box& box, std::string_view text, HFONT font, Colour colo
                   UINT format) const {
     const Selection selection(dc_, font);
     SetTextColor(dc_, rgb(colour));
-    const std::wstring letters = wide(text);
+    const std::wstring letters = common::wide(text);
     RECT area = rect(box);
     const UINT direction = readsRightToLeft(text) ? static_cast<UINT>(DT_RTLREADING) : 0U;
     DrawTextW(dc_, letters.c_str(), static_cast<int>(letters.size()), &area,
               format | direction | DT_SINGLELINE | DT_VCENTER | DT_NOCLIP);
 }
 
-Picture::Picture(HDC like, Size size) {
+MemoryBitmap::MemoryBitmap(HDC like, Size size) {
     BITMAPINFO info{};
     info.bmiHeader.biSize = sizeof(info.bmiHeader);
     info.bmiHeader.biWidth = size.width;
@@ -65,4 +65,4 @@ Picture::Picture(HDC like, Size size) {
     if (bitmap_.get()) pixels_ = {static_cast<std::uint32_t*>(bits), size.width, size.height};
 }
 
-}  // namespace jsw::ui
+}  // namespace jsw::window

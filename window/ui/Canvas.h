@@ -9,13 +9,14 @@
 #include "window/ui/Gdi.h"
 #include "window/ui/Geometry.h"
 #include "window/ui/Raster.h"
+#include "window/ui/ScaledPicture.h"
 
 #include <windows.h>
 
 #include <string_view>
 #include <utility>
 
-namespace jsw::ui {
+namespace jsw::window {
 
 [[nodiscard]] constexpr COLORREF rgb(Colour colour) {
     return RGB(colour.red, colour.green, colour.blue);
@@ -45,6 +46,11 @@ class Canvas {
         GdiFlush();
         fillShape(pixels_, bounds, std::forward<Inside>(inside), [&](int) { return colour; });
     }
+    /** Scaled to the box. */
+    void picture(const Box& box, const PicturePixels& picture) const {
+        GdiFlush();
+        drawScaled(pixels_, box, picture);
+    }
     /** One line, with DrawText's DT_LEFT, DT_RIGHT or DT_CENTER; "&" has no special meaning. */
     void text(const Box& box, std::string_view text, HFONT font, Colour colour, UINT side) const;
     /** The same for a label, whose "&" underlines a letter if underline is set. */
@@ -60,9 +66,9 @@ class Canvas {
 };
 
 /** A bitmap with accessible pixels. */
-class Picture {
+class MemoryBitmap {
   public:
-    Picture(HDC like, Size size);
+    MemoryBitmap(HDC like, Size size);
     [[nodiscard]] HBITMAP bitmap() const { return bitmap_.get(); }
     [[nodiscard]] const Pixels& pixels() const { return pixels_; }
 
@@ -76,7 +82,7 @@ template <typename Paint>
 void paintBuffered(HDC target, const RECT& area, Paint&& paint) {
     const Size size{static_cast<int>(area.right - area.left),
                     static_cast<int>(area.bottom - area.top)};
-    const Picture picture(target, size);
+    const MemoryBitmap picture(target, size);
     const MemoryDc memory(target);
     if (!picture.bitmap() || !memory.get()) return;
     const Selection selection(memory.get(), picture.bitmap());
@@ -84,4 +90,4 @@ void paintBuffered(HDC target, const RECT& area, Paint&& paint) {
     BitBlt(target, area.left, area.top, size.width, size.height, memory.get(), 0, 0, SRCCOPY);
 }
 
-}  // namespace jsw::ui
+}  // namespace jsw::window

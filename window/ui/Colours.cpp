@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace jsw::ui {
+namespace jsw::window {
 namespace {
 
 constexpr Palette kLight{
@@ -95,4 +95,4 @@ double contrast(Colour first, Colour second) {
     return (light + 0.05) / (dark + 0.05);
 }
 
-}  // namespace jsw::ui
+}  // namespace jsw::window

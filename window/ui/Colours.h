@@ -6,7 +6,7 @@
 
 #include <cstdint>
 
-namespace jsw::ui {
+namespace jsw::window {
 
 struct Colour {
     std::uint8_t red = 0;
@@ -66,4 +66,4 @@ struct SystemColours {
     return {mix(from.red, to.red), mix(from.green, to.green), mix(from.blue, to.blue)};
 }
 
-}  // namespace jsw::ui
+}  // namespace jsw::window

@@ -2,7 +2,7 @@
 
 #include "window/ui/SystemFunction.h"
 
-namespace jsw::ui {
+namespace jsw::window {
 namespace {
 
 /** DPI_AWARENESS_CONTEXT values: per monitor, with and without scaled title bars. */
@@ -49,4 +49,4 @@ SIZE frameSize(SIZE content, DWORD style, DWORD extendedStyle, int dotsPerInch) 
     return {frame.right - frame.left, frame.bottom - frame.top};
 }
 
-}  // namespace jsw::ui
+}  // namespace jsw::window

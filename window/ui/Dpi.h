@@ -7,7 +7,7 @@
 
 #include <windows.h>
 
-namespace jsw::ui {
+namespace jsw::window {
 
 /** Sent by newer systems when a window moves to a screen with another scale. */
 inline constexpr UINT kMessageDpiChanged = 0x02E0;
@@ -30,4 +30,4 @@ class SharpWindows {
 /** Size of a window with content of this size. */
 [[nodiscard]] SIZE frameSize(SIZE content, DWORD style, DWORD extendedStyle, int dotsPerInch);
 
-}  // namespace jsw::ui
+}  // namespace jsw::window

@@ -1,10 +1,10 @@
 #include "window/ui/Fonts.h"
 
-#include "window/ui/Text.h"
+#include "common/Encoding.h"
 
 #include <string>
 
-namespace jsw::ui {
+namespace jsw::window {
 namespace {
 
 int CALLBACK noteFace(const LOGFONTW*, const TEXTMETRICW*, DWORD, LPARAM found) {
@@ -53,7 +53,7 @@ Fonts::Fonts(int dotsPerInch) {
 
 int FontMeasure::width(std::string_view text, Font font) const {
     const Selection selection(dc_.get(), fonts_.get(font));
-    const std::wstring letters = wide(text);
+    const std::wstring letters = common::wide(text);
     SIZE extent{};
     GetTextExtentPoint32W(dc_.get(), letters.c_str(), static_cast<int>(letters.size()), &extent);
     return static_cast<int>(extent.cx);
@@ -66,4 +66,4 @@ int FontMeasure::lineHeight(Font font) const {
     return metrics.tmHeight;
 }
 
-}  // namespace jsw::ui
+}  // namespace jsw::window

@@ -9,7 +9,7 @@
 
 #include <array>
 
-namespace jsw::ui {
+namespace jsw::window {
 
 /** In the system's face, for a screen of this many dots per inch. */
 class Fonts {
@@ -35,4 +35,4 @@ class FontMeasure : public TextMeasure {
     MemoryDc dc_;
 };
 
-}  // namespace jsw::ui
+}  // namespace jsw::window

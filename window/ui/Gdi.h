@@ -8,7 +8,7 @@
 
 #include <utility>
 
-namespace jsw::ui {
+namespace jsw::window {
 
 /** Owns a GDI object (font, brush, bitmap, ...) or null. */
 template <typename Handle>
@@ -58,4 +58,4 @@ class MemoryDc {
     HDC dc_;
 };
 
-}  // namespace jsw::ui
+}  // namespace jsw::window

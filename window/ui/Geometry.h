@@ -6,7 +6,7 @@
 
 #include <algorithm>
 
-namespace jsw::ui {
+namespace jsw::window {
 
 /** Dots per inch of a screen at 100 %. */
 inline constexpr int kBaseDpi = 96;
@@ -73,4 +73,4 @@ struct Box {
     bool operator==(const Box&) const = default;
 };
 
-}  // namespace jsw::ui
+}  // namespace jsw::window

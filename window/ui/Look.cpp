@@ -6,7 +6,7 @@
 
 #include <uxtheme.h>
 
-namespace jsw::ui {
+namespace jsw::window {
 namespace {
 
 constexpr int kManifest = 2;  // ISOLATIONAWARE_MANIFEST_RESOURCE_ID: the usual one of a library
@@ -90,4 +90,4 @@ bool animationsWanted() {
     return wanted != FALSE;
 }
 
-}  // namespace jsw::ui
+}  // namespace jsw::window

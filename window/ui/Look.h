@@ -8,7 +8,7 @@
 
 #include <windows.h>
 
-namespace jsw::ui {
+namespace jsw::window {
 
 /**
  * During its lifetime, controls that this thread creates have the system's visual style, if it has
@@ -42,4 +42,4 @@ void matchScrollBar(HWND scrollBar, const Palette& palette);
 /** Whether the user wants animations. */
 [[nodiscard]] bool animationsWanted();
 
-}  // namespace jsw::ui
+}  // namespace jsw::window

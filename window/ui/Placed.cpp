@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <numeric>
 
-namespace jsw::ui {
+namespace jsw::window {
 namespace {
 
 constexpr int kLeastPadding = 12; /**< left and right of a label, if there is little room */
@@ -60,4 +60,4 @@ PlacedButton placePushButton(int id, const Box& box, std::string_view label,
     return placeButton(id, box, box.width() - 2 * scale(kLeastPadding), label, measure);
 }
 
-}  // namespace jsw::ui
+}  // namespace jsw::window

@@ -11,7 +11,7 @@
 #include <string_view>
 #include <vector>
 
-namespace jsw::ui {
+namespace jsw::window {
 
 /** The meaning of a text's colour. */
 enum class Tone { usual, faint, warning, accent, badge };
@@ -75,4 +75,4 @@ inline constexpr int kBarHeight = 8;
 [[nodiscard]] PlacedButton placePushButton(int id, const Box& box, std::string_view label,
                                            const TextMeasure& measure, const Scale& scale);
 
-}  // namespace jsw::ui
+}  // namespace jsw::window

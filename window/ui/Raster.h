@@ -12,7 +12,7 @@
 #include <cstdint>
 #include <vector>
 
-namespace jsw::ui {
+namespace jsw::window {
 
 /** Rows of pixels (0x00RRGGBB), top row first. */
 struct Pixels {
@@ -101,4 +101,4 @@ class RoundBox {
     double radius_;
 };
 
-}  // namespace jsw::ui
+}  // namespace jsw::window

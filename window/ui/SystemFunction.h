@@ -2,7 +2,7 @@
 
 #include <windows.h>
 
-namespace jsw::ui {
+namespace jsw::window {
 
 /**
  * A function that older supported systems lack, by its name in a loaded library; null if there is
@@ -13,4 +13,4 @@ Function* systemFunction(HMODULE module, const char* name) {
     return reinterpret_cast<Function*>(reinterpret_cast<void*>(GetProcAddress(module, name)));
 }
 
-}  // namespace jsw::ui
+}  // namespace jsw::window

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 
-namespace jsw::ui {
+namespace jsw::window {
 namespace {
 
 /** No line on a screen is longer. */
@@ -145,4 +145,4 @@ bool readsRightToLeft(std::string_view text) {
     return false;
 }
 
-}  // namespace jsw::ui
+}  // namespace jsw::window

@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-namespace jsw::ui {
+namespace jsw::window {
 
 /** The fonts of a window, smallest first. */
 enum class Font { normal, bold, heading, title };
@@ -59,4 +59,4 @@ struct WrappedText {
 /** Whether the first letter with a direction belongs to a right-to-left script. */
 [[nodiscard]] bool readsRightToLeft(std::string_view text);
 
-}  // namespace jsw::ui
+}  // namespace jsw::window

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-namespace jsw::ui {
+namespace jsw::window {
 
 Colour colourOf(Tone tone, const Palette& palette) {
     switch (tone) {
@@ -33,4 +33,4 @@ void paintText(const Canvas& canvas, const PlacedText& text, const Look& look) {
                 side);
 }
 
-}  // namespace jsw::ui
+}  // namespace jsw::window

@@ -7,7 +7,7 @@
 #include "window/ui/Canvas.h"
 #include "window/ui/Placed.h"
 
-namespace jsw::ui {
+namespace jsw::window {
 
 /** Everything needed to draw a window's content. */
 struct Look {
@@ -25,4 +25,4 @@ void paintText(const Canvas& canvas, const PlacedText& text, const Look& look);
 /** Its colour. */
 [[nodiscard]] Colour colourOf(Tone tone, const Palette& palette);
 
-}  // namespace jsw::ui
+}  // namespace jsw::window

@@ -1,13 +1,16 @@
 #include "window/view/BillboardContent.h"
 
+#include "common/Letters.h"
+
 #include <algorithm>
 #include <array>
 #include <cctype>
 #include <charconv>
+#include <cstdlib>
 #include <iterator>
 #include <utility>
 
-namespace jsw::view {
+namespace jsw::window {
 namespace {
 
 template <typename Value>
@@ -30,34 +33,11 @@ constexpr Named<Picture> kPictures[] = {
     {"ink", Picture::ink},
 };
 
-constexpr std::string_view kPictureFileEnding = ".bmp";
-
-std::string lowered(std::string_view text) {
-    std::string result(text);
-    std::transform(result.begin(), result.end(), result.begin(), [](unsigned char character) {
-        return static_cast<char>(std::tolower(character));
-    });
-    return result;
-}
-
-std::string_view trimmed(std::string_view text) {
-    constexpr std::string_view kBlanks = " \t\r";
-    const auto first = text.find_first_not_of(kBlanks);
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
-}
-
-/** Cuts the part before the separator off text; the whole text if there is no separator. */
-std::string_view cutUpTo(std::string_view& text, char separator) {
-    const auto end = text.find(separator);
-    const std::string_view part = text.substr(0, end);
-    text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
-    return trimmed(part);
-}
+constexpr std::string_view kPictureFileEndings[] = {".bmp", ".png"};
 
 template <typename Value, std::size_t count>
 Value valueNamed(const Named<Value> (&table)[count], std::string_view name, Value otherwise) {
-    const std::string wanted = lowered(name);
+    const std::string wanted = common::toLower(name);
     const auto found = std::find_if(std::begin(table), std::end(table),
                                     [&](const auto& entry) { return entry.name == wanted; });
     return found == std::end(table) ? otherwise : found->value;
@@ -69,9 +49,11 @@ bool isControlCharacter(unsigned char character) {
 
 /** A name without a folder or drive, so that a page uses only pictures beside itself. */
 bool isPictureFileName(std::string_view name) {
-    const std::string lower = lowered(name);
-    return lower.size() > kPictureFileEnding.size() && lower.ends_with(kPictureFileEnding) &&
-           lower.find_first_of("\\/:") == std::string::npos;
+    const std::string lower = common::toLower(name);
+    const bool hasEnding = std::any_of(
+        std::begin(kPictureFileEndings), std::end(kPictureFileEndings),
+        [&](auto ending) { return lower.size() > ending.size() && lower.ends_with(ending); });
+    return hasEnding && lower.find_first_of("\\/:") == std::string::npos;
 }
 
 bool isActionName(std::string_view name) {
@@ -86,11 +68,9 @@ class PageBuilder {
     Problem takeHeaderLine(std::string_view line) {
         if (line.starts_with('#')) return Problem::none;
         const auto equals = line.find('=');
-        if (equals == std::string_view::npos) {
-            return Problem::noEqualsSign;
-        }
-        const std::string key = lowered(trimmed(line.substr(0, equals)));
-        const std::string_view value = trimmed(line.substr(equals + 1));
+        if (equals == std::string_view::npos) return Problem::noEqualsSign;
+        const std::string key = common::toLower(common::trim(line.substr(0, equals)));
+        const std::string_view value = common::trim(line.substr(equals + 1));
         if (key == "title") return takeTitle(value);
         if (key == "theme") page_.theme = valueNamed(kThemes, value, Theme::blue);
         if (key == "picture") takePicture(value);
@@ -146,9 +126,9 @@ class PageBuilder {
     /** Label, action and number, separated by "|"; nothing if the text has another form. */
     static std::optional<ContentButton> readAction(std::string_view value) {
         ContentButton button;
-        button.label = cutUpTo(value, '|');
-        button.action = cutUpTo(value, '|');
-        const std::string_view number = trimmed(value);
+        button.label = common::cutUpTo(value, '|');
+        button.action = common::cutUpTo(value, '|');
+        const std::string_view number = common::trim(value);
         const auto [end, error] =
             std::from_chars(number.data(), number.data() + number.size(), button.actionId);
         const bool isNumber = error == std::errc() && end == number.data() + number.size();
@@ -204,12 +184,15 @@ class PageBuilder {
     bool inParagraph_ = false;
 };
 
-std::uint32_t littleEndian32(std::string_view bytes, std::size_t offset) {
+/** The whole number in four bytes, the one with the highest value last. */
+std::uint32_t littleEndian32(std::string_view bytes) {
     std::uint32_t value = 0;
-    for (std::size_t i = 4; i-- > 0;) {
-        value = value << 8 | static_cast<unsigned char>(bytes[offset + i]);
-    }
+    for (std::size_t i = 4; i-- > 0;) value = value << 8 | static_cast<unsigned char>(bytes[i]);
     return value;
+}
+
+bool isSideAcceptable(std::int64_t side) {
+    return side > 0 && side <= kMaxPictureSide;
 }
 
 }  // namespace
@@ -225,7 +208,7 @@ ParsedPage parseBillboard(std::string_view text) {
     PageBuilder builder;
     bool inHeader = true;
     while (!text.empty()) {
-        const std::string_view line = cutUpTo(text, '\n');
+        const std::string_view line = common::cutUpTo(text, '\n');
         if (inHeader && line.empty()) {
             inHeader = false;
             continue;
@@ -250,14 +233,22 @@ std::string textOf(const Paragraph& paragraph) {
 }
 
 bool isPictureHeaderAcceptable(std::string_view header) {
-    constexpr std::size_t kWidthOffset = 18;
-    constexpr std::size_t kHeightOffset = 22;
-    if (header.size() < kHeightOffset + 4 || !header.starts_with("BM")) return false;
-    const std::int64_t width = static_cast<std::int32_t>(littleEndian32(header, kWidthOffset));
-    // A negative height means: stored top row first.
-    const std::int64_t height = static_cast<std::int32_t>(littleEndian32(header, kHeightOffset));
-    return width > 0 && width <= kMaxPictureSide && height != 0 && height <= kMaxPictureSide &&
-           height >= -kMaxPictureSide;
+    constexpr std::string_view kPng = "\x89PNG\r\n\x1A\n";
+    constexpr std::size_t kSidesOfPng = 16;
+    constexpr std::size_t kSidesOfBitmap = 18;
+    if (header.starts_with(kPng) && header.size() >= kSidesOfPng + 8) {
+        std::string sides(header.substr(kSidesOfPng, 8));
+        std::reverse(sides.begin(), sides.end());  // the highest byte is the first here
+        return isSideAcceptable(littleEndian32(sides)) &&
+               isSideAcceptable(littleEndian32(std::string_view(sides).substr(4)));
+    }
+    if (!header.starts_with("BM") || header.size() < kSidesOfBitmap + 8) return false;
+    const auto side = [&](std::size_t offset) {
+        return std::int64_t{static_cast<std::int32_t>(littleEndian32(header.substr(offset)))};
+    };
+    // A negative height is a picture stored from top to bottom.
+    return isSideAcceptable(side(kSidesOfBitmap)) &&
+           isSideAcceptable(std::abs(side(kSidesOfBitmap + 4)));
 }
 
-}  // namespace jsw::view
+}  // namespace jsw::window

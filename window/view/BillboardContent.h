@@ -11,7 +11,7 @@
 #include <string_view>
 #include <vector>
 
-namespace jsw::view {
+namespace jsw::window {
 
 /** Limits of a billboard file; a file that exceeds one is not shown. Sizes in bytes. */
 inline constexpr std::size_t kMaxFileSize = 65536;
@@ -67,23 +67,24 @@ struct Page {
     std::vector<ContentButton> links; /**< in the order of the text; labels are in the pieces */
 };
 
-/** Why a page cannot be shown. */
-enum class Problem {
-    none,
-    unreadable,
-    tooLarge,
-    notText,
-    noTitle,
-    noEqualsSign,
-    titleTooLong,
-    paragraphTooLong,
-    tooManyParagraphs,
-    badButton,
-    tooManyButtons,
-    badLink,
-    tooManyLinks
-};
-inline constexpr std::size_t kProblems = 13;
+/** Why a page cannot be shown, and how its author is told. */
+#define JSW_PAGE_PROBLEMS(PROBLEM)                                                \
+    PROBLEM(unreadable, "the file cannot be read")                                \
+    PROBLEM(tooLarge, "the file is too large")                                    \
+    PROBLEM(notText, "the file is not a text file")                               \
+    PROBLEM(noTitle, "the file has no title")                                     \
+    PROBLEM(noEqualsSign, "a line before the first empty line has no \"=\"")      \
+    PROBLEM(titleTooLong, "the title is too long")                                \
+    PROBLEM(paragraphTooLong, "a paragraph is too long")                          \
+    PROBLEM(tooManyParagraphs, "there are too many paragraphs")                   \
+    PROBLEM(badButton, "a button is not of the form \"Label | ACTION | number\"") \
+    PROBLEM(tooManyButtons, "there are too many buttons")                         \
+    PROBLEM(badLink, "a link is not of the form \"[Label | ACTION | number]\"")   \
+    PROBLEM(tooManyLinks, "there are too many links")
+
+#define JSW_PROBLEM(name, english) name,
+enum class Problem { none, JSW_PAGE_PROBLEMS(JSW_PROBLEM) };
+#undef JSW_PROBLEM
 
 struct ParsedPage {
     Page page; /**< valid only without a problem */
@@ -94,9 +95,9 @@ struct ParsedPage {
 [[nodiscard]] ParsedPage parseBillboard(std::string_view text);
 
 /**
- * Whether the header of a .bmp file has a size within kMaxPictureSide. Checked before loading,
- * because a few bytes can specify a picture of gigabytes.
+ * Whether the header of a .bmp or .png file has a size within kMaxPictureSide. Checked before
+ * loading, because a few bytes can specify a picture of gigabytes.
  */
 [[nodiscard]] bool isPictureHeaderAcceptable(std::string_view header);
 
-}  // namespace jsw::view
+}  // namespace jsw::window

@@ -1,37 +1,37 @@
 #include "window/view/BillboardFile.h"
 
-#include "window/ui/Text.h"
+#include "common/Encoding.h"
+#include "common/Files.h"
 #include "window/view/WindowContent.h"
 
-#include <fstream>
-#include <ios>
 #include <optional>
 #include <utility>
+#include <vector>
 
-namespace jsw::view {
+namespace jsw::window {
 namespace {
 
-/** The first bytes of a file, at most limit; nothing if it cannot be read. */
-std::optional<std::string> readStart(const std::string& path, std::size_t limit) {
-    std::ifstream file(path, std::ios::binary);
-    if (!file) return std::nullopt;
-    std::string bytes(limit, '\0');
-    file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    if (file.bad()) return std::nullopt;
-    bytes.resize(static_cast<std::size_t>(file.gcount()));
-    return bytes;
-}
-
-/** "welcome.jbb" in German is "welcome.de.jbb". */
-std::string nameInLanguage(const std::string& fileName, const char* code) {
+/** "welcome.jbb" in "de" is "welcome.de.jbb". */
+std::string nameInLanguage(const std::string& fileName, const std::string& code) {
     const auto dot = fileName.rfind('.');
     if (dot == std::string::npos) return fileName;
     return fileName.substr(0, dot + 1) + code + fileName.substr(dot);
 }
 
-/** Plain ASCII is valid in both encodings. */
+/** The file in the first of these languages that there is one for, else the one without. */
+std::optional<std::string> readInLanguage(const std::string& dataPath, const std::string& fileName,
+                                          const std::vector<std::string>& languages) {
+    constexpr std::size_t kMost = kMaxFileSize + 1;
+    for (const std::string& code : languages) {
+        auto text = common::readStart(scriptPath(dataPath, nameInLanguage(fileName, code)), kMost);
+        if (text) return text;
+    }
+    return common::readStart(scriptPath(dataPath, fileName), kMost);
+}
+
+/** Files of either encoding are well-formed for as long as they are plain English. */
 std::string asUtf8(std::string text) {
-    return ui::isUtf8(text) ? std::move(text) : ui::utf8FromAnsi(text);
+    return common::isUtf8(text) ? std::move(text) : common::utf8FromAnsi(text);
 }
 
 }  // namespace
@@ -41,15 +41,12 @@ std::string scriptPath(const std::string& dataPath, const std::string& fileName)
 }
 
 Page loadBillboard(const std::string& dataPath, const std::string& fileName,
-                   const Language& language) {
-    const Strings& strings = language.strings();
+                   const std::vector<std::string>& languages, const WindowTexts& texts) {
     // Without a folder the path would name the root of a drive.
-    if (dataPath.empty() || fileName.empty()) return emptyPage(strings);
-    auto text = readStart(scriptPath(dataPath, nameInLanguage(fileName, language.code())),
-                          kMaxFileSize + 1);
-    if (!text) text = readStart(scriptPath(dataPath, fileName), kMaxFileSize + 1);
+    if (dataPath.empty() || fileName.empty()) return emptyPage(texts);
+    auto text = readInLanguage(dataPath, fileName, languages);
     const auto unshowable = [&](Problem problem) {
-        return unshowablePage(ui::utf8FromAnsi(fileName), problem, strings);
+        return unshowablePage(common::utf8FromAnsi(fileName), problem, texts);
     };
     if (!text) return unshowable(Problem::unreadable);
     // Checked before the conversion to UTF-8, which may lengthen it.
@@ -58,10 +55,16 @@ Page loadBillboard(const std::string& dataPath, const std::string& fileName,
     return parsed.problem == Problem::none ? parsed.page : unshowable(parsed.problem);
 }
 
+Cartridges loadCartridges(const std::string& dataPath, const std::vector<std::string>& languages) {
+    auto text =
+        dataPath.empty() ? std::nullopt : readInLanguage(dataPath, "cartridges.txt", languages);
+    return text ? Cartridges(common::parseLanguageFile(asUtf8(std::move(*text)))) : Cartridges();
+}
+
 bool isPictureFileAcceptable(const std::string& path) {
     constexpr std::size_t kHeaderSize = 54;
-    const auto header = readStart(path, kHeaderSize);
+    const auto header = common::readStart(path, kHeaderSize);
     return header && isPictureHeaderAcceptable(*header);
 }
 
-}  // namespace jsw::view
+}  // namespace jsw::window

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace jsw::view {
+namespace jsw::window {
 namespace {
 
 constexpr int kCardRadius = 6;
@@ -15,11 +15,8 @@ void paintPanel(const Canvas& canvas, const Box& origin, const Billboard& billbo
     const ThemeColours colours = themeColours(billboard.page.theme, look.palette);
     canvas.fillGradient(panel, look.scale(kCardRadius), colours.light, colours.dark);
     if (inner.empty()) return;
-    if (billboard.bitmap.get()) {
-        paintBitmap(canvas, inner, billboard.bitmap.get());
-    } else {
-        paintPicture(canvas, inner, billboard.page.picture, colours);
-    }
+    billboard.picture.paint(canvas, inner);
+    paintPicture(canvas, inner, billboard.page.picture, colours);
 }
 
 }  // namespace
@@ -53,4 +50,4 @@ void paintBillboard(const Canvas& canvas, const Box& origin, const Billboard& bi
     canvas.frameRound(card, radius, thin, look.palette.line);
 }
 
-}  // namespace jsw::view
+}  // namespace jsw::window

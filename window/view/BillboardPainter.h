@@ -7,18 +7,19 @@
 #include "window/view/BillboardContent.h"
 #include "window/view/InkPainter.h"
 #include "window/view/PageLayout.h"
+#include "window/view/PictureFile.h"
 #include "window/view/Pictures.h"
 
-namespace jsw::view {
+namespace jsw::window {
 
 /** A page with everything needed to draw it. */
 struct Billboard {
     Page page;
-    GdiObject<HBITMAP> bitmap; /**< the picture file's content, or null */
+    PictureFile picture; /**< empty without a file */
 };
 
 /** Draws the page at its layout. Buttons and links are separate controls. */
 void paintBillboard(const Canvas& canvas, const Box& origin, const Billboard& billboard,
                     const PageLayout& layout, const Look& look);
 
-}  // namespace jsw::view
+}  // namespace jsw::window

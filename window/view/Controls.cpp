@@ -1,8 +1,8 @@
 #include "window/view/Controls.h"
 
+#include "common/Encoding.h"
 #include "window/ui/Canvas.h"
-#include "window/ui/Text.h"
-#include "window/view/ControlIds.h"
+#include "window/view/WindowIds.h"
 
 #include <windows.h>
 
@@ -13,7 +13,7 @@
 #include <iterator>
 #include <vector>
 
-namespace jsw::view {
+namespace jsw::window {
 namespace {
 
 struct Control {
@@ -93,7 +93,7 @@ Box placeOf(HWND control) {
     RECT place{};
     GetWindowRect(control, &place);
     MapWindowPoints(nullptr, GetParent(control), reinterpret_cast<POINT*>(&place), 2);
-    return ui::boxOf(place);
+    return boxOf(place);
 }
 
 bool isShown(HWND control) {
@@ -170,8 +170,8 @@ void placePage(HWND window, Moves& moves, const PageLayout& page) {
         onPage.push_back(control);
     }
     placeButtons(window, moves, onPage);
-    const auto addHole = [&, hole = ui::GdiObject<HRGN>(CreateRectRgn(0, 0, 0, 0))](HRGN region,
-                                                                                    Box box) {
+    const auto addHole = [&, hole = GdiObject<HRGN>(CreateRectRgn(0, 0, 0, 0))](HRGN region,
+                                                                                Box box) {
         box = box.moved(-page.card.left, -page.card.top);
         SetRectRgn(hole.get(), box.left, box.top, box.right, box.bottom);
         CombineRgn(region, region, hole.get(), RGN_DIFF);
@@ -249,7 +249,7 @@ bool isInFooter(int id) {
 
 void setControlText(HWND window, int id, const std::string& text) {
     const HWND control = id ? GetDlgItem(window, id) : window;
-    const std::wstring wanted = ui::wide(text);
+    const std::wstring wanted = common::wide(text);
     std::wstring present(static_cast<std::size_t>(GetWindowTextLengthW(control)) + 1, L'\0');
     present.resize(static_cast<std::size_t>(
         GetWindowTextW(control, present.data(), static_cast<int>(present.size()))));
@@ -263,4 +263,4 @@ void enableControl(HWND window, int id, bool enabled) {
     EnableWindow(control, enabled);
 }
 
-}  // namespace jsw::view
+}  // namespace jsw::window

@@ -11,7 +11,7 @@
 #include <span>
 #include <string>
 
-namespace jsw::view {
+namespace jsw::window {
 
 /** Creates the window's controls, hidden, in the order of the Tab key. */
 void createControls(HWND window, HINSTANCE instance);
@@ -41,4 +41,4 @@ void setControlText(HWND window, int id, const std::string& text);
 /** Enables or disables the control; a disabled control loses the focus. */
 void enableControl(HWND window, int id, bool enabled);
 
-}  // namespace jsw::view
+}  // namespace jsw::window

@@ -2,7 +2,7 @@
  * The module's entry points. They store their arguments in the current job's state and return; the
  * window's thread shows them.
  */
-#include "window/ui/Text.h"
+#include "common/Encoding.h"
 #include "window/view/ViewState.h"
 #include "window/view/WindowThread.h"
 #include <jsw/view.h>
@@ -16,7 +16,7 @@ JSW_VIEW_REQUIRE_ENTRY_POINTS
 
 namespace {
 
-using namespace jsw::view;
+using namespace jsw::window;
 
 /** The job between Initialize and Uninitialize; null outside. */
 std::atomic<std::shared_ptr<ViewState>> currentJob;
@@ -27,7 +27,7 @@ std::string ansiOf(const char* text) {
 }
 
 std::string textOf(const char* text) {
-    return jsw::ui::utf8FromAnsi(ansiOf(text));
+    return jsw::common::utf8FromAnsi(ansiOf(text));
 }
 
 /** Runs an action on the current job, if there is one. Catches every exception. */
@@ -110,6 +110,7 @@ void SetInkInfo(const InkInfo* inkInfo) {
     changeJob([inkInfo](JobData& data) {
         data.inkTold = true;
         data.inkPercents = JobData::noInkLevels();
+        if (inkInfo) data.partNumbers = {inkInfo->iCart1PartNum, inkInfo->iCart2PartNum};
         for (std::size_t i = 0; inkInfo && i < data.inkPercents.size(); ++i) {
             data.inkPercents[i] = inkInfo->InkPercent[i];
         }

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace jsw::view {
+namespace jsw::window {
 namespace {
 
 constexpr int kMostRows = 5;
@@ -46,7 +46,8 @@ InkCell layoutCell(const InkContent& slot, const Box& cell, const TextMeasure& m
                       Side::right, measure),
             {cell.left, barTop, cell.right, barTop + scale(kBarHeight)},
             slot.percent,
-            slot.isLow};
+            slot.isLow,
+            slot.colour};
 }
 
 }  // namespace
@@ -78,4 +79,4 @@ InkLayout layoutInk(const WindowContent& content, const Box& area, const TextMea
     return layout;
 }
 
-}  // namespace jsw::view
+}  // namespace jsw::window

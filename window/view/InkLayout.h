@@ -10,25 +10,7 @@
 #include <optional>
 #include <vector>
 
-namespace jsw::view {
-
-using ui::Box;
-using ui::buttonHeight;
-using ui::buttonWidth;
-using ui::Font;
-using ui::kBarHeight;
-using ui::kButtonGap;
-using ui::kButtonPadding;
-using ui::kMargin;
-using ui::placeButton;
-using ui::PlacedButton;
-using ui::PlacedText;
-using ui::placeText;
-using ui::Scale;
-using ui::Side;
-using ui::Size;
-using ui::TextMeasure;
-using ui::Tone;
+namespace jsw::window {
 
 /** One cartridge. */
 struct InkCell {
@@ -37,6 +19,7 @@ struct InkCell {
     Box bar;
     std::optional<int> percent;
     bool isLow = false;
+    std::optional<Colour> colour; /**< nothing: the usual one */
     bool operator==(const InkCell&) const = default;
 };
 
@@ -54,4 +37,4 @@ struct InkLayout {
 [[nodiscard]] InkLayout layoutInk(const WindowContent& content, const Box& area,
                                   const TextMeasure& measure, const Scale& scale);
 
-}  // namespace jsw::view
+}  // namespace jsw::window

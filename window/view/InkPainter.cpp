@@ -2,16 +2,25 @@
 
 #include <algorithm>
 
-namespace jsw::view {
+namespace jsw::window {
 namespace {
+
+/** Of a bar and the part that is not filled; below, a line shows where the bar ends. */
+constexpr double kLeastContrast = 3.0;
 
 /** High contrast has no colour for the unfilled part: a line shows its end. */
 void paintTrack(const Canvas& canvas, const Box& box, const Look& look) {
     const int radius = box.height() / 2;
     canvas.fillRound(box, radius, look.palette.track);
-    if (look.palette.appearance == ui::Appearance::highContrast) {
+    if (look.palette.appearance == Appearance::highContrast) {
         canvas.frameRound(box, radius, std::max(look.scale(1), 1), look.palette.line);
     }
+}
+
+/** The cartridge's own colour, which says more than whether it is low; the text says that. */
+Colour colourOf(const InkCell& cell, const Palette& palette) {
+    if (cell.colour && palette.appearance != Appearance::highContrast) return *cell.colour;
+    return cell.isLow ? palette.warning : palette.ink;
 }
 
 }  // namespace
@@ -24,6 +33,10 @@ void paintBar(const Canvas& canvas, const Box& box, int permille, Colour colour,
     // A round bar must be at least as wide as high.
     filled.right = std::max(filled.right, filled.left + box.height());
     canvas.fillRound(filled, box.height() / 2, colour);
+    if (contrast(colour, look.palette.track) < kLeastContrast) {
+        canvas.frameRound(filled, box.height() / 2, std::max(look.scale(1), 1),
+                          look.palette.faintText);
+    }
 }
 
 void paintRunningBar(const Canvas& canvas, const Box& box, int step, const Look& look) {
@@ -43,8 +56,8 @@ void paintInk(const Canvas& canvas, Box origin, const InkLayout& ink, const Look
         paintText(canvas, onCanvas(cell.label, origin), look);
         paintText(canvas, onCanvas(cell.level, origin), look);
         paintBar(canvas, cell.bar.moved(-origin.left, -origin.top), cell.percent.value_or(0) * 10,
-                 cell.isLow ? look.palette.warning : look.palette.ink, look);
+                 colourOf(cell, look.palette), look);
     }
 }
 
-}  // namespace jsw::view
+}  // namespace jsw::window

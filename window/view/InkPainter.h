@@ -7,16 +7,7 @@
 #include "window/ui/TextPainter.h"
 #include "window/view/InkLayout.h"
 
-namespace jsw::view {
-
-using ui::Canvas;
-using ui::Colour;
-using ui::colourOf;
-using ui::Fonts;
-using ui::Look;
-using ui::onCanvas;
-using ui::paintText;
-using ui::Palette;
+namespace jsw::window {
 
 /** A bar of which this many thousandths, from the left, are filled. */
 void paintBar(const Canvas& canvas, const Box& box, int permille, Colour colour, const Look& look);
@@ -30,4 +21,4 @@ inline constexpr int kRunningBarSteps = 90;
 /** @param origin of the canvas in the layout's coordinates */
 void paintInk(const Canvas& canvas, Box origin, const InkLayout& ink, const Look& look);
 
-}  // namespace jsw::view
+}  // namespace jsw::window

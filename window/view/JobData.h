@@ -13,7 +13,7 @@
 #include <optional>
 #include <string>
 
-namespace jsw::view {
+namespace jsw::window {
 
 /** Everything the window shows. Texts are UTF-8 unless they say otherwise. */
 struct JobData {
@@ -22,8 +22,9 @@ struct JobData {
     std::string printerName;
     Progress progress;
     std::array<std::int32_t, JSW_INK_SLOTS> inkPercents = noInkLevels();
-    bool inkTold = false;              /**< whether the host has passed ink data */
-    std::array<bool, 2> reserveMode{}; /**< of cartridge 1 and 2 */
+    std::array<std::uint32_t, 2> partNumbers{}; /**< of cartridge 1 and 2; 0: unknown */
+    bool inkTold = false;                       /**< whether the host has passed ink data */
+    std::array<bool, 2> reserveMode{};          /**< of cartridge 1 and 2 */
 
     std::string billboard;             /**< file name in the ANSI code page; empty: none */
     std::uint32_t billboardSerial = 0; /**< counts the requests to display one */
@@ -46,4 +47,4 @@ struct JobData {
     }
 };
 
-}  // namespace jsw::view
+}  // namespace jsw::window

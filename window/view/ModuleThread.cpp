@@ -8,7 +8,7 @@
 #include <memory>
 #include <utility>
 
-namespace jsw::view {
+namespace jsw::window {
 namespace {
 
 /** The thread's argument. */
@@ -57,4 +57,4 @@ bool startModuleThread(std::function<void()> work) {
     return true;
 }
 
-}  // namespace jsw::view
+}  // namespace jsw::window

@@ -6,7 +6,7 @@
 
 #include <functional>
 
-namespace jsw::view {
+namespace jsw::window {
 
 /**
  * Runs the work on a new thread and catches its exceptions. False if no thread can be started; then
@@ -14,4 +14,4 @@ namespace jsw::view {
  */
 [[nodiscard]] bool startModuleThread(std::function<void()> work);
 
-}  // namespace jsw::view
+}  // namespace jsw::window

@@ -1,11 +1,11 @@
 #include "window/view/PageLayout.h"
 
-#include "window/view/ControlIds.h"
+#include "window/view/WindowIds.h"
 
 #include <algorithm>
 #include <string_view>
 
-namespace jsw::view {
+namespace jsw::window {
 namespace {
 
 constexpr int kPanelWidth = 150;
@@ -32,8 +32,8 @@ class TextFlow {
 
     void addTitle(const std::string& title) {
         const int line = measure_.lineHeight(Font::title);
-        const auto wrapped = ui::wrapToWidth(title, Font::title, area_.width(),
-                                             static_cast<int>(kMaxTitleLength), measure_);
+        const auto wrapped = wrapToWidth(title, Font::title, area_.width(),
+                                         static_cast<int>(kMaxTitleLength), measure_);
         for (const std::string& text : wrapped.lines) {
             layout_.lines.push_back({{area_.left, top_, area_.right, top_ + line},
                                      text,
@@ -140,7 +140,7 @@ class TextFlow {
             }
             if (atStart) {
                 // Wider than a line: broken.
-                run_ = ui::wrapToWidth(word, Font::normal, room(), 2, measure_).lines.front();
+                run_ = wrapToWidth(word, Font::normal, room(), 2, measure_).lines.front();
                 if (run_.size() >= word.size()) return;
                 word.remove_prefix(run_.size());
             }
@@ -160,7 +160,7 @@ class TextFlow {
         const int right = std::min(left + width, area_.right);
         layout_.inText.push_back(placeButton(JSW_VIEW_CONTENT_LINK + static_cast<int>(index),
                                              {left, top_, right, top_ + line_}, right - left,
-                                             ui::asLabel(label), measure_));
+                                             asLabel(label), measure_));
         x_ = right;
         wantsBlank_ = false;
     }
@@ -186,13 +186,13 @@ std::vector<PlacedButton> placeButtons(const Page& page, const Box& row, const T
     for (const ContentButton& button : page.buttons) labels.push_back(button.label);
     const int gap = scale(kButtonGap);
     const int gaps = gap * (static_cast<int>(labels.size()) - 1);
-    const std::vector<int> widths = ui::buttonWidths(labels, row.width() - gaps, measure, scale);
+    const std::vector<int> widths = buttonWidths(labels, row.width() - gaps, measure, scale);
     std::vector<PlacedButton> placed;
     int left = row.left;
     for (std::size_t i = 0; i < labels.size(); ++i) {
-        placed.push_back(ui::placePushButton(JSW_VIEW_CONTENT_BUTTON + static_cast<int>(i),
-                                             {left, row.top, left + widths[i], row.bottom},
-                                             labels[i], measure, scale));
+        placed.push_back(placePushButton(JSW_VIEW_CONTENT_BUTTON + static_cast<int>(i),
+                                         {left, row.top, left + widths[i], row.bottom}, labels[i],
+                                         measure, scale));
         left += widths[i] + gap;
     }
     return placed;
@@ -287,4 +287,4 @@ std::string pageText(const Page& page) {
     return text;
 }
 
-}  // namespace jsw::view
+}  // namespace jsw::window

@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-namespace jsw::view {
+namespace jsw::window {
 
 /** The room for a page. */
 struct PageRoom {
@@ -51,4 +51,4 @@ struct PageLayout {
 /** The page's whole text, for a screen reader. */
 [[nodiscard]] std::string pageText(const Page& page);
 
-}  // namespace jsw::view
+}  // namespace jsw::window

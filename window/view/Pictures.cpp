@@ -1,16 +1,11 @@
 #include "window/view/Pictures.h"
 
-#include "window/view/BillboardFile.h"
-
 #include <algorithm>
 #include <cmath>
 #include <iterator>
 
-namespace jsw::view {
+namespace jsw::window {
 namespace {
-
-using ui::MemoryDc;
-using ui::RoundBox;
 
 constexpr Colour kWhite{255, 255, 255};
 constexpr Colour kShade{222, 229, 238};
@@ -139,7 +134,7 @@ ThemeColours themeColours(Theme theme, const Palette& palette) {
     const auto* const entry = std::find_if(std::begin(kEntries), std::end(kEntries),
                                            [&](const Entry& each) { return each.theme == theme; });
     switch (palette.appearance) {
-        case ui::Appearance::dark: {
+        case Appearance::dark: {
             // Less bright, and a title light enough for a dark background.
             const Colour dark = mixed(entry->dark, palette.card, 60);
             return {mixed(entry->light, palette.card, 70),
@@ -150,11 +145,11 @@ ThemeColours themeColours(Theme theme, const Palette& palette) {
                     mixed(dark, kWhite, 90),
                     dark};
         }
-        case ui::Appearance::highContrast:
+        case Appearance::highContrast:
             // A panel in the text's colour, with the picture cut out of it.
             return {palette.text, palette.text, palette.text, palette.card,
                     palette.card, palette.text, palette.text};
-        case ui::Appearance::light:
+        case Appearance::light:
             break;
     }
     return {entry->light, entry->dark, entry->dark, kWhite, kShade, mixed(entry->dark, kWhite, 90),
@@ -181,48 +176,23 @@ void paintPicture(const Canvas& canvas, const Box& area, Picture picture,
 
 HICON makeIcon(int size) {
     const MemoryDc dc(nullptr);
-    const ui::Picture picture(dc.get(), {size, size});
+    const MemoryBitmap picture(dc.get(), {size, size});
     const GdiObject<HBITMAP> noMask(CreateBitmap(size, size, 1, 1, nullptr));
     if (!dc.get() || !picture.bitmap() || !noMask.get()) return nullptr;
     const Box box{0, 0, size, size};
     const RoundBox tile(box, size / 5.0);
-    ThemeColours colours = themeColours(Theme::blue, ui::lightPalette());
-    colours.accent = ui::lightPalette().accent;
+    ThemeColours colours = themeColours(Theme::blue, lightPalette());
+    colours.accent = lightPalette().accent;
     {
-        const ui::Selection selection(dc.get(), picture.bitmap());
+        const Selection selection(dc.get(), picture.bitmap());
         const Canvas canvas(dc.get(), picture.pixels());
         canvas.fill(box, colours.accent);
         paintPicture(canvas, box.inset(size / 10, size / 10), Picture::drop, colours);
         GdiFlush();
     }
-    ui::setOpacity(picture.pixels(), tile);
+    setOpacity(picture.pixels(), tile);
     ICONINFO info{TRUE, 0, 0, noMask.get(), picture.bitmap()};
     return CreateIconIndirect(&info);
 }
 
-GdiObject<HBITMAP> loadPicture(const std::string& path) {
-    if (!isPictureFileAcceptable(path)) return {};
-    return GdiObject<HBITMAP>(static_cast<HBITMAP>(LoadImageA(
-        nullptr, path.c_str(), IMAGE_BITMAP, 0, 0, LR_LOADFROMFILE | LR_CREATEDIBSECTION)));
-}
-
-void paintBitmap(const Canvas& canvas, const Box& area, HBITMAP bitmap) {
-    BITMAP info{};
-    if (!GetObjectW(bitmap, sizeof(info), &info) || info.bmWidth < 1 || info.bmHeight < 1) return;
-    const bool wide = info.bmWidth * area.height() > info.bmHeight * area.width();
-    const int width =
-        wide ? area.width() : static_cast<int>(info.bmWidth * area.height() / info.bmHeight);
-    const int height =
-        wide ? static_cast<int>(info.bmHeight * area.width() / info.bmWidth) : area.height();
-
-    const MemoryDc source(canvas.dc());
-    if (!source.get()) return;
-    const ui::Selection selection(source.get(), bitmap);
-    SetStretchBltMode(canvas.dc(), HALFTONE);
-    SetBrushOrgEx(canvas.dc(), 0, 0, nullptr);
-    StretchBlt(canvas.dc(), area.left + (area.width() - width) / 2,
-               area.top + (area.height() - height) / 2, std::max(width, 1), std::max(height, 1),
-               source.get(), 0, 0, info.bmWidth, info.bmHeight, SRCCOPY);
-}
-
-}  // namespace jsw::view
+}  // namespace jsw::window

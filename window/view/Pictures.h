@@ -1,21 +1,13 @@
 /**
  * @file Pictures.h
- * The picture at the side of a billboard: a built-in drawing, or a bitmap from a file.
+ * The picture at the side of a billboard: a built-in drawing.
  */
 #pragma once
 
 #include "window/ui/Canvas.h"
 #include "window/view/BillboardContent.h"
 
-#include <string>
-
-namespace jsw::view {
-
-using ui::Box;
-using ui::Canvas;
-using ui::Colour;
-using ui::GdiObject;
-using ui::Palette;
+namespace jsw::window {
 
 /** The colours of a theme. */
 struct ThemeColours {
@@ -37,10 +29,4 @@ void paintPicture(const Canvas& canvas, const Box& area, Picture picture,
 /** The window's icon: a drop on a tile. The caller destroys it. Null on failure. */
 [[nodiscard]] HICON makeIcon(int size);
 
-/** Loads a .bmp file; null if it cannot be read or is too large. */
-[[nodiscard]] GdiObject<HBITMAP> loadPicture(const std::string& path);
-
-/** Draws the bitmap as large as the area allows, keeping its proportions. */
-void paintBitmap(const Canvas& canvas, const Box& area, HBITMAP bitmap);
-
-}  // namespace jsw::view
+}  // namespace jsw::window

@@ -1,12 +1,13 @@
 #include "window/view/StatusText.h"
 
-#include <algorithm>
-#include <cctype>
+#include "common/Letters.h"
 
-namespace jsw::view {
+#include <algorithm>
+
+namespace jsw::window {
 namespace {
 
-using ui::fillIn;
+using common::fillIn;
 
 /** Longer estimates (in seconds) count as unknown. */
 constexpr std::uint32_t kLongestEstimate = 100 * 3600;
@@ -24,16 +25,16 @@ bool pagesAreKnown(const Progress& progress) {
     return progress.showPages && progress.totalPages >= 0 && !isPassed;
 }
 
-std::string number(std::int64_t value, const Strings& strings) {
-    return ui::grouped(value, strings.thousands);
+std::string number(std::int64_t value, const WindowTexts& texts) {
+    return common::grouped(value, texts.thousands);
 }
 
 /** "Page 2 of 3"; without the total if it is unknown or exceeded. */
-std::string position(const char* of, const char* only, std::int64_t current, std::int64_t total,
-                     const Strings& strings) {
+std::string position(const std::string& of, const std::string& only, std::int64_t current,
+                     std::int64_t total, const WindowTexts& texts) {
     return total >= 1 && current <= total
-               ? fillIn(of, {number(current, strings), number(total, strings)})
-               : fillIn(only, {number(current, strings)});
+               ? fillIn(of, {number(current, texts), number(total, texts)})
+               : fillIn(only, {number(current, texts)});
 }
 
 /** Pages of all copies: begun so far, and total; both below 2 to the power of 64. */
@@ -53,24 +54,24 @@ Amounts amounts(const Progress& progress) {
 
 }  // namespace
 
-std::string progressText(const Progress& progress, const Strings& strings) {
+std::string progressText(const Progress& progress, const WindowTexts& texts) {
     if (!pagesAreKnown(progress)) {
         const bool isCounting = progress.showPages && progress.page >= 1;
-        return isCounting ? fillIn(strings.printingPage, {number(progress.page, strings)})
-                          : strings.printing;
+        return isCounting ? fillIn(texts.printingPage, {number(progress.page, texts)})
+                          : texts.printing;
     }
-    if (progress.totalPages == 0) return strings.noPages;
+    if (progress.totalPages == 0) return texts.noPages;
     if (progress.page < 1) {
-        return fillIn(strings.starting.form(progress.totalPages),
-                      {number(progress.totalPages, strings)});
+        return fillIn(common::plural(progress.totalPages, texts.startingOne, texts.starting),
+                      {number(progress.totalPages, texts)});
     }
     std::string text =
-        position(strings.pageOf, strings.pageOnly, progress.page, progress.totalPages, strings);
+        position(texts.pageOf, texts.pageOnly, progress.page, progress.totalPages, texts);
     // Nothing for a single copy.
     if (progress.copy < 1 || progress.totalCopies < 1) return text;
     if (progress.copy == 1 && progress.totalCopies == 1) return text;
     return text + ", " +
-           position(strings.copyOf, strings.copyOnly, progress.copy, progress.totalCopies, strings);
+           position(texts.copyOf, texts.copyOnly, progress.copy, progress.totalCopies, texts);
 }
 
 std::optional<int> progressPermille(const Progress& progress) {
@@ -85,20 +86,20 @@ std::optional<std::int64_t> pagesLeft(const Progress& progress) {
     return static_cast<std::int64_t>(pages.all - pages.begun);
 }
 
-std::string timeText(const Progress& progress, const Strings& strings) {
+std::string timeText(const Progress& progress, const WindowTexts& texts) {
     if (!progress.secondsRemaining || *progress.secondsRemaining > kLongestEstimate) {
-        return strings.timeUnknown;
+        return texts.timeUnknown;
     }
     const std::uint32_t seconds = *progress.secondsRemaining;
     // A driver without an estimate always passes 0.
     if (seconds == 0)
-        return pagesLeft(progress).value_or(0) > 0 ? strings.timeUnknown : strings.finishing;
-    if (seconds < 60) return fillIn(strings.secondsLeft, {std::to_string(seconds)});
+        return pagesLeft(progress).value_or(0) > 0 ? texts.timeUnknown : texts.finishing;
+    if (seconds < 60) return fillIn(texts.secondsLeft, {std::to_string(seconds)});
     if (seconds < 3600) {
-        return fillIn(strings.minutesLeft,
+        return fillIn(texts.minutesLeft,
                       {std::to_string(seconds / 60), std::to_string(seconds % 60)});
     }
-    return fillIn(strings.hoursLeft,
+    return fillIn(texts.hoursLeft,
                   {std::to_string(seconds / 3600), std::to_string(seconds / 60 % 60)});
 }
 
@@ -111,39 +112,42 @@ std::vector<InkSlot> shownInkSlots(std::span<const std::int32_t> percents,
 
     std::vector<InkSlot> slots;
     for (std::size_t i = 0; i < shown; ++i) {
-        InkSlot slot{i + 1, std::nullopt, i < reserve.size() && reserve[i]};
+        InkSlot slot;
+        slot.number = i + 1;
+        slot.inReserve = i < reserve.size() && reserve[i];
         if (isKnownLevel(percents[i])) slot.percent = percents[i];
         slots.push_back(slot);
     }
     return slots;
 }
 
-std::string inkLabel(const InkSlot& slot, const Strings& strings) {
-    return fillIn(slot.inReserve ? strings.cartridgeInReserve : strings.cartridge,
-                  {std::to_string(slot.number)});
+std::string inkLabel(const InkSlot& slot, const WindowTexts& texts) {
+    const std::string number = std::to_string(slot.number);
+    const std::string name =
+        !slot.known.name.empty() ? slot.known.name
+        : slot.partNumber == 0
+            ? fillIn(texts.cartridge, {number})
+            : fillIn(texts.cartridgeOfPart, {number, std::to_string(slot.partNumber)});
+    return slot.inReserve ? fillIn(texts.inReserve, {name}) : name;
 }
 
-std::string inkLevel(const InkSlot& slot, const Strings& strings) {
-    if (!slot.percent) return strings.levelUnknown;
-    const std::string level = fillIn(strings.percent, {std::to_string(*slot.percent)});
-    return slot.isLow() ? fillIn(strings.levelLow, {level}) : level;
+std::string inkLevel(const InkSlot& slot, const WindowTexts& texts) {
+    if (!slot.percent) return texts.levelUnknown;
+    const std::string level = fillIn(texts.percent, {std::to_string(*slot.percent)});
+    return slot.isLow() ? fillIn(texts.levelLow, {level}) : level;
 }
 
-std::string inkSummary(const std::vector<InkSlot>& slots, const Strings& strings) {
-    if (slots.empty()) return strings.inkUnknown;
+std::string inkSummary(const std::vector<InkSlot>& slots, const WindowTexts& texts) {
+    if (slots.empty()) return texts.inkUnknown;
     std::string text;
     for (const InkSlot& slot : slots) {
-        text +=
-            (text.empty() ? "" : ", ") + inkLabel(slot, strings) + ": " + inkLevel(slot, strings);
+        text += (text.empty() ? "" : ", ") + inkLabel(slot, texts) + ": " + inkLevel(slot, texts);
     }
     return text;
 }
 
 bool isSimulatedPrinter(std::string_view friendlyName) {
-    constexpr std::string_view kSimulated = "simulatedprinter";
-    return std::equal(friendlyName.begin(), friendlyName.end(), kSimulated.begin(),
-                      kSimulated.end(),
-                      [](unsigned char left, char right) { return std::tolower(left) == right; });
+    return common::equalsIgnoringCase(friendlyName, "SimulatedPrinter");
 }
 
-}  // namespace jsw::view
+}  // namespace jsw::window

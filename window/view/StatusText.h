@@ -4,7 +4,8 @@
  */
 #pragma once
 
-#include "window/view/Strings.h"
+#include "window/view/Cartridges.h"
+#include "window/view/WindowTexts.h"
 
 #include <array>
 #include <cstdint>
@@ -14,7 +15,7 @@
 #include <string_view>
 #include <vector>
 
-namespace jsw::view {
+namespace jsw::window {
 
 /** The job's progress. Totals below 0 are unknown. */
 struct Progress {
@@ -27,7 +28,7 @@ struct Progress {
 };
 
 /** For example "Page 2 of 3, copy 1 of 2"; without the copy if there is only one. */
-[[nodiscard]] std::string progressText(const Progress& progress, const Strings& strings);
+[[nodiscard]] std::string progressText(const Progress& progress, const WindowTexts& texts);
 
 /** Pages begun so far of all pages of all copies, 0 to 1000; nothing if unknown. */
 [[nodiscard]] std::optional<int> progressPermille(const Progress& progress);
@@ -36,16 +37,18 @@ struct Progress {
 [[nodiscard]] std::optional<std::int64_t> pagesLeft(const Progress& progress);
 
 /** For example "About 2 min 5 s remaining"; says so if the time is unknown. */
-[[nodiscard]] std::string timeText(const Progress& progress, const Strings& strings);
+[[nodiscard]] std::string timeText(const Progress& progress, const WindowTexts& texts);
 
 /** Ink up to this level (per cent) is low. */
 inline constexpr int kLowPercent = 20;
 
 /** One ink slot to show. */
 struct InkSlot {
-    std::size_t number = 0;     /**< from 1 */
-    std::optional<int> percent; /**< 0 to 100; nothing if unknown */
-    bool inReserve = false;     /**< prints from what is left in the tank */
+    std::size_t number = 0;       /**< from 1 */
+    std::optional<int> percent;   /**< 0 to 100; nothing if unknown */
+    std::uint32_t partNumber = 0; /**< 0: unknown */
+    CartridgeName known;          /**< what the content says */
+    bool inReserve = false;       /**< prints from what is left in the tank */
     [[nodiscard]] bool isLow() const { return percent && *percent <= kLowPercent; }
     bool operator==(const InkSlot&) const = default;
 };
@@ -58,16 +61,16 @@ struct InkSlot {
 [[nodiscard]] std::vector<InkSlot> shownInkSlots(std::span<const std::int32_t> percents,
                                                  const std::array<bool, 2>& reserve = {});
 
-/** For example "Cartridge 1". */
-[[nodiscard]] std::string inkLabel(const InkSlot& slot, const Strings& strings);
+/** Its name, or for example "Cartridge 1, no. 36", "Cartridge 1". */
+[[nodiscard]] std::string inkLabel(const InkSlot& slot, const WindowTexts& texts);
 
 /** For example "90%", "10% low" or "not known". */
-[[nodiscard]] std::string inkLevel(const InkSlot& slot, const Strings& strings);
+[[nodiscard]] std::string inkLevel(const InkSlot& slot, const WindowTexts& texts);
 
 /** All slots in one line, or the text for unknown ink levels. */
-[[nodiscard]] std::string inkSummary(const std::vector<InkSlot>& slots, const Strings& strings);
+[[nodiscard]] std::string inkSummary(const std::vector<InkSlot>& slots, const WindowTexts& texts);
 
 /** Whether this printer's data is simulated. */
 [[nodiscard]] bool isSimulatedPrinter(std::string_view friendlyName);
 
-}  // namespace jsw::view
+}  // namespace jsw::window

@@ -1,13 +1,13 @@
 #include "window/view/Tooltips.h"
 
+#include "common/Encoding.h"
 #include "window/ui/Canvas.h"
-#include "window/ui/Text.h"
 
 #include <commctrl.h>
 
 #include <string>
 
-namespace jsw::view {
+namespace jsw::window {
 namespace {
 
 /** Tips are short. */
@@ -51,13 +51,13 @@ void Tooltips::update(const WindowLayout& layout) {
 void Tooltips::add(const Box& box, HWND control, const std::string& text) {
     if (text.empty()) return;
     std::wstring words =
-        ui::wide(std::string_view(text).substr(0, ui::characterStart(text, kLongestTip)));
+        common::wide(std::string_view(text).substr(0, characterStart(text, kLongestTip)));
     TOOLINFOW tool{};
     tool.cbSize = kToolSize;
     tool.hwnd = window_;
     tool.uFlags = TTF_SUBCLASS;
     tool.uId = ++count_;
-    tool.rect = ui::rect(box);
+    tool.rect = rect(box);
     if (control) {
         tool.uFlags |= TTF_IDISHWND;
         tool.uId = reinterpret_cast<UINT_PTR>(control);
@@ -66,4 +66,4 @@ void Tooltips::add(const Box& box, HWND control, const std::string& text) {
     SendMessageW(tips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
 }
 
-}  // namespace jsw::view
+}  // namespace jsw::window

@@ -8,7 +8,7 @@
 
 #include <windows.h>
 
-namespace jsw::view {
+namespace jsw::window {
 
 /** The tooltips of one window; destroyed with it. */
 class Tooltips {
@@ -25,4 +25,4 @@ class Tooltips {
     UINT_PTR count_ = 0;
 };
 
-}  // namespace jsw::view
+}  // namespace jsw::window

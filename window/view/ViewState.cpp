@@ -4,7 +4,7 @@
 
 #include <chrono>
 
-namespace jsw::view {
+namespace jsw::window {
 namespace {
 
 /** How long the end of a job waits for the window; enough for one that is not busy. */
@@ -149,4 +149,4 @@ void ViewState::requestRefresh() {
     refreshPosted_ = PostMessageA(window_, kMessageRefresh, 0, 0) != FALSE;
 }
 
-}  // namespace jsw::view
+}  // namespace jsw::window

@@ -24,7 +24,7 @@
 #include <string>
 #include <utility>
 
-namespace jsw::view {
+namespace jsw::window {
 
 /** Posted to the window when the state has changed, and when the job is over. */
 inline constexpr UINT kMessageRefresh = WM_APP + 1;
@@ -151,4 +151,4 @@ class ViewState : public std::enable_shared_from_this<ViewState> {
     bool closed_ = false;
 };
 
-}  // namespace jsw::view
+}  // namespace jsw::window

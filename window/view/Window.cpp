@@ -1,10 +1,12 @@
 #include "window/view/Window.h"
 
+#include "common/Encoding.h"
+#include "common/Files.h"
+#include "common/Language.h"
 #include "window/ui/Dpi.h"
-#include "window/ui/Text.h"
-#include "window/view/ControlIds.h"
 #include "window/view/Controls.h"
 #include "window/view/WindowClass.h"
+#include "window/view/WindowIds.h"
 
 #include <windows.h>
 
@@ -12,19 +14,11 @@
 #include <string>
 #include <utility>
 
-namespace jsw::view {
+namespace jsw::window {
 namespace {
 
 constexpr DWORD kStyle = WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN;
 constexpr DWORD kExtendedStyle = WS_EX_CONTROLPARENT;
-
-HINSTANCE thisModule() {
-    HMODULE module = nullptr;
-    GetModuleHandleExW(
-        GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-        reinterpret_cast<LPCWSTR>(&thisModule), &module);
-    return module;
-}
 
 /** Whether access keys and the focus are visible before the keyboard is used. */
 bool keyboardCuesWanted() {
@@ -37,30 +31,22 @@ Box workArea(const RECT& place) {
     MONITORINFO monitor{};
     monitor.cbSize = sizeof(monitor);
     GetMonitorInfoW(MonitorFromRect(&place, MONITOR_DEFAULTTONEAREST), &monitor);
-    return ui::boxOf(monitor.rcWork);
-}
-
-/** The user's language, unless the environment names another one. */
-const Language& languageOfWindow() {
-    char code[8] = {};
-    GetEnvironmentVariableA("JSW_WINDOW_LANGUAGE", code, sizeof(code));
-    const Language* const wanted = Language::find(code);
-    return wanted ? *wanted : Language::choose(GetUserDefaultUILanguage());
+    return boxOf(monitor.rcWork);
 }
 
 }  // namespace
 
 Window::Window(std::shared_ptr<ViewState> state)
     : state_(std::move(state)),
-      instance_(thisModule()),
-      language_(languageOfWindow()),
-      strings_(language_.strings()),
-      palette_(ui::lightPalette()) {
+      instance_(common::thisModule()),
+      languages_(common::userLanguages()),
+      texts_(common::translated<WindowTexts>(languages_)),
+      palette_(lightPalette()) {
 }
 
 void Window::run() {
-    const ui::SharpWindows sharp;
-    const ui::VisualStyles styles(instance_);
+    const SharpWindows sharp;
+    const VisualStyles styles(instance_);
     const WindowClass windowClass(instance_, procedure);
     if (!create()) return;
     if (state_->attachWindow(window_)) {
@@ -77,14 +63,14 @@ void Window::run() {
 
 bool Window::create() {
     data_ = state_->takeData();
-    setScale(ui::dotsPerInch(nullptr));
+    setScale(dotsPerInch(nullptr));
     RECT frame = initialFrame();
     window_ = CreateWindowExW(kExtendedStyle, JSW_SAMPLE_VIEW_CLASS_W, L"", kStyle, frame.left,
                               frame.top, frame.right - frame.left, frame.bottom - frame.top,
                               nullptr, nullptr, instance_, nullptr);
     if (!window_) return false;
     // Its screen may have another scale.
-    const int dots = ui::dotsPerInch(window_);
+    const int dots = dotsPerInch(window_);
     if (dots != scale_.dotsPerInch()) {
         setScale(dots);
         frame = initialFrame();
@@ -103,7 +89,7 @@ void Window::createContent() {
     speech_.attach(window_);
     changeLook();
     AppendMenuW(GetSystemMenu(window_, FALSE), MF_STRING, JSW_VIEW_CLOSE_JOB,
-                ui::wide(strings_.closeJob).c_str());
+                common::wide(texts_.closeJob).c_str());
     showsFocus_ = showsKeys_ = keyboardCuesWanted();
     if (!showsKeys_) {
         SendMessageW(window_, WM_CHANGEUISTATE,
@@ -128,16 +114,16 @@ SIZE Window::savedFrame() const {
     const SavedPlace& saved = data_.savedPlace;
     const SIZE wanted{scale_(saved.width.value_or(kUsualSize.width)),
                       scale_(saved.height.value_or(kUsualSize.height))};
-    const SIZE frame = ui::frameSize(wanted, kStyle, kExtendedStyle, scale_.dotsPerInch());
+    const SIZE frame = frameSize(wanted, kStyle, kExtendedStyle, scale_.dotsPerInch());
     const SIZE least = leastFrame();
     return {std::max(frame.cx, least.cx), std::max(frame.cy, least.cy)};
 }
 
 SIZE Window::leastFrame() const {
-    const Size least = leastSize(describeJob(data_, question_, strings_), strings_,
-                                 ui::FontMeasure(*fonts_), scale_);
+    const Size least =
+        leastSize(describeJob(data_, question_, texts_), texts_, FontMeasure(*fonts_), scale_);
     const SIZE frame =
-        ui::frameSize({least.width, least.height}, kStyle, kExtendedStyle, scale_.dotsPerInch());
+        frameSize({least.width, least.height}, kStyle, kExtendedStyle, scale_.dotsPerInch());
     // A screen may be even smaller.
     RECT place{};
     GetWindowRect(window_, &place);
@@ -210,7 +196,7 @@ LRESULT Window::handle(UINT message, WPARAM wParam, LPARAM lParam) {
             reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {least.cx, least.cy};
             return 0;
         }
-        case ui::kMessageDpiChanged:
+        case kMessageDpiChanged:
             changeScale(HIWORD(wParam), *reinterpret_cast<const RECT*>(lParam));
             return 0;
         case WM_SETTINGCHANGE:
@@ -254,8 +240,8 @@ LRESULT Window::handlePainting(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_NOTIFY: {
             const auto& notice = *reinterpret_cast<const NMHDR*>(lParam);
             if (notice.code != NM_CUSTOMDRAW) break;
-            return ui::customDrawButton(*reinterpret_cast<const NMCUSTOMDRAW*>(lParam),
-                                        buttonLook(static_cast<int>(notice.idFrom)));
+            return customDrawButton(*reinterpret_cast<const NMCUSTOMDRAW*>(lParam),
+                                    buttonLook(static_cast<int>(notice.idFrom)));
         }
         case WM_CTLCOLORSTATIC:
         case WM_CTLCOLORBTN:
@@ -284,12 +270,12 @@ void Window::changeScale(int dotsPerInch, const RECT& frame) {
 }
 
 void Window::changeLook() {
-    palette_ = ui::currentPalette();
-    groundBrush_ = GdiObject<HBRUSH>(CreateSolidBrush(ui::rgb(palette_.ground)));
-    cardBrush_ = GdiObject<HBRUSH>(CreateSolidBrush(ui::rgb(palette_.card)));
-    footerBrush_ = GdiObject<HBRUSH>(CreateSolidBrush(ui::rgb(palette_.footer)));
-    ui::matchTitleBar(window_, palette_);
-    ui::matchScrollBar(GetDlgItem(window_, JSW_VIEW_PAGE_SCROLL), palette_);
+    palette_ = currentPalette();
+    groundBrush_ = GdiObject<HBRUSH>(CreateSolidBrush(rgb(palette_.ground)));
+    cardBrush_ = GdiObject<HBRUSH>(CreateSolidBrush(rgb(palette_.card)));
+    footerBrush_ = GdiObject<HBRUSH>(CreateSolidBrush(rgb(palette_.footer)));
+    matchTitleBar(window_, palette_);
+    matchScrollBar(GetDlgItem(window_, JSW_VIEW_PAGE_SCROLL), palette_);
     RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
@@ -304,4 +290,4 @@ void Window::notePlace() {
         {frame.left, frame.top, scale_.unscaled(content.right), scale_.unscaled(content.bottom)});
 }
 
-}  // namespace jsw::view
+}  // namespace jsw::window

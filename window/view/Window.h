@@ -20,9 +20,11 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <string>
 #include <type_traits>
+#include <vector>
 
-namespace jsw::view {
+namespace jsw::window {
 
 /** Owns an icon. */
 struct IconDestroyer {
@@ -72,7 +74,7 @@ class Window {
     [[nodiscard]] LRESULT controlBrush(HWND control, HDC dc) const;
     [[nodiscard]] Colour groundOf(int id) const;
     [[nodiscard]] Look look() const;
-    [[nodiscard]] ui::ButtonLook buttonLook(int id) const;
+    [[nodiscard]] ButtonLook buttonLook(int id) const;
 
     // WindowActions.cpp: the user's actions
     bool pressedKey(const MSG& message);
@@ -99,8 +101,8 @@ class Window {
 
     std::shared_ptr<ViewState> state_;
     HINSTANCE instance_;
-    const Language& language_;
-    const Strings& strings_;
+    const std::vector<std::string> languages_; /**< the user's, the closest first */
+    const WindowTexts texts_;
     Palette palette_;
     Scale scale_;
     std::unique_ptr<Fonts> fonts_;
@@ -116,6 +118,7 @@ class Window {
     WindowContent content_;
     WindowLayout layout_;
     Billboard billboard_;
+    Cartridges cartridges_;
     int scrolled_ = 0;   /**< pixels of the page's text above its area */
     int wheelTurns_ = 0; /**< rest of the mouse wheel, less than a pixel */
     std::optional<std::uint32_t> billboardSerial_; /**< of the page shown */
@@ -127,4 +130,4 @@ class Window {
     bool showsKeys_ = true;  /**< likewise, access keys */
 };
 
-}  // namespace jsw::view
+}  // namespace jsw::window

@@ -1,16 +1,16 @@
 /**
  * The user's actions in the window.
  */
-#include "window/view/ControlIds.h"
 #include "window/view/Controls.h"
 #include "window/view/Window.h"
+#include "window/view/WindowIds.h"
 
 #include <windows.h>
 
 #include <string>
 #include <utility>
 
-namespace jsw::view {
+namespace jsw::window {
 namespace {
 
 constexpr const char* kMinimizedKey = "Job Progress Minimized";
@@ -206,4 +206,4 @@ LRESULT Window::systemCommand(WPARAM wParam, LPARAM lParam) {
     return result;
 }
 
-}  // namespace jsw::view
+}  // namespace jsw::window

@@ -1,12 +1,12 @@
 #include "window/view/WindowClass.h"
 
-#include "window/view/ControlIds.h"
+#include "window/view/WindowIds.h"
 
 #include <commctrl.h>
 
 #include <mutex>
 
-namespace jsw::view {
+namespace jsw::window {
 namespace {
 
 std::mutex usersMutex;
@@ -34,4 +34,4 @@ WindowClass::~WindowClass() {
     if (--users == 0) UnregisterClassW(JSW_SAMPLE_VIEW_CLASS_W, instance_);
 }
 
-}  // namespace jsw::view
+}  // namespace jsw::window

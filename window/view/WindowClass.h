@@ -6,7 +6,7 @@
 
 #include <windows.h>
 
-namespace jsw::view {
+namespace jsw::window {
 
 /**
  * Registers the class JSW_SAMPLE_VIEW_CLASS during its lifetime. Windows of two jobs may overlap
@@ -23,4 +23,4 @@ class WindowClass {
     HINSTANCE instance_;
 };
 
-}  // namespace jsw::view
+}  // namespace jsw::window

@@ -1,52 +1,58 @@
 #include "window/view/WindowContent.h"
 
-namespace jsw::view {
+namespace jsw::window {
 namespace {
 
-std::string cancelQuestion(const Progress& progress, const Strings& strings) {
+std::string cancelQuestion(const Progress& progress, const WindowTexts& texts) {
     const auto left = pagesLeft(progress);
-    if (!left) return strings.cancelQuestionUnknown;
-    return ui::fillIn(strings.cancelQuestion.form(*left), {ui::grouped(*left, strings.thousands)});
+    if (!left) return texts.cancelQuestionUnknown;
+    return common::fillIn(common::plural(*left, texts.cancelQuestionOne, texts.cancelQuestion),
+                          {common::grouped(*left, texts.thousands)});
 }
 
-void describeInk(const JobData& data, const Strings& strings, WindowContent& content) {
-    const std::vector<InkSlot> slots = shownInkSlots(data.inkPercents, data.reserveMode);
-    content.inkSentence = data.inkTold ? inkSummary(slots, strings) : strings.inkLoading;
-    for (const InkSlot& slot : slots) {
-        content.ink.push_back(
-            {inkLabel(slot, strings), inkLevel(slot, strings), slot.percent, slot.isLow()});
+void describeInk(const JobData& data, const Cartridges& cartridges, const WindowTexts& texts,
+                 WindowContent& content) {
+    std::vector<InkSlot> slots = shownInkSlots(data.inkPercents, data.reserveMode);
+    for (InkSlot& slot : slots) {
+        const std::size_t index = slot.number - 1;
+        slot.partNumber = index < data.partNumbers.size() ? data.partNumbers[index] : 0;
+        slot.known = cartridges.find(slot.partNumber, slot.number);
+        content.ink.push_back({inkLabel(slot, texts), inkLevel(slot, texts), slot.percent,
+                               slot.isLow(), slot.known.colour});
     }
+    content.inkSentence = data.inkTold ? inkSummary(slots, texts) : texts.inkLoading;
 }
 
-void describeQuestion(const JobData& data, Question question, const Strings& strings,
+void describeQuestion(const JobData& data, Question question, const WindowTexts& texts,
                       WindowContent& content) {
     content.question = question;
     if (question == Question::cancel) {
-        content.questionText = cancelQuestion(data.progress, strings);
-        content.yes = strings.cancelYes;
-        content.no = strings.cancelNo;
+        content.questionText = cancelQuestion(data.progress, texts);
+        content.yes = texts.cancelYes;
+        content.no = texts.cancelNo;
     } else if (question == Question::close) {
-        content.questionText = strings.closeNotice;
-        content.yes = strings.closeYes;
-        content.no = strings.closeNo;
+        content.questionText = texts.closeNotice;
+        content.yes = texts.closeYes;
+        content.no = texts.closeNo;
     }
 }
 
 }  // namespace
 
-WindowContent describeJob(const JobData& data, Question question, const Strings& strings) {
+WindowContent describeJob(const JobData& data, Question question, const WindowTexts& texts,
+                          const Cartridges& cartridges) {
     WindowContent content;
-    content.job = data.jobName.empty() ? strings.untitled : data.jobName;
-    content.title = ui::fillIn(strings.windowTitle, {content.job});
-    content.printer = data.printerName.empty() ? strings.somePrinter : data.printerName;
+    content.job = data.jobName.empty() ? texts.untitled : data.jobName;
+    content.title = common::fillIn(texts.windowTitle, {content.job});
+    content.printer = data.printerName.empty() ? texts.somePrinter : data.printerName;
     content.isSimulated = isSimulatedPrinter(data.printerName);
     content.isCancelling = data.cancelling;
-    content.progress = data.cancelling ? strings.cancelling : progressText(data.progress, strings);
-    content.time = data.cancelling ? strings.waitingForPrinter : timeText(data.progress, strings);
+    content.progress = data.cancelling ? texts.cancelling : progressText(data.progress, texts);
+    content.time = data.cancelling ? texts.waitingForPrinter : timeText(data.progress, texts);
     content.permille = progressPermille(data.progress);
-    content.cancel = data.cancelling ? strings.cancelled : strings.cancel;
-    describeInk(data, strings, content);
-    describeQuestion(data, question, strings, content);
+    content.cancel = data.cancelling ? texts.cancelled : texts.cancel;
+    describeInk(data, cartridges, texts, content);
+    describeQuestion(data, question, texts, content);
     return content;
 }
 
@@ -58,23 +64,35 @@ bool closingNeedsExplaining(const JobData& data) {
     return !data.closingExplained && !data.cancelling && pagesLeft(data.progress) != 0;
 }
 
-Page emptyPage(const Strings& strings) {
+Page emptyPage(const WindowTexts& texts) {
     Page page;
-    page.title = strings.emptyTitle;
+    page.title = texts.emptyTitle;
     page.picture = Picture::printer;
-    page.paragraphs = {plainParagraph(strings.emptyText)};
+    page.paragraphs = {plainParagraph(texts.emptyText)};
     return page;
 }
 
-Page unshowablePage(const std::string& fileName, Problem problem, const Strings& strings) {
-    const std::string reason =
-        fileName + ": " + strings.problems[static_cast<std::size_t>(problem)];
+const std::string& problemText(Problem problem, const WindowTexts& texts) {
+    switch (problem) {
+#define JSW_PROBLEM(name, english) \
+    case Problem::name:            \
+        return texts.name;
+        JSW_PAGE_PROBLEMS(JSW_PROBLEM)
+#undef JSW_PROBLEM
+        case Problem::none:
+            break;
+    }
+    return texts.unreadable;
+}
+
+Page unshowablePage(const std::string& fileName, Problem problem, const WindowTexts& texts) {
+    const std::string reason = fileName + ": " + problemText(problem, texts);
     Page page;
-    page.title = strings.brokenTitle;
+    page.title = texts.brokenTitle;
     page.picture = Picture::printer;
-    page.paragraphs = {plainParagraph(strings.brokenText),
-                       plainParagraph(ui::fillIn(strings.brokenReason, {reason}))};
+    page.paragraphs = {plainParagraph(texts.brokenText),
+                       plainParagraph(common::fillIn(texts.brokenReason, {reason}))};
     return page;
 }
 
-}  // namespace jsw::view
+}  // namespace jsw::window

@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-namespace jsw::view {
+namespace jsw::window {
 
 /** The question or notice in the last row. */
 enum class Question { none, cancel, close };
@@ -23,6 +23,7 @@ struct InkContent {
     std::string level;
     std::optional<int> percent;
     bool isLow = false;
+    std::optional<Colour> colour; /**< nothing: the usual one */
     bool operator==(const InkContent&) const = default;
 };
 
@@ -45,8 +46,10 @@ struct WindowContent {
     bool operator==(const WindowContent&) const = default;
 };
 
+/** @param cartridges names from the content */
 [[nodiscard]] WindowContent describeJob(const JobData& data, Question question,
-                                        const Strings& strings);
+                                        const WindowTexts& texts,
+                                        const Cartridges& cartridges = {});
 
 /** Whether cancelling now loses pages, so that the window must ask first. */
 [[nodiscard]] bool cancellingNeedsAsking(const JobData& data);
@@ -54,11 +57,14 @@ struct WindowContent {
 /** Whether to explain that closing does not cancel; only once, and only while pages remain. */
 [[nodiscard]] bool closingNeedsExplaining(const JobData& data);
 
-/** The page to show if there is none. */
-[[nodiscard]] Page emptyPage(const Strings& strings);
+/** The page to show where there is none. */
+[[nodiscard]] Page emptyPage(const WindowTexts& texts);
+
+/** The problem in words. */
+[[nodiscard]] const std::string& problemText(Problem problem, const WindowTexts& texts);
 
 /** The page to show instead of this file, which has a problem. */
 [[nodiscard]] Page unshowablePage(const std::string& fileName, Problem problem,
-                                  const Strings& strings);
+                                  const WindowTexts& texts);
 
-}  // namespace jsw::view
+}  // namespace jsw::window

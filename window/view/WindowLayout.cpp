@@ -1,12 +1,12 @@
 #include "window/view/WindowLayout.h"
 
-#include "window/view/ControlIds.h"
+#include "window/view/WindowIds.h"
 
 #include <algorithm>
 #include <array>
 #include <numeric>
 
-namespace jsw::view {
+namespace jsw::window {
 namespace {
 
 /** Gaps that shrink in a low window. */
@@ -31,11 +31,11 @@ constexpr int kLeastQuestion = 180; /**< a narrower question is above its button
 /** Lays the window out from the top and from the bottom; the page gets the rest. */
 class WindowBuilder {
   public:
-    WindowBuilder(const WindowContent& content, const Page& page, Size size, const Strings& strings,
-                  const TextMeasure& measure, const Scale& scale)
+    WindowBuilder(const WindowContent& content, const Page& page, Size size,
+                  const WindowTexts& texts, const TextMeasure& measure, const Scale& scale)
         : content_(content),
           page_(page),
-          strings_(strings),
+          texts_(texts),
           measure_(measure),
           scale_(scale),
           line_(measure.lineHeight(Font::normal)),
@@ -59,12 +59,12 @@ class WindowBuilder {
         const int navigation = std::accumulate(
             labels.begin(), labels.end(), 4 * scale_(kButtonGap),
             [&](int sum, const std::string& label) { return sum + leastWidth(label); });
-        const int checkBoxes = std::max(checkBoxWidth(strings_.updateAutomatically),
-                                        checkBoxWidth(strings_.specialMessages));
+        const int checkBoxes = std::max(checkBoxWidth(texts_.updateAutomatically),
+                                        checkBoxWidth(texts_.specialMessages));
         const int choices = checkBoxes + scale_(kCheckBoxGap) + usualWidth(content_.cancel);
         const int answers = scale_(kButtonGap) +
-                            std::max(usualWidth(strings_.cancelYes) + usualWidth(strings_.cancelNo),
-                                     usualWidth(strings_.closeYes) + usualWidth(strings_.closeNo));
+                            std::max(usualWidth(texts_.cancelYes) + usualWidth(texts_.cancelNo),
+                                     usualWidth(texts_.closeYes) + usualWidth(texts_.closeNo));
         return {2 * scale_(kMargin) + std::max({navigation, choices, answers}),
                 size_.height - (pageBottom() - top_) + scale_(kLeastTightPage)};
     }
@@ -90,7 +90,7 @@ class WindowBuilder {
         return buttonWidth(label, measure_, scale_);
     }
     [[nodiscard]] int leastWidth(std::string_view label) const {
-        return ui::leastButtonWidth(label, measure_, scale_);
+        return leastButtonWidth(label, measure_, scale_);
     }
 
     void addText(int id, const Box& box, const std::string& text, Font font, Tone tone,
@@ -102,13 +102,13 @@ class WindowBuilder {
         const int heading = measure_.lineHeight(Font::heading);
         int end = right_;
         if (content_.isSimulated) {
-            const int wanted = measure_.width(strings_.simulated, Font::bold);
+            const int wanted = measure_.width(texts_.simulated, Font::bold);
             const int width = std::min(wanted + 2 * scale_(kBadgePadding), (right_ - left_) / 2);
             const int height = line_ + scale_(6);
             const int badgeTop = top_ + (heading - height) / 2;
             layout_.badge = {right_ - width, badgeTop, right_, badgeTop + height};
-            addText(JSW_VIEW_SIMULATED, layout_.badge.inset(scale_(4), scale_(3)),
-                    strings_.simulated, Font::bold, Tone::badge, Side::middle);
+            addText(JSW_VIEW_SIMULATED, layout_.badge.inset(scale_(4), scale_(3)), texts_.simulated,
+                    Font::bold, Tone::badge, Side::middle);
             end = layout_.badge.left - scale_(kCheckBoxGap);
         }
         addText(JSW_VIEW_PRINTER_NAME, {left_, top_, end, top_ + heading}, content_.printer,
@@ -149,7 +149,7 @@ class WindowBuilder {
     }
 
     [[nodiscard]] std::vector<std::string> navigationLabels() const {
-        return {strings_.previous, strings_.current, strings_.next, strings_.inkStatus};
+        return {texts_.previous, texts_.current, texts_.next, texts_.inkStatus};
     }
 
     void placeNavigation() {
@@ -157,7 +157,7 @@ class WindowBuilder {
                                   JSW_VIEW_INK_STATUS};
         const auto labels = navigationLabels();
         const int gap = scale_(kButtonGap);
-        const auto widths = ui::buttonWidths(labels, right_ - left_ - 4 * gap, measure_, scale_);
+        const auto widths = buttonWidths(labels, right_ - left_ - 4 * gap, measure_, scale_);
         const int top = layout_.page.card.bottom + scale_(gaps_.navigation);
         int left = left_;
         for (std::size_t i = 0; i < kIds.size(); ++i) {
@@ -170,7 +170,7 @@ class WindowBuilder {
     }
 
     void addButton(int id, const Box& box, const std::string& label) {
-        layout_.buttons.push_back(ui::placePushButton(id, box, label, measure_, scale_));
+        layout_.buttons.push_back(placePushButton(id, box, label, measure_, scale_));
     }
 
     void placeFooter() {
@@ -194,14 +194,13 @@ class WindowBuilder {
         const int height = buttonHeight(measure_, scale_);
         const int gap = scale_(kButtonGap);
         const auto widths =
-            ui::buttonWidths({content_.yes, content_.no}, right_ - left_ - gap, measure_, scale_);
+            buttonWidths({content_.yes, content_.no}, right_ - left_ - gap, measure_, scale_);
         const int buttonsLeft = right_ - widths[0] - gap - widths[1];
         const int beside = buttonsLeft - scale_(kCheckBoxGap) - left_;
         const bool isAbove = beside < scale_(kLeastQuestion);
         const int textRight = isAbove ? right_ : left_ + beside;
-        const auto text =
-            ui::wrapToWidth(content_.questionText, Font::bold, std::max(textRight - left_, 1),
-                            kMostQuestionLines, measure_);
+        const auto text = wrapToWidth(content_.questionText, Font::bold,
+                                      std::max(textRight - left_, 1), kMostQuestionLines, measure_);
         const int line = measure_.lineHeight(Font::bold);
         const int textHeight = static_cast<int>(text.lines.size()) * line;
         const Box row = makeFooter(isAbove ? textHeight + scale_(kSmallGap) + height
@@ -230,9 +229,9 @@ class WindowBuilder {
     void placeChoices() {
         const struct {
             int id;
-            const char* label;
-        } boxes[] = {{JSW_VIEW_UPDATE_AUTOMATICALLY, strings_.updateAutomatically},
-                     {JSW_VIEW_SPECIAL_MESSAGES, strings_.specialMessages}};
+            const std::string& label;
+        } boxes[] = {{JSW_VIEW_UPDATE_AUTOMATICALLY, texts_.updateAutomatically},
+                     {JSW_VIEW_SPECIAL_MESSAGES, texts_.specialMessages}};
         const int height = buttonHeight(measure_, scale_);
         const int cancel = std::min(usualWidth(content_.cancel), (right_ - left_) / 2);
         const int room = right_ - left_ - cancel - scale_(kCheckBoxGap);
@@ -262,14 +261,14 @@ class WindowBuilder {
                   content_.cancel);
     }
 
-    [[nodiscard]] int checkBoxWidth(const char* label) const {
-        return measure_.width(ui::withoutAccessKey(label), Font::normal) + scale_(kCheckMark) +
+    [[nodiscard]] int checkBoxWidth(const std::string& label) const {
+        return measure_.width(withoutAccessKey(label), Font::normal) + scale_(kCheckMark) +
                scale_(4);
     }
 
     const WindowContent& content_;
     const Page& page_;
-    const Strings& strings_;
+    const WindowTexts& texts_;
     const TextMeasure& measure_;
     const Scale& scale_;
     const int line_;
@@ -284,17 +283,18 @@ class WindowBuilder {
 }  // namespace
 
 WindowLayout layoutWindow(const WindowContent& content, const Page& page, Size size, int scrolled,
-                          const Strings& strings, const TextMeasure& measure, const Scale& scale) {
-    return WindowBuilder(content, page, size, strings, measure, scale).build(scrolled);
+                          const WindowTexts& texts, const TextMeasure& measure,
+                          const Scale& scale) {
+    return WindowBuilder(content, page, size, texts, measure, scale).build(scrolled);
 }
 
-Size leastSize(const WindowContent& content, const Strings& strings, const TextMeasure& measure,
+Size leastSize(const WindowContent& content, const WindowTexts& texts, const TextMeasure& measure,
                const Scale& scale) {
     // The narrower the window, the higher its footer.
     const Size any{scale(kUsualSize.width), scale(kUsualSize.height)};
     const Page none;
-    const int width = WindowBuilder(content, none, any, strings, measure, scale).least().width;
-    return WindowBuilder(content, none, {width, any.height}, strings, measure, scale).least();
+    const int width = WindowBuilder(content, none, any, texts, measure, scale).least().width;
+    return WindowBuilder(content, none, {width, any.height}, texts, measure, scale).least();
 }
 
-}  // namespace jsw::view
+}  // namespace jsw::window

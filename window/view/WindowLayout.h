@@ -11,7 +11,7 @@
 
 #include <vector>
 
-namespace jsw::view {
+namespace jsw::window {
 
 /** Default size of the window without its frame, in pixels at 96 dots per inch. */
 inline constexpr Size kUsualSize{640, 544};
@@ -45,11 +45,11 @@ struct WindowLayout {
  * @param scrolled as in PageRoom
  */
 [[nodiscard]] WindowLayout layoutWindow(const WindowContent& content, const Page& page, Size size,
-                                        int scrolled, const Strings& strings,
+                                        int scrolled, const WindowTexts& texts,
                                         const TextMeasure& measure, const Scale& scale);
 
 /** The minimum size, in pixels, at which every button shows its label and the page some lines. */
-[[nodiscard]] Size leastSize(const WindowContent& content, const Strings& strings,
+[[nodiscard]] Size leastSize(const WindowContent& content, const WindowTexts& texts,
                              const TextMeasure& measure, const Scale& scale);
 
-}  // namespace jsw::view
+}  // namespace jsw::window

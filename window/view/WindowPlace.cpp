@@ -4,7 +4,7 @@
 #include <charconv>
 #include <system_error>
 
-namespace jsw::view {
+namespace jsw::window {
 namespace {
 
 /** No desktop is larger; prevents overflow of sums. */
@@ -63,4 +63,4 @@ Place centred(Size window, const Box& desktop) {
     return clampToDesktop(middle, window, desktop);
 }
 
-}  // namespace jsw::view
+}  // namespace jsw::window

@@ -13,10 +13,7 @@
 #include <utility>
 #include <vector>
 
-namespace jsw::view {
-
-using ui::Box;
-using ui::Size;
+namespace jsw::window {
 
 /** A position in pixels of the screen; may be negative on a second monitor. */
 struct Place {
@@ -48,4 +45,4 @@ struct SavedPlace {
 /** The place that centres the window on the desktop. */
 [[nodiscard]] Place centred(Size window, const Box& desktop);
 
-}  // namespace jsw::view
+}  // namespace jsw::window

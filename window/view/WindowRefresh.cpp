@@ -3,9 +3,9 @@
  */
 #include "window/view/AccessKeys.h"
 #include "window/view/BillboardFile.h"
-#include "window/view/ControlIds.h"
 #include "window/view/Controls.h"
 #include "window/view/Window.h"
+#include "window/view/WindowIds.h"
 
 #include <windows.h>
 
@@ -13,7 +13,7 @@
 #include <string>
 #include <utility>
 
-namespace jsw::view {
+namespace jsw::window {
 namespace {
 
 constexpr UINT_PTR kRunningTimer = 1;
@@ -34,13 +34,14 @@ void Window::refreshBillboard() {
     if (billboardSerial_ == data_.billboardSerial) return;
     billboardSerial_ = data_.billboardSerial;
     scrolled_ = 0;
-    billboard_.page = loadBillboard(data_.dataPath, data_.billboard, language_);
-    for (const std::string& clash : giveAccessKeys(billboard_.page, strings_)) {
+    billboard_.page = loadBillboard(data_.dataPath, data_.billboard, languages_, texts_);
+    cartridges_ = loadCartridges(data_.dataPath, languages_);
+    for (const std::string& clash : giveAccessKeys(billboard_.page, texts_)) {
         OutputDebugStringA(("jswv.dll: " + data_.billboard + ": " + clash + "\n").c_str());
     }
-    billboard_.bitmap = billboard_.page.picture == Picture::file
-                            ? loadPicture(scriptPath(data_.dataPath, billboard_.page.pictureFile))
-                            : GdiObject<HBITMAP>();
+    billboard_.picture = billboard_.page.picture == Picture::file
+                             ? PictureFile(scriptPath(data_.dataPath, billboard_.page.pictureFile))
+                             : PictureFile();
     setControlText(window_, JSW_VIEW_BILLBOARD, billboard_.page.title);
     InvalidateRect(GetDlgItem(window_, JSW_VIEW_BILLBOARD), nullptr, FALSE);
 }
@@ -50,9 +51,9 @@ void Window::refreshLayout() {
     if (!billboardSerial_ || IsIconic(window_) || !GetClientRect(window_, &area)) return;
     const WindowLayout before = std::move(layout_);
     const WindowContent contentBefore = std::move(content_);
-    content_ = describeJob(data_, question_, strings_);
-    layout_ = layoutWindow(content_, billboard_.page, {area.right, area.bottom}, scrolled_,
-                           strings_, ui::FontMeasure(*fonts_), scale_);
+    content_ = describeJob(data_, question_, texts_, cartridges_);
+    layout_ = layoutWindow(content_, billboard_.page, {area.right, area.bottom}, scrolled_, texts_,
+                           FontMeasure(*fonts_), scale_);
     scrolled_ = layout_.page.scrolled;
     if (layout_ == before && content_ == contentBefore) return;
     setControlText(window_, 0, content_.title);
@@ -60,7 +61,7 @@ void Window::refreshLayout() {
     setControlText(window_, JSW_VIEW_INK, content_.inkSentence);
     setControlText(window_, JSW_VIEW_QUESTION, content_.questionText);
     tooltips_.update(layout_);
-    speech_.update(content_, layout_, billboard_.page, strings_);
+    speech_.update(content_, layout_, billboard_.page, texts_);
     invalidateChanges(before, contentBefore);
 }
 
@@ -108,10 +109,8 @@ void Window::refreshVisibility() {
         ShowWindow(window_, shown_ ? appear : SW_HIDE);
         notePlace();
     }
-    if (shown_ && data_.restoreWanted && IsIconic(window_)) {
-        ShowWindow(window_, SW_SHOWNOACTIVATE);
-    }
-    if (shown_ && !content_.permille && ui::animationsWanted()) {
+    if (shown_ && data_.restoreWanted && IsIconic(window_)) ShowWindow(window_, SW_SHOWNOACTIVATE);
+    if (shown_ && !content_.permille && animationsWanted()) {
         SetTimer(window_, kRunningTimer, kRunningInterval, nullptr);
     } else {
         KillTimer(window_, kRunningTimer);
@@ -122,7 +121,7 @@ Look Window::look() const {
     return {palette_, *fonts_, scale_};
 }
 
-ui::ButtonLook Window::buttonLook(int id) const {
+ButtonLook Window::buttonLook(int id) const {
     return {palette_, *fonts_, scale_, groundOf(id), id == JSW_VIEW_NO, showsFocus_, showsKeys_};
 }
 
@@ -139,7 +138,7 @@ void Window::paintGround(HDC dc) const {
 void Window::drawItem(const DRAWITEMSTRUCT& item) const {
     const int id = static_cast<int>(item.CtlID);
     if (isLink(id)) return drawLink(item);
-    ui::paintBuffered(item.hDC, item.rcItem, [&](const Canvas& canvas, const Box& box) {
+    paintBuffered(item.hDC, item.rcItem, [&](const Canvas& canvas, const Box& box) {
         canvas.fill(box, groundOf(id));
         drawOwn(canvas, box, id);
     });
@@ -149,7 +148,7 @@ void Window::drawLink(const DRAWITEMSTRUCT& item) const {
     for (const PlacedButton& link : layout_.page.inText) {
         if (link.id != static_cast<int>(item.CtlID)) continue;
         const Box seen = layout_.page.seenOf(link);
-        ui::drawLink(item, link.box.moved(-seen.left, -seen.top), buttonLook(link.id));
+        window::drawLink(item, link.box.moved(-seen.left, -seen.top), buttonLook(link.id));
     }
 }
 
@@ -191,10 +190,10 @@ Colour Window::groundOf(int id) const {
 
 LRESULT Window::controlBrush(HWND control, HDC dc) const {
     const int id = GetDlgCtrlID(control);
-    SetTextColor(dc, ui::rgb(palette_.text));
-    SetBkColor(dc, ui::rgb(groundOf(id)));
+    SetTextColor(dc, rgb(palette_.text));
+    SetBkColor(dc, rgb(groundOf(id)));
     const auto& brush = isOnPage(id) ? cardBrush_ : isInFooter(id) ? footerBrush_ : groundBrush_;
     return reinterpret_cast<LRESULT>(brush.get());
 }
 
-}  // namespace jsw::view
+}  // namespace jsw::window

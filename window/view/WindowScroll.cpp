@@ -2,14 +2,14 @@
  * Scrolls a page that does not fit: by scroll bar, wheel and page keys, and to a link or button
  * that gets the focus.
  */
-#include "window/view/ControlIds.h"
 #include "window/view/Window.h"
+#include "window/view/WindowIds.h"
 
 #include <windows.h>
 
 #include <algorithm>
 
-namespace jsw::view {
+namespace jsw::window {
 
 void Window::scrollTo(int position) {
     scrolled_ = position;
@@ -17,7 +17,7 @@ void Window::scrollTo(int position) {
 }
 
 void Window::scrollBarMoved(int request) {
-    const int line = ui::FontMeasure(*fonts_).lineHeight(Font::normal);
+    const int line = FontMeasure(*fonts_).lineHeight(Font::normal);
     const int page = std::max(layout_.page.textArea.height() - line, line);
     SCROLLINFO info{sizeof(info), SIF_TRACKPOS, 0, 0, 0, 0, 0};
     switch (request) {
@@ -45,11 +45,9 @@ void Window::scrollBarMoved(int request) {
 void Window::wheelTurned(int delta) {
     UINT lines = 3;
     SystemParametersInfoW(SPI_GETWHEELSCROLLLINES, 0, &lines, 0);
-    if (lines == WHEEL_PAGESCROLL) {
-        return scrollBarMoved(delta > 0 ? SB_PAGEUP : SB_PAGEDOWN);
-    }
+    if (lines == WHEEL_PAGESCROLL) return scrollBarMoved(delta > 0 ? SB_PAGEUP : SB_PAGEDOWN);
     // A fine wheel turns by less than a notch.
-    wheelTurns_ += delta * ui::FontMeasure(*fonts_).lineHeight(Font::normal) *
+    wheelTurns_ += delta * FontMeasure(*fonts_).lineHeight(Font::normal) *
                    static_cast<int>(std::min(lines, 100U));
     const int pixels = wheelTurns_ / WHEEL_DELTA;
     wheelTurns_ -= pixels * WHEEL_DELTA;
@@ -84,4 +82,4 @@ void Window::showFocused(int id) {
     }
 }
 
-}  // namespace jsw::view
+}  // namespace jsw::window

@@ -1,7 +1,7 @@
 #include "window/view/WindowSpeech.h"
 
-#include "window/view/ControlIds.h"
 #include "window/view/Controls.h"
+#include "window/view/WindowIds.h"
 
 #include <windows.h>
 
@@ -12,11 +12,8 @@
 #include <utility>
 #include <vector>
 
-namespace jsw::view {
+namespace jsw::window {
 namespace {
-
-using ui::AccessibleItem;
-using ui::AccessibleModel;
 
 AccessibleItem readOnly(long role, std::string name, std::string value = "") {
     return {std::move(name), std::move(value), "", role, STATE_SYSTEM_READONLY, {}};
@@ -79,17 +76,17 @@ LRESULT CALLBACK WindowSpeech::answer(HWND control, UINT message, WPARAM wParam,
 }
 
 void WindowSpeech::update(const WindowContent& content, const WindowLayout& layout,
-                          const Page& page, const Strings& strings) {
+                          const Page& page, const WindowTexts& texts) {
     for (const auto& [id, text] : layout.texts) {
         say(id, readOnly(ROLE_SYSTEM_STATICTEXT, text.full.empty() ? text.text : text.full), {});
     }
     say(JSW_VIEW_PROGRESS_BAR,
-        readOnly(ROLE_SYSTEM_PROGRESSBAR, strings.progressName,
+        readOnly(ROLE_SYSTEM_PROGRESSBAR, texts.progressName,
                  content.permille
-                     ? ui::fillIn(strings.percent, {std::to_string(*content.permille / 10)})
+                     ? common::fillIn(texts.percent, {std::to_string(*content.permille / 10)})
                      : content.progress),
         {});
-    say(JSW_VIEW_INK, readOnly(ROLE_SYSTEM_GROUPING, strings.inkName, content.inkSentence),
+    say(JSW_VIEW_INK, readOnly(ROLE_SYSTEM_GROUPING, texts.inkName, content.inkSentence),
         inkParts(content, layout));
     AccessibleItem billboard = readOnly(ROLE_SYSTEM_PANE, page.title);
     billboard.description = pageText(page);
@@ -99,7 +96,7 @@ void WindowSpeech::update(const WindowContent& content, const WindowLayout& layo
     for (const PlacedButton& link : layout.page.inText) {
         if (!isLink(link.id)) continue;
         AccessibleItem item = readOnly(
-            ROLE_SYSTEM_LINK, ui::withoutAccessKey(link.full.empty() ? link.label : link.full));
+            ROLE_SYSTEM_LINK, withoutAccessKey(link.full.empty() ? link.label : link.full));
         item.state = STATE_SYSTEM_FOCUSABLE | STATE_SYSTEM_LINKED;
         say(link.id, std::move(item), {});
     }
@@ -121,4 +118,4 @@ void WindowSpeech::say(int id, AccessibleItem item, std::vector<AccessibleItem> 
     }
 }
 
-}  // namespace jsw::view
+}  // namespace jsw::window

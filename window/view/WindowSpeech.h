@@ -12,7 +12,7 @@
 #include <map>
 #include <memory>
 
-namespace jsw::view {
+namespace jsw::window {
 
 /** Provides accessibility for the controls that the window draws. Used only on the window's thread.
  */
@@ -24,15 +24,15 @@ class WindowSpeech {
     void attach(HWND window);
     /** Updates the models and notifies screen readers of the changes. */
     void update(const WindowContent& content, const WindowLayout& layout, const Page& page,
-                const Strings& strings);
+                const WindowTexts& texts);
 
   private:
     static LRESULT CALLBACK answer(HWND control, UINT message, WPARAM wParam, LPARAM lParam,
                                    UINT_PTR id, DWORD_PTR speech);
-    void say(int id, ui::AccessibleItem item, std::vector<ui::AccessibleItem> parts);
+    void say(int id, AccessibleItem item, std::vector<AccessibleItem> parts);
 
-    ui::AccessibilityServer server_;
-    std::map<int, std::shared_ptr<ui::AccessibleModel>> models_;
+    AccessibilityServer server_;
+    std::map<int, std::shared_ptr<AccessibleModel>> models_;
 };
 
-}  // namespace jsw::view
+}  // namespace jsw::window

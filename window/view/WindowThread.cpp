@@ -3,7 +3,7 @@
 #include "window/view/ModuleThread.h"
 #include "window/view/Window.h"
 
-namespace jsw::view {
+namespace jsw::window {
 namespace {
 
 /** Calls ViewState::threadEnded when the thread, or the attempt to start it, ends. */
@@ -35,4 +35,4 @@ void startWindowThread(const std::shared_ptr<ViewState>& state) {
     if (!started) state->threadEnded();
 }
 
-}  // namespace jsw::view
+}  // namespace jsw::window

@@ -8,7 +8,7 @@
 
 #include <memory>
 
-namespace jsw::view {
+namespace jsw::window {
 
 /**
  * Starts a thread that shows the job's window until the job is closed, as requested by
@@ -16,4 +16,4 @@ namespace jsw::view {
  */
 void startWindowThread(const std::shared_ptr<ViewState>& state);
 
-}  // namespace jsw::view
+}  // namespace jsw::window

@@ -1,7 +1,11 @@
 #include "tests/tools/check/JudgementTest.h"
 #include "tools/jswctl/content/ContentJudgement.h"
+#include "window/view/AccessKeys.h"
 
 #include <gtest/gtest.h>
+
+#include <fstream>
+#include <sstream>
 
 namespace jsw::ctl {
 namespace {
@@ -16,7 +20,7 @@ ContentPage page(const std::string& name, const std::string& language, const std
     result.name = name;
     result.language = language;
     result.fileName = name + language;
-    result.parsed = view::parseBillboard(text);
+    result.parsed = window::parseBillboard(text);
     return result;
 }
 
@@ -36,6 +40,11 @@ ContentFacts goodContent() {
         page("b.jbb", "", "title=B\nbutton=&Order|LAUNCH_URL|0\n"),
         page("b.jbb", "de", "title=B\nbutton=&Patronen|LAUNCH_URL|0\n"),
     };
+    // The file that comes with the window.
+    std::ifstream file(JSW_SOURCE_FOLDER "/window/languages/jswtexts.de.txt", std::ios::binary);
+    std::ostringstream text;
+    text << file.rdbuf();
+    facts.languages["de"] = common::parseLanguageFile(text.str());
     return facts;
 }
 
@@ -78,13 +87,21 @@ TEST(ContentJudgementTest, EachMistakeIsNamed) {
         {[](ContentFacts& f) { f.pages[0] = page("a.jbb", "", "no title"); }, kError,
          "a line before the first empty line has no \"=\""},
         {[](ContentFacts& f) { f.pages[0] = page("a.jbb", "", "title=A\nbutton=&Now|NEXT|0"); },
-         kWarning, "the access key of '&Now'"},
+         kWarning, "the access key of \"&Now\""},
         {[](ContentFacts& f) { f.pages[0].head["theme"] = "red"; }, kWarning,
          "there is no theme 'red'"},
         {[](ContentFacts& f) { f.pages[0] = page("a.jbb", "", "title=A\npicture=p.bmp"); },
          kWarning, "there is no picture Scripts\\p.bmp"},
         {[](ContentFacts& f) { f.pages[2].language = "xx"; }, kWarning,
-         "the window has no language 'xx'"},
+         "the window has no texts in 'xx'"},
+        {[](ContentFacts& f) { f.languages["de"].problem = "line 3 has no text"; }, kError,
+         "jswtexts.de.txt: line 3 has no text"},
+        {[](ContentFacts& f) { f.cartridges["cartridges.txt"] = "line 1 has no text"; }, kError,
+         "cartridges.txt: line 1 has no text"},
+        {[](ContentFacts& f) { f.languages["de"].sections["prompt"]["x"] = "y"; }, kWarning,
+         "there is no text prompt.x"},
+        {[](ContentFacts& f) { f.languages["de"].sections["window"]["closeYes"] = "&OK"; },
+         kWarning, "\"&Offen lassen\" has no access key of its own"},
         {[](ContentFacts& f) { f.pages[2] = page("b.jbb", "de", "title=B"); }, kWarning,
          "have other actions than those of b.jbb"},
     };
@@ -100,6 +117,8 @@ TEST(ContentJudgementTest, EachMistakeIsNamed) {
     judgeContent(goodContent(), good);
     EXPECT_EQ(good.count(kError) + good.count(kWarning), 0U) << asText(good);
     EXPECT_TRUE(has(good, Severity::note, "a.jbb: not in: de"));
+    EXPECT_FALSE(has(good, Severity::note, "stay English")) << asText(good);
+    EXPECT_TRUE(window::clashingKeys({}).empty());
 }
 
 }  // namespace

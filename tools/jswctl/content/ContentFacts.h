@@ -1,5 +1,6 @@
 #pragma once
 
+#include "common/LanguageFile.h"
 #include "samples/common/XmlNode.h"
 #include "window/view/BillboardContent.h"
 
@@ -15,7 +16,7 @@ struct ContentPage {
     std::string fileName;  ///< "welcome.de.jbb"
     std::string name;      ///< "welcome.jbb", its name in the catalog
     std::string language;  ///< "de"; empty: for all languages without a file of their own
-    view::ParsedPage parsed;
+    window::ParsedPage parsed;
     std::map<std::string, std::string> head;  ///< keys in lower case, with their last values
 };
 
@@ -31,7 +32,9 @@ struct ContentFacts {
     ContentFile catalog;
     ContentFile rules;
     std::vector<ContentPage> pages;
-    std::map<std::string, bool> pictures;  ///< names in lower case, and whether they can be shown
+    std::map<std::string, common::LanguageFile> languages;  ///< beside this program, by their codes
+    std::map<std::string, std::string> cartridges;  ///< problems of cartridges*.txt, by their names
+    std::map<std::string, bool> pictures;  ///< files in lower case, and whether they can be shown
 };
 
 }  // namespace jsw::ctl

@@ -3,6 +3,7 @@
 #include "PublicLib/text/Text.h"
 #include "samples/rules/RuleReader.h"
 #include "tools/jswctl/NearestName.h"
+#include "tools/jswctl/content/LanguageJudgement.h"
 #include "tools/jswctl/content/PageJudgement.h"
 
 #include <algorithm>
@@ -150,6 +151,10 @@ void judgeContent(const ContentFacts& facts, Report& report) {
                         "Use it in catalog.xml, or remove it");
         }
     }
+    for (const auto& [name, problem] : facts.cartridges) {
+        if (!problem.empty()) report.error(name, problem, "See docs/billboard-format.md");
+    }
+    for (const auto& [code, file] : facts.languages) judgeLanguage(code, file, report);
     if (!facts.rules.root) {
         report.error(kRules, facts.rules.problem, "Without it jobs keep their first page");
     } else if (facts.catalog.root) {

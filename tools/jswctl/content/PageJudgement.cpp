@@ -1,53 +1,30 @@
 #include "tools/jswctl/content/PageJudgement.h"
 
 #include "PublicLib/text/Text.h"
-#include "window/view/Strings.h"
+#include "tools/jswctl/content/LanguageJudgement.h"
+#include "window/view/AccessKeys.h"
+#include "window/view/WindowContent.h"
 
 #include <algorithm>
-#include <cctype>
 #include <iterator>
 
 namespace jsw::ctl {
 
 namespace {
 
-using view::ContentButton;
+using window::ContentButton;
 
-/// The window's texts in a language, or in English.
-const view::Strings& stringsOf(const std::string& code) {
-    const view::Language* const language = view::Language::find(code);
-    return language != nullptr ? language->strings() : stringsOf("en");
+/// The window's texts beside a page in this language.
+window::WindowTexts textsBeside(const std::string& language, const ContentFacts& facts) {
+    const auto file = facts.languages.find(language);
+    return file == facts.languages.end() ? window::WindowTexts() : windowTextsOf(file->second);
 }
 
-/// The access key of a label, in lower case; 0 if it has none.
-char accessKey(std::string_view label) {
-    while (!label.empty()) {
-        const bool isMark = label.size() > 1 && label[0] == '&';
-        if (isMark && label[1] != '&') {
-            return static_cast<char>(std::tolower(static_cast<unsigned char>(label[1])));
-        }
-        label.remove_prefix(isMark ? 2 : 1);
-    }
-    return 0;
-}
-
-void judgeAccessKeys(const ContentPage& page, const view::Strings& strings, Report& report) {
-    std::string taken;
-    for (const char* label :
-         {strings.previous, strings.current, strings.next, strings.inkStatus,
-          strings.updateAutomatically, strings.specialMessages, strings.cancel}) {
-        taken += accessKey(label);
-    }
-    for (const ContentButton& button : page.parsed.page.buttons) {
-        const char key = accessKey(button.label);
-        if (key == 0) continue;
-        if (taken.find(key) != std::string::npos) {
-            report.warn(page.fileName,
-                        concat("the access key of '", button.label,
-                               "' is used by the window or another button"),
-                        concat("Choose a letter other than ", taken));
-        }
-        taken += key;
+void judgeAccessKeys(const ContentPage& page, const ContentFacts& facts, Report& report) {
+    window::Page shown = page.parsed.page;
+    for (const std::string& clash :
+         window::giveAccessKeys(shown, textsBeside(page.language, facts))) {
+        report.warn(page.fileName, clash, "Mark another letter");
     }
 }
 
@@ -57,19 +34,19 @@ void judgeNames(const ContentPage& page, const ContentFacts& facts, Report& repo
         const auto entry = page.head.find(key);
         return entry == page.head.end() ? std::string() : entry->second;
     };
-    const view::Page& content = page.parsed.page;
+    const window::Page& content = page.parsed.page;
     const std::string theme = valueOf("theme");
-    if (!theme.empty() && content.theme == view::Theme::blue &&
+    if (!theme.empty() && content.theme == window::Theme::blue &&
         !equalsIgnoringCase(theme, "blue")) {
         report.warn(page.fileName, concat("there is no theme '", theme, "'; the page is blue"),
                     "The themes are blue, green, amber, violet");
     }
     const std::string picture = valueOf("picture");
-    if (!picture.empty() && content.picture == view::Picture::none) {
+    if (!picture.empty() && content.picture == window::Picture::none) {
         report.warn(page.fileName, concat("there is no picture '", picture, "'"),
-                    "Use printer, drop, bulb, ink or a .bmp file beside the page");
+                    "Use printer, drop, bulb, ink or a .bmp or .png file beside the page");
     }
-    if (content.picture != view::Picture::file) return;
+    if (content.picture != window::Picture::file) return;
     const auto file = facts.pictures.find(toLower(content.pictureFile));
     if (file == facts.pictures.end()) {
         report.warn(page.fileName, concat("there is no picture Scripts\\", content.pictureFile),
@@ -77,7 +54,7 @@ void judgeNames(const ContentPage& page, const ContentFacts& facts, Report& repo
     } else if (!file->second) {
         report.warn(page.fileName,
                     concat("the picture ", content.pictureFile, " cannot be read or is too large"),
-                    "Use an uncompressed .bmp file of at most 2000 by 2000 pixels");
+                    "Use a .bmp or .png file of at most 2000 by 2000 pixels");
     }
 }
 
@@ -99,14 +76,15 @@ const ContentPage* findPage(const ContentFacts& facts, const std::string& name,
 
 void judgeTranslation(const ContentPage& page, const ContentFacts& facts, Report& report) {
     const ContentPage* const original = findPage(facts, page.name, "");
-    if (view::Language::find(page.language) == nullptr) {
-        report.warn(page.fileName, concat("the window has no language '", page.language, "'"),
-                    "The page is never shown");
+    if (!facts.languages.contains(page.language)) {
+        report.warn(page.fileName,
+                    concat("the window has no texts in '", page.language, "': it stays English"),
+                    "See docs/translating.md");
     }
     if (original == nullptr) {
         report.warn(page.fileName, concat("there is no ", page.name, " for the other languages"),
                     "Add one");
-    } else if (original->parsed.problem == view::Problem::none &&
+    } else if (original->parsed.problem == window::Problem::none &&
                !(sameActions(original->parsed.page.buttons, page.parsed.page.buttons) &&
                  sameActions(original->parsed.page.links, page.parsed.page.links))) {
         report.warn(page.fileName,
@@ -118,9 +96,8 @@ void judgeTranslation(const ContentPage& page, const ContentFacts& facts, Report
 /// Reports the languages that have no page of their own.
 void tellMissingLanguages(const ContentPage& page, const ContentFacts& facts, Report& report) {
     std::string missing;
-    for (const auto* language = view::Language::first(); language; language = language->next()) {
-        const std::string code = language->code();
-        if (code == "en" || findPage(facts, page.name, code) != nullptr) continue;
+    for (const auto& [code, file] : facts.languages) {
+        if (findPage(facts, page.name, code) != nullptr) continue;
         missing += concat(missing.empty() ? "" : ", ", code);
     }
     if (!missing.empty()) report.note(page.fileName, concat("not in: ", missing));
@@ -129,14 +106,13 @@ void tellMissingLanguages(const ContentPage& page, const ContentFacts& facts, Re
 }  // namespace
 
 void judgePage(const ContentPage& page, const ContentFacts& facts, Report& report) {
-    if (page.parsed.problem != view::Problem::none) {
-        report.error(page.fileName,
-                     stringsOf("en").problems[static_cast<std::size_t>(page.parsed.problem)],
+    if (page.parsed.problem != window::Problem::none) {
+        report.error(page.fileName, window::problemText(page.parsed.problem, window::WindowTexts()),
                      "See docs/billboard-format.md");
         return;
     }
     judgeNames(page, facts, report);
-    judgeAccessKeys(page, stringsOf(page.language), report);
+    judgeAccessKeys(page, facts, report);
     if (page.language.empty()) {
         tellMissingLanguages(page, facts, report);
     } else {

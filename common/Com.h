@@ -8,7 +8,7 @@
 #include <string_view>
 #include <utility>
 
-namespace jsw::sample {
+namespace jsw::common {
 
 /**
  * Initialises COM on the calling thread for a scope. A thread that is already initialised in
@@ -18,9 +18,7 @@ class ComScope {
   public:
     ComScope() : result_(CoInitializeEx(nullptr, COINIT_MULTITHREADED)) {}
     ~ComScope() {
-        if (SUCCEEDED(result_)) {
-            CoUninitialize();
-        }
+        if (SUCCEEDED(result_)) CoUninitialize();
     }
     ComScope(const ComScope&) = delete;
     ComScope& operator=(const ComScope&) = delete;
@@ -29,37 +27,6 @@ class ComScope {
 
   private:
     HRESULT result_;
-};
-
-/** Owns one reference to a COM object. */
-template <class Interface>
-class ComPtr {
-  public:
-    ComPtr() = default;
-    ~ComPtr() { reset(); }
-    ComPtr(ComPtr&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
-    ComPtr& operator=(ComPtr&& other) noexcept {
-        std::swap(object_, other.object_);
-        return *this;
-    }
-
-    void reset() {
-        if (object_ != nullptr) {
-            std::exchange(object_, nullptr)->Release();
-        }
-    }
-    /** For functions that return an object by pointer; releases the present one first. */
-    [[nodiscard]] Interface** out() {
-        reset();
-        return &object_;
-    }
-    [[nodiscard]] void** outVoid() { return reinterpret_cast<void**>(out()); }
-    [[nodiscard]] Interface* get() const { return object_; }
-    Interface* operator->() const { return object_; }
-    explicit operator bool() const { return object_ != nullptr; }
-
-  private:
-    Interface* object_ = nullptr;
 };
 
 /** Owns one COM string. */
@@ -85,4 +52,4 @@ class ComString {
     BSTR text_ = nullptr;
 };
 
-}  // namespace jsw::sample
+}  // namespace jsw::common

@@ -1,6 +1,6 @@
-#include "window/ui/Language.h"
+#include "common/Phrase.h"
 
-namespace jsw::ui {
+namespace jsw::common {
 
 std::string fillIn(std::string_view pattern, std::initializer_list<std::string_view> values) {
     std::string text;
@@ -30,4 +30,4 @@ std::string grouped(std::int64_t number, std::string_view separator) {
     return digits;
 }
 
-}  // namespace jsw::ui
+}  // namespace jsw::common

@@ -1,5 +1,5 @@
 /**
- * @file ControlIds.h
+ * @file PromptIds.h
  * How other programs (a demonstration, a test) find and answer the prompt, and the messages that
  * the driver can pass to an open prompt.
  *

@@ -1,5 +1,5 @@
 /**
- * @file ControlIds.h
+ * @file WindowIds.h
  * How other programs (a demonstration, a test) find the job window and press its controls.
  *
  * The window is found by its class name; GetDlgItem finds a control by its id. To press one, send

@@ -1,8 +1,8 @@
-#include "window/ui/Text.h"
+#include "common/Encoding.h"
 
 #include <windows.h>
 
-namespace jsw::ui {
+namespace jsw::common {
 namespace {
 
 std::wstring decoded(std::string_view bytes, UINT codePage) {
@@ -13,6 +13,15 @@ std::wstring decoded(std::string_view bytes, UINT codePage) {
     return text;
 }
 
+std::string encoded(std::wstring_view text, UINT codePage) {
+    const int size = static_cast<int>(text.size());
+    const int needed =
+        WideCharToMultiByte(codePage, 0, text.data(), size, nullptr, 0, nullptr, nullptr);
+    std::string bytes(static_cast<std::size_t>(needed), '\0');
+    WideCharToMultiByte(codePage, 0, text.data(), size, bytes.data(), needed, nullptr, nullptr);
+    return bytes;
+}
+
 }  // namespace
 
 std::wstring wide(std::string_view utf8) {
@@ -20,16 +29,19 @@ std::wstring wide(std::string_view utf8) {
 }
 
 std::string utf8(std::wstring_view text) {
-    const int size = static_cast<int>(text.size());
-    const int needed =
-        WideCharToMultiByte(CP_UTF8, 0, text.data(), size, nullptr, 0, nullptr, nullptr);
-    std::string bytes(static_cast<std::size_t>(needed), '\0');
-    WideCharToMultiByte(CP_UTF8, 0, text.data(), size, bytes.data(), needed, nullptr, nullptr);
-    return bytes;
+    return encoded(text, CP_UTF8);
 }
 
-std::string utf8FromAnsi(std::string_view text) {
-    return utf8(decoded(text, CP_ACP));
+std::wstring wideFromAnsi(std::string_view ansi) {
+    return decoded(ansi, CP_ACP);
+}
+
+std::string ansi(std::wstring_view text) {
+    return encoded(text, CP_ACP);
+}
+
+std::string utf8FromAnsi(std::string_view ansi) {
+    return utf8(wideFromAnsi(ansi));
 }
 
 bool isUtf8(std::string_view bytes) {
@@ -37,4 +49,4 @@ bool isUtf8(std::string_view bytes) {
                                                 static_cast<int>(bytes.size()), nullptr, 0) > 0;
 }
 
-}  // namespace jsw::ui
+}  // namespace jsw::common
