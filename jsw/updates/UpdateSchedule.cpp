@@ -2,14 +2,27 @@
 
 #include "PublicLib/text/Text.h"
 
-#include <cstdio>
+#include <cstdlib>
 
 namespace jsw {
 
 namespace {
+
 constexpr std::int32_t kFirstYear = 1900;  // of broken-down time
 constexpr double kSecondsPerDay = 86400.0;
 constexpr std::time_t kNoTime = -1;
+
+/// Takes a number, with the blanks before it, from the front of the text. Nothing for one with
+/// which calendar arithmetic could leave the range of an int.
+std::optional<int> takeNumber(const char*& text) {
+    constexpr int kLargest = 999'999'999;
+    char* end = nullptr;
+    const long long number = std::strtoll(text, &end, 10);
+    if (end == text || number < -kLargest || number > kLargest) return std::nullopt;
+    text = end;
+    return static_cast<int>(number);
+}
+
 }  // namespace
 
 std::string formatDate(const std::tm& time) {
@@ -17,12 +30,14 @@ std::string formatDate(const std::tm& time) {
 }
 
 std::optional<CalendarDate> parseDate(const std::string& text) {
-    CalendarDate date{};
-    // So many characters fit 32 bits.
-    if (std::sscanf(text.c_str(), "%9d/%9d/%9d", &date.month, &date.day, &date.year) != 3) {
-        return std::nullopt;
-    }
-    return date;
+    const char* rest = text.c_str();
+    const auto month = takeNumber(rest);
+    if (!month || *rest++ != '/') return std::nullopt;
+    const auto day = takeNumber(rest);
+    if (!day || *rest++ != '/') return std::nullopt;
+    const auto year = takeNumber(rest);
+    if (!year) return std::nullopt;
+    return CalendarDate{*month, *day, *year};
 }
 
 bool isCheckDue(const std::string& lastCheck, std::uint32_t intervalDays, std::time_t now,

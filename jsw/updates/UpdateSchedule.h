@@ -17,9 +17,9 @@ struct CalendarDate {
 /// "month/day/year" without leading zeros: 7/4/2008 is the fourth of July.
 std::string formatDate(const std::tm& time);
 
-/// The three numbers of a date text, in the order of formatDate(), of nine characters at most.
-/// Blanks before a number and anything after the last one are ignored. Nothing if there are fewer
-/// than three numbers.
+/// The three numbers of a date text, in the order of formatDate(), up to 999,999,999. Blanks before
+/// a number and anything after the last one are ignored. Nothing if there are fewer than three
+/// numbers.
 std::optional<CalendarDate> parseDate(const std::string& text);
 
 /// Converts local broken-down time to calendar time; -1 if that is impossible.
