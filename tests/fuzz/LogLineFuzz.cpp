@@ -21,14 +21,14 @@ void require(bool condition) {
 }
 
 struct Listener : JobListener {
-    void onCall(const Call& call, const Job& job) override {
+    void onCall(const Call& call, const LoggedJob& job) override {
         require(!call.name.empty() && call.duration >= call.own && call.own >= 0);
         statistics.add(call, job);
     }
-    void onJob(const Job& job) override {
+    void onJob(const LoggedJob& job) override {
         require(job.lines != 0 && job.first.line <= job.last.line);
         for (const Call& call : job.calls) require(call.thread < job.threads.size());
-        for (const Finding& finding : job.findings) require(finding.known != nullptr);
+        for (const Problem& problem : job.problems) require(problem.known != nullptr);
         lines += job.lines;
         statistics.add(job);
         page.add(job);

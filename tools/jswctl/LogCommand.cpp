@@ -37,9 +37,11 @@ class Teller : public log::JobListener {
   public:
     explicit Teller(const LogOptions& options) : options_(options), json_(toUtf8) {}
 
-    void onCall(const log::Call& call, const log::Job& job) override { statistics_.add(call, job); }
+    void onCall(const log::Call& call, const log::LoggedJob& job) override {
+        statistics_.add(call, job);
+    }
 
-    void onJob(const log::Job& job) override {
+    void onJob(const log::LoggedJob& job) override {
         statistics_.add(job);
         if (!log::isWorthTelling(job)) return;
         if (options_.json) write(json_.job(job));

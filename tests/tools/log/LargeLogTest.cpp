@@ -46,8 +46,8 @@ class EndlessLog : public std::streambuf {
 };
 
 struct Everything : JobListener {
-    void onCall(const Call& call, const Job& job) override { statistics.add(call, job); }
-    void onJob(const Job& job) override {
+    void onCall(const Call& call, const LoggedJob& job) override { statistics.add(call, job); }
+    void onJob(const LoggedJob& job) override {
         statistics.add(job);
         page.add(job);
         told += jobAsText(job).size();

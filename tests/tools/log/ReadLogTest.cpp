@@ -23,18 +23,18 @@ using testing::IsEmpty;
 using testing::StartsWith;
 
 struct Listener : JobListener {
-    void onCall(const Call& call, const Job& job) override { statistics.add(call, job); }
-    void onJob(const Job& job) override {
+    void onCall(const Call& call, const LoggedJob& job) override { statistics.add(call, job); }
+    void onJob(const LoggedJob& job) override {
         statistics.add(job);
         jobs.push_back(job);
     }
-    std::vector<Job> jobs;
+    std::vector<LoggedJob> jobs;
     Statistics statistics;
 };
 
 struct Reading {
     Totals totals;
-    std::vector<Job> jobs;
+    std::vector<LoggedJob> jobs;
     Statistics statistics;
 };
 
@@ -45,14 +45,14 @@ Reading read(const std::string& text) {
     return {totals, listener.jobs, listener.statistics};
 }
 
-std::vector<std::string> sentences(const Job& job) {
+std::vector<std::string> sentences(const LoggedJob& job) {
     std::vector<std::string> result;
     for (const Event& event : job.story) result.push_back(event.sentence);
     return result;
 }
 
 /// "rules/Catalog::getCarts", "driver/…!" for one that did not return.
-std::vector<std::string> calls(const Job& job) {
+std::vector<std::string> calls(const LoggedJob& job) {
     std::vector<std::string> result;
     for (const Call& call : job.calls) {
         result.push_back(job.threads[call.thread].name + "/" + call.name +
@@ -76,10 +76,10 @@ TEST(ReadLog, TellsAJobInWords) {
         .endJob();
     const Reading reading = read(log.text());
     ASSERT_EQ(reading.jobs.size(), 1U);
-    const Job& job = reading.jobs[0];
+    const LoggedJob& job = reading.jobs[0];
     EXPECT_EQ(jobInWords(job), "\"report.pdf\" on \"Office printer\", 3 pages, 1 copy");
     EXPECT_EQ(placeInWords(job), "2026/11/21 10:00:00.000, 2.500 s, lines 1 to 12");
-    EXPECT_THAT(job.findings, IsEmpty());
+    EXPECT_THAT(job.problems, IsEmpty());
     EXPECT_THAT(job.history, ElementsAre("tip1"));
     EXPECT_EQ(job.progressReports, 1U);
     EXPECT_THAT(sentences(job),
@@ -98,9 +98,9 @@ TEST(ReadLog, KeepsProcessesApart) {
     ASSERT_EQ(reading.jobs.size(), 2U);
     EXPECT_EQ(reading.totals.processes, 2U);
     EXPECT_EQ(reading.jobs[0].name, "one");
-    EXPECT_THAT(reading.jobs[0].findings, IsEmpty());
+    EXPECT_THAT(reading.jobs[0].problems, IsEmpty());
     EXPECT_EQ(reading.jobs[1].name, "two");
-    EXPECT_EQ(reading.jobs[1].findings.size(), 1U);
+    EXPECT_EQ(reading.jobs[1].problems.size(), 1U);
     EXPECT_EQ(reading.jobs[1].number, 2U);
     EXPECT_TRUE(reading.jobs[0].tornDown && reading.jobs[1].tornDown);
 }
@@ -189,13 +189,13 @@ TEST(ReadLog, TellsWhereAJobWasWhenItsLinesEnd) {
     log.line(0, "-Controller::jswTerminate: ").beginJob("next").endJob();
     const Reading reading = read(log.text());
     ASSERT_EQ(reading.jobs.size(), 4U);
-    const auto end = [&](std::size_t job) { return reading.jobs[job].findings.at(0); };
-    EXPECT_EQ(end(0).known->severity, Severity::stops);
+    const auto end = [&](std::size_t job) { return reading.jobs[job].problems.at(0); };
+    EXPECT_EQ(end(0).known->impact, Impact::stops);
     EXPECT_THAT(end(0).line,
                 HasSubstr("still running: BillboardView::showGui of the view (line 4)"));
-    EXPECT_EQ(end(1).known->severity, Severity::hinders);
-    EXPECT_EQ(end(2).known->severity, Severity::note);
-    EXPECT_THAT(reading.jobs[3].findings, IsEmpty());
+    EXPECT_EQ(end(1).known->impact, Impact::hinders);
+    EXPECT_EQ(end(2).known->impact, Impact::note);
+    EXPECT_THAT(reading.jobs[3].problems, IsEmpty());
     EXPECT_TRUE(reading.statistics.isAnythingStopped());
 }
 
@@ -230,13 +230,13 @@ TEST(ReadLog, KeepsTroubleOnceWithTheLineThatTellsMost) {
         .line(0, "BillboardView::setGuiSetting: ERROR - The GUI DLL is not loaded")
         .endJob();
     const Reading reading = read(log.text());
-    const auto& findings = reading.jobs.at(0).findings;
-    ASSERT_EQ(findings.size(), 3U);
-    EXPECT_THAT(findings[0].line, HasSubstr("Win32(126"));
-    EXPECT_EQ(findings[0].count, 1U);
-    EXPECT_EQ(findings[1].count, 2U);
+    const auto& problems = reading.jobs.at(0).problems;
+    ASSERT_EQ(problems.size(), 3U);
+    EXPECT_THAT(problems[0].line, HasSubstr("Win32(126"));
+    EXPECT_EQ(problems[0].count, 1U);
+    EXPECT_EQ(problems[1].count, 2U);
     EXPECT_TRUE(reading.statistics.isAnythingStopped());
-    EXPECT_EQ(reading.statistics.troubles().back().finding.known->severity, Severity::note);
+    EXPECT_EQ(reading.statistics.troubles().back().problem.known->impact, Impact::note);
 }
 
 TEST(ReadLog, TellsTroubleOfDifferentModulesApart) {
@@ -248,10 +248,10 @@ TEST(ReadLog, TellsTroubleOfDifferentModulesApart) {
     log.line(0, "ERROR - the module raised exception 0xc0000005 at jswv.dll+0x12 in UpdateInfo");
     const auto troubles = read(log.text()).statistics.troubles();
     ASSERT_EQ(troubles.size(), 3U);
-    EXPECT_THAT(troubles[1].finding.line, HasSubstr("nobcat.dll: Win32(126"));
-    EXPECT_EQ(troubles[1].finding.count, 1U);
-    EXPECT_THAT(troubles[2].finding.known->remedy, HasSubstr("offset"));
-    EXPECT_TRUE(troubles[2].finding.known->severity == Severity::stops);
+    EXPECT_THAT(troubles[1].problem.line, HasSubstr("nobcat.dll: Win32(126"));
+    EXPECT_EQ(troubles[1].problem.count, 1U);
+    EXPECT_THAT(troubles[2].problem.known->remedy, HasSubstr("offset"));
+    EXPECT_TRUE(troubles[2].problem.known->impact == Impact::stops);
 }
 
 /// With errors only, like a log that is switched off.

@@ -35,8 +35,8 @@ struct Reports : JobListener {
         page_ = html_.page("C:\\<logs>\\a&b.log", totals, statistics_);
         json_ += jsonReport_.end(totals, statistics_);
     }
-    void onCall(const Call& call, const Job& job) override { statistics_.add(call, job); }
-    void onJob(const Job& job) override {
+    void onCall(const Call& call, const LoggedJob& job) override { statistics_.add(call, job); }
+    void onJob(const LoggedJob& job) override {
         statistics_.add(job);
         html_.add(job);
         text_ += jobAsText(job);

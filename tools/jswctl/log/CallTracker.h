@@ -1,7 +1,7 @@
 #pragma once
 
-#include "tools/jswctl/log/Job.h"
 #include "tools/jswctl/log/LogLine.h"
+#include "tools/jswctl/log/LoggedJob.h"
 
 #include <cstddef>
 #include <cstdint>

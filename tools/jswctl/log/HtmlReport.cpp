@@ -30,8 +30,8 @@ std::string numberCell(std::string_view content) {
     return element("td", "n", content);
 }
 
-std::string severityCell(Severity severity) {
-    const std::string_view word = severityInWords(severity);
+std::string impactCell(Impact impact) {
+    const std::string_view word = impactInWords(impact);
     return element("td", concat("severity ", word), word);
 }
 
@@ -57,7 +57,7 @@ std::string milliseconds(Milliseconds duration) {
     return std::to_string(duration);
 }
 
-std::string storyAsHtml(const Job& job) {
+std::string storyAsHtml(const LoggedJob& job) {
     if (job.story.empty()) return {};
     std::string page = concat("<details", job.story.size() <= kOpenStory ? " open" : "",
                               "><summary>What it did</summary>\n<ol class=\"story\">\n");
@@ -74,18 +74,18 @@ std::string storyAsHtml(const Job& job) {
     return page + "</ol></details>\n";
 }
 
-std::string findingsAsHtml(const Job& job) {
-    if (job.findings.empty()) return {};
+std::string problemsAsHtml(const LoggedJob& job) {
+    if (job.problems.empty()) return {};
     std::string page = "<table class=\"findings\">\n";
-    for (const Finding& finding : job.findings) {
-        page += concat("<tr>", severityCell(finding.known->severity),
-                       numberCell(concat("line ", finding.first.line)), codeCell(finding.line),
-                       cell(finding.count == 1 ? "" : concat(finding.count, " times")), "</tr>\n");
+    for (const Problem& problem : job.problems) {
+        page += concat("<tr>", impactCell(problem.known->impact),
+                       numberCell(concat("line ", problem.first.line)), codeCell(problem.line),
+                       cell(problem.count == 1 ? "" : concat(problem.count, " times")), "</tr>\n");
     }
     return page + "</table>\n";
 }
 
-std::string factsAsHtml(const Job& job) {
+std::string factsAsHtml(const LoggedJob& job) {
     std::string page;
     const auto say = [&](std::string_view label, const std::string& fact) {
         if (!fact.empty()) page += concat("<li>", label, ": ", escaped(fact), "</li>\n");
@@ -98,7 +98,7 @@ std::string factsAsHtml(const Job& job) {
     return page.empty() ? page : concat("<ul class=\"facts\">\n", page, "</ul>\n");
 }
 
-std::string pictureAsHtml(const Job& job) {
+std::string pictureAsHtml(const LoggedJob& job) {
     std::string picture = timelineAsSvg(job);
     if (picture.empty()) {
         return job.begun
@@ -112,13 +112,13 @@ std::string pictureAsHtml(const Job& job) {
     return picture;
 }
 
-std::string jobAsHtml(const Job& job) {
+std::string jobAsHtml(const LoggedJob& job) {
     const std::string number = job.begun ? concat("Job ", job.number, ": ") : "";
     return concat("<section class=\"job\"",
                   job.begun ? attribute("id", concat("job-", job.number)) : "", ">\n",
                   element("h3", "", number + jobInWords(job)), "\n",
                   element("p", "soft", placeInWords(job)), "\n", pictureAsHtml(job),
-                  findingsAsHtml(job), factsAsHtml(job), storyAsHtml(job), "</section>\n");
+                  problemsAsHtml(job), factsAsHtml(job), storyAsHtml(job), "</section>\n");
 }
 
 std::string troublesAsHtml(const Statistics& statistics) {
@@ -128,12 +128,12 @@ std::string troublesAsHtml(const Statistics& statistics) {
         "<table class=\"trouble\">\n<tr><th></th><th>Symptom</th><th>Line in the log</th>"
         "<th>Cause</th><th>Remedy</th></tr>\n";
     for (const TroubleTotals& trouble : troubles) {
-        const KnownText& known = *trouble.finding.known;
+        const KnownText& known = *trouble.problem.known;
         const std::string where =
-            concat("line ", trouble.finding.first.line,
-                   trouble.finding.count == 1 ? "" : concat(", ", trouble.finding.count, " times"));
-        page += concat("<tr>", severityCell(known.severity), cell(known.symptom), "<td><code>",
-                       escaped(trouble.finding.line), "</code><br>", element("span", "soft", where),
+            concat("line ", trouble.problem.first.line,
+                   trouble.problem.count == 1 ? "" : concat(", ", trouble.problem.count, " times"));
+        page += concat("<tr>", impactCell(known.impact), cell(known.symptom), "<td><code>",
+                       escaped(trouble.problem.line), "</code><br>", element("span", "soft", where),
                        "</td>", proseCell(known.cause), proseCell(known.remedy), "</tr>\n");
     }
     return page + "</table>\n";
@@ -198,7 +198,7 @@ std::string fileAsHtml(const Totals& totals, const Statistics& statistics) {
 
 }  // namespace
 
-void HtmlReport::add(const Job& job) {
+void HtmlReport::add(const LoggedJob& job) {
     if (!isWorthTelling(job)) return;
     jobs_.push_back(jobAsHtml(job));
     if (jobs_.size() <= kMaxJobs) return;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tools/jswctl/log/Job.h"
+#include "tools/jswctl/log/LoggedJob.h"
 #include "tools/jswctl/log/ReadLog.h"
 #include "tools/jswctl/log/Statistics.h"
 
@@ -18,7 +18,7 @@ class HtmlReport {
     /// The number of jobs on the page: the last ones.
     static constexpr std::size_t kMaxJobs = 100;
 
-    void add(const Job& job);
+    void add(const LoggedJob& job);
 
     /// The whole page.
     /// @param file  the log's path; the heading has its name without the folder

@@ -26,7 +26,7 @@ th, td { text-align: left; vertical-align: top; padding: .3rem .6rem .3rem 0;
   border-bottom: 1px solid var(--rule); }
 th { color: var(--soft); font-weight: 600; }
 td.n, th.n { text-align: right; white-space: nowrap; font-variant-numeric: tabular-nums; }
-.severity { font-weight: 600; white-space: nowrap; }
+.impact { font-weight: 600; white-space: nowrap; }
 .stops { color: var(--stops); } .hinders { color: var(--hinders); } .note { color: var(--note); }
 .timeline { display: block; width: 100%; height: auto; margin: .5rem 0; }
 .timeline text { font: 10px "Segoe UI", "DejaVu Sans", sans-serif; fill: var(--ink); }

@@ -13,7 +13,7 @@ namespace jsw::ctl::log {
 namespace {
 
 constexpr std::size_t kMaxEvents = 500;
-constexpr std::size_t kMaxFindings = 200;
+constexpr std::size_t kMaxProblems = 200;
 constexpr std::size_t kMaxCalls = 4000;
 constexpr std::size_t kMaxHistory = 30;
 constexpr std::size_t kMaxText = 500;  // of a stored line
@@ -90,7 +90,7 @@ void JobBuilder::finish() {
     if (job_.lines == 0) return;
     std::vector<Call> ended;
     calls_.endAll(job_.last, ended);
-    if (auto missing = findMissingEnd(job_, ended)) job_.findings.push_back(*std::move(missing));
+    if (auto missing = findMissingEnd(job_, ended)) job_.problems.push_back(*std::move(missing));
     takeCalls(ended);
     job_.threads = calls_.threads();
     job_.choice = choice_.inWords();
@@ -153,11 +153,11 @@ void JobBuilder::find(const LogLine& line, const Place& place, std::size_t threa
     if (known == nullptr) return;
     const std::string subject = shortened(subjectOf(*known, line.text));
     const auto same = std::find_if(
-        job_.findings.begin(), job_.findings.end(),
-        [&](const Finding& one) { return one.known == known && one.subject == subject; });
-    if (same == job_.findings.end()) {
-        if (job_.findings.size() < kMaxFindings) {
-            job_.findings.push_back({known, subject, shortened(line.text), place, thread, 1});
+        job_.problems.begin(), job_.problems.end(),
+        [&](const Problem& one) { return one.known == known && one.subject == subject; });
+    if (same == job_.problems.end()) {
+        if (job_.problems.size() < kMaxProblems) {
+            job_.problems.push_back({known, subject, shortened(line.text), place, thread, 1});
         }
     } else if (line.text.size() > same->line.size() &&
                line.text.find(withoutPrefix(same->line)) != std::string_view::npos) {

@@ -2,7 +2,7 @@
 
 #include "tools/jswctl/log/CallTracker.h"
 #include "tools/jswctl/log/Choice.h"
-#include "tools/jswctl/log/Job.h"
+#include "tools/jswctl/log/LoggedJob.h"
 
 #include <cstdint>
 #include <optional>
@@ -16,9 +16,9 @@ class JobListener {
   public:
     virtual ~JobListener() = default;
     /// A call has ended. The job is not complete yet.
-    virtual void onCall(const Call& call, const Job& job) = 0;
+    virtual void onCall(const Call& call, const LoggedJob& job) = 0;
     /// A job has ended, or the log has.
-    virtual void onJob(const Job& job) = 0;
+    virtual void onJob(const LoggedJob& job) = 0;
 };
 
 /// Builds jobs from the lines of one process, in bounded memory.
@@ -53,7 +53,7 @@ class JobBuilder {
     std::optional<std::uint32_t> processId_;
     JobListener& listener_;
     std::uint64_t& jobNumber_;
-    Job job_;
+    LoggedJob job_;
     CallTracker calls_;
     Choice choice_;
     Begin begin_ = Begin::none;

@@ -7,7 +7,7 @@ namespace jsw::ctl::log {
 
 namespace {
 
-using enum Severity;
+using enum Impact;
 
 constexpr KnownText kInModule = {"", stops, "The log ends inside a call of a module",
                                  "The module crashed or ended the host, or has not returned yet",
@@ -24,14 +24,14 @@ constexpr KnownText kEndedInPrompt = {
     "None, if there was a prompt"};
 
 /// While the driver waits in a call, a module may be working on another thread: report that module.
-const KnownText& whatIsMissing(const Job& job, bool inModule, bool anyOpen) {
+const KnownText& whatIsMissing(const LoggedJob& job, bool inModule, bool anyOpen) {
     if (inModule) return kInModule;
     return job.terminated && !anyOpen ? kEndedInPrompt : kNoEnd;
 }
 
 }  // namespace
 
-std::optional<Finding> findMissingEnd(const Job& job, const std::vector<Call>& open) {
+std::optional<Problem> findMissingEnd(const LoggedJob& job, const std::vector<Call>& open) {
     if (job.tornDown) return std::nullopt;
     std::string running;
     const Call* previous = nullptr;
@@ -47,7 +47,7 @@ std::optional<Finding> findMissingEnd(const Job& job, const std::vector<Call>& o
                    module.empty() ? "" : " of the ", module, " (line ", call.start.line, ")");
     }
     if (!job.begun && !inModule) return std::nullopt;
-    return Finding{&whatIsMissing(job, inModule, !open.empty()),
+    return Problem{&whatIsMissing(job, inModule, !open.empty()),
                    {},
                    "the log has no end of the job" + running,
                    job.last,

@@ -19,18 +19,18 @@ json orNull(const std::optional<Milliseconds>& time) {
     return time ? json(timeInWords(*time)) : json();
 }
 
-json findingAsJson(const Finding& finding, const JsonReport::ToUtf8& toUtf8) {
-    return {{"severity", std::string(severityInWords(finding.known->severity))},
-            {"line", finding.first.line},
-            {"time", orNull(finding.first.time)},
-            {"text", toUtf8(finding.line)},
-            {"count", finding.count},
-            {"symptom", std::string(finding.known->symptom)},
-            {"cause", std::string(finding.known->cause)},
-            {"remedy", std::string(finding.known->remedy)}};
+json problemAsJson(const Problem& problem, const JsonReport::ToUtf8& toUtf8) {
+    return {{"severity", std::string(impactInWords(problem.known->impact))},
+            {"line", problem.first.line},
+            {"time", orNull(problem.first.time)},
+            {"text", toUtf8(problem.line)},
+            {"count", problem.count},
+            {"symptom", std::string(problem.known->symptom)},
+            {"cause", std::string(problem.known->cause)},
+            {"remedy", std::string(problem.known->remedy)}};
 }
 
-json storyAsJson(const Job& job, const JsonReport::ToUtf8& toUtf8) {
+json storyAsJson(const LoggedJob& job, const JsonReport::ToUtf8& toUtf8) {
     json story = json::array();
     for (const Event& event : job.story) {
         story.push_back({{"line", event.place.line},
@@ -40,9 +40,9 @@ json storyAsJson(const Job& job, const JsonReport::ToUtf8& toUtf8) {
     return story;
 }
 
-json jobAsJson(const Job& job, const JsonReport::ToUtf8& toUtf8) {
+json jobAsJson(const LoggedJob& job, const JsonReport::ToUtf8& toUtf8) {
     json trouble = json::array();
-    for (const Finding& finding : job.findings) trouble.push_back(findingAsJson(finding, toUtf8));
+    for (const Problem& problem : job.problems) trouble.push_back(problemAsJson(problem, toUtf8));
     json history = json::array();
     for (const std::string& id : job.history) history.push_back(toUtf8(id));
     const auto duration = job.duration();
@@ -106,14 +106,14 @@ std::string JsonReport::beforeJob() {
     return std::exchange(begun_, true) ? ",\n" : "{\"jobs\": [\n";
 }
 
-std::string JsonReport::job(const Job& job) {
+std::string JsonReport::job(const LoggedJob& job) {
     return beforeJob() + dumped(jobAsJson(job, toUtf8_));
 }
 
 std::string JsonReport::end(const Totals& totals, const Statistics& statistics) {
     json trouble = json::array();
     for (const TroubleTotals& one : statistics.troubles()) {
-        trouble.push_back(findingAsJson(one.finding, toUtf8_));
+        trouble.push_back(problemAsJson(one.problem, toUtf8_));
     }
     return (begun_ ? "" : beforeJob()) + "],\n\"log\": " + dumped(fileAsJson(totals, statistics)) +
            ",\n\"moduleCalls\": " + dumped(moduleCallsAsJson(statistics)) +

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tools/jswctl/log/Job.h"
+#include "tools/jswctl/log/LoggedJob.h"
 #include "tools/jswctl/log/ReadLog.h"
 #include "tools/jswctl/log/Statistics.h"
 
@@ -20,7 +20,7 @@ class JsonReport {
     explicit JsonReport(ToUtf8 toUtf8);
 
     /// A job, with the text before it.
-    std::string job(const Job& job);
+    std::string job(const LoggedJob& job);
     /// Everything after the last job.
     std::string end(const Totals& totals, const Statistics& statistics);
 

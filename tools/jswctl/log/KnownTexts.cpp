@@ -4,7 +4,9 @@ namespace jsw::ctl::log {
 
 namespace {
 
-using enum Severity;
+using enum Impact;
+
+constexpr char kNoJob[] = "JSWInit returns 0: no window and no billboards";
 
 // The first text that occurs in a line counts, so a text precedes those that are part of it, and
 // the general ones come last. The texts go into Markdown tables: they contain no "|".
@@ -78,27 +80,22 @@ constexpr KnownText kTexts[] = {
     {"guiShowProcessWindow indicates GUI should NOT be shown!", note,
      "The job prints without its window", "The user has switched the window off",
      "To show it again, set `Show Process Window` to 1"},
-    {"MSXML 3.0 registry key not found, MSXML 3.0 not installed.", stops,
-     "JSWInit returns 0: no window and no billboards", "The system's XML parser is not registered",
-     "Register msxml3.dll"},
-    {"MSXML3 version=", stops, "JSWInit returns 0: no window and no billboards",
-     "The system's XML parser is older than 8.30", "Update the system's XML parser"},
-    {"Unable to get the system directory", stops, "JSWInit returns 0: no window and no billboards",
+    {"MSXML 3.0 registry key not found, MSXML 3.0 not installed.", stops, kNoJob,
+     "The system's XML parser is not registered", "Register msxml3.dll"},
+    {"MSXML3 version=", stops, kNoJob, "The system's XML parser is older than 8.30",
+     "Update the system's XML parser"},
+    {"Unable to get the system directory", stops, kNoJob,
      "Windows did not return the system folder", "See the adjacent lines; restart the host"},
-    {"Unable to append msxml3.dll to the system directory", stops,
-     "JSWInit returns 0: no window and no billboards", "The system folder's path is too long",
-     "Restart the host; report the system folder's path"},
-    {"Unable to determine the size needed for the version info", stops,
-     "JSWInit returns 0: no window and no billboards",
+    {"Unable to append msxml3.dll to the system directory", stops, kNoJob,
+     "The system folder's path is too long", "Restart the host; report the system folder's path"},
+    {"Unable to determine the size needed for the version info", stops, kNoJob,
      "msxml3.dll is missing in the system folder or has no version", "Reinstall msxml3.dll"},
-    {"Unable to allocate the memory needed for the version info", stops,
-     "JSWInit returns 0: no window and no billboards", "Not enough memory",
-     "Free memory; look for a leak in the host"},
-    {"Unable to get the version info.", stops, "JSWInit returns 0: no window and no billboards",
-     "The version of msxml3.dll cannot be read", "Reinstall msxml3.dll"},
-    {"Unable to get the fixed file info from the version info.", stops,
-     "JSWInit returns 0: no window and no billboards", "The version of msxml3.dll is damaged",
+    {"Unable to allocate the memory needed for the version info", stops, kNoJob,
+     "Not enough memory", "Free memory; look for a leak in the host"},
+    {"Unable to get the version info.", stops, kNoJob, "The version of msxml3.dll cannot be read",
      "Reinstall msxml3.dll"},
+    {"Unable to get the fixed file info from the version info.", stops, kNoJob,
+     "The version of msxml3.dll is damaged", "Reinstall msxml3.dll"},
     {"unknown status(=", note, "The driver gets a status code that it may not know",
      "The view reported an event other than 2, 3 and 9", "Check the view module"},
 

@@ -6,7 +6,7 @@
 namespace jsw::ctl::log {
 
 /// The effect of a problem on a job.
-enum class Severity {
+enum class Impact {
     note,     ///< worth knowing
     hinders,  ///< something is missing, the job goes on without it
     stops,    ///< something that a user or an administrator expects does not happen
@@ -15,7 +15,7 @@ enum class Severity {
 /// A log text that reports a problem, with cause and remedy.
 struct KnownText {
     std::string_view text;  ///< occurs in the line, letter for letter
-    Severity severity;
+    Impact impact;
     std::string_view symptom;  ///< the visible effect
     std::string_view cause;
     std::string_view remedy;

@@ -23,7 +23,7 @@ struct Life {
 };
 
 /// Threads by lane.
-std::vector<std::vector<std::size_t>> group(const Job& job, const std::vector<Life>& lives) {
+std::vector<std::vector<std::size_t>> group(const LoggedJob& job, const std::vector<Life>& lives) {
     std::vector<std::vector<std::size_t>> groups;
     for (std::size_t thread = 0; thread < job.threads.size(); ++thread) {
         const auto takesIn = [&](const std::vector<std::size_t>& one) {
@@ -62,7 +62,7 @@ bool LaneThreads::has(std::size_t thread) const {
     return std::find(threads.begin(), threads.end(), thread) != threads.end();
 }
 
-std::vector<LaneThreads> shareOut(const Job& job, const std::vector<const Call*>& calls) {
+std::vector<LaneThreads> shareOut(const LoggedJob& job, const std::vector<const Call*>& calls) {
     std::vector<Life> lives(job.threads.size());
     for (const Call* call : calls) lives[call->thread].add(*call);
     std::vector<LaneThreads> lanes;

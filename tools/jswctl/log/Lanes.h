@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tools/jswctl/log/Job.h"
+#include "tools/jswctl/log/LoggedJob.h"
 
 #include <cstddef>
 #include <vector>
@@ -9,7 +9,7 @@ namespace jsw::ctl::log {
 
 /// The threads of a lane: one, or several with the same purpose, one after the other.
 struct LaneThreads {
-    std::vector<std::size_t> threads;  ///< indexes into Job::threads, one or more
+    std::vector<std::size_t> threads;  ///< indexes into LoggedJob::threads, one or more
     std::vector<unsigned> depths;      ///< of its rows, top row first, one or more
 
     bool has(std::size_t thread) const;
@@ -18,6 +18,6 @@ struct LaneThreads {
 /// Assigns the threads of a job to lanes. A view's callback threads, of which there may be many,
 /// share a lane while they do not overlap.
 /// @param calls  with times, ordered by start
-std::vector<LaneThreads> shareOut(const Job& job, const std::vector<const Call*>& calls);
+std::vector<LaneThreads> shareOut(const LoggedJob& job, const std::vector<const Call*>& calls);
 
 }  // namespace jsw::ctl::log

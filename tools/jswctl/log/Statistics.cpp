@@ -49,7 +49,7 @@ std::string_view moduleOf(std::string_view method) {
     return {};
 }
 
-void Statistics::add(const Call& call, const Job& job) {
+void Statistics::add(const Call& call, const LoggedJob& job) {
     if (call.own > 0 && (slowest_.size() < kMaxSlow || call.own > slowest_.back().call.own)) {
         const SlowCall slow{call, job.number};
         slowest_.insert(std::upper_bound(slowest_.begin(), slowest_.end(), slow, isSlower), slow);
@@ -69,14 +69,14 @@ void Statistics::add(const Call& call, const Job& job) {
     totals.longestLine = call.start.line;
 }
 
-void Statistics::add(const Job& job) {
+void Statistics::add(const LoggedJob& job) {
     if (!job.begun) linesOutside_ += job.lines;
-    for (const Finding& finding : job.findings) {
+    for (const Problem& problem : job.problems) {
         const bool isFull = troubles_.size() >= kMaxTroubles;
         const auto [known, isNew] = troubles_.try_emplace(
-            {finding.known, isFull ? std::string() : finding.subject}, TroubleTotals{finding, 0});
+            {problem.known, isFull ? std::string() : problem.subject}, TroubleTotals{problem, 0});
         TroubleTotals& totals = known->second;
-        if (!isNew) totals.finding.count += finding.count;
+        if (!isNew) totals.problem.count += problem.count;
         totals.jobs += job.begun ? 1 : 0;
     }
 }
@@ -94,10 +94,10 @@ std::vector<TroubleTotals> Statistics::troubles() const {
     std::vector<TroubleTotals> result;
     for (const auto& [known, totals] : troubles_) result.push_back(totals);
     std::sort(result.begin(), result.end(), [](const auto& one, const auto& other) {
-        const Finding& left = one.finding;
-        const Finding& right = other.finding;
-        if (left.known->severity != right.known->severity) {
-            return left.known->severity > right.known->severity;
+        const Problem& left = one.problem;
+        const Problem& right = other.problem;
+        if (left.known->impact != right.known->impact) {
+            return left.known->impact > right.known->impact;
         }
         return left.first.line < right.first.line;
     });
@@ -106,7 +106,7 @@ std::vector<TroubleTotals> Statistics::troubles() const {
 
 bool Statistics::isAnythingStopped() const {
     return std::any_of(troubles_.begin(), troubles_.end(), [](const auto& trouble) {
-        return trouble.first.first->severity == Severity::stops;
+        return trouble.first.first->impact == Impact::stops;
     });
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tools/jswctl/log/Job.h"
+#include "tools/jswctl/log/LoggedJob.h"
 
 #include <cstdint>
 #include <map>
@@ -32,15 +32,15 @@ struct SlowCall {
 
 /// A problem in the whole log.
 struct TroubleTotals {
-    Finding finding;         ///< the first one, with the count of all
+    Problem problem;         ///< the first one, with the count of all
     std::uint64_t jobs = 0;  ///< in which it occurs
 };
 
 /// Statistics of all jobs of a log, in bounded memory.
 class Statistics {
   public:
-    void add(const Call& call, const Job& job);
-    void add(const Job& job);
+    void add(const Call& call, const LoggedJob& job);
+    void add(const LoggedJob& job);
 
     /// Calls into modules, longest total time first.
     std::vector<CallTotals> moduleCalls() const;

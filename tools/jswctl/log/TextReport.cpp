@@ -10,7 +10,7 @@ namespace jsw::ctl::log {
 namespace {
 
 /// Seconds since the job's first line, as a column.
-std::string sinceStart(const Job& job, const Place& place) {
+std::string sinceStart(const LoggedJob& job, const Place& place) {
     if (!job.first.time || !place.time) return "         ";
     char text[32];
     std::snprintf(text, sizeof(text), "%9.3f",
@@ -76,19 +76,19 @@ std::string troublesAsText(const Statistics& statistics) {
     if (troubles.empty()) return "\nNo trouble\n";
     std::string text = "\nTrouble\n";
     for (const TroubleTotals& trouble : troubles) {
-        const Finding& finding = trouble.finding;
-        text += concat("  ", padded(severityInWords(finding.known->severity), 8), " line ",
-                       finding.first.line, times(finding.count), ": ", printable(finding.line),
-                       "\n           seen:   ", finding.known->symptom,
-                       "\n           cause:  ", finding.known->cause,
-                       "\n           remedy: ", finding.known->remedy, "\n");
+        const Problem& problem = trouble.problem;
+        text += concat("  ", padded(impactInWords(problem.known->impact), 8), " line ",
+                       problem.first.line, times(problem.count), ": ", printable(problem.line),
+                       "\n           seen:   ", problem.known->symptom,
+                       "\n           cause:  ", problem.known->cause,
+                       "\n           remedy: ", problem.known->remedy, "\n");
     }
     return text;
 }
 
 }  // namespace
 
-std::string jobAsText(const Job& job) {
+std::string jobAsText(const LoggedJob& job) {
     std::string text = job.begun ? concat("Job ", job.number, ": ") : std::string();
     text += concat(printable(jobInWords(job)), "\n  ", placeInWords(job), "\n");
     if (!job.choice.empty()) text += concat("  Billboard: ", printable(job.choice), "\n");
@@ -105,10 +105,10 @@ std::string jobAsText(const Job& job) {
         text += concat("  The driver reported progress ",
                        countInWords(job.progressReports, "time", "times"), "\n");
     }
-    for (const Finding& finding : job.findings) {
+    for (const Problem& problem : job.problems) {
         text +=
-            concat("  ", padded(severityInWords(finding.known->severity), 8), " line ",
-                   finding.first.line, times(finding.count), ": ", printable(finding.line), "\n");
+            concat("  ", padded(impactInWords(problem.known->impact), 8), " line ",
+                   problem.first.line, times(problem.count), ": ", printable(problem.line), "\n");
     }
     return text + "\n";
 }
@@ -128,9 +128,8 @@ std::string summaryAsText(const Totals& totals, const Statistics& statistics) {
 std::string knownTextsAsMarkdown() {
     std::string text = "| Symptom | Line in the log | | Cause | Remedy |\n|---|---|---|---|---|\n";
     for (const KnownText& known : knownTexts()) {
-        text +=
-            concat("| ", known.symptom, " | `", known.text, "` | ", severityInWords(known.severity),
-                   " | ", known.cause, " | ", known.remedy, " |\n");
+        text += concat("| ", known.symptom, " | `", known.text, "` | ", impactInWords(known.impact),
+                       " | ", known.cause, " | ", known.remedy, " |\n");
     }
     return text;
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tools/jswctl/log/Job.h"
+#include "tools/jswctl/log/LoggedJob.h"
 #include "tools/jswctl/log/ReadLog.h"
 #include "tools/jswctl/log/Statistics.h"
 
@@ -9,7 +9,7 @@
 namespace jsw::ctl::log {
 
 /// A job as text, several lines.
-std::string jobAsText(const Job& job);
+std::string jobAsText(const LoggedJob& job);
 
 /// The summary: the file, the time in modules, the slowest calls and all problems with cause and
 /// remedy.

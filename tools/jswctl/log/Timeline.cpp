@@ -61,7 +61,7 @@ struct Lane : LaneThreads {
 };
 
 /// Calls by their start, outer ones first.
-std::vector<const Call*> inOrder(const Job& job) {
+std::vector<const Call*> inOrder(const LoggedJob& job) {
     std::vector<const Call*> calls;
     for (const Call& call : job.calls) {
         if (call.start.time) calls.push_back(&call);
@@ -73,7 +73,7 @@ std::vector<const Call*> inOrder(const Job& job) {
 }
 
 /// Lanes, top one first.
-std::vector<Lane> placedLanes(const Job& job, const std::vector<const Call*>& calls) {
+std::vector<Lane> placedLanes(const LoggedJob& job, const std::vector<const Call*>& calls) {
     std::vector<Lane> lanes;
     double y = kTop + kMarkRoom;
     for (LaneThreads& part : shareOut(job, calls)) {
@@ -83,7 +83,7 @@ std::vector<Lane> placedLanes(const Job& job, const std::vector<const Call*>& ca
     return lanes;
 }
 
-TimeAxis axisOf(const Job& job, const std::vector<const Call*>& calls) {
+TimeAxis axisOf(const LoggedJob& job, const std::vector<const Call*>& calls) {
     std::vector<Interval> busy;
     busy.reserve(calls.size() + job.story.size());
     for (const Call* call : calls) {
@@ -163,7 +163,7 @@ std::string barsAsSvg(const Lane& lane, const std::vector<const Call*>& calls,
     return svg;
 }
 
-std::string laneAsSvg(const Lane& lane, const Job& job) {
+std::string laneAsSvg(const Lane& lane, const LoggedJob& job) {
     std::string svg = rectangle("lane", kLeft, lane.y - kMarkRoom, kWidth - kLeft - kRight,
                                 lane.bottom() - lane.y + kMarkRoom);
     const ThreadInfo& thread = job.threads[lane.threads.front()];
@@ -177,19 +177,19 @@ std::string laneAsSvg(const Lane& lane, const Job& job) {
 }
 
 /// A triangle above its thread's lane, at the time of the problem's line.
-std::string marksAsSvg(const Job& job, const std::vector<Lane>& lanes, const TimeAxis& axis) {
+std::string marksAsSvg(const LoggedJob& job, const std::vector<Lane>& lanes, const TimeAxis& axis) {
     std::string svg;
     std::size_t count = 0;
-    for (const Finding& finding : job.findings) {
+    for (const Problem& problem : job.problems) {
         const auto lane = std::find_if(lanes.begin(), lanes.end(),
-                                       [&](const Lane& one) { return one.has(finding.thread); });
-        if (!finding.first.time || lane == lanes.end() || ++count > kMaxMarks) continue;
-        const double x = kLeft + axis.x(*finding.first.time);
+                                       [&](const Lane& one) { return one.has(problem.thread); });
+        if (!problem.first.time || lane == lanes.end() || ++count > kMaxMarks) continue;
+        const double x = kLeft + axis.x(*problem.first.time);
         const double y = lane->y - 1;
         svg += concat(
-            "<path", attribute("class", concat("mark ", severityInWords(finding.known->severity))),
+            "<path", attribute("class", concat("mark ", impactInWords(problem.known->impact))),
             " d=\"M", number(x), " ", number(y), "l-5 -9h10z\"><title>",
-            escaped(concat("line ", finding.first.line, ": ", finding.line)), "</title></path>\n");
+            escaped(concat("line ", problem.first.line, ": ", problem.line)), "</title></path>\n");
     }
     return svg;
 }
@@ -208,7 +208,7 @@ std::string legendAsHtml() {
            "<span class=\"key fold\"></span>idle time, shortened</p>\n";
 }
 
-std::string timelineAsSvg(const Job& job) {
+std::string timelineAsSvg(const LoggedJob& job) {
     const auto calls = inOrder(job);
     if (!job.duration() || calls.empty()) return {};
     const auto lanes = placedLanes(job, calls);

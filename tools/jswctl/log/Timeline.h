@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tools/jswctl/log/Job.h"
+#include "tools/jswctl/log/LoggedJob.h"
 
 #include <string>
 #include <string_view>
@@ -12,6 +12,6 @@ std::string legendAsHtml();
 
 /// A picture of a job as inline SVG: a lane for each thread, calls as bars with inner calls below
 /// them, problems as marks. The page's style sets the colours. Empty if the lines have no times.
-std::string timelineAsSvg(const Job& job);
+std::string timelineAsSvg(const LoggedJob& job);
 
 }  // namespace jsw::ctl::log

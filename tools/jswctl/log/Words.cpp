@@ -50,13 +50,13 @@ std::string countInWords(std::uint64_t count, std::string_view singular, std::st
     return concat(grouped(count), " ", count == 1 ? singular : plural);
 }
 
-std::string_view severityInWords(Severity severity) {
-    switch (severity) {
-        case Severity::stops:
+std::string_view impactInWords(Impact impact) {
+    switch (impact) {
+        case Impact::stops:
             return "stops";
-        case Severity::hinders:
+        case Impact::hinders:
             return "hinders";
-        case Severity::note:
+        case Impact::note:
             break;
     }
     return "note";
@@ -77,7 +77,7 @@ std::string printable(std::string_view text) {
     return result;
 }
 
-std::string jobInWords(const Job& job) {
+std::string jobInWords(const LoggedJob& job) {
     if (!job.begun) return "Lines outside any job";
     if (job.name.empty() && job.printer.empty() && job.pages.empty())
         return "a job without details";
@@ -85,7 +85,7 @@ std::string jobInWords(const Job& job) {
                   amount(job.pages, "page", "pages"), ", ", amount(job.copies, "copy", "copies"));
 }
 
-std::string placeInWords(const Job& job) {
+std::string placeInWords(const LoggedJob& job) {
     std::string words;
     if (job.first.time) words += timeInWords(*job.first.time) + ", ";
     if (const auto duration = job.duration()) words += secondsInWords(*duration) + ", ";
@@ -94,8 +94,8 @@ std::string placeInWords(const Job& job) {
     return words + concat("lines ", job.first.line, " to ", job.last.line);
 }
 
-bool isWorthTelling(const Job& job) {
-    return job.begun || !job.story.empty() || !job.findings.empty();
+bool isWorthTelling(const LoggedJob& job) {
+    return job.begun || !job.story.empty() || !job.problems.empty();
 }
 
 std::vector<std::string> fileInWords(const Totals& totals, std::uint64_t linesOutsideJobs) {

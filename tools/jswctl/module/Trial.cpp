@@ -65,9 +65,9 @@ struct Pipe {
 };
 
 /// Reads complete lines; an incomplete line waits for its rest.
-class LineReader {
+class TrialOutput {
   public:
-    LineReader(HANDLE pipe, ModuleTrial& trial) : pipe_(pipe), trial_(trial) {}
+    TrialOutput(HANDLE pipe, ModuleTrial& trial) : pipe_(pipe), trial_(trial) {}
 
     void takeAll() {
         DWORD available = 0;
@@ -157,7 +157,7 @@ KernelHandle start(const std::string& program, std::string command, HANDLE cage)
 }
 
 /// Reads until the process ends or the timeout.
-void watch(HANDLE process, DWORD milliseconds, LineReader& lines, ModuleTrial& trial) {
+void watch(HANDLE process, DWORD milliseconds, TrialOutput& lines, ModuleTrial& trial) {
     const DWORD begin = GetTickCount();
     while (WaitForSingleObject(process, kPollInterval) == WAIT_TIMEOUT) {
         lines.takeAll();
@@ -188,7 +188,7 @@ ModuleTrial tryModule(const ModuleKind& kind, const std::string& path, const Tri
         return trial;
     }
     trial.started = true;
-    LineReader lines(pipe.reader.get(), trial);
+    TrialOutput lines(pipe.reader.get(), trial);
     watch(process.get(), plan.seconds * 1000, lines, trial);
     return trial;
 }

@@ -26,7 +26,7 @@ struct Call {
     Place start;
     Milliseconds duration = 0;  ///< 0 if the lines have no times
     Milliseconds own = 0;       ///< without the calls inside it
-    std::size_t thread = 0;     ///< index into Job::threads
+    std::size_t thread = 0;     ///< index into LoggedJob::threads
     unsigned depth = 0;
     bool returned = true;  ///< false: its end is not in the log
 };
@@ -49,7 +49,7 @@ struct Event {
 };
 
 /// A problem line and its number of occurrences.
-struct Finding {
+struct Problem {
     const KnownText* known = nullptr;  ///< never null
     std::string subject;               ///< its subject, such as a module's file
     std::string line;                  ///< the text of the first one
@@ -59,7 +59,7 @@ struct Finding {
 };
 
 /// From the construction of the library's objects to their teardown, as far as it is in the log.
-struct Job {
+struct LoggedJob {
     std::uint64_t number = 0;  ///< in this log, from 1; 0: lines outside any job
     std::optional<std::uint32_t> processId;
     Place first;
@@ -79,7 +79,7 @@ struct Job {
 
     std::vector<Event> story;
     std::uint64_t untold = 0;  ///< events beyond the limit
-    std::vector<Finding> findings;
+    std::vector<Problem> problems;
     std::vector<ThreadInfo> threads;
     std::vector<Call> calls;
     std::uint64_t callsLeftOut = 0;  ///< short ones beyond the limit
