@@ -6,6 +6,7 @@ namespace {
 
 using enum Impact;
 
+constexpr char kNoVariables[] = "The updater starts without the user's variables";
 constexpr char kNoJob[] = "JSWInit returns 0: no window and no billboards";
 
 // The first text that occurs in a line counts, so a text precedes those that are part of it, and
@@ -29,8 +30,7 @@ constexpr KnownText kTexts[] = {
      "Correct the engine's file or the settings `RulesEngine` and `DllPath`"},
     {"ERROR - Unable to initialize the rules engine. NOT processing rules!!!", stops,
      "Every job shows the default page",
-     "The rules engine is not loaded, lacks `InitializeEngine`, or refused the job, most often "
-     "because its rules cannot be read",
+     "The rules engine is missing, lacks `InitializeEngine`, or refused the job, as for bad rules",
      "Look at the engine's lines before this one, then at its rules file"},
     {"Could not get proc address for ", hinders, "The module does not get this call",
      "The module does not export the entry point, or exports it under another name",
@@ -293,14 +293,12 @@ constexpr KnownText kTexts[] = {
     {"API CreateProcessAsUser failed, lastErr=", stops, "No update happens",
      "The updater is missing (2), or the host has no permission to start it (5, 1314)",
      "Compare the path in the line \"Launching=\" with the updater's location"},
-    {"API CreateEnvironmentBlock failed, LastErr=", hinders,
-     "The updater starts without the user's variables", "The system did not provide them",
-     "The number is the system's error"},
-    {"API GetProcAddr(CreateEnvironmentBlock) failed, lastErr=", hinders,
-     "The updater starts without the user's variables", "userenv.dll is not the system's",
+    {"API CreateEnvironmentBlock failed, LastErr=", hinders, kNoVariables,
+     "The system did not provide them", "The number is the system's error"},
+    {"API GetProcAddr(CreateEnvironmentBlock) failed, lastErr=", hinders, kNoVariables,
+     "userenv.dll is not the system's", "Repair the system's files"},
+    {"API LoadLibrary(", hinders, kNoVariables, "userenv.dll cannot be loaded",
      "Repair the system's files"},
-    {"API LoadLibrary(", hinders, "The updater starts without the user's variables",
-     "userenv.dll cannot be loaded", "Repair the system's files"},
 
     // The general texts: the reason is in the line itself.
     {"ERROR - ", stops, "A call of the driver, a callback or a part of the job was abandoned",
