@@ -1,4 +1,5 @@
 #include "tests/support/ImportTable.h"
+#include "tests/support/TestLimits.h"
 #include "tests/window/JobWindowTest.h"
 #include "window/ui/Gdi.h"
 
@@ -112,6 +113,7 @@ TEST_F(JobWindowPictureTest, AnyResizingLeavesThePixelsOfAFreshDrawing) {
         for (const int dotsPerInch : {96, 144, 192}) {
             changeScale(dotsPerInch);
             for (int i = 0; i < sizes / 3; ++i) {
+                allowSeconds(30);
                 // Smaller and larger, the height at another rate than the width.
                 const int width = 440 + std::abs((i * 36 + 12) % 1100 - 550);
                 resize(width, 300 + std::abs((i * 92) % 800 - 400));
