@@ -19,8 +19,7 @@ constexpr Failure kNoProgram{ERROR_FILE_NOT_FOUND};  // of the older shell call
 
 struct Family {
     std::optional<Failure> failure;
-    const char* library;
-    const char* functions;
+    const char *library, *functions;
 };
 
 const Family kFamilies[] = {

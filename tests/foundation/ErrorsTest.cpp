@@ -21,11 +21,7 @@
 
 namespace jsw {
 
-using ::testing::ElementsAre;
-using ::testing::HasSubstr;
-using ::testing::MatchesRegex;
-using ::testing::StrEq;
-using ::testing::ThrowsMessage;
+using namespace ::testing;
 
 TEST(ExceptionTest, TextNamesPlaceMessageAndMeaning) {
     EXPECT_EQ(Exception("it failed", 0, {"Mutex", 90}).text(), "file:Mutex:90: it failed");
@@ -137,8 +133,7 @@ TEST(LocksTest, ARefusedStepIsNamed) {
         mutex.release();
     };
     const struct {
-        const char* function;
-        const char* place;
+        const char *function, *place;
         std::function<void()> work;
         std::uint64_t answer = FALSE;
     } rows[] = {

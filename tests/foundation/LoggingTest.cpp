@@ -24,9 +24,7 @@
 
 namespace jsw {
 
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-using ::testing::MatchesRegex;
+using namespace ::testing;
 
 TEST(LogLineTest, HeadersAreShownAsSwitched) {
     const LogTime time{2008, 7, 4, 9, 5, 3, 42};

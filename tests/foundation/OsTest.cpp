@@ -17,8 +17,7 @@
 
 namespace jsw {
 
-using ::testing::StrEq;
-using ::testing::ThrowsMessage;
+using namespace ::testing;
 
 TEST(OsVersionTest, ClassifiesByPlatformAndVersion) {
     const struct {

@@ -13,8 +13,7 @@
 
 namespace jsw {
 
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
+using namespace ::testing;
 
 class ActionsTest : public test::JobTest {
   protected:
@@ -137,7 +136,10 @@ TEST_F(ActionsTest, TheDefaultBillboardAndDataPathFollowTheRegistry) {
     runJob();  // one trailing backslash is removed, not more
     EXPECT_THAT(viewCalls("SetDataPath"), ElementsAre("SetDataPath(" + folder_.path() + ")",
                                                       "SetDataPath(" + folder_.path() + "\\)"));
+    Settings().write(setting::kDefaultBillboard, "B");
     startJob();
+    script_.clickBillboard("CURRENT", 0);
+    EXPECT_EQ(viewCalls("DisplayBillboard").back(), "DisplayBillboard(B.bb,false,false)");
     const setting::Text& dataPath = setting::kDataPath;
     Settings().deleteValue(dataPath.key, dataPath.name);
     script_.clickBillboard("CURRENT", 0);

@@ -4,6 +4,7 @@
 #include "tests/support/ImportGate.h"
 
 #include <atomic>
+#include <utility>
 
 namespace jsw {
 
@@ -29,10 +30,7 @@ TEST_F(CostTest, APlainJobAsksTheSystemForNoMoreThanItNeeds) {
                                                                    [&] { return ++tick; });
     runJob();
 
-    constexpr struct {
-        const char* function;
-        std::uint32_t atMost;
-    } rows[] = {
+    constexpr std::pair<const char*, std::uint32_t> rows[] = {
         {"RegOpenKeyExA", 31},
         {"RegOpenKeyA", 1},  // for the XML parser
         {"RegQueryValueExA", 19},

@@ -6,14 +6,10 @@
 #include "tests/support/Raise.h"
 
 #include <functional>
-#include <stdexcept>
 
 namespace jsw {
 
-using ::testing::ElementsAre;
-using ::testing::EndsWith;
-using ::testing::IsEmpty;
-using ::testing::MatchesRegex;
+using namespace ::testing;
 
 namespace {
 

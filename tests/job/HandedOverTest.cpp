@@ -4,8 +4,6 @@
 #include "PublicLib/text/Text.h"
 #include "PublicLib/win/EntryPoint.h"
 #include "PublicLib/win/Handles.h"
-#include "PublicLib/win/Paths.h"
-#include "PublicLib/win/SystemFolders.h"
 #include "tests/job/JobTest.h"
 #include "tests/job/RecordedShell.h"
 #include "tests/support/ImportTable.h"
@@ -19,13 +17,7 @@
 
 namespace jsw {
 
-using ::testing::AllOf;
-using ::testing::Contains;
-using ::testing::Each;
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-using ::testing::Not;
-using ::testing::StartsWith;
+using namespace ::testing;
 
 class HandedOverTest : public test::JobTest {
   protected:
@@ -99,7 +91,9 @@ TEST_F(HandedOverTest, TheUpdaterIsAskedForWhenTheJobIsGone) {
                                   "DisplayBillboard(tip.bb,false,false)", "Uninitialize()"));
     EXPECT_THAT(history, ElementsAre("TIP"));
     EXPECT_TRUE(modulesAreFree);
+    settings.write(setting::kDllPath, ".\\.");  // where the modules and the updater are now
     EXPECT_FALSE(isLaunched(ERROR_CANCELLED));
+    EXPECT_EQ(shell.calls.calls().back(), "elevate(.\\.\\updater.exe)");
 }
 
 TEST_F(HandedOverTest, AnUpdateIsTakenIntoUseBeforeTheModulesAreLoaded) {

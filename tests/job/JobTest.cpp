@@ -15,27 +15,21 @@
 
 namespace jsw::test {
 
-namespace {
-
-template <class Function>
-void resolve(HMODULE library, const char* name, Function*& function) {
-    function = findEntryPoint<Function>(library, name);
-    if (function == nullptr) throw std::runtime_error(name);
-}
-
-}  // namespace
-
 Exports findExports(HMODULE library) {
     if (library == nullptr) throw std::runtime_error("jsw.dll cannot be loaded");
     Exports exports{};
-    resolve(library, "JSWInit", exports.init);
-    resolve(library, "JSWTerminate", exports.terminate);
-    resolve(library, "JSWUpdateInfo", exports.updateInfo);
-    resolve(library, "JSWDisplayPrompt", exports.displayPrompt);
-    resolve(library, "JSWPostDlgMsg", exports.postDlgMsg);
-    resolve(library, "JSWFilterDllMsg", exports.filterDllMsg);
-    resolve(library, "JSWGetAPIVersion", exports.getApiVersion);
-    resolve(library, "JSWGetWindowHwnd", exports.getWindowHwnd);
+    const auto resolve = [&]<class Function>(const char* name, Function*& function) {
+        function = findEntryPoint<Function>(library, name);
+        if (function == nullptr) throw std::runtime_error(name);
+    };
+    resolve("JSWInit", exports.init);
+    resolve("JSWTerminate", exports.terminate);
+    resolve("JSWUpdateInfo", exports.updateInfo);
+    resolve("JSWDisplayPrompt", exports.displayPrompt);
+    resolve("JSWPostDlgMsg", exports.postDlgMsg);
+    resolve("JSWFilterDllMsg", exports.filterDllMsg);
+    resolve("JSWGetAPIVersion", exports.getApiVersion);
+    resolve("JSWGetWindowHwnd", exports.getWindowHwnd);
     return exports;
 }
 

@@ -10,16 +10,14 @@
 #include <windows.h>
 
 #include <algorithm>
-#include <atomic>
 #include <mutex>
 #include <stdexcept>
 #include <thread>
+#include <utility>
 
 namespace jsw {
 
-using ::testing::Contains;
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
+using namespace ::testing;
 
 namespace {
 
@@ -80,21 +78,20 @@ TEST_F(LifecycleTest, TheWindowIsSetUpCompletelyBeforeItIsShown) {
 }
 
 TEST_F(LifecycleTest, EveryOptionOfThePrinterReachesTheWindow) {
-    const struct {
-        const setting::Number* option;
-        const char* call;
-    } rows[] = {{&setting::kShowProcessWindow, "SetShowProcessWindow(2)"},
-                {&setting::kJobProgressMinimized, "SetJswProgressMinimized(3)"},
-                {&setting::kShowSpecialMessages, "SetShowSpecialMessages(4)"},
-                {&setting::kCart1ReserveTankFlag, "SetReserveModeCart1(5)"},
-                {&setting::kCart2ReserveTankFlag, "SetReserveModeCart2(6)"},
-                {&setting::kCompleteToPrint, "SetCompleteAPrintMode(7)"}};
+    const std::pair<const setting::Number*, const char*> rows[] = {
+        {&setting::kShowProcessWindow, "SetShowProcessWindow(2)"},
+        {&setting::kJobProgressMinimized, "SetJswProgressMinimized(3)"},
+        {&setting::kShowSpecialMessages, "SetShowSpecialMessages(4)"},
+        {&setting::kCart1ReserveTankFlag, "SetReserveModeCart1(5)"},
+        {&setting::kCart2ReserveTankFlag, "SetReserveModeCart2(6)"},
+        {&setting::kCompleteToPrint, "SetCompleteAPrintMode(7)"}};
     std::uint32_t value = 2;
-    for (const auto& row : rows)
-        OfnSettings("").setValue(row.option->key, row.option->name, value++);
+    for (const auto& [option, call] : rows) {
+        OfnSettings("").setValue(option->key, option->name, value++);
+    }
     Settings().write(setting::kCheckForUpdates, 8);
     startJob();
-    for (const auto& row : rows) EXPECT_THAT(script_.view.calls(), Contains(row.call));
+    for (const auto& [option, call] : rows) EXPECT_THAT(script_.view.calls(), Contains(call));
     EXPECT_THAT(script_.view.calls(), Contains("SetUpdateSoftware(8)"));
     Settings().write(setting::kCheckForUpdates, 0);
     endJob();
@@ -452,8 +449,9 @@ TEST_F(LifecycleTest, ALongDataPathAndWrongTypesInTheRegistryDoNoHarm) {
 
 TEST_F(LifecycleTest, ManyJobsLeaveTheProcessAsItWas) {
     Settings().setValue(setting::kLoggerKey, "startLog", 0);
-    addBillboard("TIP", {.file = "tip.bb", .type = "special"});
-    script_.ruleResults = {"TIP"};
+    const std::string tip(200, 'T');  // a lost text shows
+    addBillboard(tip, {.file = "tip.bb", .type = "special"});
+    script_.ruleResults = {tip};
     bool raises = false;
     script_.onEvaluateRule = [&] {  // on a new thread of each job: that takes memory, too
         raises = !raises;

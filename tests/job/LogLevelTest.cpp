@@ -15,11 +15,7 @@
 
 namespace jsw {
 
-using ::testing::Each;
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-using ::testing::IsSupersetOf;
-using ::testing::Not;
+using namespace ::testing;
 
 class LogLevelTest : public test::JobTest {
   protected:

@@ -7,8 +7,7 @@
 
 namespace jsw {
 
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
+using namespace ::testing;
 
 namespace {
 

@@ -11,10 +11,7 @@
 
 namespace jsw {
 
-using ::testing::Contains;
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-using ::testing::Not;
+using namespace ::testing;
 
 namespace {
 

@@ -48,8 +48,7 @@ int cycle(const Use& use) {
 }
 
 /// Follows the script of the test; the registry is that of the test program.
-class Host {
-  public:
+struct Host {
     explicit Host(const std::string& registry) {
         test::PrivateRegistry::join(registry);
         script.offer();

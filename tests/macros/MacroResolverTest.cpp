@@ -114,9 +114,7 @@ TEST_F(MacroResolverTest, EveryTagHasItsValue) {
 TEST_F(MacroResolverTest, InvalidCartridgeTagsAreLoggedWithoutAskingThePrinter) {
     startLog();
     const struct {
-        const char* name;
-        const char* value;
-        const char* topic;
+        const char *name, *value, *topic;
     } cases[] = {
         {"C3", "00", "capacity"},      {"C", "00", "capacity"},
         {"Color", "00", "capacity"},   {"L3", "101", "ink level"},
@@ -156,10 +154,7 @@ TEST_F(MacroResolverTest, MissingSettingsGetTheirDefaultOrLeaveTheTag) {
 
 TEST_F(MacroResolverTest, PartnerCodeComesFromTheRetailerFileOrThePrinterStore) {
     const struct {
-        const char* file;
-        const char* retailer;
-        const char* value;
-        const char* line;
+        const char *file, *retailer, *value, *line;
     } cases[] = {
         {"[Skin]\r\nPartner1URL=shop7\r\n", "42", "&partner=shop7",
          "Partner code read from ini file."},

@@ -3,7 +3,6 @@
 #include "PublicLib/printer/ValuesPrinterCache.h"
 #include "PublicLib/win/Paths.h"
 #include "PublicLib/win/SystemFolders.h"
-#include "jsw/settings/Settings.h"
 #include "jsw/settings/macros/CartridgeTags.h"
 #include "jsw/settings/macros/LanguageCodes.h"
 #include "jsw/settings/macros/PageDirectUtilities.h"
@@ -44,13 +43,11 @@ TEST(LanguageCodes, EveryLanguageIdHasItsCode) {
 }
 
 TEST(OsCodes, EverySystemHasItsCode) {
-    struct Case {
+    const struct {
         OsClass os;
         bool is64Bit;
-        const char* code;
-        const char* note;
-    };
-    const Case cases[] = {
+        const char *code, *note;
+    } cases[] = {
         {OsClass::other, true, "3", ""},       {OsClass::windows95, false, "3", ""},
         {OsClass::nt4, false, "3", ""},        {OsClass::windows2000, false, "3", ""},
         {OsClass::xp, false, "5", ""},         {OsClass::xp, true, "5", ""},
@@ -58,7 +55,7 @@ TEST(OsCodes, EverySystemHasItsCode) {
         {OsClass::vista, false, "10", ""},     {OsClass::vista, true, "11", "is 64 bit Vista"},
         {OsClass::windows7, true, "3", ""},
     };
-    for (const Case& test : cases) {
+    for (const auto& test : cases) {
         const OsCode code = osCode(test.os, test.is64Bit);
         EXPECT_EQ(code.code, test.code) << static_cast<int>(test.os);
         EXPECT_EQ(code.note, test.note) << static_cast<int>(test.os);
@@ -69,9 +66,7 @@ TEST(OsCodes, EverySystemHasItsCode) {
 const test::ChildRole askingHost("ask for the OS code", [](const std::string&) {
     const test::PrivateRegistry registry;
     Localize::createInstance(nullptr);
-    const Settings settings;
-    settings.setValue(setting::kLoggerKey, "startLog", 1);
-    settings.setValue(setting::kLoggerKey, "Clocktime_In_Header", 0);
+    test::HostTest::switchLogOn();
     BasicLogger::createInstance(15);
     return std::stoi(PageDirectUtilities::getOsCode());
 });
@@ -104,13 +99,11 @@ class CartridgeTags : public test::HostTest {
 };
 
 TEST_F(CartridgeTags, AnswerForEveryKindOfCartridgeInEitherHolder) {
-    struct Case {
+    const struct {
         CartridgeType type;
-        const char* capacity;
-        const char* level;
+        const char *capacity, *level;
         std::string question;  // that the capacity asks
-    };
-    const Case cases[] = {
+    } cases[] = {
         {CartridgeType::black, "30", "42", "getBlackCartridgeClass"},
         {CartridgeType::photo, "70", "42", "getPhotoCartridgeClass"},
         {CartridgeType::color, "50", "42", "getColorCartridgeClass"},
@@ -121,14 +114,14 @@ TEST_F(CartridgeTags, AnswerForEveryKindOfCartridgeInEitherHolder) {
     startLog();
     const char* const names[][2] = {{"C1", "L1"}, {"c2", "l2"}};
     for (const std::size_t holder : {0U, 1U}) {
-        for (const Case& test : cases) {
+        for (const auto& test : cases) {
             PrinterCacheValues values;
             values.cartridges[holder] = {.type = test.type, .level = 42};
             values.cartridges[1 - holder] = {.type = CartridgeType::invalid, .level = 7};
             values.blackCartridgeClass = values.photoCartridgeClass = 1;
             BasicLogger::existing()->deleteLog();
             EXPECT_EQ(valueOf(names[holder][0], values), test.capacity);
-            for (const Case& other : cases) {
+            for (const auto& other : cases) {
                 if (other.question.empty()) continue;
                 EXPECT_EQ(logContains(other.question), other.question == test.question);
             }

@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdint>
 #include <random>
 
 namespace jsw {
@@ -29,13 +28,9 @@ std::string randomText(std::mt19937& random, std::size_t maxLength) {
 }  // namespace
 
 TEST(TagScanner, FindsTagsAndExpandsTheirValues) {
-    struct Case {
-        const char* text;
-        const char* value1;
-        const char* value2;
-        const char* expected;
-    };
-    const Case cases[] = {
+    const struct {
+        const char *text, *value1, *value2, *expected;
+    } cases[] = {
         {"", "x", "y", ""},
         {"a_^1^_b_^2^__^1^_", "x", "", "axbx"},
         {"_^Unknown^_ _^1^_", "x", "y", "_^Unknown^_ x"},
@@ -48,7 +43,7 @@ TEST(TagScanner, FindsTagsAndExpandsTheirValues) {
         {"__^1^_", "^2^_", "y", "_^2^_"},            // what lies before is not looked at again
         {"_^1^__^2^_", "_^1^_", "y", "_^1^_y"},      // a value equal to its tag stays
     };
-    for (const Case& test : cases) {
+    for (const auto& test : cases) {
         EXPECT_EQ(replace(test.text, {{"1", test.value1}, {"2", test.value2}}), test.expected)
             << test.text;
     }
@@ -77,17 +72,15 @@ TEST(TagScanner, EqualsTheNaiveReplacement) {
 }
 
 TEST(TagScanner, StopsAtItsLimitsWhenAValueLeadsBackToItself) {
-    struct Case {
-        const char* value1;
-        const char* value2;
+    const struct {
+        const char *value1, *value2;
         const char* expected;  // with three nested replacements
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"_^2^_", "_^1^_", "a _^1^_ _^1^_"},
         {"<_^1^_", "", "a <<<<_^1^_ _^1^_"},
         {"_^1^__^1^_", "", "a _^1^__^1^__^1^__^1^__^1^_ _^1^_"},
     };
-    for (const Case& test : cases) {
+    for (const auto& test : cases) {
         test::TagValues handler;
         handler.values = {{"1", test.value1}, {"2", test.value2}};
         const TagLimits limits{.nestedReplacements = 3, .growth = 1000};

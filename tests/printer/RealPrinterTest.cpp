@@ -1,7 +1,6 @@
 #include "PublicLib/logging/BasicLogger.h"
 #include "PublicLib/printer/RealPrinter.h"
 #include "tests/printer/ClientTest.h"
-#include "tests/support/HeldUpThread.h"
 
 namespace jsw {
 
@@ -50,7 +49,7 @@ TEST_F(RealPrinterTest, TakesItsInterfacesByTheExactPort) {
         {{{21, "", "USB001", 5}, {22, "", "USB001"}}, 22},  // a failed query is skipped
         {{{21, "", "USB00"}, {22, "", longPort.c_str()}}, 0},
     };
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         script_.hids = row.interfaces;
         script_.scanners = row.interfaces;
         EXPECT_TRUE(printer_.init());
@@ -183,12 +182,11 @@ TEST_F(RealPrinterTest, KeepsTheNullCacheOfAFailedRead) {
 
 TEST_F(RealPrinterTest, PingsWithALoopback) {
     using Bytes = std::vector<std::uint8_t>;
-    struct Row {
+    const struct {
         Bytes response;
         std::uint32_t result;
         const char* logged;
-    };
-    const Row rows[] = {
+    } rows[] = {
         {{0xA5, 0, 5, 0x10, 3, 4, 0x31, 0x32}, 0, "NPA response flagbyte = 16"},
         {{9, 9, 9, 9, 3, 4, 0x31, 0x32, 0, 0}, 0, "NPA response flagbyte = 9"},  // longer
         {{0xA5, 0, 5, 0x50, 3, 4, 0x31},
@@ -206,7 +204,7 @@ TEST_F(RealPrinterTest, PingsWithALoopback) {
     EXPECT_EQ(printer_.ping(), 6U);
     EXPECT_TRUE(logContains("Invalid Printer Handle."));
     ASSERT_TRUE(printer_.init());
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         script_.response = row.response;
         EXPECT_EQ(printer_.ping(), row.result) << row.logged;
         EXPECT_TRUE(logContains(row.logged)) << row.logged;
@@ -227,12 +225,11 @@ TEST_F(RealPrinterTest, PingsWithALoopback) {
 TEST_F(RealPrinterTest, AsksForThePrintHeadClassUntilItKnows) {
     using Bytes = std::vector<std::uint8_t>;
     const Bytes right{0xA5, 0, 10, 0x50, 0xE0, 0x8F, 0x20, 3, 0, 200, 1, 2, 3};
-    struct Row {
+    const struct {
         std::size_t offset;
         std::uint8_t byte;
         const char* logged;
-    };
-    const Row rows[] = {
+    } rows[] = {
         {4, 0xE1, "NPA response - cmd does not match expected, = 225"},
         {5, 0x8E, "NPA response - sub cmd does not match expected, = 142"},
         {6, 0x14, "NPA rsp - Function does not match source= 20"},
@@ -242,7 +239,7 @@ TEST_F(RealPrinterTest, AsksForThePrintHeadClassUntilItKnows) {
     EXPECT_EQ(printer_.getPrintHeadType(), -1);
     EXPECT_EQ(script_.exchanges, 0);
     ASSERT_TRUE(printer_.init());
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         script_.response = right;
         script_.response[row.offset] = row.byte;
         EXPECT_EQ(printer_.getPrintHeadType(), -1) << row.logged;

@@ -20,6 +20,7 @@
 #include <cstring>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -169,19 +170,16 @@ std::string problemOf(const std::string& dataFile) {
 }
 
 TEST_F(RulesModulesTest, TheStoreOfAHostIsFoundByTheLibrarysRule) {
-    const struct {
-        const char* id;
-        const char* key;
-    } rows[] = {{"qlab", "QuillonInkjet"},
-                {"bzab", "BrennickLaser"},
-                {"prin", "Quillon Tools"},
-                {"q", "Quillon Tools"}};
-    for (const auto& row : rows) {
-        const std::string store = std::string("Software\\") + row.key + "\\JSW\\Local\\" + row.id;
-        EXPECT_FALSE(jsw::sample::HostStore(row.id).exists()) << row.id;
-        RegSetKeyValueA(HKEY_LOCAL_MACHINE, (store + "\\Settings").c_str(), "DllPath", REG_SZ,
-                        row.key, static_cast<DWORD>(std::strlen(row.key) + 1));
-        EXPECT_EQ(jsw::sample::HostStore(row.id).text("Settings\\", "DllPath", ""), row.key);
+    const std::pair<const char*, const char*> rows[] = {{"qlab", "QuillonInkjet"},
+                                                        {"bzab", "BrennickLaser"},
+                                                        {"prin", "Quillon Tools"},
+                                                        {"q", "Quillon Tools"}};
+    for (const auto& [id, key] : rows) {
+        const std::string store = std::string("Software\\") + key + "\\JSW\\Local\\" + id;
+        EXPECT_FALSE(jsw::sample::HostStore(id).exists()) << id;
+        RegSetKeyValueA(HKEY_LOCAL_MACHINE, (store + "\\Settings").c_str(), "DllPath", REG_SZ, key,
+                        static_cast<DWORD>(std::strlen(key) + 1));
+        EXPECT_EQ(jsw::sample::HostStore(id).text("Settings\\", "DllPath", ""), key);
     }
 }
 

@@ -4,10 +4,8 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <limits>
 #include <string>
-#include <vector>
 
 namespace jsw::sample {
 namespace {
@@ -37,8 +35,7 @@ JobFacts ordinaryJob() {
 }
 
 struct ConditionRow {
-    const char* what;
-    const char* condition;
+    const char *what, *condition;
     Attributes attributes;
     bool holds;
 };

@@ -6,7 +6,6 @@
 #include "PublicLib/text/Text.h"
 #include "PublicLib/win/Handles.h"
 #include "PublicLib/win/Paths.h"
-#include "PublicLib/win/SystemFolders.h"
 #include "jsw/FirstRun.h"
 #include "jsw/settings/RegistryKey.h"
 #include "jsw/settings/Settings.h"
@@ -20,9 +19,7 @@
 
 namespace jsw {
 
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-using ::testing::Pair;
+using namespace ::testing;
 
 TEST(IniTextTest, TypedValues) {
     constexpr struct {
@@ -57,21 +54,18 @@ TEST(IniTextTest, NameListsEndAtTheEmptyNameOrTheEndOfTheBuffer) {
 }
 
 TEST(IniTextTest, NumbersAreTheLeadingOnesWithinThirtyTwoBits) {
-    constexpr struct {
-        const char* text;
-        std::uint32_t number;
-    } rows[] = {{"10", 10},
-                {"-1x", 0xFFFFFFFF},
-                {" 7 8", 7},
-                {"010", 10},
-                {"0x10", 0},
-                {"abc", 0},
-                {"2147483647", 0x7FFFFFFF},
-                {"2147483648", 0x7FFFFFFF},
-                {"-2147483649", 0x80000000},
-                {"99999999999999999999", 0x7FFFFFFF},
-                {"", 0}};
-    for (const auto& row : rows) EXPECT_EQ(leadingNumber(row.text), row.number) << row.text;
+    constexpr std::pair<const char*, std::uint32_t> rows[] = {{"10", 10},
+                                                              {"-1x", 0xFFFFFFFF},
+                                                              {" 7 8", 7},
+                                                              {"010", 10},
+                                                              {"0x10", 0},
+                                                              {"abc", 0},
+                                                              {"2147483647", 0x7FFFFFFF},
+                                                              {"2147483648", 0x7FFFFFFF},
+                                                              {"-2147483649", 0x80000000},
+                                                              {"99999999999999999999", 0x7FFFFFFF},
+                                                              {"", 0}};
+    for (const auto& [text, number] : rows) EXPECT_EQ(leadingNumber(text), number) << text;
 }
 
 TEST(IniTextTest, ReadsNothingBeyondTheFuzzersSeeds) {
@@ -264,10 +258,7 @@ TEST_F(IniTest, InstallsWithAllRightsWhileOthersReadTheFile) {
 }
 
 TEST_F(IniTest, SkippedPairsMakeTheResultFalseButTheRestIsInstalled) {
-    constexpr struct {
-        const char* line;
-        const char* logged;
-    } rows[] = {
+    constexpr std::pair<const char*, const char*> rows[] = {
         {"Name=",
          "Empty KeyValue pair found in Section='Software\\C' where key='Name' and value=''"},
         {"Name=Dword:1",
@@ -277,25 +268,25 @@ TEST_F(IniTest, SkippedPairsMakeTheResultFalseButTheRestIsInstalled) {
         {"[\\Software\\\\]\r\nk=dword:1", "',key='k',value='dword:1' is = "},
     };
     startLog();
-    for (const auto& row : rows) {
+    for (const auto& [line, logged] : rows) {
         const std::string file = folder_.write(
             "some.loc",
-            std::string("[Software\\C]\r\nfirst=dword:1\r\nlast=string:x\r\n") + row.line + "\r\n");
-        EXPECT_FALSE(SettingsInstaller(file).installSettings()) << row.line;
+            std::string("[Software\\C]\r\nfirst=dword:1\r\nlast=string:x\r\n") + line + "\r\n");
+        EXPECT_FALSE(SettingsInstaller(file).installSettings()) << line;
         // Not only the last of a section, or of the file, counts.
         EXPECT_FALSE(
-            SettingsInstaller(folder_.write("first.loc", concat("[Software\\D]\r\n", row.line,
+            SettingsInstaller(folder_.write("first.loc", concat("[Software\\D]\r\n", line,
                                                                 "\r\nlast=string:x\r\n[Software\\E]"
                                                                 "\r\nlast=string:x\r\n")))
                 .installSettings())
-            << row.line;
-        EXPECT_TRUE(logContains(row.logged)) << row.line;
-        EXPECT_EQ(text("Software\\C", "last"), "x") << row.line;
-        EXPECT_EQ(text("Software\\C", "Name"), "(none)") << row.line;
+            << line;
+        EXPECT_TRUE(logContains(logged)) << line;
+        EXPECT_EQ(text("Software\\C", "last"), "x") << line;
+        EXPECT_EQ(text("Software\\C", "Name"), "(none)") << line;
         // A bad value does not prevent later ones from being written.
-        const bool isPair = *row.line == 'N';
-        EXPECT_EQ(text("Software\\D", "last"), isPair ? "x" : "(none)") << row.line;
-        EXPECT_EQ(text("Software\\E", "last"), "x") << row.line;
+        const bool isPair = *line == 'N';
+        EXPECT_EQ(text("Software\\D", "last"), isPair ? "x" : "(none)") << line;
+        EXPECT_EQ(text("Software\\E", "last"), "x") << line;
         for (const char* section : {"Software\\C", "Software\\D", "Software\\E"}) {
             RegistryKey::recurseDeleteKey(section, HKEY_LOCAL_MACHINE);
         }

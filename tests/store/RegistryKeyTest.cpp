@@ -12,9 +12,7 @@
 
 namespace jsw {
 
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-using ::testing::UnorderedElementsAre;
+using namespace ::testing;
 
 namespace {
 

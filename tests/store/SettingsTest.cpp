@@ -16,9 +16,7 @@
 
 namespace jsw {
 
-using ::testing::ElementsAre;
-using ::testing::Pair;
-using ::testing::UnorderedElementsAre;
+using namespace ::testing;
 
 namespace {
 

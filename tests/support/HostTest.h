@@ -14,12 +14,14 @@ namespace jsw::test {
 /// A test inside a host program: a private registry with an empty local store, Localize for the
 /// test program, and a log of its own.
 class HostTest : public ::testing::Test {
+  public:
+    /// Switches the log on, with all levels and no clock.
+    static void switchLogOn();
+
   protected:
     void SetUp() override;
     void TearDown() override;
 
-    /// Switches the log on, with all levels and no clock.
-    static void switchLogOn();
     /// The same, and creates the process's logger.
     static void startLog();
     /// All lines of the log so far, each without its component column.

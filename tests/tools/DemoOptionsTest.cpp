@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace jsw::qldemo {
@@ -48,13 +49,8 @@ TEST(DemoOptionsTest, ModesAreChosenByTheirOption) {
     EXPECT_EQ(help.error, "");
 }
 
-struct BadArgumentsRow {
-    Arguments arguments;
-    const char* error;  ///< how the message begins
-};
-
 TEST(DemoOptionsTest, BadArgumentsAreNamed) {
-    const BadArgumentsRow rows[] = {
+    const std::pair<Arguments, const char*> rows[] = {
         {{"--page", "3"}, "unknown option --page"},
         {{"job"}, "unknown option job"},
         {{""}, "unknown option "},
@@ -73,9 +69,9 @@ TEST(DemoOptionsTest, BadArgumentsAreNamed) {
         {{"--prompt", "2147483648"}, "'2147483648' is not valid for --prompt: "},
         {{"--script", ""}, "'' is not valid for --script: "},
     };
-    for (const BadArgumentsRow& row : rows) {
-        const std::string error = parseOptions(row.arguments).error;
-        EXPECT_TRUE(error.starts_with(row.error)) << error << "; expected: " << row.error;
+    for (const auto& [arguments, expected] : rows) {
+        const std::string error = parseOptions(arguments).error;
+        EXPECT_TRUE(error.starts_with(expected)) << error << "; expected: " << expected;
         EXPECT_NE(error, "");
     }
 }
@@ -95,14 +91,6 @@ TEST(DemoOptionsTest, InkListsHoldOneToTenPerCents) {
     for (const char* bad :
          {"", ",", "5,", ",5", "101", "-1", "50%", " 5", "??", "1.5", "1,2,3,4,5,6,7,8,9,10,11"}) {
         EXPECT_FALSE(parseInkLevels(bad)) << bad;
-    }
-}
-
-TEST(DemoOptionsTest, HelpNamesEveryOptionAndStep) {
-    const std::string help = helpText();
-    for (const char* name : {"--printer NAME", "--ink LIST", "--record-url FILE URL", "--log ",
-                             "at SECONDS click WHAT", "previous, current, next", "ok, cancel"}) {
-        EXPECT_NE(help.find(name), std::string::npos) << name;
     }
 }
 
@@ -135,13 +123,8 @@ TEST(DemoScriptTest, EveryKindOfStepIsRead) {
     EXPECT_DOUBLE_EQ(script.steps.back().at, 3);
 }
 
-struct BadScriptRow {
-    const char* text;
-    const char* error;
-};
-
 TEST(DemoScriptTest, TheFirstBadLineIsNamed) {
-    const BadScriptRow rows[] = {
+    const std::pair<const char*, const char*> rows[] = {
         {"at 1 look\n\nlook", "line 3: 'look' is neither at nor job"},
         {"at", "line 1: '' is no time in seconds"},
         {"at -1 look", "line 1: '-1' is no time in seconds"},
@@ -158,9 +141,7 @@ TEST(DemoScriptTest, TheFirstBadLineIsNamed) {
         {"at 1 screenshot ../x", "line 1: '../x' is no name for a screenshot"},
         {"job 0", "line 1: '0' is no job"},
     };
-    for (const BadScriptRow& row : rows) {
-        EXPECT_EQ(parseScript(row.text).error, row.error) << row.text;
-    }
+    for (const auto& [text, error] : rows) EXPECT_EQ(parseScript(text).error, error) << text;
 }
 
 std::string planOf(const DemoOptions& options, const char* script, uint32_t job) {

@@ -1,4 +1,3 @@
-#include "PublicLib/errors/Exception.h"
 #include "PublicLib/logging/BasicLogger.h"
 #include "PublicLib/os/Localize.h"
 #include "PublicLib/os/OsVersion.h"
@@ -26,9 +25,7 @@
 
 namespace jsw {
 
-using ::testing::ElementsAre;
-using ::testing::HasSubstr;
-using ::testing::Not;
+using namespace ::testing;
 
 namespace {
 
@@ -57,8 +54,7 @@ const test::ChildRole checkingHost("check for updates", [](const std::string& fo
     Localize::createInstance(nullptr);
     const Settings settings;
     settings.write(setting::kDllPath, folder);
-    settings.setValue(setting::kLoggerKey, "startLog", 1);
-    settings.setValue(setting::kLoggerKey, "Clocktime_In_Header", 0);
+    test::HostTest::switchLogOn();
     BasicLogger::createInstance(15);
     if (OsVersion::instance().isXpOrLater()) {
         settings.write(setting::kUpdaterExecutable, "qlupdater.exe");
@@ -242,8 +238,7 @@ TEST_F(LaunchTest, ConsoleUserLaunchReportsWhatFailed) {
 
 TEST_F(LaunchTest, AStepThatTheSystemRefusesIsNamedAndAnEnvironmentIsNotVital) {
     const struct {
-        const char* function;
-        const char* line;
+        const char *function, *line;
         bool launches;
     } rows[] = {
         {"WTSQueryUserToken", "API WTSQueryUserToken failed, lastErr=5.", false},

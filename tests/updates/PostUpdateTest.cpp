@@ -90,64 +90,34 @@ class PostUpdateTest : public test::HostTest {
     AppUpdatesController controller_;
 };
 
-namespace {
-
-struct Before {
-    std::uint32_t software;
-    std::uint32_t data;
-    std::array<bool, kFiles> files;
-    bool catalog;
-};
-
-/// The effect of the two flags: 1 is a request, 2 is final, new software implies new data.
-struct Expected {
-    explicit Expected(const Before& before)
-        : softwareWanted(before.software == 1),
-          allFiles(before.files == std::array<bool, kFiles>{true, true, true, true}),
-          dataWanted(before.data == 1 || (softwareWanted && before.data == 0)),
-          dataSwitched(dataWanted && before.catalog) {}
-
-    bool softwareWanted;
-    bool allFiles;
-    bool dataWanted;
-    bool dataSwitched;
-};
-
-}  // namespace
-
+/// The two flags: 1 is a request, 2 is final, new software implies new data.
 TEST_F(PostUpdateTest, EveryStateOfFlagsAndFiles) {
-    constexpr unsigned kFlags = 3 * 3;
-    for (unsigned state = 0; state < kFlags << (kFiles + 1); ++state) {
-        const unsigned flags = state % kFlags, mask = state / kFlags;
-        const Before before{flags % 3,
-                            flags / 3,
-                            {(mask & 1) != 0, (mask & 2) != 0, (mask & 4) != 0, (mask & 8) != 0},
-                            mask >> kFiles != 0};
+    for (unsigned state = 0; state < 9u << (kFiles + 1); ++state) {
+        const unsigned flags = state % 9, mask = state / 9;
+        const std::uint32_t software = flags % 3, data = flags / 3;
+        const auto hasFile = [&](std::size_t i) { return (mask >> i & 1) != 0; };
+        const bool hasCatalog = hasFile(kFiles);
         restore();
         for (std::size_t i = 0; flags == 0 && i < kFiles; ++i) {
-            put(folder_.file(kNewNames[i]), before.files[i]);
+            put(folder_.file(kNewNames[i]), hasFile(i));
         }
-        if (flags == 0) put(updates_ + "\\catalog.xml", before.catalog);
-        settings_->write(setting::kCompleteSoftwareUpdated, before.software);
-        settings_->write(setting::kDataUpdated, before.data);
+        if (flags == 0) put(updates_ + "\\catalog.xml", hasCatalog);
+        settings_->write(setting::kCompleteSoftwareUpdated, software);
+        settings_->write(setting::kDataUpdated, data);
 
         controller_.performPostUpdateChangesIfRequired();
 
-        SCOPED_TRACE(::testing::Message()
-                     << "software " << before.software << " data " << before.data << " files "
-                     << mask << " catalog " << before.catalog);
-        const Expected expected(before);
+        SCOPED_TRACE(concat("software ", software, " data ", data, " files ", mask));
+        const bool wanted = software == 1;
+        const bool switched = (data == 1 || (wanted && data == 0)) && hasCatalog;
         for (std::size_t i = 0; i < kFiles; ++i) {
-            EXPECT_EQ(text(*kInUse[i]),
-                      expected.softwareWanted && before.files[i] ? kNewNames[i] : "old");
+            EXPECT_EQ(text(*kInUse[i]), wanted && hasFile(i) ? kNewNames[i] : "old");
         }
-        EXPECT_EQ(flag(setting::kCompleteSoftwareUpdated), !expected.softwareWanted
-                                                               ? before.software
-                                                           : expected.allFiles ? 2u
-                                                                               : 0u);
-        EXPECT_EQ(flag(setting::kDataUpdated), before.data == 2 || expected.dataSwitched ? 2u : 0u);
-        EXPECT_EQ(text(setting::kDataPath), expected.dataSwitched ? updates_ : "old data");
-        const bool cleared = expected.dataSwitched || (expected.softwareWanted && before.data == 2);
+        const bool allFiles = (mask & 15) == 15;
+        EXPECT_EQ(flag(setting::kCompleteSoftwareUpdated), wanted ? allFiles * 2u : software);
+        EXPECT_EQ(flag(setting::kDataUpdated), data == 2 || switched ? 2u : 0u);
+        EXPECT_EQ(text(setting::kDataPath), switched ? updates_ : "old data");
+        const bool cleared = switched || (wanted && data == 2);
         EXPECT_EQ(text(setting::kDefaultBillboardFile), cleared ? "" : "cached.jbb");
     }
 }

@@ -7,6 +7,7 @@
 
 #include <gmock/gmock.h>
 #include <optional>
+#include <utility>
 
 namespace jsw {
 
@@ -273,10 +274,7 @@ TEST_F(UpdateCheckTest, WithoutAStoreNothingIsDueAndNoneIsMade) {
 TEST_F(UpdateCheckTest, NamesThatAreNoUpdaterAreRefusedAfterTheDateIsReset) {
     folder_.write("folder.exe\\inside", "x");
     folder_.write("updater.exe", "x");
-    const struct {
-        const char* name;
-        const char* logged;
-    } rows[] = {
+    const std::pair<const char*, const char*> rows[] = {
         {"", "ERROR: Updater FAILED to Launch: the updater has no name"},
         {"folder.exe", "ERROR: Updater FAILED to Launch: the updater is a folder: "},
         {"..\\updater.exe", "ERROR: Updater FAILED to Launch: the updater's name is no plain file"},
@@ -286,14 +284,14 @@ TEST_F(UpdateCheckTest, NamesThatAreNoUpdaterAreRefusedAfterTheDateIsReset) {
         {"none.exe", "+AppUpdatesController::checkForUpdatesVista: "},
     };
     settings_->write(setting::kDllPath, folder_.path());
-    for (const auto& row : rows) {
+    for (const auto& [updater, logged] : rows) {
         settings_->write(setting::kDateLastChecked, "1/1/2000");
-        settings_->write(setting::kUpdaterExecutable, row.name);
+        settings_->write(setting::kUpdaterExecutable, updater);
         controller_.checkForUpdates();
-        EXPECT_TRUE(logContains(row.logged)) << row.name;
-        EXPECT_EQ(storedDate(), today()) << row.name;
-        EXPECT_FALSE(logContains("launched successfully")) << row.name;
-        EXPECT_FALSE(logContains("FAILED to retrieve")) << row.name;
+        EXPECT_TRUE(logContains(logged)) << updater;
+        EXPECT_EQ(storedDate(), today()) << updater;
+        EXPECT_FALSE(logContains("launched successfully")) << updater;
+        EXPECT_FALSE(logContains("FAILED to retrieve")) << updater;
         BasicLogger::existing()->deleteLog();
     }
     settings_->write(setting::kDateLastChecked, "1/1/2000");

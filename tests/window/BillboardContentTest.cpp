@@ -5,15 +5,10 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
 #include <cstdint>
-#include <cstdio>
-#include <fstream>
 #include <ios>
 #include <limits>
-#include <optional>
 #include <string>
-#include <string_view>
 #include <utility>
 
 namespace {
@@ -126,12 +121,11 @@ TEST(BillboardContent, LinksStandInTheText) {
 }
 
 TEST(BillboardContent, PicturesStayInTheirFolder) {
-    struct Row {
+    const struct {
         const char* value;
         Picture picture;
         const char* file;
-    };
-    const Row rows[] = {
+    } rows[] = {
         {"printer", Picture::printer, ""},
         {"INK", Picture::ink, ""},
         {"photo.bmp", Picture::file, "photo.bmp"},
@@ -144,7 +138,7 @@ TEST(BillboardContent, PicturesStayInTheirFolder) {
         {"c:photo.bmp", Picture::none, ""},
         {"", Picture::none, ""},
     };
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         const auto parsed = parseBillboard(std::string("title = T\npicture = ") + row.value + "\n");
         EXPECT_EQ(parsed.problem, Problem::none) << row.value;
         EXPECT_EQ(parsed.page.picture, row.picture) << row.value;

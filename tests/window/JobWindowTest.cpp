@@ -1,7 +1,6 @@
 #include "tests/window/JobWindowTest.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <string>
 #include <vector>
 

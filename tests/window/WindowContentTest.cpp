@@ -119,7 +119,7 @@ TEST(StatusText, ProgressNamesPagesAndCopies) {
         {{0, 0, 1, 1, true, {}}, "Nothing to print: the document has no pages", kNone, 0},
         {{2, 3, 1, 1, false, {}}, "Printing", kNone, kNone},
     };
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         EXPECT_EQ(progressText(row.progress, english()), row.text);
         EXPECT_EQ(progressPermille(row.progress), row.permille) << row.text;
         EXPECT_EQ(pagesLeft(row.progress), row.left) << row.text;
@@ -150,12 +150,8 @@ TEST(StatusText, TimeIsReadable) {
 }
 
 TEST(StatusText, InkIsKnownOrSaidNotToBe) {
-    struct Row {
-        std::array<std::int32_t, 10> percents;
-        const char* summary;
-    };
     constexpr std::int32_t kLeast = std::numeric_limits<std::int32_t>::min();
-    const Row rows[] = {
+    const std::pair<std::array<std::int32_t, 10>, const char*> rows[] = {
         {{90, 21, -1, -1, -1, -1, -1, -1, -1, -1}, "Cartridge 1: 90%, Cartridge 2: 21%"},
         {{0, 100, -1, -1, -1, -1, -1, -1, -1, -1}, "Cartridge 1: 0% low, Cartridge 2: 100%"},
         {{50, 101, -1, -1, -1, -1, -1, -1, -1, 200}, "Cartridge 1: 50%, Cartridge 2: not known"},
@@ -163,8 +159,8 @@ TEST(StatusText, InkIsKnownOrSaidNotToBe) {
          "Cartridge 1: not known, Cartridge 2: 20% low, Cartridge 3: not known, Cartridge 4: 88%"},
         {{-1, -1, -1, kLeast, 101, -1, -1, -1, -1, -1}, "Ink levels are not known"},
     };
-    for (const Row& row : rows) {
-        EXPECT_EQ(inkSummary(shownInkSlots(row.percents), english()), row.summary);
+    for (const auto& [percents, summary] : rows) {
+        EXPECT_EQ(inkSummary(shownInkSlots(percents), english()), summary);
     }
     const auto reserve = shownInkSlots(std::array<std::int32_t, 2>{5, 60}, {false, true});
     EXPECT_EQ(inkSummary(reserve, german()),
@@ -204,18 +200,17 @@ TEST(WindowContent, TellsInkNotToldYetFromInkNotKnown) {
 }
 
 TEST(WindowContent, AsksOnlyWhenSomethingWouldBeLost) {
-    struct Row {
+    const struct {
         Progress progress;
         bool needsAsking;
         const char* question;
-    };
-    const Row rows[] = {
+    } rows[] = {
         {{2, 3, 1, 1, true, {}}, true, "1 page has not been printed. Cancel printing?"},
         {{2, 3, 1, 1000, true, {}}, true, "2998 pages have not been printed. Cancel printing?"},
         {{2, -1, 1, 1, true, {}}, true, "Pages may be left. Cancel printing?"},
         {{3, 3, 1, 1, true, {}}, false, "0 pages have not been printed. Cancel printing?"},
     };
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         JobData data;
         data.progress = row.progress;
         EXPECT_EQ(cancellingNeedsAsking(data), row.needsAsking) << row.question;
@@ -241,18 +236,14 @@ TEST(StatusText, SimulatedPrinterIsRecognisedInAnyCase) {
 
 TEST(WindowPlace, StaysOnTheDesktop) {
     const Box desktop{-1000, 0, 1000, 700};
-    struct Row {
-        Place wanted;
-        Place expected;
-    };
-    const Row rows[] = {
+    const std::pair<Place, Place> rows[] = {
         {{-900, 50}, {-900, 50}},
         {{-5000, -5000}, {-1000, 0}},
         {{5000, 5000}, {400, 200}},
         {{-1'000'000, 1'000'000}, {-1000, 200}},
     };
-    for (const Row& row : rows) {
-        EXPECT_EQ(clampToDesktop(row.wanted, {600, 500}, desktop), row.expected);
+    for (const auto& [wanted, expected] : rows) {
+        EXPECT_EQ(clampToDesktop(wanted, {600, 500}, desktop), expected);
     }
     EXPECT_EQ(clampToDesktop({10, 10}, {3000, 900}, desktop), (Place{-1000, 0}));
     EXPECT_EQ(centred({600, 500}, desktop), (Place{-300, 100}));

@@ -10,7 +10,6 @@
 #include <cstddef>
 #include <set>
 #include <string>
-#include <string_view>
 #include <utility>
 #include <vector>
 

@@ -3,7 +3,6 @@
 #include "PublicLib/logging/LogFile.h"
 #include "PublicLib/text/Text.h"
 #include "PublicLib/win/Handles.h"
-#include "PublicLib/win/SystemFolders.h"
 #include "tests/support/Eventually.h"
 #include "tests/support/TempFolder.h"
 #include <jsw/view.h>
@@ -16,11 +15,11 @@
 #include <array>
 #include <atomic>
 #include <cstdlib>
-#include <fstream>
 #include <nlohmann/json.hpp>
 #include <sddl.h>
 #include <string>
 #include <thread>
+#include <utility>
 
 namespace jsw::ctl {
 namespace {
@@ -314,21 +313,18 @@ TEST_F(ProgramTest, AModuleIsTriedInAProcessOfItsOwn) {
     EXPECT_EQ(good.exitCode, 0U) << good.output;
     EXPECT_TRUE(good.says("GetBillboardFileName(DEFAULT): ")) << good.output;
     EXPECT_TRUE(good.says("returned welcome.jbb")) << good.output;
-    const struct {
-        const char* fault;
-        const char* finding;
-    } rows[] = {
+    const std::pair<std::string, const char*> rows[] = {
         {"crash", "it crashes in GetBillboardFileName(DEFAULT) (0xC0000005)"},
         {"literal", "GetBillboardFileName(DEFAULT) returns memory that was not allocated"},
         {"leak", "2 of the texts and lists that it allocated"},
         {"loop", "it does not return from GetBillboardFileName(DEFAULT)"},
     };
-    for (const auto& row : rows) {
-        SetEnvironmentVariableA("JSWCTL_FAULT", row.fault);
-        const std::string patience = row.fault == std::string("loop") ? " --seconds 4" : "";
+    for (const auto& [fault, finding] : rows) {
+        SetEnvironmentVariableA("JSWCTL_FAULT", fault.c_str());
+        const std::string patience = fault == "loop" ? " --seconds 4" : "";
         const Outcome run = jswctl("module catalog faulty_catalog.dll" + patience, folder_);
-        EXPECT_EQ(run.exitCode, 1U) << row.fault;
-        EXPECT_TRUE(run.says(row.finding)) << row.fault << run.output << run.errors;
+        EXPECT_EQ(run.exitCode, 1U) << fault;
+        EXPECT_TRUE(run.says(finding)) << fault << run.output << run.errors;
     }
 }
 

@@ -16,33 +16,25 @@ namespace jsw::ctl::log {
 namespace {
 
 using test::LogText;
-using testing::Contains;
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::StartsWith;
+using namespace ::testing;
 
-struct Listener : JobListener {
+struct Reading : JobListener {
+    explicit Reading(const std::string& text) {
+        std::istringstream input(text);
+        totals = readLog(input, *this);
+    }
     void onCall(const Call& call, const LoggedJob& job) override { statistics.add(call, job); }
     void onJob(const LoggedJob& job) override {
         statistics.add(job);
         jobs.push_back(job);
     }
-    std::vector<LoggedJob> jobs;
-    Statistics statistics;
-};
-
-struct Reading {
     Totals totals;
     std::vector<LoggedJob> jobs;
     Statistics statistics;
 };
 
 Reading read(const std::string& text) {
-    std::istringstream input(text);
-    Listener listener;
-    const Totals totals = readLog(input, listener);
-    return {totals, listener.jobs, listener.statistics};
+    return Reading(text);
 }
 
 std::vector<std::string> sentences(const LoggedJob& job) {

@@ -15,7 +15,6 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 #include <string>
-#include <vector>
 
 namespace jsw::ctl::log {
 
@@ -23,8 +22,7 @@ namespace {
 
 using jsw::test::countOf;
 using test::LogText;
-using testing::HasSubstr;
-using testing::Not;
+using namespace ::testing;
 
 /// All reports of one log.
 struct Reports : JobListener {
