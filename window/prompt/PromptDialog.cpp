@@ -121,8 +121,8 @@ INT_PTR PromptDialog::handle(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_NOTIFY: {
             const auto& notice = *reinterpret_cast<const NMHDR*>(lParam);
             if (notice.code != NM_CUSTOMDRAW) return FALSE;
-            const ButtonLook look{palette_, *fonts_, scale_, palette_.footer,
-                                  notice.idFrom == JSW_LEGACY_CONTINUE};
+            const ButtonLook look{
+                {palette_, *fonts_, scale_}, palette_.footer, notice.idFrom == JSW_LEGACY_CONTINUE};
             SetWindowLongPtrW(
                 dialog_, DWLP_MSGRESULT,
                 customDrawButton(*reinterpret_cast<const NMCUSTOMDRAW*>(lParam), look));

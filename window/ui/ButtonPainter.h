@@ -8,6 +8,7 @@
 #include "window/ui/Canvas.h"
 #include "window/ui/Colours.h"
 #include "window/ui/Geometry.h"
+#include "window/ui/TextPainter.h"
 
 #include <windows.h>
 
@@ -16,10 +17,7 @@
 namespace jsw::window {
 
 /** The look of a window's controls. */
-struct ButtonLook {
-    const Palette& palette;
-    const Fonts& fonts;
-    Scale scale;
+struct ButtonLook : Look {
     Colour ground; /**< behind the control */
     bool isDefault = false;
     bool showsFocus = true; /**< if the system shows it, too */

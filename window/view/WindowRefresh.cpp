@@ -122,7 +122,7 @@ Look Window::look() const {
 }
 
 ButtonLook Window::buttonLook(int id) const {
-    return {palette_, *fonts_, scale_, groundOf(id), id == JSW_VIEW_NO, showsFocus_, showsKeys_};
+    return {look(), groundOf(id), id == JSW_VIEW_NO, showsFocus_, showsKeys_};
 }
 
 void Window::paintGround(HDC dc) const {
