@@ -73,7 +73,7 @@ bool DriverApi::startJob(const Job& job, JswStatusCallback callback) {
     const auto controller = Controller::instance();
     const auto session =
         std::make_shared<JobSession>(BillboardView::instance(), controller, callback);
-    const bool wasRunning = isJobRunning();
+    if (isJobRunning()) session->setRunning();  // whatever comes of this second start
     JobSession::setPresent(session);
     try {
         const bool started = controller->jswInit(job);
@@ -81,7 +81,6 @@ bool DriverApi::startJob(const Job& job, JswStatusCallback callback) {
         return started;
     } catch (...) {
         reportException(component::kJsw, "JSWInit");
-        if (wasRunning) session->setRunning();
         return false;
     }
 }

@@ -25,11 +25,11 @@
  *
  * No C++ exception may leave an entry point. If one does, the call counts as answered with nothing.
  *
- * All modules but the view's are loaded and freed for each job: what a module takes of the process
- * it must give back before it is freed, or the process runs out of it after a thousand jobs. With
- * MinGW avoid std::thread, std::mutex, thread_local and the streams, each of which loses an index
- * of thread-local storage, and compile common/ModuleEnd.cpp into the module: without it an
- * exception, even one caught inside, loses another index, and 70 KB of memory stay behind.
+ * All modules except the view are loaded and freed for each job: a module must release all process
+ * resources before it is freed, or the process runs out of them after a thousand jobs. With MinGW
+ * avoid std::thread, std::mutex, thread_local and the streams, because each leaks an index of
+ * thread-local storage. Compile common/ModuleEnd.cpp into the module: without it an
+ * exception, even one caught inside, leaks another index and 70 KB of memory.
  */
 #ifndef JSW_MODULE_H
 #define JSW_MODULE_H

@@ -16,7 +16,8 @@ struct Press {
 
 /**
  * A user's actions in this process's windows, on another thread. Presses are posted, not sent: the
- * window's thread may be busy, and a user does not wait.
+ * window's thread may be busy, and a user does not wait. Each press is one attempt; JobRun decides
+ * how long it is repeated.
  */
 [[nodiscard]] Press press(Target target, uint32_t pageButton);
 
