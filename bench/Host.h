@@ -24,7 +24,7 @@ class Host {
     ~Host() {
         if (const auto logger = BasicLogger::existing()) logger->deleteLog();
         BasicLogger::destroyInstance();
-        Settings().removeStore();
+        static_cast<void>(Settings().removeStore());
         Localize::destroy();
     }
     Host(const Host&) = delete;

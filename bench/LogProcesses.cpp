@@ -96,7 +96,7 @@ void writeLogAsChild(const std::string& run) {
     BasicLogger::createInstance(15);
     const RunSignals signals(run);
     const std::string text(40, 'x');
-    isLogEnabled(component::kJsw, kLogTrace);  // reads the switches
+    static_cast<void>(isLogEnabled(component::kJsw, kLogTrace));  // reads the switches
     ReleaseSemaphore(signals.ready.get(), 1, nullptr);
     WaitForSingleObject(signals.go.get(), INFINITE);
     for (std::uint32_t i = 0; i < kLinesPerProcess; ++i) {
