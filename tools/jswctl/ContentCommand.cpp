@@ -57,6 +57,7 @@ int checkContent(const ContentOptions& options) {
     }
     Report report;
     const ContentFacts facts = gatherContent(folder);
+    report.note("content", concat("folder ", folder));
     judgeContent(facts, report);
     std::vector<std::string> languages{"en"};
     for (const auto& [code, file] : facts.languages) languages.push_back(code);

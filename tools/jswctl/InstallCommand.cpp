@@ -1,4 +1,3 @@
-#include "PublicLib/ini/IniText.h"
 #include "PublicLib/text/Text.h"
 #include "jsw/FirstRun.h"
 #include "jsw/settings/Settings.h"
@@ -30,7 +29,7 @@ void say(const std::string& line) {
 }
 
 /// Checked first: without a file the library creates an empty store, which prevents a later
-/// installation.
+/// installation, and it copies the keys of another program unchanged.
 SettingsFile requireSettingsFile() {
     SettingsFile file = readSettingsFile(settingsFilePath());
     if (!file.exists) {
@@ -39,6 +38,10 @@ SettingsFile requireSettingsFile() {
     }
     if (!file.parsed) {
         throw std::runtime_error(file.path + " has no sections to install; nothing was changed");
+    }
+    if (!file.reaches(storePath())) {
+        throw std::runtime_error("no section of " + file.path + " is below this host's key [" +
+                                 storePath() + "]; nothing was changed");
     }
     return file;
 }
@@ -57,12 +60,15 @@ int update(const Settings& settings, const SettingsFile& file, bool dryRun) {
     std::size_t changed = 0;
     std::size_t kept = 0;
     for (const FileEntry& entry : file.entries) {
-        if (!entry.isNews() || splitTypedValue(entry.value).type == IniValueType::unknown) continue;
+        if (!entry.isNews() || !entry.hasType()) continue;
         const bool isKept = isMachinesOwn(entry, store, modules, data);
         say(concat(isKept ? "  kept     " : "  changed  ", entry.section, " ", entry.name, ": ",
                    entry.stored.value_or("(none)"), isKept ? ", not " : " -> ", entry.value));
         ++(isKept ? kept : changed);
-        if (!isKept && !dryRun) writeEntry(entry);
+        if (isKept || dryRun) continue;
+        const std::string made = firstMissingKey(entry.section);
+        writeEntry(entry);
+        if (!made.empty()) openToEveryone(made);
     }
     say(concat(changed, dryRun ? " values would be changed" : " values changed", " by ", file.path,
                ", ", kept, " left as they are on this machine."));
@@ -73,7 +79,7 @@ int update(const Settings& settings, const SettingsFile& file, bool dryRun) {
 /// whose inherited permissions may be less.
 int firstInstall(const SettingsFile& file, bool dryRun) {
     if (dryRun) {
-        say(concat("Would install ", file.entries.size(), " values of ", file.path, " in ",
+        say(concat("Would install ", file.installable(), " values of ", file.path, " in ",
                    storeName(), "."));
         return kWell;
     }

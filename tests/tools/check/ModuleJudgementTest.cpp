@@ -52,6 +52,8 @@ TEST(ModuleJudgementTest, EachFaultIsNamed) {
          },
          "the module has _Z10SetJobNamePKc", true},
         {[](ModuleFacts& f) { f.file.exports = {"EvaluateRule"}; },
+         "is a rules module; JSWInit returns 0", true},
+        {[](ModuleFacts& f) { f.file.exports = {"DllMain"}; },
          "exports none of the entry points of a view module", true},
         {[](ModuleFacts& f) { f.trial.faults = {"it is wrong"}; }, "it is wrong", true},
         {[](ModuleFacts& f) {
@@ -104,10 +106,14 @@ TEST(ModuleJudgementTest, WhatIsNoFaultOnlyGetsANote) {
     EXPECT_TRUE(has(judged(prompts), Severity::warning, "JSWDisplayPrompt shows nothing"));
 }
 
-TEST(ModuleJudgementTest, SlowCallsAreNamedWithTheirTime) {
+TEST(ModuleJudgementTest, SlowCallsAreNamedWithTheirTimeAndEqualOnesOnce) {
     ModuleFacts facts = goodModule(*findModuleKind("catalog"));
-    facts.trial.calls.push_back({"Initialize", true, 1250.6, ""});
-    EXPECT_TRUE(has(judged(facts), Severity::warning, "Initialize took 1250 ms"));
+    facts.trial.calls = {{"A", true, 1250.6, ""}, {"B", true, 1, "yes"}, {"A", true, 1, ""}};
+    EXPECT_TRUE(has(judged(facts), Severity::warning, "A took 1250 ms"));
+    Report calls;
+    tellCalls(facts, calls);
+    EXPECT_EQ(calls.findings().size(), 2U) << asText(calls);
+    EXPECT_TRUE(has(calls, Severity::note, "A: 1250.6 ms, 2 times")) << asText(calls);
 }
 
 TEST(NearestNameTest, OnlyWhatWasProbablyMeantIsNamed) {

@@ -162,6 +162,7 @@ TEST_F(ProgramTest, AHostWithoutAnythingIsToldWhatItLacks) {
 TEST_F(ProgramTest, AFileForAnotherRootAndAStoreMadeTooEarlyAreNamed) {
     writeSettings("Software\\QuillonInkjet\\JSW\\Local\\zyct", ".", ".\\data");
     EXPECT_TRUE(onHost("check").says("error    settings file: no section of"));
+    EXPECT_NE(onHost("install").errors.find("below this host's key"), std::string::npos);
 
     writeSettings(store(), ".", ".\\data");
     set("Logger", "startLog", "1");
@@ -224,6 +225,9 @@ TEST_F(ProgramTest, ANewerSettingsFileIsBroughtInAndARemovedStoreCanBeBroughtBac
         EXPECT_TRUE(run.says("View: string:updated.dll, not string:jswv.dll")) << run.output;
     }
     EXPECT_TRUE(onHost("install", "--update").says("0 values changed"));
+    folder_.write("zyctjsw.loc", concat("[", store(), "\\New]\r\nA=string:b\r\nC=untyped\r\n"));
+    EXPECT_TRUE(onHost("install", "--update").says("1 values changed"));
+    EXPECT_FALSE(onHost("check").says("the first is HKLM\\" + store() + "\\New"));
 
     EXPECT_TRUE(onHost("remove", "--dry-run").says("Would remove HKLM\\" + store()));
     EXPECT_TRUE(hasValue("Settings", "DllPath"));

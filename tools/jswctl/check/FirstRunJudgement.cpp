@@ -1,8 +1,6 @@
-#include "PublicLib/ini/IniText.h"
 #include "PublicLib/text/Text.h"
 #include "tools/jswctl/check/Judgement.h"
 
-#include <algorithm>
 #include <cstdint>
 
 namespace jsw::ctl {
@@ -26,11 +24,8 @@ std::string bringIn(const HostFacts& facts) {
 
 void judgeSections(const HostFacts& facts, Report& report) {
     const auto& sections = facts.firstRun.file.sections;
-    const bool reachesStore =
-        std::any_of(sections.begin(), sections.end(),
-                    [&](const std::string& section) { return isBelow(section, facts.storePath); });
     const std::string remedy = concat("Start its sections with [", facts.storePath, "\\Settings]");
-    if (!reachesStore) {
+    if (!facts.firstRun.file.reaches(facts.storePath)) {
         report.error("settings file",
                      concat("no section of ", facts.firstRun.file.path,
                             " is below this host's key; the first one is [",
@@ -47,7 +42,7 @@ void judgeSections(const HostFacts& facts, Report& report) {
 
 void judgeEntries(const HostFacts& facts, Report& report) {
     for (const FileEntry& entry : facts.firstRun.file.entries) {
-        if (splitTypedValue(entry.value).type != IniValueType::unknown) continue;
+        if (entry.hasType()) continue;
         report.warn("settings file",
                     concat("'", entry.name, "=", entry.value, "' in [", entry.section,
                            "] has no type and is not installed"),
@@ -75,7 +70,7 @@ void judgeInstalled(const HostFacts& facts, Report& report) {
     std::string missing;
     std::size_t count = 0;
     for (const FileEntry& entry : entries) {
-        if (entry.stored || splitTypedValue(entry.value).type == IniValueType::unknown) continue;
+        if (entry.stored || !entry.hasType()) continue;
         missing += concat(count++ == 0 ? "" : ", ", entry.name);
     }
     const std::string& file = facts.firstRun.file.path;
@@ -149,7 +144,7 @@ void judgeFirstRun(const HostFacts& facts, Report& report) {
     if (run.storeOpens) {
         judgeInstalled(facts, report);
     } else if (run.storeError == kNotFound) {
-        report.note(kTopic, concat("the first job will install ", run.file.entries.size(),
+        report.note(kTopic, concat("the first job will install ", run.file.installable(),
                                    " values of ", run.file.path));
     }
 }

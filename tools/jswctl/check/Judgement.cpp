@@ -45,7 +45,8 @@ void judgePage(const PageFacts& page, const char* purpose, Severity severity, Re
     if (!page.wasAsked) return;
     if (page.fileName.empty()) {
         report.add(severity, topic, concat("the catalog names no file for it: ", purpose),
-                   concat("Let the catalog answer GetBillboardFileName(\"", page.id, "\")"));
+                   concat("Let the catalog answer GetBillboardFileName(\"", page.id,
+                          "\"); 'jswctl content' checks the files of the sample catalog"));
     } else if (!page.file.exists) {
         report.add(severity, topic, concat("there is no file ", page.file.path, ": ", purpose),
                    "Put the page there, or correct the data folder or the catalog");

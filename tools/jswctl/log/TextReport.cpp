@@ -75,11 +75,14 @@ std::string troublesAsText(const Statistics& statistics) {
     const auto troubles = statistics.troubles();
     if (troubles.empty()) return "\nNo trouble\n";
     std::string text = "\nTrouble\n";
-    for (const TroubleTotals& trouble : troubles) {
-        const Problem& problem = trouble.problem;
-        text += concat("  ", padded(impactInWords(problem.known->impact), 8), " line ",
-                       problem.first.line, times(problem.count), ": ", printable(problem.line),
-                       "\n           seen:   ", problem.known->symptom,
+    for (std::size_t row = 0; row < troubles.size(); ++row) {
+        const Problem& problem = troubles[row].problem;
+        text +=
+            concat("  ", padded(impactInWords(problem.known->impact), 8), " line ",
+                   problem.first.line, times(problem.count), ": ", printable(problem.line), "\n");
+        // Lines of one kind that follow each other share their explanation.
+        if (row + 1 < troubles.size() && troubles[row + 1].problem.known == problem.known) continue;
+        text += concat("           seen:   ", problem.known->symptom,
                        "\n           cause:  ", problem.known->cause,
                        "\n           remedy: ", problem.known->remedy, "\n");
     }

@@ -88,7 +88,22 @@ void judgeFile(const ModuleFacts& facts, Report& report) {
     }
 }
 
+/// The kind whose entry points a file has, if it is not the kind that was expected.
+const ModuleKind* otherKind(const ModuleFacts& facts) {
+    const auto isOf = [&](const ModuleKind& kind) {
+        return std::ranges::all_of(facts.file.exports, [&](const std::string& name) {
+            return holds(kind.entryPoints, name);
+        });
+    };
+    const auto other = std::ranges::find_if(moduleKinds(), isOf);
+    return other == moduleKinds().end() || isOf(*facts.kind) ? nullptr : &*other;
+}
+
 void judgeEntryPoints(const ModuleFacts& facts, Report& report) {
+    if (const ModuleKind* other = otherKind(facts); other != nullptr) {
+        return cannotBeUsed(facts, report, concat(facts.fullPath, " is a ", other->topic),
+                            concat("Put a ", facts.kind->topic, " there"));
+    }
     std::vector<std::string> unknown;
     for (const std::string& name : facts.file.exports) {
         if (!holds(facts.kind->entryPoints, name)) unknown.push_back(name);
@@ -151,16 +166,16 @@ void judgeTrial(const ModuleFacts& facts, Report& report) {
     if (!trial.started && trial.problem.empty()) return;
     const std::string last = trial.calls.empty() ? "its start" : trial.calls.back().name;
     if (trial.timedOut) {
-        cannotBeUsed(facts, report, concat("it does not return from ", last),
-                     "The job would wait for ever; look for a lock or a wait in the module");
+        report.error(topicOf(facts), concat("it does not return from ", last),
+                     "The job would wait for ever; look for a loop, lock or wait in the module");
     } else if (!trial.problem.empty()) {
         cannotBeUsed(facts, report, trial.problem, "Load it in a debugger to see why");
     } else if (trial.exitCode != 0) {
-        cannotBeUsed(facts, report,
+        report.error(topicOf(facts),
                      concat("it crashes in ", last, " (", hexadecimal(trial.exitCode), ")"),
                      "The host would crash with it; run the module in a debugger");
     } else if (!trial.finished) {
-        cannotBeUsed(facts, report, concat("it ends the process in ", last),
+        report.error(topicOf(facts), concat("it ends the process in ", last),
                      "The host would end with it; a module must not call exit()");
     }
     for (const std::string& fault : trial.faults) {
@@ -177,12 +192,18 @@ void judgeModule(const ModuleFacts& facts, Report& report) {
 }
 
 void tellCalls(const ModuleFacts& facts, Report& report) {
-    for (const ModuleCall& call : facts.trial.calls) {
-        if (!call.ended) continue;
+    const std::vector<ModuleCall>& calls = facts.trial.calls;
+    for (auto call = calls.begin(); call != calls.end(); ++call) {
+        const auto isSame = [&](const ModuleCall& other) {
+            return other.ended && other.name == call->name && other.answer == call->answer;
+        };
+        if (!call->ended || std::any_of(calls.begin(), call, isSame)) continue;
+        const auto times = std::count_if(call, calls.end(), isSame);
         char time[32];
-        std::snprintf(time, sizeof time, "%.1f ms", call.milliseconds);
-        report.note(topicOf(facts), concat(call.name, ": ", time,
-                                           call.answer.empty() ? "" : ", returned ", call.answer));
+        std::snprintf(time, sizeof time, "%.1f ms", call->milliseconds);
+        report.note(topicOf(facts),
+                    concat(call->name, ": ", time, call->answer.empty() ? "" : ", returned ",
+                           call->answer, times == 1 ? "" : concat(", ", times, " times")));
     }
 }
 

@@ -14,6 +14,7 @@ namespace jsw::ctl {
 namespace {
 
 constexpr int kMostRules = 1000;
+constexpr std::int32_t kMostPages = 100;
 
 InkInfo inkOf(const TrialJob& job) {
     InkInfo ink = JSW_INK_UNKNOWN;
@@ -102,7 +103,10 @@ void useView(const Caller& caller, const TrialJob& job, const std::string& page)
     caller.call<JswViewSavedValue>("SetSavedValue", "jswctl", "");
     caller.call<JswViewPlain>("ShowGui");
     WaitForSingleObject(closed, job.shownMilliseconds);
-    caller.call<JswViewUpdateInfo>("UpdateInfo", 1U, 1U, 10U, nullptr);
+    const auto pages = static_cast<std::uint32_t>(std::clamp(job.pages, 1, kMostPages));
+    for (std::uint32_t number = 1; number <= pages; ++number) {
+        caller.call<JswViewUpdateInfo>("UpdateInfo", number, 1U, pages - number, nullptr);
+    }
     caller.call<JswViewPlain>("HideGui");
     caller.call<JswViewPlain>("Uninitialize");
 }

@@ -79,6 +79,19 @@ SettingsFile readSettingsFile(const std::string& path) {
     return file;
 }
 
+bool FileEntry::hasType() const {
+    return splitTypedValue(value).type != IniValueType::unknown;
+}
+
+std::size_t SettingsFile::installable() const {
+    return static_cast<std::size_t>(std::ranges::count_if(entries, &FileEntry::hasType));
+}
+
+bool SettingsFile::reaches(const std::string& key) const {
+    return std::ranges::any_of(sections,
+                               [&](const std::string& section) { return isBelow(section, key); });
+}
+
 void writeEntry(const FileEntry& entry) {
     const IniTypedValue typed = splitTypedValue(entry.value);
     RegistryKey key(entry.section, true);

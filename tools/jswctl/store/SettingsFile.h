@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
@@ -15,6 +16,8 @@ struct FileEntry {
 
     /// Whether the registry has another value, or none.
     bool isNews() const { return stored != value; }
+    /// Whether the value has a type; one without is not installed.
+    bool hasType() const;
 };
 
 /// A parsed settings file.
@@ -24,12 +27,16 @@ struct SettingsFile {
     bool parsed = false;
     std::vector<std::string> sections;
     std::vector<FileEntry> entries;
+
+    /// The number of values that an installation stores.
+    std::size_t installable() const;
+    /// Whether a section is this key or below it; otherwise the keys are another program's.
+    bool reaches(const std::string& key) const;
 };
 
 SettingsFile readSettingsFile(const std::string& path);
 
-/// Writes a value of the file; a new key is accessible to everyone. Throws Win32Exception on
-/// failure.
+/// Writes a value of the file. Throws Win32Exception on failure.
 void writeEntry(const FileEntry& entry);
 
 /// Whether a path is a key or is below it, in any letter case.
