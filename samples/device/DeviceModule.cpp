@@ -71,7 +71,7 @@ JswDeviceStatus enumerate(DeviceKind kind, Callback* callback, const Call& call)
     });
 }
 
-constexpr size_t kMostBytes = 1024 * 1024;  // of a device file
+constexpr size_t kMostBytes = size_t{1024} * 1024;  // of a device file
 
 std::string deviceFilePath() {
     std::string path(GetEnvironmentVariableA("JSW_DEVICE_FILE", nullptr, 0), '\0');

@@ -28,7 +28,7 @@ class Teller {
     std::string timed(const std::string& name, const Call& call) const {
         tell(trialline::begin(name));
         const auto begin = std::chrono::steady_clock::now();
-        const std::string answer = call();
+        std::string answer = call();
         const std::chrono::duration<double, std::milli> time =
             std::chrono::steady_clock::now() - begin;
         tell(trialline::end(time.count(), answer));

@@ -63,7 +63,7 @@ std::vector<std::string> searchFolders(const std::string& hostFolder) {
 /// The file of this name in the first folder that has one; empty if there is none.
 std::string findIn(const std::vector<std::string>& folders, const std::string& name) {
     for (const std::string& folder : folders) {
-        const std::string path = joinPath(folder, name);
+        std::string path = joinPath(folder, name);
         if (isFile(path)) return path;
     }
     return {};

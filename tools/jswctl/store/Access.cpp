@@ -91,7 +91,7 @@ bool isOpen(const std::string& path) {
 std::string firstMissingKey(const std::string& path) {
     for (std::size_t end = 0; end != std::string::npos;) {
         end = path.find('\\', end + 1);
-        const std::string part = path.substr(0, end);
+        std::string part = path.substr(0, end);
         KeyHandle key;
         if (RegOpenKeyExA(HKEY_LOCAL_MACHINE, part.c_str(), 0, READ_CONTROL, key.put()) ==
             ERROR_FILE_NOT_FOUND) {
