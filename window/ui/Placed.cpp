@@ -42,6 +42,7 @@ std::vector<int> buttonWidths(const std::vector<std::string>& labels, int room,
                               const TextMeasure& measure, const Scale& scale) {
     const auto fit = [&](const auto& widthOf) {
         std::vector<int> widths;
+        widths.reserve(labels.size());
         for (const std::string& label : labels) widths.push_back(widthOf(label, measure, scale));
         const int left = room - std::accumulate(widths.begin(), widths.end(), 0);
         return left < 0 ? std::vector<int>() : widths;

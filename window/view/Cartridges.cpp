@@ -28,11 +28,13 @@ Cartridges::Cartridges(const common::LanguageFile& file) : problem_(file.problem
 void Cartridges::take(const std::string& section, const common::TextSection& texts) {
     for (const auto& [number, text] : texts) {
         std::string_view rest = text;
-        CartridgeName& entry = names_[section + " " + number];
+        std::string key = section;
+        key.append(" ").append(number);
+        CartridgeName& entry = names_[key];
         entry.name = common::cutUpTo(rest, '|');
         entry.colour = readColour(common::trim(rest));
         if (!rest.empty() && !entry.colour) {
-            problem_ = "[" + section + "] " + number + ": the colour is not of the form RRGGBB";
+            problem_ = key + ": the colour is not of the form RRGGBB";
         }
     }
 }
