@@ -61,7 +61,7 @@ double percentLeft(double capacity, double dots) {
 
 }  // namespace
 
-const std::array<InkNumber, 10> kInkNumbers{
+constexpr std::array<InkNumber, 10> kInkNumbers{
     {{0x0400, "blackDotCount=", &InkNumbers::blackDots},
      {0x0401, "cyanDotCount=", &InkNumbers::cyanDots},
      {0x0402, "magentaDotCount=", &InkNumbers::magentaDots},
@@ -72,6 +72,16 @@ const std::array<InkNumber, 10> kInkNumbers{
      {0x0414, "blackCartridgeCapacity=", &InkNumbers::blackCapacity},
      {0x0415, "colorCartridgeCapacity=", &InkNumbers::colorCapacity},
      {0x0417, "photoCartridgeCapacity=", &InkNumbers::photoCapacity}}};
+
+/// The fields by their id's distance from the first; null where no number has the id.
+constexpr auto kInkFields = [] {
+    std::array<std::uint32_t InkNumbers::*, kInkNumbers.back().id - kInkNumbers.front().id + 1>
+        all{};
+    for (const InkNumber& number : kInkNumbers) {
+        all[number.id - kInkNumbers.front().id] = number.field;
+    }
+    return all;
+}();
 
 void CacheRecord::parse(std::span<const std::uint8_t> stream) {
     std::size_t position = kHeaderSize;
@@ -100,35 +110,43 @@ void CacheRecord::takeRecord(std::uint32_t id, std::uint8_t length,
             values_.deviceSerialNumber.assign(rest.begin(), rest.begin() + length);
         return;
     }
-    if (!rest.empty()) takeByte(id, rest[0]);
-    if (rest.size() >= kNumberSize) takeNumber(id, rest.data());
-}
-
-/// The cartridge of a record; null if it belongs to none.
-CartridgeValues* CacheRecord::cartridgeOf(std::uint32_t id) {
     const std::uint32_t block = (id - kCartridgeBlocks) / kCartridgeFields;
-    return id >= kCartridgeBlocks && block < values_.cartridges.size() ? &values_.cartridges[block]
-                                                                       : nullptr;
+    if (id >= kCartridgeBlocks && block < values_.cartridges.size()) {
+        CartridgeValues& cartridge = values_.cartridges[block];
+        if (!rest.empty()) takeByte(cartridge, id % kCartridgeFields, rest[0]);
+        if (rest.size() >= kNumberSize) takeNumber(cartridge, id % kCartridgeFields, rest.data());
+    } else {
+        if (!rest.empty()) takeModem(id, rest[0]);
+        if (rest.size() >= kNumberSize) takeInk(id, rest.data());
+    }
 }
 
-void CacheRecord::takeByte(std::uint32_t id, std::uint8_t byte) {
+void CacheRecord::takeModem(std::uint32_t id, std::uint8_t byte) {
     if (id == kModemState && byte <= 1) {
         values_.modemAvailable = true;
         if (byte == 1) values_.modemCableReversed = true;
     }
     if (id == kModemPresent && byte == 1) values_.modemAvailable = true;
-    CartridgeValues* const cartridge = cartridgeOf(id);
-    if (cartridge == nullptr) return;
-    switch (id % kCartridgeFields) {
+}
+
+void CacheRecord::takeInk(std::uint32_t id, const std::uint8_t* bytes) {
+    const std::uint32_t place = id - kInkNumbers.front().id;  // huge for the ids before
+    if (place < kInkFields.size() && kInkFields[place] != nullptr) {
+        ink_.*kInkFields[place] = getUnsignedLongValue(bytes);
+    }
+}
+
+void CacheRecord::takeByte(CartridgeValues& cartridge, std::uint32_t field, std::uint8_t byte) {
+    switch (field) {
         case kTypeField:
-            cartridge->type = getCartridgeType(byte);
+            cartridge.type = getCartridgeType(byte);
             takeCartridgeClass(byte);
             break;
         case kAuthenticityField:
-            cartridge->authenticity = byte >= 1 && byte <= 4 ? byte : 5;
+            cartridge.authenticity = byte >= 1 && byte <= 4 ? byte : 5;
             break;
         case kProgramTypeField:
-            cartridge->programType = std::min<std::uint32_t>(byte, 2);
+            cartridge.programType = std::min<std::uint32_t>(byte, 2);
             break;
         default:
             break;
@@ -144,18 +162,15 @@ void CacheRecord::takeCartridgeClass(std::uint8_t typeByte) {
     takeFrom('p', values_.photoCartridgeClass);
 }
 
-void CacheRecord::takeNumber(std::uint32_t id, const std::uint8_t* bytes) {
-    const auto number = std::ranges::find(kInkNumbers, id, &InkNumber::id);
-    if (number != kInkNumbers.end()) ink_.*number->field = getUnsignedLongValue(bytes);
-    CartridgeValues* const cartridge = cartridgeOf(id);
-    if (cartridge == nullptr) return;
-    if (id % kCartridgeFields == kSerialNumberField) {
-        cartridge->serialNumber = getUnsignedLongValue(bytes);
-    } else if (id % kCartridgeFields == kPartNumberField) {
+void CacheRecord::takeNumber(CartridgeValues& cartridge, std::uint32_t field,
+                             const std::uint8_t* bytes) {
+    if (field == kSerialNumberField) {
+        cartridge.serialNumber = getUnsignedLongValue(bytes);
+    } else if (field == kPartNumberField) {
         const PartNumber partNumber = toPartNumber(getUnsignedLongValue(bytes));
-        cartridge->partNumber = partNumber.text;
+        cartridge.partNumber = partNumber.text;
         if (observer_ != nullptr) {
-            observer_->onPartNumber(cartridge == &values_.cartridges[0] ? 1 : 2, partNumber);
+            observer_->onPartNumber(&cartridge == &values_.cartridges[0] ? 1 : 2, partNumber);
         }
     }
 }
@@ -197,10 +212,11 @@ CartridgeType CacheRecord::getCartridgeType(std::uint8_t typeByte) const {
 }
 
 std::uint32_t CacheRecord::getUnsignedLongValue(const std::uint8_t* bytes) const {
-    constexpr char kNoBytes[] = "The byte stream passed in is NULL, defaulting value to 0";
+    static constexpr char kNoBytes[] = "The byte stream passed in is NULL, defaulting value to 0";
     tell("getUnsignedLongValue", bytes == nullptr ? kNoBytes : nullptr);
+    if (bytes == nullptr) return 0;
     std::uint32_t value = 0;
-    for (std::size_t i = 0; bytes != nullptr && i < kNumberSize; ++i) value = value << 8 | bytes[i];
+    for (std::size_t i = 0; i < kNumberSize; ++i) value = value << 8 | bytes[i];
     return value;
 }
 

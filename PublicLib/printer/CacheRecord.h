@@ -83,10 +83,11 @@ class CacheRecord {
 
   private:
     void takeRecord(std::uint32_t id, std::uint8_t length, std::span<const std::uint8_t> rest);
-    void takeByte(std::uint32_t id, std::uint8_t byte);
+    void takeModem(std::uint32_t id, std::uint8_t byte);
+    void takeInk(std::uint32_t id, const std::uint8_t* bytes);
+    void takeByte(CartridgeValues& cartridge, std::uint32_t field, std::uint8_t byte);
     void takeCartridgeClass(std::uint8_t typeByte);
-    void takeNumber(std::uint32_t id, const std::uint8_t* bytes);
-    CartridgeValues* cartridgeOf(std::uint32_t id);
+    void takeNumber(CartridgeValues& cartridge, std::uint32_t field, const std::uint8_t* bytes);
     std::uint32_t capacityOf(CartridgeType kind) const;
     std::uint32_t mostDots(CartridgeType kind) const;
     void tell(const char* conversion, const char* note = nullptr) const;
