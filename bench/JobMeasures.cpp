@@ -73,7 +73,7 @@ class Library {
 struct Wanted {
     HKEY hive;
     std::string key;
-    const char* value;  // null: only the key
+    std::string value;  // empty: only the key
 };
 
 /// Everything that a job must read: each module's folder and name, each choice of the user, …
@@ -85,12 +85,14 @@ std::vector<Wanted> whatAJobNeeds() {
     const auto add = [&](const std::string& root, const auto& setting) {
         wanted.push_back({HKEY_LOCAL_MACHINE, root + setting.key, setting.name});
     };
-    wanted.push_back({HKEY_CLASSES_ROOT, "MSXML2.DomDocument.3.0", nullptr});
-    wanted.push_back({HKEY_LOCAL_MACHINE, Localize::getInstance()->getJswRoot(), nullptr});
-    wanted.push_back({HKEY_LOCAL_MACHINE, local, nullptr});
+    wanted.push_back({HKEY_CLASSES_ROOT, "MSXML2.DomDocument.3.0", {}});
+    wanted.push_back({HKEY_LOCAL_MACHINE, Localize::getInstance()->getJswRoot(), {}});
+    wanted.push_back({HKEY_LOCAL_MACHINE, local, {}});
+    wanted.push_back({HKEY_LOCAL_MACHINE, Localize::getInstance()->getJswRoot() + "Local",
+                      Localize::getInstance()->localId() + setting::kInstallationPending});
     wanted.push_back({HKEY_LOCAL_MACHINE, local + setting::kLoggerKey, "startLog"});
-    wanted.push_back({HKEY_LOCAL_MACHINE, local + setting::kHistoryIdsKey, nullptr});
-    wanted.push_back({HKEY_LOCAL_MACHINE, local + setting::kGuiKey, nullptr});
+    wanted.push_back({HKEY_LOCAL_MACHINE, local + setting::kHistoryIdsKey, {}});
+    wanted.push_back({HKEY_LOCAL_MACHINE, local + setting::kGuiKey, {}});
     add(local, setting::kHistoryMaxSize);
     for (const auto* text :
          {&setting::kDataPath, &setting::kDllPath, &setting::kDefaultBillboard,
@@ -115,12 +117,12 @@ std::vector<Wanted> whatAJobNeeds() {
 void askFor(const Wanted& wanted) {
     KeyHandle key;
     if (RegOpenKeyExA(wanted.hive, wanted.key.c_str(), 0, KEY_READ, key.put()) != ERROR_SUCCESS ||
-        wanted.value == nullptr) {
+        wanted.value.empty()) {
         return;
     }
     std::array<BYTE, MAX_PATH> buffer;
     auto size = static_cast<DWORD>(buffer.size());
-    RegQueryValueExA(key.get(), wanted.value, nullptr, nullptr, buffer.data(), &size);
+    RegQueryValueExA(key.get(), wanted.value.c_str(), nullptr, nullptr, buffer.data(), &size);
 }
 
 /// The minimum that a job asks of the system. The view stays loaded between jobs.
@@ -149,10 +151,11 @@ void measureJobs(Report& report, Thoroughness times) {
                                         bareJob(wanted);
                                         askForParserAndThread();
                                     })};
-    const auto timings = timeInTurns(works, {100 * times, 2});
+    const auto timings = timeInTurns(works, {400 * times, 1});
     const std::string floor = concat("module loads, ", wanted.size(), " registry reads");
-    report.add(Row{"a whole job", timings[0], floor, timings[1]}.withRatioAtMost(1.5));
-    report.add({"a whole job", timings[0], "these, XML parser's version, thread", timings[2]});
+    report.add({"a whole job", timings[0], floor, timings[1]});
+    report.add(Row{"a whole job", timings[0], "these, XML parser's version, thread", timings[2]}
+                   .withRatioAtMost(1.1));
 }
 
 void measureUpdateInfo(Report& report, Thoroughness times) {

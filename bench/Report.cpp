@@ -45,7 +45,7 @@ nlohmann::json toJson(const std::vector<Target>& targets) {
 }
 
 nlohmann::json toJson(const std::string& name, const Timing& timing) {
-    return {{"name", name}, {"minNs", timing.min}, {"medianNs", timing.median}};
+    return {{"name", name}, {"lowNs", timing.low}, {"medianNs", timing.median}};
 }
 
 std::size_t missedOf(const std::vector<Target>& targets) {
@@ -62,19 +62,19 @@ Row Row::withRatioAtMost(double limit) && {
 }
 
 Row Row::withTimeAtMost(double nanoseconds) && {
-    targets.push_back({"at most " + timeText(nanoseconds), measure.min <= nanoseconds});
+    targets.push_back({"at most " + timeText(nanoseconds), measure.low <= nanoseconds});
     return std::move(*this);
 }
 
 void Report::printHeading() const {
-    std::printf("%-42s %9s %9s  %-42s %9s %9s  %5s  %s\n", "measure", "min", "median", "beside",
-                "min", "median", "ratio", "target");
+    std::printf("%-42s %9s %9s  %-42s %9s %9s  %5s  %s\n", "measure", "low", "median", "beside",
+                "low", "median", "ratio", "target");
 }
 
 void Report::add(Row row) {
     std::printf("%-42s %9s %9s  %-42s %9s %9s  %5.2f", row.name.c_str(),
-                timeText(row.measure.min).c_str(), timeText(row.measure.median).c_str(),
-                row.floorName.c_str(), timeText(row.floor.min).c_str(),
+                timeText(row.measure.low).c_str(), timeText(row.measure.median).c_str(),
+                row.floorName.c_str(), timeText(row.floor.low).c_str(),
                 timeText(row.floor.median).c_str(), row.ratio());
     printTargets(row.targets);
     rows_.push_back(std::move(row));

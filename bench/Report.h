@@ -22,8 +22,8 @@ struct Row {
     std::vector<Target> targets{};
     double ratioLimit = 0;  ///< 0: none
 
-    /// The ratio of a measure to its floor, from the shortest times, which are disturbed least.
-    double ratio() const { return measure.min / floor.min; }
+    /// The ratio of a measure to its floor, from the low times, which are disturbed least.
+    double ratio() const { return measure.low / floor.low; }
     Row withRatioAtMost(double limit) &&;
     Row withTimeAtMost(double nanoseconds) &&;
 };

@@ -24,7 +24,7 @@ void measureSettings(Report& report, Thoroughness times) {
             RegQueryValueExA(key.get(), setting::kDataPath.name, nullptr, nullptr, buffer.data(),
                              &size);
         })};
-    const auto timings = timeInTurns(works, {100 * times, 20});
+    const auto timings = timeInTurns(works, {400 * times, 10});
     constexpr char kFloor[] = "a bare open, query and close";
     report.add({"a setting read", timings[0], kFloor, timings[2]});
     report.add(Row{"a setting read, the object made for it", timings[1], kFloor, timings[2]}

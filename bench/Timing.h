@@ -11,7 +11,7 @@ namespace jsw::bench {
 
 /// The duration of one step in nanoseconds, over all rounds.
 struct Timing {
-    double min = 0;
+    double low = 0;  ///< one round in fifty was faster
     double median = 0;
 };
 

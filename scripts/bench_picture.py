@@ -37,18 +37,18 @@ def bar(y, width, kind):
 
 def time_row(y, entry):
     measure, floor, limit = entry["measure"], entry["floor"], entry["ratioLimit"]
-    scale = BARS / max(measure["minNs"], floor["minNs"] * max(limit, 1))
+    scale = BARS / max(measure["lowNs"], floor["lowNs"] * max(limit, 1))
     yield text(LABELS - 8, y + 12, measure["name"], anchor="end")
     yield text(LABELS - 8, y + 28, floor["name"], size=11, anchor="end", colour=FAINT)
-    yield bar(y, measure["minNs"] * scale, "measure")
-    yield bar(y + 16, floor["minNs"] * scale, "floor")
+    yield bar(y, measure["lowNs"] * scale, "measure")
+    yield bar(y + 16, floor["lowNs"] * scale, "floor")
     if limit:
-        x = LABELS + floor["minNs"] * limit * scale
+        x = LABELS + floor["lowNs"] * limit * scale
         yield (f'<line x1="{x:.1f}" y1="{y - 3}" x2="{x:.1f}" y2="{y + 33}" '
                f'stroke="{COLOURS["target"]}" stroke-width="2"/>')
     x = LABELS + BARS + 10
-    yield text(x, y + 12, f'{time_text(measure["minNs"])}, {entry["ratio"]:.2f} of its floor')
-    yield text(x, y + 28, time_text(floor["minNs"]), size=11, colour=FAINT)
+    yield text(x, y + 12, f'{time_text(measure["lowNs"])}, {entry["ratio"]:.2f} of its floor')
+    yield text(x, y + 28, time_text(floor["lowNs"]), size=11, colour=FAINT)
 
 
 def series_rows(y, series):
