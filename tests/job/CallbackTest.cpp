@@ -1,6 +1,7 @@
 // A driver's calls from inside its status callback, on any thread.
 
-#include "tests/job/JobTest.h"
+#include "tests/job/CallbackTest.h"
+
 #include "tests/support/ImportTable.h"
 
 #include <process.h>
@@ -8,44 +9,9 @@
 #include <atomic>
 #include <thread>
 
-namespace jsw {
+namespace jsw::test {
 
 using namespace ::testing;
-
-namespace {
-
-std::function<void(std::uint32_t)> onStatus;
-void forwardStatus(std::uint32_t status) {
-    if (onStatus) onStatus(status);
-}
-
-}  // namespace
-
-class CallbackTest : public test::JobTest {
-  protected:
-    void SetUp() override {
-        JobTest::SetUp();
-        addBillboard("TIP", {.file = "tip.bb", .type = "promotion"});
-        onStatus = [](std::uint32_t) { api_.terminate(); };
-    }
-    void TearDown() override {
-        onStatus = nullptr;
-        JobTest::TearDown();
-    }
-
-    std::uint8_t start() { return startJob({.callback = forwardStatus}); }
-    /// Lets the view report an event at the end of a call.
-    void reportAt(const std::string& callStart) {
-        script_.onViewCall = [this, callStart](const std::string& call) {
-            if (call.starts_with(callStart)) script_.reportEvent(9);
-        };
-    }
-    bool isEnded() const { return viewCalls("Uninitialize").size() == 1; }
-    /// The end may run on a separate thread.
-    void expectEndSoon() {
-        EXPECT_TRUE(test::eventually([&] { return isEnded(); }));
-    }
-};
 
 TEST_F(CallbackTest, EndingTheJobOnAThreadOfTheWindow) {
     start();
@@ -290,103 +256,4 @@ TEST_F(CallbackTest, AnEndAskedForDuringAStartThatRaisesIsNotLost) {
     expectNextJobWorks();
 }
 
-/// Including what the window reports while it closes, whoever closes it.
-TEST_F(CallbackTest, EveryStatusButThatOfAClosedWindowReachesTheDriver) {
-    test::CallRecord statuses;
-    onStatus = [&](std::uint32_t status) {
-        statuses.add(std::to_string(status));
-        if (status == 9) api_.terminate();
-    };
-    // Ended at once, by the starting thread, and while the rules thread works.
-    for (const char* call : {"UpdateInfo(", "ShowGui(", "DisplayBillboard(tip.bb"}) {
-        statuses.clear();
-        script_.view.clear();
-        script_.ruleResults = {"TIP"};
-        script_.checkHistory = false;
-        script_.onViewCall = [&](const std::string& made) {
-            if (made.starts_with(call)) script_.reportEvent(9);
-            if (made.starts_with("HideGui(")) script_.reportEvent(2);
-            if (made.starts_with("HideGui(")) script_.reportEvent(3);
-            if (made.starts_with("Uninitialize(")) script_.reportEvent(4);
-        };
-        start();
-        if (statuses.calls().empty()) api_.updateInfo(1, 2, 3, 0, 0, nullptr);
-        EXPECT_TRUE(test::eventually([&] { return statuses.calls().size() == 3; })) << call;
-        EXPECT_THAT(statuses.calls(), ElementsAre("9", "3", "4")) << call;
-        endJob();  // waits for the end
-    }
-    expectNextJobWorks();
-}
-
-TEST_F(CallbackTest, AClickReachesTheWindowUntilItIsUninitialized) {
-    start();
-    ASSERT_TRUE(waitForRules());
-    script_.view.clear();
-    script_.onViewCall = [&](const std::string& call) {
-        if (call.starts_with("HideGui(") || call.starts_with("Uninitialize(")) {
-            script_.clickBillboard("CURRENT", 0);
-        }
-    };
-    endJob();
-    EXPECT_THAT(
-        script_.view.calls(),
-        ElementsAre("HideGui()", "DisplayBillboard(default.bb,false,false)", "Uninitialize()"));
-}
-
-/// A thread of the window reports an event while its job ends and the next one starts.
-TEST_F(CallbackTest, AnEventThatComesTooLateForItsJobReachesNobody) {
-    std::atomic<int> statuses{0};
-    onStatus = [&](std::uint32_t) { ++statuses; };
-    std::atomic<bool> hasArrived{false};
-    std::atomic<bool> mayGoOn{false};
-    std::atomic<DWORD> windowThread{0};
-    const test::ImportTable imports(GetModuleHandleA("jsw.dll"));
-    const auto clock = test::replaceImport<decltype(GetTickCount)>(imports, "GetTickCount", [&] {
-        DWORD self = GetCurrentThreadId();
-        if (windowThread.compare_exchange_strong(self, 0)) {  // asks for its first line in the log
-            hasArrived = true;
-            EXPECT_TRUE(test::eventually([&] { return mayGoOn.load(); }));
-        }
-        return GetTickCount();
-    });
-    start();
-    std::thread window([&] {
-        windowThread = GetCurrentThreadId();
-        script_.reportEvent(3);
-    });
-    EXPECT_TRUE(test::eventually([&] { return hasArrived.load(); }));
-    endJob();
-    start();
-    mayGoOn = true;
-    window.join();
-    EXPECT_EQ(statuses, 0);
-    endJob();
-}
-
-TEST_F(CallbackTest, EventsReportedAtTheSameTimeAllReachTheDriver) {
-    std::atomic<int> cancelled{0};
-    std::atomic<int> closed{0};
-    onStatus = [&](std::uint32_t status) { ++(status == 9 ? cancelled : closed); };
-    start();
-    std::vector<std::thread> threads;
-    for (const std::int32_t event : {9, 2, 3}) {
-        threads.emplace_back([&, event] {
-            for (int i = 0; i < 100; ++i) script_.reportEvent(event);
-        });
-    }
-    for (auto& thread : threads) thread.join();
-    EXPECT_EQ(cancelled, 100);
-    EXPECT_EQ(closed, 100);
-}
-
-TEST_F(CallbackTest, AnExceptionOfTheDriverIsCaught) {
-    onStatus = [](std::uint32_t) { throw std::runtime_error("driver's own"); };
-    start();
-    script_.reportEvent(3);
-    EXPECT_TRUE(hasLine("ERROR - jswCallback: driver's own"));
-    onStatus = [](std::uint32_t status) { throw status; };
-    script_.reportEvent(3);
-    EXPECT_TRUE(hasLine("ERROR - jswCallback: unknown exception"));
-}
-
-}  // namespace jsw
+}  // namespace jsw::test

@@ -1,9 +1,7 @@
 #include "PublicLib/text/Text.h"
-#include "jsw/modules/Catalog.h"
 #include "jsw/settings/OfnSettings.h"
 #include "tests/job/JobTest.h"
 #include "tests/job/RecordedShell.h"
-#include "tests/support/HeldUpThread.h"
 #include "tests/support/ProcessState.h"
 #include "tests/support/TestLimits.h"
 
@@ -13,7 +11,6 @@
 #include <mutex>
 #include <stdexcept>
 #include <thread>
-#include <utility>
 
 namespace jsw {
 
@@ -75,26 +72,6 @@ TEST_F(LifecycleTest, TheWindowIsSetUpCompletelyBeforeItIsShown) {
     EXPECT_EQ(script_.inkInfo.InkPercent[0], 42);
     EXPECT_TRUE(hasLine("InkPercent1=42"));
     EXPECT_TRUE(hasLine("<<< SingletonMgr::~SingletonMgr: "));
-}
-
-TEST_F(LifecycleTest, EveryOptionOfThePrinterReachesTheWindow) {
-    const std::pair<const setting::Number*, const char*> rows[] = {
-        {&setting::kShowProcessWindow, "SetShowProcessWindow(2)"},
-        {&setting::kJobProgressMinimized, "SetJswProgressMinimized(3)"},
-        {&setting::kShowSpecialMessages, "SetShowSpecialMessages(4)"},
-        {&setting::kCart1ReserveTankFlag, "SetReserveModeCart1(5)"},
-        {&setting::kCart2ReserveTankFlag, "SetReserveModeCart2(6)"},
-        {&setting::kCompleteToPrint, "SetCompleteAPrintMode(7)"}};
-    std::uint32_t value = 2;
-    for (const auto& [option, call] : rows) {
-        OfnSettings("").setValue(option->key, option->name, value++);
-    }
-    Settings().write(setting::kCheckForUpdates, 8);
-    startJob();
-    for (const auto& [option, call] : rows) EXPECT_THAT(script_.view.calls(), Contains(call));
-    EXPECT_THAT(script_.view.calls(), Contains("SetUpdateSoftware(8)"));
-    Settings().write(setting::kCheckForUpdates, 0);
-    endJob();
 }
 
 TEST_F(LifecycleTest, SingletonsComeAndGoInTheirOrder) {
@@ -253,160 +230,6 @@ TEST_F(LifecycleTest, ExportsMayBeCalledFromSeveralThreads) {
     EXPECT_EQ(startJob(), 1);
     endJob();
     EXPECT_THAT(viewCalls("ShowGui"), ElementsAre("ShowGui()"));
-}
-
-TEST_F(LifecycleTest, AWindowThatTheUserSwitchedOffIsNeverShown) {
-    startJob();
-    script_.saveAppearance("show process window", 0);
-    EXPECT_THAT(viewCalls("ShowGui").size(), 1U);
-    endJob();
-    EXPECT_EQ(startJob(), 1);
-    EXPECT_EQ(viewCalls("ShowGui").size(), 1U);
-    EXPECT_TRUE(
-        hasLine("BillboardView::jswInit: guiShowProcessWindow indicates GUI should NOT be shown!"));
-}
-
-TEST_F(LifecycleTest, WhatTheUserChoosesComesBackAtTheNextJob) {
-    startJob();
-    script_.saveAppearance("JOB PROGRESS MINIMIZED", 1);
-    script_.saveAppearance("Show Special Messages", 0);
-    script_.saveAppearance("Volume", 11);
-    script_.saveAppearance(nullptr, 1);
-    script_.saveValue("WindowY", "33");
-    script_.saveValue(nullptr, "x");
-    script_.saveValue("NoText", nullptr);
-    script_.saveUpdateSoftware(1);
-    script_.clickBillboard(nullptr, 0);
-    script_.clickBillboard("", 0);
-    endJob();
-    std::vector<std::string> names;
-    OfnSettings("").getValueNames(setting::kJobProgressMinimized.key, names);
-    EXPECT_THAT(names, ::testing::UnorderedElementsAre("JOB PROGRESS MINIMIZED",  // unchanged
-                                                       "Show Special Messages"));
-    script_.view.clear();
-    startJob();
-    EXPECT_THAT(script_.view.calls(),
-                ::testing::IsSupersetOf({"SetJswProgressMinimized(1)", "SetShowSpecialMessages(0)",
-                                         "SetUpdateSoftware(1)", "SetSavedValue(WindowY,33)",
-                                         "SetSavedValue(NoText,)"}));
-    EXPECT_EQ(viewCalls("SetSavedValue").size(), 2U);
-    EXPECT_TRUE(hasLine("BillboardView::saveAppearanceCallback: ERROR - Unsupported key"));
-    EXPECT_TRUE(hasLine("BillboardView::billboardCallback: ERROR - action pointer is NULL"));
-    EXPECT_TRUE(hasLine("BillboardView::billboardCallback: ERROR - action is empty string"));
-    EXPECT_TRUE(Settings().write(setting::kCheckForUpdates, 0));
-}
-
-TEST_F(LifecycleTest, AChoiceThatCannotBeSavedOrReadBackIsToldToTheLog) {
-    Settings().setValue(setting::kGuiKey, "Number", 5);
-    startJob();
-    EXPECT_THAT(viewCalls("SetSavedValue"), IsEmpty());
-    EXPECT_TRUE(hasLine(
-        "BillboardView::setSavedValues: ERROR - unable to read value for valueName=Number."));
-    const auto readOnly = test::replaceImport<decltype(RegSetValueExA)>(
-        test::ImportTable(GetModuleHandleA("jsw.dll")), "RegSetValueExA",
-        [](auto...) { return LSTATUS{ERROR_ACCESS_DENIED}; });
-    script_.saveUpdateSoftware(1);
-    EXPECT_TRUE(
-        hasLine("BillboardView::saveUpdateSoftwareCallback: Unable to write the registry for "
-                "key='Settings\\Updater' and value name='CheckForUpdates'."));
-}
-
-TEST_F(LifecycleTest, WithoutAViewTheJobFailsButEndsInOrder) {
-    const std::string notADll = folder_.write("broken.dll", "no code here");
-    for (const char* module : {"absent.dll", "broken.dll", "..\\..\\no\\such\\folder\\x.dll"}) {
-        Settings().write(setting::kDllPath, folder_.path());
-        Settings().write(setting::kViewModule, module);
-        EXPECT_EQ(startJob(), 0) << module;
-        api_.updateInfo(1, 1, 1, 0, 0, nullptr);
-        endJob();
-        EXPECT_TRUE(hasLine("ERROR - BasicDll<Handler>::init() Unable to load DLL=" +
-                            folder_.path() + "\\" + module));
-    }
-    EXPECT_TRUE(hasLine("BillboardView::jswInit: ERROR - The GUI DLL is not loaded"));
-    EXPECT_TRUE(hasLine("BillboardView::jswTerminate: ERROR - The GUI DLL is not loaded."));
-    EXPECT_THAT(script_.view.calls(), IsEmpty());
-    EXPECT_THAT(script_.rules.calls(), IsEmpty());
-}
-
-TEST_F(LifecycleTest, EmptyNamesOfModulesCountAsMissing) {
-    const Settings settings;
-    settings.write(setting::kCatalogModule, "");
-    settings.write(setting::kRulesEngineModule, "");
-    EXPECT_EQ(startJob(), 1);
-    endJob();
-    settings.write(setting::kViewModule, "");
-    EXPECT_EQ(startJob(), 0);
-    for (const char* module : {"jswv.dll", "bcat.dll", "reng.dll"}) {
-        EXPECT_TRUE(
-            hasLine(concat("ERROR - BasicDll<Handler>::init() Unable to load DLL=.\\qlte", module)))
-            << module;
-    }
-}
-
-TEST_F(LifecycleTest, ACatalogThatDoesNotStartIsNotAskedUntilItDoes) {
-    script_.catalogRaises = true;
-    startJob();
-    ASSERT_TRUE(waitForRules());
-    EXPECT_THAT(viewCalls("DisplayBillboard"), ElementsAre("DisplayBillboard(,false,false)"));
-    EXPECT_TRUE(hasLine("Catalog::initialize: ERROR - Catalog is not loaded."));
-    script_.catalogRaises = false;
-    script_.view.clear();
-    script_.clickBillboard("CURRENT", 0);
-    EXPECT_THAT(viewCalls("DisplayBillboard"),
-                ElementsAre("DisplayBillboard(default.bb,false,false)"));
-}
-
-TEST_F(LifecycleTest, ACatalogThatIsTakenDownStaysLoaded) {
-    startLog();
-    Catalog catalog;
-    catalog.uninitialize();
-    EXPECT_TRUE(hasLine("Catalog::uninitialize: ERROR - Catalog is not loaded."));
-    EXPECT_EQ(catalog.getBillboardFileName("DEFAULT"), "default.bb");
-    catalog.uninitialize();
-    EXPECT_EQ(catalog.getBillboardFileName("DEFAULT"), "default.bb");
-    EXPECT_THAT(script_.catalog.calls(), ElementsAre("Initialize()", "UnInitialize()"));
-}
-
-TEST_F(LifecycleTest, ThreadsThatAskTheCatalogAtOnceStartItOnce) {
-    Catalog catalog;
-    const auto ask = [&] { EXPECT_EQ(catalog.getBillboardFileName("DEFAULT"), "default.bb"); };
-    test::HeldUpThread other(ask);
-    script_.onCatalogCall = [&](const std::string& name) {
-        EXPECT_TRUE(name != "Initialize" || other.meetsALock());
-    };
-    ask();
-    other.join();
-    EXPECT_THAT(script_.catalog.calls(), ElementsAre("Initialize()"));
-}
-
-TEST_F(LifecycleTest, AnEntryPointThatIsMissingIsSkippedAndNamed) {
-    const std::vector<std::string> names = {
-#define NAME(name, type) #name,
-        JSW_VIEW_ENTRY_POINTS(NAME)
-#undef NAME
-    };
-    const std::string original = test::readFile("scripted_view.dll");
-    ASSERT_FALSE(original.empty());
-    Settings().write(setting::kDllPath, folder_.path());
-    for (const std::string& name : names) {
-        // The export's name in a copy of the module, with a wrong last letter.
-        std::string module = original;
-        std::size_t position = 0;
-        while ((position = module.find('\0' + name + '\0', position)) != std::string::npos) {
-            module[position + name.size()] = '_';
-        }
-        folder_.write("no" + name + ".dll", module);
-        Settings().write(setting::kViewModule, "no" + name + ".dll");
-        script_.view.clear();
-        DeleteFileA(logPath().c_str());
-        EXPECT_EQ(startJob(), 1) << name;
-        api_.updateInfo(1, 2, 3, 4, 5, nullptr);
-        endJob();
-        EXPECT_THAT(viewCalls(name), IsEmpty()) << name;
-        EXPECT_GE(script_.view.calls().size(), 27U) << name;
-        EXPECT_EQ(logContains("Could not get proc address for " + name), name != "UpdateInfo");
-        FreeLibrary(GetModuleHandleA(("no" + name + ".dll").c_str()));
-    }
 }
 
 TEST_F(LifecycleTest, WithoutTheXmlParserNothingIsShown) {

@@ -6,7 +6,6 @@
 #include "PublicLib/text/Text.h"
 #include "PublicLib/win/Handles.h"
 #include "PublicLib/win/Paths.h"
-#include "jsw/FirstRun.h"
 #include "jsw/settings/RegistryKey.h"
 #include "jsw/settings/Settings.h"
 #include "tests/support/FuzzSeeds.h"
@@ -290,88 +289,6 @@ TEST_F(IniTest, SkippedPairsMakeTheResultFalseButTheRestIsInstalled) {
         for (const char* section : {"Software\\C", "Software\\D", "Software\\E"}) {
             RegistryKey::recurseDeleteKey(section, HKEY_LOCAL_MACHINE);
         }
-    }
-}
-
-/// A first run: no store yet, and the settings file beside the test program.
-class FirstRunTest : public IniTest {
-  protected:
-    void SetUp() override {
-        IniTest::SetUp();
-        const auto names = Localize::getInstance();
-        file_ = std::string(folderPart(names->modulePath())) + names->settingsFileName();
-        store_ = names->getRegistryPath(StoreKind::local);
-        RegistryKey::recurseDeleteKey(names->getProductLineRoot(), HKEY_LOCAL_MACHINE);
-        BasicLogger::createInstance(15);
-        EXPECT_FALSE(isLogEnabled(component::kJsw, kLogError));
-    }
-
-    static bool installStoreIfMissing() { return FirstRun().installStoreIfMissing(); }
-
-    void TearDown() override {
-        std::filesystem::remove(file_);
-        IniTest::TearDown();
-    }
-
-    void writeSettings(const std::string& line) const {
-        std::ofstream(file_, std::ios::binary) << "[" << store_ << "Settings]\r\n" << line;
-    }
-
-    std::string file_;
-    std::string store_;
-};
-
-TEST_F(FirstRunTest, FailureIsAnInternalErrorAndIsLoggedAtOnce) {
-    EXPECT_FALSE(installStoreIfMissing());
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INTERNAL_ERROR));
-    EXPECT_TRUE(logContains("ERROR - unable to install all settings of " + file_));
-}
-
-TEST_F(FirstRunTest, AHostThatMayNotMakeAStoreSaysSo) {
-    writeSettings("DataPath=string:C:\\Data\r\n");
-    const auto refuse = test::replaceImport<decltype(RegCreateKeyExA)>(
-        test::ImportTable(GetModuleHandleA(nullptr)), "RegCreateKeyExA",
-        [](auto...) { return LSTATUS{ERROR_ACCESS_DENIED}; });
-    EXPECT_FALSE(installStoreIfMissing());
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INTERNAL_ERROR));
-    EXPECT_TRUE(logContains("ERROR - file:RegistryKey:73: RegistryKey::regCreateKeyEx(): Win32(5"));
-}
-
-/// One refusal must not overwrite what a user has changed since.
-TEST_F(FirstRunTest, AStoreThatCannotBeOpenedIsLeftAsItIs) {
-    writeSettings("DataPath=string:C:\\Data\r\n");
-    EXPECT_TRUE(installStoreIfMissing());
-    Settings().write(setting::kDataPath, "D:\\mine");
-    int opens = 0;
-    const auto refuseOnce = test::replaceImport<decltype(RegOpenKeyExA)>(
-        test::ImportTable(GetModuleHandleA(nullptr)), "RegOpenKeyExA",
-        [&](auto original, auto... arguments) {
-            return ++opens == 1 ? LSTATUS{ERROR_ACCESS_DENIED} : original(arguments...);
-        });
-    EXPECT_FALSE(installStoreIfMissing());
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INTERNAL_ERROR));
-    EXPECT_EQ(text(store_ + "Settings", "DataPath"), "D:\\mine");
-    EXPECT_TRUE(logContains("ERROR - unable to open the store " + store_ + ": Win32(5"));
-}
-
-/// In any case it does not overwrite what a job stores afterwards.
-TEST_F(FirstRunTest, AFirstRunThatHasComeToItsEndIsNotDoneAgain) {
-    for (const std::string found : {"no file", "an empty file", "a locked file"}) {
-        SCOPED_TRACE(found);
-        RegistryKey::recurseDeleteKey(store_, HKEY_LOCAL_MACHINE);
-        std::filesystem::remove(file_);
-        KernelHandle locked;
-        if (found == "an empty file") std::ofstream(file_, std::ios::binary);
-        if (found == "a locked file") {
-            writeSettings("DataPath=string:C:\\Data\r\n");
-            locked.reset(CreateFileA(file_.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING,
-                                     FILE_ATTRIBUTE_NORMAL, nullptr));
-        }
-        EXPECT_FALSE(installStoreIfMissing());
-        locked.reset();
-        writeSettings("DataPath=string:C:\\Data\r\n");
-        EXPECT_TRUE(installStoreIfMissing());
-        EXPECT_EQ(text(store_ + "Settings", "DataPath"), "(none)");
     }
 }
 
