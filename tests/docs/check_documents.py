@@ -1,5 +1,5 @@
 """Holds README.md, CONTRIBUTING.md and docs/ to the code: every file, command, option, registry value,
-function and log text that they set in `code` must be there.
+function and log text that they set in `code` must be there, and the tables of settings are complete.
 
     python3 tests/docs/check_documents.py
 
@@ -10,6 +10,9 @@ import os
 import re
 import sys
 from pathlib import Path
+
+sys.dont_write_bytecode = True  # the source folder stays as it is
+import check_settings  # noqa: E402
 
 ROOT = Path(__file__).resolve().parents[2]
 FOLDERS = "jsw PublicLib include common window samples tools scripts cmake bench tests".split()
@@ -148,6 +151,7 @@ def main():
     paths = [ROOT / "README.md", ROOT / "CONTRIBUTING.md", *sorted((ROOT / "docs").glob("*.md"))]
     documents = [Document(code, path) for path in paths]
     faults = [fault for document in documents for fault in document.faults]
+    faults += check_settings.faults(ROOT)
     links, names, commands = (sum(getattr(document, what) for document in documents)
                               for what in ("links", "names", "commands"))
     print(*faults, f"{links} links, {names} names and texts, {commands} commands", sep="\n")

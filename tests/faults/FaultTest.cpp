@@ -100,8 +100,8 @@ void FaultTest::failEachCall(std::uint32_t levels, std::uint32_t step, std::uint
         if (!failure || calls < fewest || (only != nullptr && name != only)) continue;
         const std::uint32_t stride = std::max(step, calls / most);
         for (std::uint32_t call = 1; call <= calls; call += stride) {
-            failInOneJob(levels, concat("call ", call, " of ", name), gate,
-                         [&] { gate.fail(name, call, *failure); });
+            const auto fail = [&, &failed = name] { gate.fail(failed, call, *failure); };
+            failInOneJob(levels, concat("call ", call, " of ", name), gate, fail);
         }
     }
     if (only == nullptr) {

@@ -29,7 +29,7 @@ TEST(ExceptionTest, TextNamesPlaceMessageAndMeaning) {
     EXPECT_EQ(Win32Exception("it failed", 0, {"Mutex", 90}).text(), "file:Mutex:90: it failed");
     EXPECT_THAT(Win32Exception("it failed", ERROR_FILE_NOT_FOUND, {"A", 1}).text(),
                 MatchesRegex("file:A:1: it failed: Win32\\(2\\w.+"));
-    for (const int code : {2, 5, 87, 1155}) {
+    for (const std::uint32_t code : {2U, 5U, 87U, 1155U}) {
         EXPECT_EQ(Win32Exception("", code).text().find_first_of("\r\n"), std::string::npos);
     }
     // A text with the system's placeholders stays unchanged.

@@ -1,4 +1,4 @@
-// A catalog with the fault in JSWCTL_FAULT.
+// A catalog with the fault in JSWCTL_FAULT. It has only what the trial needs for it.
 
 #include <jsw/catalog.h>
 
@@ -32,28 +32,4 @@ char* GetBillboardFileName(const char*) {
         *nowhere = 0;
     }
     return static_cast<char*>(std::memcpy(allocateText(sizeof literal), literal, sizeof literal));
-}
-
-char* GetBillboardType(const char*) {
-    return nullptr;
-}
-
-char* GetBillboardCarts(const char*) {
-    return nullptr;
-}
-
-char** GetBillboardIds(const char*) {
-    return nullptr;
-}
-
-char** GetBillboardActions(const char*) {
-    return nullptr;
-}
-
-JswBool GetBillboardEnableNavigation(const char*) {
-    return 0;
-}
-
-JswBool GetBillboardRestoreWindow(const char*) {
-    return 0;
 }
