@@ -112,6 +112,8 @@ TEST(HostJudgementTest, EachMistakeIsNamedWithItsRemedy) {
              for (FileEntry& entry : f.firstRun.file.entries) entry.stored.reset();
          },
          kError, "first run: did not happen"},
+        {[](HostFacts& f) { f.firstRun.file.exists = false; }, kWarning,
+         "first run: there is no settings file C:\\h\\qlabjsw.loc, and the store names no modules"},
         {[](HostFacts& f) {
              f.firstRun.isPending = true;
              f.firstRun.file.entries[0].stored.reset();

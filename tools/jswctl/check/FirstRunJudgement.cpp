@@ -96,6 +96,23 @@ void judgeInstalled(const HostFacts& facts, Report& report) {
     judgeDifferences(facts, entries, report);
 }
 
+void judgeWithoutFile(const HostFacts& facts, Report& report) {
+    const std::string& file = facts.firstRun.file.path;
+    if (!facts.firstRun.storeOpens) {
+        report.error(
+            kTopic,
+            concat("there is no settings file ", file,
+                   "; the first job creates an empty key and never looks for the file again"),
+            "Put the file beside the host before its first job");
+    } else if (facts.image.text(setting::kViewModule).source == Source::stored) {
+        report.note(kTopic, concat("done; there is no ", file));
+    } else {
+        report.warn(kTopic,
+                    concat("there is no settings file ", file, ", and the store names no modules"),
+                    concat("Put the file there. ", bringIn(facts)));
+    }
+}
+
 /// Keys made by an administrator's first job inherit permissions, which may be too few.
 void judgeAccess(const HostFacts& facts, Report& report) {
     const std::vector<std::string>& closed = facts.firstRun.closedKeys;
@@ -116,24 +133,17 @@ void judgeAccess(const HostFacts& facts, Report& report) {
 void judgeFirstRun(const HostFacts& facts, Report& report) {
     const FirstRunFacts& run = facts.firstRun;
     judgeAccess(facts, report);
-    if (!run.storeOpens && run.storeError != kNotFound) {
+    const bool isRefused = !run.storeOpens && run.storeError != kNotFound;
+    if (isRefused) {
         report.error(kTopic,
                      concat("HKLM\\", facts.storePath, " cannot be opened with all rights, error ",
                             run.storeError),
                      "Give the users who print full access to it");
-    } else if (!run.file.exists) {
-        if (run.storeOpens) {
-            report.note(kTopic, concat("done; there is no ", run.file.path));
-        } else {
-            report.error(
-                kTopic,
-                concat("there is no settings file ", run.file.path,
-                       "; the first job creates an empty key and never looks for the file again"),
-                "Put the file beside the host before its first job");
-        }
+    }
+    if (!run.file.exists) {
+        if (!isRefused) judgeWithoutFile(facts, report);
         return;
     }
-    if (!run.file.exists) return;
     if (!run.file.parsed) {
         report.error("settings file", concat(run.file.path, " has no sections to install"),
                      "See docs/settings.md for its format");
@@ -143,7 +153,7 @@ void judgeFirstRun(const HostFacts& facts, Report& report) {
     judgeEntries(facts, report);
     if (run.storeOpens) {
         judgeInstalled(facts, report);
-    } else if (run.storeError == kNotFound) {
+    } else if (!isRefused) {
         report.note(kTopic, concat("the first job will install ", run.file.installable(),
                                    " values of ", run.file.path));
     }
