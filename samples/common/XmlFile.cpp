@@ -76,6 +76,7 @@ std::string parseErrorText(IXMLDOMDocument& document) {
         FAILED(error->get_reason(reason.out())) || FAILED(error->get_line(&line))) {
         return "cannot be read";
     }
+    if (line == 0) return "is not well-formed XML";  // Wine's parser tells neither place nor reason
     return "line " + std::to_string(line) + ": " + trimmed(reason.view());
 }
 
