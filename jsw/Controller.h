@@ -40,7 +40,7 @@ class Controller : public Observer, public BillboardActions {
     // The job (Controller.cpp).
 
     /// Shows the window and starts the rules; false if the job must run without them.
-    bool jswInit(const Job& job);
+    [[nodiscard]] bool jswInit(const Job& job);
     void jswTerminate();
     /// The fourth and fifth value are not used.
     void jswUpdateInfo(std::uint32_t value1, std::uint32_t value2, std::uint32_t value3,
@@ -70,11 +70,11 @@ class Controller : public Observer, public BillboardActions {
     std::string determineInitialBillboard() const;
     void setDataPath(const std::string& path);
     void stopRules();
-    bool startRules();
+    [[nodiscard]] bool startRules();
     void ProcessRules();
 
     /// Nothing if the id is not valid.
-    std::optional<BillboardData> getBillboardData(const std::string& bbId);
+    [[nodiscard]] std::optional<BillboardData> getBillboardData(const std::string& bbId);
     BillboardData getDefaultBillboardData();
     BillboardData lookUpDefaultBillboard();
     BillboardData readDefaultBillboard(const std::string& fileName);

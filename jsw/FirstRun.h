@@ -37,7 +37,7 @@ class FirstRun {
     bool installStoreIfMissing();
 
   private:
-    bool install(const std::string& store);
+    [[nodiscard]] bool install(const std::string& store);
 
     std::optional<Mutex> lock_;
     std::optional<RegistryKey> marks_;  // contains this first run's mark

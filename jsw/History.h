@@ -51,7 +51,7 @@ class History {
     void removeStaleIds(MethodTrace& trace);
     std::string moveTo(std::uint32_t (History::*neighbour)(std::uint32_t) const);
 
-    mutable CriticalSection lock_;
+    mutable CriticalSection lock_;  // of all that follows
     std::deque<std::string> ids_;
     std::set<std::string> ownNames_;  // of the stored values, in lower case
     std::int32_t current_ = -1;

@@ -59,7 +59,7 @@ class EntryGuard final : public SehFrame {
 
     /// Records an exception of foreign code. False if it is already known from an inner call, or
     /// from an inner guard that re-raises it.
-    bool note(const EXCEPTION_RECORD& exception);
+    [[nodiscard]] bool note(const EXCEPTION_RECORD& exception);
     bool catchOnUnwind() override;
     void leave();
     void reraiseToHost() const;

@@ -26,8 +26,8 @@ class IniReader {
 
     /// The two steps of build(). The buffer size, in bytes, must suffice for every list of names
     /// and every value; the file's size always does.
-    bool buildSections(std::uint32_t bufferSize);
-    bool buildSectionsData(std::uint32_t bufferSize);
+    [[nodiscard]] bool buildSections(std::uint32_t bufferSize);
+    [[nodiscard]] bool buildSectionsData(std::uint32_t bufferSize);
 
     /// Section names in file order.
     const std::vector<std::string>& sections() const { return sections_; }

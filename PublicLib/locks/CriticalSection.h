@@ -14,7 +14,7 @@ class CriticalSection {
 
     void lock() { EnterCriticalSection(&section_); }
     /// Does not wait; true if the lock was taken.
-    bool try_lock() { return TryEnterCriticalSection(&section_) != FALSE; }
+    [[nodiscard]] bool try_lock() { return TryEnterCriticalSection(&section_) != FALSE; }
     void unlock() { LeaveCriticalSection(&section_); }
 
   private:

@@ -23,7 +23,7 @@ class RealPrinter final : public NullPrinter {
     ~RealPrinter() override;
 
     /// Finds the printer; false if the client or the printer is unavailable.
-    bool init() override;
+    [[nodiscard]] bool init() override;
     /// Does nothing; returns 0.
     std::uint32_t print(const std::string& fileName) override;
 
@@ -58,7 +58,7 @@ class RealPrinter final : public NullPrinter {
 
   private:
     bool isSharedFromElsewhere(MethodTrace& trace);
-    bool findPrinter(PcsClient& client, MethodTrace& trace);
+    [[nodiscard]] bool findPrinter(PcsClient& client, MethodTrace& trace);
     void readTransport(PcsClient& client, MethodTrace& trace);
     void findInterfaces(PcsClient& client, MethodTrace& trace);
     /// A client of this printer's library, not loaded yet; null if memory is exhausted.

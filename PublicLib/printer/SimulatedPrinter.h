@@ -20,7 +20,7 @@ class SimulatedPrinter final : public NullPrinter {
 
     explicit SimulatedPrinter(const std::string& friendlyName);
 
-    bool init() override;
+    [[nodiscard]] bool init() override;
     std::uint32_t print(const std::string& fileName) override;
     IPrinterCache& getCache() override;
     std::uint32_t ping() override;

@@ -36,7 +36,7 @@ class BillboardView : public Subject {
 
     /// Sets the window up and shows it, unless the user has switched it off. False only without a
     /// module.
-    bool jswInit(const Job& job, const FirstBillboard& first);
+    [[nodiscard]] bool jswInit(const Job& job, const FirstBillboard& first);
     void jswTerminate();
     void jswUpdateInfo(std::uint32_t value1, std::uint32_t value2, std::uint32_t value3,
                        void* data);

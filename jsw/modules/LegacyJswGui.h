@@ -20,7 +20,7 @@ class LegacyJswGui {
     LegacyJswGui& operator=(const LegacyJswGui&) = delete;
 
     /// True if the module has prepared itself.
-    bool jswInitEx(const std::string& text);
+    [[nodiscard]] bool jswInitEx(const std::string& text);
     void jswTerminate();
     /// Returns when the prompt is answered.
     void jswDisplayPrompt(std::uint32_t promptType, std::uint32_t totalPages);

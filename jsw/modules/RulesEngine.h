@@ -17,9 +17,9 @@ class RulesEngine {
     RulesEngine(const RulesEngine&) = delete;
     RulesEngine& operator=(const RulesEngine&) = delete;
 
-    bool initialize(const InkInfo& inkInfo, const std::string& friendlyName,
-                    const std::string& jobName, std::uint32_t totalPages,
-                    std::uint32_t totalCopies);
+    [[nodiscard]] bool initialize(const InkInfo& inkInfo, const std::string& friendlyName,
+                                  const std::string& jobName, std::uint32_t totalPages,
+                                  std::uint32_t totalCopies);
     void updateSettings(const std::string& carts, bool inkBillboard, bool specialBillboard);
     /// A category or billboard id; empty if the rule does not apply.
     std::string evaluateRule();

@@ -35,7 +35,7 @@ class Subject {
     virtual void notify(const WindowEvent& event);
 
   private:
-    CriticalSection lock_;
+    CriticalSection lock_;  // of observers_
     std::vector<Observer*> observers_;
 };
 

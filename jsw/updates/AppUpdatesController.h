@@ -45,7 +45,7 @@ class AppUpdatesController {
     void checkForUpdatesXp(const std::string& updaterPath);
     /// The primary token of the user at the console. False, with the Win32 error, if there is none.
     /// Neither output may be null.
-    bool getSessionUserToken(KernelHandle* token, DWORD* error);
+    [[nodiscard]] bool getSessionUserToken(KernelHandle* token, DWORD* error);
     /// The environment of the token's user. False, and logged, if there is none: the updater then
     /// starts with the environment of this process.
     bool createEnvironment(UserEnvironment& environment, HANDLE token);
