@@ -292,12 +292,16 @@ TEST_F(LifecycleTest, ManyJobsLeaveTheProcessAsItWas) {
         return test::processState();
     };
     jobs(100);  // objects that are created once and kept
-    const test::ProcessState before = jobs(100);
-    const test::ProcessState after = jobs(500);
-    EXPECT_EQ(after.nextHandle, before.nextHandle);
-    EXPECT_EQ(after.threads, before.threads);
-    EXPECT_EQ(after.freeTlsIndexes, before.freeTlsIndexes);
-    EXPECT_LT(after.heapBytes, before.heapBytes + 4000);  // eight bytes a job
+    for (int round = 1;; ++round) {
+        const test::ProcessState before = test::processState();
+        const test::ProcessState after = jobs(100);
+        EXPECT_EQ(after.nextHandle, before.nextHandle);
+        EXPECT_EQ(after.threads, before.threads);
+        EXPECT_EQ(after.freeTlsIndexes, before.freeTlsIndexes);
+        if (after.heapBytes < before.heapBytes + 800) break;  // eight bytes a job
+        // What the system itself makes now and then shows in one round only.
+        ASSERT_LT(round, 3) << after.heapBytes - before.heapBytes << " bytes lost";
+    }
 }
 
 }  // namespace jsw
