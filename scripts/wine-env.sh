@@ -3,19 +3,26 @@
 # server if there is none, and stops both when the script ends.
 #
 #   source scripts/wine-env.sh
-#   start_wine NAME        # prefix build/wine-NAME
+#   start_wine NAME        # prefix build/wine-NAME; of several, the last is in use
 
 wine_server() {
   if command -v wineserver >/dev/null; then wineserver "$@"; else /usr/lib/wine/wineserver "$@"; fi
 }
 
+started_prefixes=()
+started_displays=()  # process ids
+
 stop_wine() {
-  wine_server -k >/dev/null 2>&1 || true
-  wine_server -w >/dev/null 2>&1 || true
-  if [[ -n "${JSW_XVFB_PID:-}" ]]; then
-    kill "$JSW_XVFB_PID" 2>/dev/null || true
-    wait "$JSW_XVFB_PID" 2>/dev/null || true
-  fi
+  local prefix
+  for prefix in "${started_prefixes[@]}"; do
+    WINEPREFIX=$prefix wine_server -k >/dev/null 2>&1 || true
+    WINEPREFIX=$prefix wine_server -w >/dev/null 2>&1 || true
+  done
+  local display
+  for display in "${started_displays[@]}"; do
+    kill "$display" 2>/dev/null || true
+    wait "$display" 2>/dev/null || true
+  done
 }
 
 # Starts an X server on a free display number, for hidden windows.
@@ -24,6 +31,7 @@ start_display() {
   number_file=$(mktemp)
   Xvfb -displayfd 3 -screen 0 "${JSW_SCREEN:-1024x768}x24" -nolisten tcp 3>"$number_file" 2>/dev/null &
   JSW_XVFB_PID=$!
+  started_displays+=("$JSW_XVFB_PID")
   for _ in $(seq 100); do
     [[ -s "$number_file" ]] && break
     sleep 0.1
@@ -58,6 +66,7 @@ start_wine() {
   if [[ -d "$WINEPREFIX" ]]; then
     wine_server -k >/dev/null 2>&1 || true
   fi
+  started_prefixes+=("$WINEPREFIX")
   if [[ -z "${DISPLAY:-}" || -n "${JSW_OWN_DISPLAY:-}" ]]; then
     start_display
   fi

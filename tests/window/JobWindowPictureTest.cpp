@@ -158,7 +158,8 @@ TEST_F(JobWindowPictureTest, PicturesAreSeenInEverySchemeOfHighContrast) {
         folder_.write("Scripts\\" + picture + ".jbb",
                       "title = " + picture + "\npicture = " + picture + "\n\nText.\n");
         DisplayBillboard((picture + ".jbb").c_str(), 1, 0);
-        ASSERT_TRUE(eventually([&] { return text(JSW_VIEW_BILLBOARD) == picture; }));
+        ASSERT_TRUE(eventually([&] { return text(JSW_VIEW_BILLBOARD) == picture; }))
+            << text(JSW_VIEW_BILLBOARD);
         for (const Scheme& each :
              {Scheme{RGB(0, 0, 0), RGB(255, 255, 0)}, Scheme{RGB(0, 0, 0), RGB(0, 255, 0)},
               Scheme{RGB(0, 0, 0), RGB(255, 255, 255)}, Scheme{RGB(255, 255, 255), RGB(0, 0, 0)}}) {
