@@ -67,6 +67,8 @@ def main():
         return run.returncode == 0
 
     def together(group):
+        if len(group) == 1:
+            return single(group[0])
         place = JOINED / re.sub(r"\W", "_", group[0])
         place.mkdir(parents=True, exist_ok=True)
         source = place / "joined.cpp"
