@@ -14,9 +14,7 @@ readonly results=build/bench
 
 scripts/setup.sh
 scripts/build.sh --progress release qlbench
-# One processor for the programs and Wine's server: a switch between two takes many times as long as a
-# registry read, and how often it happens is chance.
-taskset --pid --cpu-list 0 $$ >/dev/null
+stay_on "$first_processor"  # how often a call crosses to another one would be chance
 start_wine bench
 mkdir -p "$results"
 (cd build/release/bin && wine qlbench.exe --json ../../bench/results.json "$@")

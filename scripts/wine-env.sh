@@ -9,6 +9,15 @@ wine_server() {
   if command -v wineserver >/dev/null; then wineserver "$@"; else /usr/lib/wine/wineserver "$@"; fi
 }
 
+processors=$(sed -n 's/^Cpus_allowed_list:[[:space:]]*//p' /proc/self/status)
+first_processor=${processors%%[-,]*} last_processor=${processors##*[-,]}
+
+# Keeps the script, and what it starts from then on, on one processor: between two, every call of Wine's
+# server waits for the other one to wake up, which takes longer than most calls.
+stay_on() { # PROCESSOR
+  taskset --pid --cpu-list "$1" $$ >/dev/null
+}
+
 started_prefixes=()
 started_displays=()  # process ids
 
