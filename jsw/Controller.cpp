@@ -2,7 +2,6 @@
 
 #include "jsw/Controller.h"
 
-#include "PublicLib/NeverDestroyed.h"
 #include "PublicLib/ScopedValue.h"
 #include "PublicLib/calls/NoWaiting.h"
 #include "PublicLib/errors/Exception.h"
@@ -18,15 +17,9 @@
 
 namespace jsw {
 
-namespace {
-
-NeverDestroyed<Singleton<Controller>> singleton;
-
-}  // namespace
-
 std::shared_ptr<Controller> Controller::instance() {
     MethodTrace trace(component::kJsw, "Controller::instance: ");
-    return singleton->instance([&] {
+    return singleton<Controller>->instance([&] {
         trace.add("instantiating Controller.");
         return std::make_shared<Controller>();
     });
@@ -34,7 +27,7 @@ std::shared_ptr<Controller> Controller::instance() {
 
 void Controller::destroy() {
     MethodTrace trace(component::kJsw, "Controller::destroy: ");
-    singleton->destroy([&] { trace.add("destroying Controller."); });
+    singleton<Controller>->destroy([&] { trace.add("destroying Controller."); });
 }
 
 Controller::Controller() {

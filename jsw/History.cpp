@@ -1,6 +1,5 @@
 #include "jsw/History.h"
 
-#include "PublicLib/NeverDestroyed.h"
 #include "PublicLib/errors/Exception.h"
 #include "PublicLib/locks/Singleton.h"
 #include "PublicLib/logging/Guard.h"
@@ -17,8 +16,6 @@ namespace jsw {
 
 namespace {
 
-NeverDestroyed<Singleton<History>> singleton;
-
 constexpr std::string_view kIdPrefix = "Id";
 
 std::string valueName(std::uint32_t position) {
@@ -29,7 +26,7 @@ std::string valueName(std::uint32_t position) {
 
 std::shared_ptr<History> History::instance() {
     MethodTrace trace(component::kJsw, "History::instance: ");
-    return singleton->instance([&] {
+    return singleton<History>->instance([&] {
         trace.add("instantiating History.");
         return std::make_shared<History>();
     });
@@ -37,8 +34,8 @@ std::shared_ptr<History> History::instance() {
 
 void History::destroy() {
     MethodTrace trace(component::kJsw, "History::destroy: ");
-    const auto leaving = singleton->existing();
-    singleton->destroy([&] { trace.add("destroying History."); });
+    const auto leaving = singleton<History>->existing();
+    singleton<History>->destroy([&] { trace.add("destroying History."); });
     // A thread that still holds the history destroys and saves it later, but the next job must
     // already read the present list.
     if (leaving.use_count() > 1) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "PublicLib/NeverDestroyed.h"
 #include "PublicLib/locks/CriticalSection.h"
 
 #include <atomic>
@@ -50,5 +51,9 @@ class Singleton {
     CriticalSection lock_;
     std::atomic<std::shared_ptr<T>> object_;
 };
+
+/// The one Singleton of each class; only the class's own .cpp uses it.
+template <class T>
+inline NeverDestroyed<Singleton<T>> singleton;
 
 }  // namespace jsw

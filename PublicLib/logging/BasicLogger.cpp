@@ -1,6 +1,5 @@
 #include "PublicLib/logging/BasicLogger.h"
 
-#include "PublicLib/NeverDestroyed.h"
 #include "PublicLib/errors/ErrorPlaces.h"
 #include "PublicLib/locks/Singleton.h"
 #include "PublicLib/logging/LogSwitches.h"
@@ -13,8 +12,6 @@
 namespace jsw {
 
 namespace {
-
-NeverDestroyed<Singleton<BasicLogger>> singleton;
 
 /// Set while only errors are written: "startLog" is 0, or there is no store. Checked before every
 /// line, without the log object.
@@ -35,7 +32,7 @@ std::string BasicLogger::filePath() {
 }
 
 void BasicLogger::createInstance(std::uint32_t mask) {
-    singleton->instance([mask] {
+    singleton<BasicLogger>->instance([mask] {
         switchedOff.clear();
         return std::make_shared<BasicLogger>(mask);
     });
@@ -48,11 +45,11 @@ std::shared_ptr<BasicLogger> BasicLogger::getInstance() {
 }
 
 void BasicLogger::destroyInstance() {
-    singleton->destroy([] {});
+    singleton<BasicLogger>->destroy([] {});
 }
 
 std::shared_ptr<BasicLogger> BasicLogger::existing() {
-    return singleton->existing();
+    return singleton<BasicLogger>->existing();
 }
 
 BasicLogger::BasicLogger(std::uint32_t mask) : Logger(filePath(), kNameWidth), mask_(mask) {

@@ -1,6 +1,5 @@
 #include "PublicLib/os/Localize.h"
 
-#include "PublicLib/NeverDestroyed.h"
 #include "PublicLib/errors/ErrorPlaces.h"
 #include "PublicLib/locks/Singleton.h"
 #include "PublicLib/os/ProductLines.h"
@@ -16,8 +15,6 @@ namespace {
 
 constexpr std::size_t kLocalIdLength = 4;
 constexpr std::size_t kPathBufferSize = 260;  // registry paths are cut to this, terminator included
-
-NeverDestroyed<Singleton<const Localize>> singleton;
 
 std::string fitted(std::string path) {
     if (path.size() >= kPathBufferSize) path.resize(kPathBufferSize - 1);
@@ -35,15 +32,17 @@ std::string localIdOf(std::string_view executablePath) {
 }
 
 void Localize::createInstance(HMODULE module) {
-    singleton->instance([module] { return std::make_shared<const Localize>(module); });
+    singleton<const Localize>->instance(
+        [module] { return std::make_shared<const Localize>(module); });
 }
 
 void Localize::createInstanceFor(const std::string& executablePath) {
-    singleton->instance([&] { return std::make_shared<const Localize>(executablePath); });
+    singleton<const Localize>->instance(
+        [&] { return std::make_shared<const Localize>(executablePath); });
 }
 
 std::shared_ptr<const Localize> Localize::getInstance() {
-    auto current = singleton->existing();
+    auto current = singleton<const Localize>->existing();
     if (!current) {
         throw Exception("You must call Localize::createInstance() before calling getInstance()", 0,
                         place::kNoLocalize);
@@ -52,7 +51,7 @@ std::shared_ptr<const Localize> Localize::getInstance() {
 }
 
 void Localize::destroy() {
-    singleton->destroy([] {});
+    singleton<const Localize>->destroy([] {});
 }
 
 Localize::Localize(HMODULE module) : Localize(moduleFileName(module)) {

@@ -1,6 +1,5 @@
 #include "PublicLib/printer/Printer.h"
 
-#include "PublicLib/NeverDestroyed.h"
 #include "PublicLib/errors/ErrorPlaces.h"
 #include "PublicLib/locks/Singleton.h"
 #include "PublicLib/logging/MethodTrace.h"
@@ -11,8 +10,6 @@
 namespace jsw {
 
 namespace {
-
-NeverDestroyed<Singleton<Printer>> singleton;
 
 std::unique_ptr<NullPrinter> makePrinter(const std::string& friendlyName) {
     if (equalsIgnoringCase(friendlyName, SimulatedPrinter::kReservedName)) {
@@ -25,7 +22,7 @@ std::unique_ptr<NullPrinter> makePrinter(const std::string& friendlyName) {
 
 std::shared_ptr<Printer> Printer::instance(const std::string& friendlyName) {
     MethodTrace trace(component::kJsw, "Printer::instance(friendlyName=", friendlyName, "):");
-    return singleton->instance([&] {
+    return singleton<Printer>->instance([&] {
         trace.add("creating Printer.");
         return std::make_shared<Printer>(friendlyName);
     });
@@ -33,7 +30,7 @@ std::shared_ptr<Printer> Printer::instance(const std::string& friendlyName) {
 
 void Printer::destroy() {
     MethodTrace trace(component::kJsw, "Printer::destroy: ");
-    singleton->destroy([&] { trace.add("destroying Printer."); });
+    singleton<Printer>->destroy([&] { trace.add("destroying Printer."); });
 }
 
 Printer::Printer(const std::string& friendlyName) {

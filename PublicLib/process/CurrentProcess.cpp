@@ -1,6 +1,5 @@
 #include "PublicLib/process/CurrentProcess.h"
 
-#include "PublicLib/NeverDestroyed.h"
 #include "PublicLib/errors/ErrorPlaces.h"
 #include "PublicLib/locks/Singleton.h"
 #include "PublicLib/logging/MethodTrace.h"
@@ -9,13 +8,9 @@
 
 namespace jsw {
 
-namespace {
-NeverDestroyed<Singleton<const CurrentProcess>> singleton;
-}
-
 std::shared_ptr<const CurrentProcess> CurrentProcess::instance() {
     MethodTrace trace(component::kJsw, "CurrentProcess::instance: ");
-    return singleton->instance([&] {
+    return singleton<const CurrentProcess>->instance([&] {
         trace.add("instantiating CurrentProcess.");
         return std::make_shared<const CurrentProcess>();
     });
@@ -23,7 +18,7 @@ std::shared_ptr<const CurrentProcess> CurrentProcess::instance() {
 
 void CurrentProcess::destroy() {
     MethodTrace trace(component::kJsw, "CurrentProcess::destroy: ");
-    singleton->destroy([&] { trace.add("destroying CurrentProcess."); });
+    singleton<const CurrentProcess>->destroy([&] { trace.add("destroying CurrentProcess."); });
 }
 
 CurrentProcess::CurrentProcess() : path_(moduleFileName(nullptr)) {

@@ -18,8 +18,6 @@ namespace {
 constexpr auto kUnknownPages = static_cast<std::uint32_t>(-1);
 constexpr auto kUncountedPages = static_cast<std::uint32_t>(-2);
 
-NeverDestroyed<Singleton<BillboardView>> singleton;
-
 /// The view modules that this process has loaded, by file name. An update may add another one; none
 /// is ever freed.
 class ViewModules {
@@ -62,12 +60,12 @@ constexpr Appearance kAppearance[] = {
 }  // namespace
 
 std::shared_ptr<BillboardView> BillboardView::instance() {
-    return singleton->instance([] { return std::make_shared<BillboardView>(); });
+    return singleton<BillboardView>->instance([] { return std::make_shared<BillboardView>(); });
 }
 
 void BillboardView::destroy() {
     MethodTrace trace(component::kJsw, "BillboardView::destroy: ");
-    singleton->destroy([&] { trace.add("destroying BillboardView."); });
+    singleton<BillboardView>->destroy([&] { trace.add("destroying BillboardView."); });
 }
 
 BillboardView::BillboardView() {

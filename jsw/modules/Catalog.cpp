@@ -1,6 +1,5 @@
 #include "jsw/modules/Catalog.h"
 
-#include "PublicLib/NeverDestroyed.h"
 #include "PublicLib/locks/Singleton.h"
 
 #include <mutex>
@@ -9,8 +8,6 @@
 namespace jsw {
 
 namespace {
-
-NeverDestroyed<Singleton<Catalog>> singleton;
 
 constexpr char kNoList[] =
     "There are no project Ids for the given category. It may be a project id instead.";
@@ -41,7 +38,7 @@ struct Catalog::ListTexts {
 
 std::shared_ptr<Catalog> Catalog::instance() {
     MethodTrace trace(component::kCatalog, "Catalog::instance: ");
-    return singleton->instance([&] {
+    return singleton<Catalog>->instance([&] {
         trace.add("instantiating Catalog.");
         return std::make_shared<Catalog>();
     });
@@ -49,7 +46,7 @@ std::shared_ptr<Catalog> Catalog::instance() {
 
 void Catalog::destroy() {
     MethodTrace trace(component::kCatalog, "Catalog::destroy: ");
-    singleton->destroy([&] { trace.add("destroying Catalog."); });
+    singleton<Catalog>->destroy([&] { trace.add("destroying Catalog."); });
 }
 
 Catalog::Catalog() {

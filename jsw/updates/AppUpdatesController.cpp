@@ -1,6 +1,5 @@
 #include "jsw/updates/AppUpdatesController.h"
 
-#include "PublicLib/NeverDestroyed.h"
 #include "PublicLib/errors/Exception.h"
 #include "PublicLib/locks/Singleton.h"
 #include "PublicLib/logging/MethodTrace.h"
@@ -13,8 +12,6 @@
 namespace jsw {
 
 namespace {
-
-NeverDestroyed<Singleton<AppUpdatesController>> singleton;
 
 bool toLocalTime(std::time_t time, std::tm& local) {
     if (localtime_s(&local, &time) == 0) return true;
@@ -42,7 +39,7 @@ void refuseUnlessUpdater(const std::string& path, const std::string& name) {
 
 std::shared_ptr<AppUpdatesController> AppUpdatesController::instance() {
     MethodTrace trace(component::kUpdater, "AppUpdatesController::instance: ");
-    return singleton->instance([&] {
+    return singleton<AppUpdatesController>->instance([&] {
         trace.add("instantiating AppUpdatesController.");
         return std::make_shared<AppUpdatesController>();
     });
@@ -50,7 +47,8 @@ std::shared_ptr<AppUpdatesController> AppUpdatesController::instance() {
 
 void AppUpdatesController::destroy() {
     MethodTrace trace(component::kUpdater, "AppUpdatesController::destroy: ");
-    singleton->destroy([&] { trace.add("destroying AppUpdatesController."); });
+    singleton<AppUpdatesController>->destroy(
+        [&] { trace.add("destroying AppUpdatesController."); });
 }
 
 void AppUpdatesController::checkForUpdates() {
