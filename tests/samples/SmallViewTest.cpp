@@ -2,6 +2,7 @@
 #include "PublicLib/win/EntryPoint.h"
 #include "PublicLib/win/Handles.h"
 #include "tests/support/Eventually.h"
+#include "tests/support/OwnWindow.h"
 #include <jsw/view.h>
 
 #include <windows.h>
@@ -16,7 +17,7 @@ namespace {
 std::atomic<int> reported = 0;
 
 HWND jobWindow() {
-    return FindWindowA("JswSmallView", nullptr);
+    return jsw::test::ownWindow("JswSmallView");
 }
 
 std::string lineOf(HWND window) {

@@ -3,6 +3,7 @@
 #include "PublicLib/win/Paths.h"
 #include "PublicLib/win/SystemFolders.h"
 #include "tests/support/Eventually.h"
+#include "tests/support/OwnWindow.h"
 #include "window/prompt/PromptIds.h"
 #include <jsw/legacy.h>
 
@@ -22,7 +23,7 @@ namespace jsw {
 namespace {
 
 HWND findPrompt() {
-    return FindWindowA("#32770", JSW_LEGACY_TITLE);
+    return test::ownWindow("#32770", JSW_LEGACY_TITLE);
 }
 
 std::string textOf(int control) {

@@ -50,7 +50,7 @@ void JobWindowTest::SetUp() {
 
 void JobWindowTest::TearDown() {
     if (Uninitialize) Uninitialize();
-    eventually([] { return FindWindowA(JSW_SAMPLE_VIEW_CLASS, nullptr) == nullptr; });
+    eventually([] { return ownWindow(JSW_SAMPLE_VIEW_CLASS) == nullptr; });
 }
 
 void JobWindowTest::startJob(int totalPages) {
@@ -78,7 +78,7 @@ void JobWindowTest::show() {
     ShowGui();
     UpdateInfo(1, 1, 60, nullptr);
     ASSERT_TRUE(eventually([&] {
-        window_ = FindWindowA(JSW_SAMPLE_VIEW_CLASS, nullptr);
+        window_ = ownWindow(JSW_SAMPLE_VIEW_CLASS);
         return window_ && IsWindowVisible(window_) && text(JSW_VIEW_PROGRESS_TEXT) != "";
     }));
 }

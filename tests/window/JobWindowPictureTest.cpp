@@ -127,8 +127,7 @@ TEST_F(JobWindowPictureTest, AnyResizingLeavesThePixelsOfAFreshDrawing) {
             }
         }
         Uninitialize();
-        ASSERT_TRUE(
-            eventually([] { return FindWindowA(JSW_SAMPLE_VIEW_CLASS, nullptr) == nullptr; }));
+        ASSERT_TRUE(eventually([] { return ownWindow(JSW_SAMPLE_VIEW_CLASS) == nullptr; }));
     }
 }
 

@@ -202,7 +202,7 @@ TEST_F(JobWindowTest, ManyJobsLeaveNothingBehind) {
         press(JSW_VIEW_NEXT);
         HideGui();
         Uninitialize();
-        eventually([] { return FindWindowA(JSW_SAMPLE_VIEW_CLASS, nullptr) == nullptr; });
+        eventually([] { return ownWindow(JSW_SAMPLE_VIEW_CLASS) == nullptr; });
     };
     job();
     const DWORD gdi = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);

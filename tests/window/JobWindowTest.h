@@ -3,6 +3,7 @@
 #include "PublicLib/win/Handles.h"
 #include "tests/support/CallRecord.h"
 #include "tests/support/Eventually.h"
+#include "tests/support/OwnWindow.h"
 #include "tests/support/TempFolder.h"
 #include "window/view/WindowIds.h"
 #include <jsw/view.h>
