@@ -9,15 +9,6 @@ namespace jsw {
 
 using namespace ::testing;
 
-namespace {
-
-int statusCodes = 0;
-void countStatus(std::uint32_t /*status*/) {
-    ++statusCodes;
-}
-
-}  // namespace
-
 /// The older job window is in the printer driver's folder, under the host's name.
 class PromptTest : public test::JobTest {
   protected:
@@ -25,6 +16,9 @@ class PromptTest : public test::JobTest {
         JobTest::SetUp();
         installLegacyModule();
     }
+
+    static inline int statusCodes_ = 0;
+    static void countStatus(std::uint32_t /*status*/) { ++statusCodes_; }
 
     static void* message(std::uintptr_t value) { return reinterpret_cast<void*>(value); }
 
@@ -88,7 +82,7 @@ TEST_F(PromptTest, EndingTheJobInsideAPromptKeepsTheSingletonsForTheNextJob) {
     addBillboard("INK_STATUS", {.file = "ink.bb", .type = "ink_status"});
     const test::RecordedShell shell;
     script_.ruleResults = {"LEVELS", "TIP"};
-    statusCodes = 0;
+    statusCodes_ = 0;
     startJob({.callback = countStatus});
     ASSERT_TRUE(waitForRules());
     script_.clickBillboard("LAUNCH_URL", 0);  // asks the simulated printer
@@ -104,7 +98,7 @@ TEST_F(PromptTest, EndingTheJobInsideAPromptKeepsTheSingletonsForTheNextJob) {
     api_.displayPrompt(1, 1);
     script_.clickBillboard("CURRENT", 0);
     EXPECT_THAT(script_.view.calls(), IsEmpty());
-    EXPECT_EQ(statusCodes, 0);
+    EXPECT_EQ(statusCodes_, 0);
     std::string late;
     EXPECT_FALSE(Settings().getValue(setting::kGuiKey, "late", late));
     EXPECT_FALSE(logContains("::destroy: destroying"));

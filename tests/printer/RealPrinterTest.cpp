@@ -181,9 +181,9 @@ TEST_F(RealPrinterTest, KeepsTheNullCacheOfAFailedRead) {
 }
 
 TEST_F(RealPrinterTest, PingsWithALoopback) {
-    using Bytes = std::vector<std::uint8_t>;
+    using Answer = std::vector<std::uint8_t>;
     const struct {
-        Bytes response;
+        Answer response;
         std::uint32_t result;
         const char* logged;
     } rows[] = {
@@ -223,8 +223,8 @@ TEST_F(RealPrinterTest, PingsWithALoopback) {
 }
 
 TEST_F(RealPrinterTest, AsksForThePrintHeadClassUntilItKnows) {
-    using Bytes = std::vector<std::uint8_t>;
-    const Bytes right{0xA5, 0, 10, 0x50, 0xE0, 0x8F, 0x20, 3, 0, 200, 1, 2, 3};
+    using Answer = std::vector<std::uint8_t>;
+    const Answer right{0xA5, 0, 10, 0x50, 0xE0, 0x8F, 0x20, 3, 0, 200, 1, 2, 3};
     const struct {
         std::size_t offset;
         std::uint8_t byte;

@@ -33,9 +33,9 @@ void write(const std::string& text) {
 }
 
 /// Reports each job as it ends and collects the statistics.
-class Teller : public log::JobListener {
+class JobTeller : public log::JobListener {
   public:
-    explicit Teller(const LogOptions& options) : options_(options), json_(toUtf8) {}
+    explicit JobTeller(const LogOptions& options) : options_(options), json_(toUtf8) {}
 
     void onCall(const log::Call& call, const log::LoggedJob& job) override {
         statistics_.add(call, job);
@@ -113,7 +113,7 @@ int tell(const LogOptions& options) {
         throw BadUse("the page would overwrite the log " + options.file);
     }
     std::ifstream input = openLog(options.file);
-    Teller teller(options);
+    JobTeller teller(options);
     const log::Totals totals = log::readLog(input, teller);
     requireLog(totals, options.file);
     teller.end(totals);

@@ -13,8 +13,8 @@ namespace jsw::ctl {
 
 namespace {
 
-constexpr char kCatalog[] = "catalog.xml";
-constexpr char kRules[] = "rules.xml";
+constexpr char kCatalogFile[] = "catalog.xml";
+constexpr char kRulesFile[] = "rules.xml";
 
 using Ids = std::set<std::string>;
 
@@ -28,10 +28,10 @@ std::string remedyFor(const std::string& id, const Ids& known, const char* other
 bool takeId(const sample::XmlNode& element, Ids& ids, Report& report) {
     const std::string id = element.attribute("id");
     if (id.empty()) {
-        report.error(kCatalog, concat("a <", element.name, "> has no id and is skipped"),
+        report.error(kCatalogFile, concat("a <", element.name, "> has no id and is skipped"),
                      "Give it one");
     } else if (!ids.insert(id).second) {
-        report.error(kCatalog, concat("two elements have the id ", id, "; the last one counts"),
+        report.error(kCatalogFile, concat("two elements have the id ", id, "; the last one counts"),
                      "Remove one");
     }
     return !id.empty();
@@ -43,7 +43,7 @@ std::size_t countActions(const sample::XmlNode& billboard, Report& report) {
     for (const sample::XmlNode& child : billboard.children) {
         if (child.name != "action") continue;
         if (child.text.empty()) {
-            report.warn(kCatalog,
+            report.warn(kCatalogFile,
                         concat(billboard.attribute("id"), ": action ", count,
                                " is empty; it and the later ones do not count"),
                         "Add an address or a command");
@@ -60,7 +60,7 @@ void judgeBillboard(const sample::XmlNode& billboard, const ContentFacts& facts,
     const std::string file = billboard.attribute("file");
     const std::size_t actions = countActions(billboard, report);
     if (file.empty()) {
-        report.warn(kCatalog, concat(id, " has no file: it is never shown"), "Set its file");
+        report.warn(kCatalogFile, concat(id, " has no file: it is never shown"), "Set its file");
         return;
     }
     used.insert(toLower(file));
@@ -71,7 +71,7 @@ void judgeBillboard(const sample::XmlNode& billboard, const ContentFacts& facts,
         judgeActions(page, id, actions, report);
     }
     if (!isThere) {
-        report.error(kCatalog, concat(id, ": there is no page Scripts\\", file),
+        report.error(kCatalogFile, concat(id, ": there is no page Scripts\\", file),
                      "Put the page there, or correct the name");
     }
 }
@@ -85,11 +85,11 @@ void judgeCategory(const sample::XmlNode& category, const Ids& billboards, Repor
         const std::string project = child.attribute("id");
         if (billboards.contains(project)) continue;
         report.error(
-            kCatalog, concat("category ", id, " names ", project, ", which is not a billboard"),
+            kCatalogFile, concat("category ", id, " names ", project, ", which is not a billboard"),
             remedyFor(project, billboards, "Add the billboard, or remove it from the category"));
     }
     if (projects == 0) {
-        report.warn(kCatalog, concat("category ", id, " has no billboards"), "Add some");
+        report.warn(kCatalogFile, concat("category ", id, " has no billboards"), "Add some");
     }
 }
 
@@ -100,14 +100,14 @@ void judgeRules(const sample::XmlNode& root, const Ids& results, Report& report)
             ++number;
             if (results.contains(rule.result)) continue;
             report.error(
-                kRules,
+                kRulesFile,
                 concat("rule ", number, ": ", rule.result,
                        " is neither a category nor a billboard of the catalog"),
                 remedyFor(rule.result, results, "Add it to the catalog, or correct the rule"));
         }
-        report.note(kRules, concat(number, " rules"));
+        report.note(kRulesFile, concat(number, " rules"));
     } catch (const sample::RuleError& error) {
-        report.error(kRules, concat(error.what(), "; the engine refuses the whole file"),
+        report.error(kRulesFile, concat(error.what(), "; the engine refuses the whole file"),
                      "See docs/sample-modules.md for the conditions");
     }
 }
@@ -131,18 +131,18 @@ void judgeContent(const ContentFacts& facts, Report& report) {
             }
         }
         if (!billboards.contains("DEFAULT")) {
-            report.error(kCatalog, "there is no billboard DEFAULT: jobs start without a page",
+            report.error(kCatalogFile, "there is no billboard DEFAULT: jobs start without a page",
                          "Add it, unless the host's settings name another one");
         }
         if (!billboards.contains("INK_STATUS")) {
-            report.warn(kCatalog,
+            report.warn(kCatalogFile,
                         "there is no billboard INK_STATUS: the ink status button does nothing",
                         "Add it");
         }
-        report.note(kCatalog,
+        report.note(kCatalogFile,
                     concat(billboards.size(), " billboards, ", categories.size(), " categories"));
     } else {
-        report.error(kCatalog, facts.catalog.problem, "Without it no page is shown");
+        report.error(kCatalogFile, facts.catalog.problem, "Without it no page is shown");
     }
     for (const ContentPage& page : facts.pages) {
         judgePage(page, facts, report);
@@ -156,7 +156,7 @@ void judgeContent(const ContentFacts& facts, Report& report) {
     }
     for (const auto& [code, file] : facts.languages) judgeLanguage(code, file, report);
     if (!facts.rules.root) {
-        report.error(kRules, facts.rules.problem, "Without it jobs keep their first page");
+        report.error(kRulesFile, facts.rules.problem, "Without it jobs keep their first page");
     } else if (facts.catalog.root) {
         Ids results = billboards;
         results.insert(categories.begin(), categories.end());

@@ -53,10 +53,6 @@ std::string proseCell(std::string_view text) {
     return concat("<td>", content, "</td>");
 }
 
-std::string milliseconds(Milliseconds duration) {
-    return std::to_string(duration);
-}
-
 std::string storyAsHtml(const LoggedJob& job) {
     if (job.story.empty()) return {};
     std::string page = concat("<details", job.story.size() <= kOpenStory ? " open" : "",
@@ -152,10 +148,11 @@ std::string moduleCallsAsHtml(const Statistics& statistics) {
             ++quick;
             continue;
         }
-        page += concat("<tr>", codeCell(call.name), cell(moduleOf(call.name)),
-                       numberCell(std::to_string(call.count)), numberCell(milliseconds(call.total)),
-                       numberCell(milliseconds(call.longest)),
-                       numberCell(std::to_string(call.longestLine)), "</tr>\n");
+        page +=
+            concat("<tr>", codeCell(call.name), cell(moduleOf(call.name)),
+                   numberCell(std::to_string(call.count)), numberCell(std::to_string(call.total)),
+                   numberCell(std::to_string(call.longest)),
+                   numberCell(std::to_string(call.longestLine)), "</tr>\n");
     }
     page += "</table>\n";
     if (quick == 0) return page;
@@ -171,7 +168,7 @@ std::string slowestAsHtml(const Statistics& statistics) {
     for (const SlowCall& slow : statistics.slowest()) {
         const std::string name =
             slow.call.name + (slow.call.returned ? "" : " (did not return in this log)");
-        page += concat("<tr>", codeCell(name), numberCell(milliseconds(slow.call.own)),
+        page += concat("<tr>", codeCell(name), numberCell(std::to_string(slow.call.own)),
                        numberCell(std::to_string(slow.call.start.line)),
                        numberCell(slow.job == 0 ? "" : std::to_string(slow.job)), "</tr>\n");
     }

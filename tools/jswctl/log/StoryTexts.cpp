@@ -7,7 +7,7 @@ namespace jsw::ctl::log {
 namespace {
 
 // The first matching pattern counts.
-constexpr StoryText kTexts[] = {
+constexpr StoryText kStoryTexts[] = {
     // The settings, and the changes of an update.
     {"+SettingsInstaller::SettingsInstaller(fileName={}):",
      "first run: installs the settings file {1}"},
@@ -100,12 +100,12 @@ constexpr StoryText kTexts[] = {
 }  // namespace
 
 std::span<const StoryText> storyTexts() {
-    return kTexts;
+    return kStoryTexts;
 }
 
 std::optional<std::string> tell(std::string_view text) {
     Captures captures;
-    for (const StoryText& known : kTexts) {
+    for (const StoryText& known : kStoryTexts) {
         if (matches(known.pattern, text, captures)) return fillIn(known.sentence, captures);
     }
     return std::nullopt;

@@ -57,11 +57,11 @@ void useRules(const Caller& caller, const TrialJob& job) {
     caller.call<JswRulesUnInitialize>("UnInitialize");
 }
 
-HANDLE closed = nullptr;  // set when the user closes a view's window
+HANDLE windowClosed = nullptr;  // set when the user closes a view's window
 
 // The window's other reports are ignored.
 void onEvent(std::int32_t event) {
-    if (event == JSW_STATUS_GUI_CLOSED) SetEvent(closed);
+    if (event == JSW_STATUS_GUI_CLOSED) SetEvent(windowClosed);
 }
 void onBillboard(const char* /*action*/, std::int32_t /*actionId*/) {
 }
@@ -74,7 +74,7 @@ void onUpdateSoftware(std::int32_t /*updateSoftware*/) {
 
 void useView(const Caller& caller, const TrialJob& job, const std::string& page) {
     const InkInfo ink = inkOf(job);
-    closed = CreateEventA(nullptr, TRUE, FALSE, nullptr);  // until the process ends
+    windowClosed = CreateEventA(nullptr, TRUE, FALSE, nullptr);  // until the process ends
     caller.call<JswViewPlain>("Initialize");
     caller.call<JswViewText>("SetDataPath", job.dataFolder.c_str());
     caller.call<JswViewText>("SetJobName", job.name.c_str());
@@ -102,7 +102,7 @@ void useView(const Caller& caller, const TrialJob& job, const std::string& page)
     caller.call<JswViewSetUpdateSoftwareCallback>("SetUpdateSoftwareCallback", &onUpdateSoftware);
     caller.call<JswViewSavedValue>("SetSavedValue", "jswctl", "");
     caller.call<JswViewPlain>("ShowGui");
-    WaitForSingleObject(closed, job.shownMilliseconds);
+    WaitForSingleObject(windowClosed, job.shownMilliseconds);
     const auto pages = static_cast<std::uint32_t>(std::clamp(job.pages, 1, kMostPages));
     for (std::uint32_t number = 1; number <= pages; ++number) {
         caller.call<JswViewUpdateInfo>("UpdateInfo", number, 1U, pages - number, nullptr);
