@@ -23,5 +23,5 @@ foreach(kind EXE SHARED MODULE)
 endforeach()
 # As one group: libstdc++ needs what comes before it.
 set(CMAKE_CXX_STANDARD_LIBRARIES
-    "-Wl,--start-group -lpthread -lstdc++ -lgcc -lgcc_eh -lmingwex -lmingw32 -lmoldname -lmsvcrt -lkernel32 -luser32 -lgdi32 -lwinspool -lshell32 -lole32 -loleaut32 -luuid -lcomdlg32 -ladvapi32 -Wl,--end-group"
+    "-Wl,--start-group -lpthread -lstdc++ -lgcc -lgcc_eh -lmingwex -lmingw32 -lkernel32 -lmoldname -lmsvcrt -luser32 -lgdi32 -lwinspool -lshell32 -lole32 -loleaut32 -luuid -lcomdlg32 -ladvapi32 -Wl,--end-group"
 )

@@ -11,11 +11,26 @@ void* CALLBACK consolidate(EXCEPTION_RECORD* /*record*/) {
     return &jswSehFrameCaught;
 }
 
+/// The stack pointer of the function that called the one that calls this.
+[[gnu::noinline]] void* stackOfCaller() {
+    CONTEXT context;
+    RtlCaptureContext(&context);
+    for (int returns = 0; returns < 2; ++returns) {
+        DWORD64 image = 0;
+        auto* function = RtlLookupFunctionEntry(context.Rip, &image, nullptr);
+        void* handlerData = nullptr;
+        DWORD64 frame = 0;
+        RtlVirtualUnwind(UNW_FLAG_NHANDLER, image, context.Rip, function, &context, &handlerData,
+                         &frame, nullptr);
+    }
+    return reinterpret_cast<void*>(context.Rsp);
+}
+
 }  // namespace
 
 void HostGuard::run(void* guard) {
     auto& self = *static_cast<HostGuard*>(guard);
-    self.base_ = __builtin_dwarf_cfa();
+    self.base_ = stackOfCaller();
     self.work_();
 }
 
