@@ -73,8 +73,8 @@ const Family kFamilies[] = {
     {std::nullopt, "msvcrt.dll",
      "___lc_codepage_func ___mb_cur_max_func __iob_func __acrt_iob_func _difftime64 _errno "
      "_initterm _lock _ultoa _unlock _vsnprintf fprintf free fwrite isspace localeconv memchr "
-     "memcmp memcpy memmove memset printf strchr strcmp strerror strlen strncmp strtol strtoll "
-     "strtoul tolower toupper vfprintf wcslen islower isupper strtod"},
+     "memcmp memcpy memmove memset printf sprintf strchr strcmp strerror strlen strncmp strtol "
+     "strstr strtoll strtoul tolower toupper vfprintf wcslen islower isupper strtod"},
     // Writers of the counts in a coverage build.
     {std::nullopt, "msvcrt.dll",
      "_fdopen _getpid _locking _mkdir atoi fclose fopen fread fseek getenv strcat"},
@@ -84,7 +84,8 @@ const Family kFamilies[] = {
      "RtlLookupFunctionEntry RtlUnwind RtlUnwindEx RtlVirtualUnwind __C_specific_handler "
      "SetUnhandledExceptionFilter UnhandledExceptionFilter TerminateProcess"},
     {std::nullopt, "msvcrt.dll",
-     "_amsg_exit _endthreadex _exit _setjmp abort exit longjmp atexit _onexit __dllonexit"},
+     "_amsg_exit _assert _endthreadex _exit _setjmp abort exit longjmp atexit _onexit "
+     "__dllonexit"},
 };
 
 std::map<std::string, SystemFunction> makeTable() {

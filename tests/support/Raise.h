@@ -16,9 +16,9 @@ inline void raiseForeignException() {
     RaiseException(0xE06D7363, EXCEPTION_NONCONTINUABLE, 3, arguments);
 }
 
-/// Reads an invalid address.
+/// Reads an invalid address: not null, which a debug build checks for.
 inline void fault() {
-    const volatile int* volatile nowhere = nullptr;
+    const volatile int* volatile nowhere = reinterpret_cast<const int*>(8);
     static_cast<void>(*nowhere);
 }
 

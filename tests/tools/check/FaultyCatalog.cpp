@@ -1,5 +1,6 @@
 // A catalog with the fault in JSWCTL_FAULT. It has only what the trial needs for it.
 
+#include "tests/support/Raise.h"
 #include <jsw/catalog.h>
 
 #include <windows.h>
@@ -27,9 +28,6 @@ char* GetBillboardFileName(const char*) {
         CreateMutexA(nullptr, FALSE, "jswctl-test-loop");  // exists as long as this process
         for (volatile bool on = true; on;) Sleep(1);
     }
-    if (std::strcmp(fault, "crash") == 0) {
-        volatile char* const nowhere = nullptr;
-        *nowhere = 0;
-    }
+    if (std::strcmp(fault, "crash") == 0) jsw::test::fault();
     return static_cast<char*>(std::memcpy(allocateText(sizeof literal), literal, sizeof literal));
 }
