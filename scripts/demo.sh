@@ -156,6 +156,7 @@ if (($# > 1)) || ! declare -F "story_$story" >/dev/null; then
 fi
 scripts/setup.sh
 scripts/build.sh --progress release demonstration
+stay_on "$first_processor"
 start_wine demo
 forget_everything
 record_web_addresses
