@@ -22,6 +22,10 @@ if(EXISTS ${BUILD}/bin/jsw.dll.debug)
   endif()
 endif()
 
+if(EXISTS ${BUILD}/bin/jsw.pdb AND NOT EXISTS ${kit}/bin/jsw.pdb)
+  message(FATAL_ERROR "the kit lacks the symbols for the debuggers of Windows")
+endif()
+
 # The samples and windows can be built from the kit: checks that all sources, and all files that they
 # include, are there.
 file(GLOB_RECURSE sources ${kit}/samples/*.cpp ${kit}/samples/*.h ${kit}/window/*.cpp ${kit}/window/*.h)
