@@ -16,26 +16,11 @@ namespace jsw {
 
 using namespace ::testing;
 
-namespace {
-
-std::vector<std::uint32_t> statusCodes;
-void recordStatus(std::uint32_t status) {
-    statusCodes.push_back(status);
-}
-
-}  // namespace
-
-class LifecycleTest : public test::JobTest {
-  protected:
-    void SetUp() override {
-        JobTest::SetUp();
-        statusCodes.clear();
-    }
-};
+class LifecycleTest : public test::JobTest {};
 
 TEST_F(LifecycleTest, ConstantFunctionsAndCallsWithoutAJobDoNothing) {
     EXPECT_EQ(api_.getApiVersion(), 1U);
-    EXPECT_EQ(api_.filterDllMsg(&statusCodes, nullptr, nullptr), 1U);
+    EXPECT_EQ(api_.filterDllMsg(&script_, nullptr, nullptr), 1U);
     EXPECT_EQ(api_.getWindowHwnd(), nullptr);
     EXPECT_EQ(reinterpret_cast<void*>(api_.getApiVersion),
               reinterpret_cast<void*>(api_.filterDllMsg));
@@ -53,9 +38,9 @@ TEST_F(LifecycleTest, TheWindowIsSetUpCompletelyBeforeItIsShown) {
         api_.init("SimulatedPrinter", "report.pdf", 12, 11, 13, 5, 6, &inkInfo_, 8, 90, nullptr),
         1);
     ASSERT_TRUE(waitForRules());
-    api_.updateInfo(2, 1, 60, 998, 999, &statusCodes);
+    api_.updateInfo(2, 1, 60, 998, 999, &script_);
     endJob();
-    const std::string data = concat(reinterpret_cast<std::uintptr_t>(&statusCodes));
+    const std::string data = concat(reinterpret_cast<std::uintptr_t>(&script_));
     EXPECT_THAT(
         script_.view.calls(),
         ElementsAre("Initialize()", "SetDataPath(" + folder_.path() + ")", "SetJobName(report.pdf)",
@@ -180,33 +165,6 @@ TEST_F(LifecycleTest, UnterminatedDiagnosticTextsAreReadToTheirEndOnly) {
     runJob();
     EXPECT_TRUE(hasLine("iCart1PrintheadDiag=AAAAAAAAAAAAAAAAAAAA"));
     EXPECT_TRUE(hasLine("iCart2PrintheadDiag=BBBBBBBBBBBBBBBBBBBB"));
-}
-
-TEST_F(LifecycleTest, StatusCodesReachTheDriverExceptAClosedWindow) {
-    startJob({.callback = recordStatus});
-    for (const std::int32_t event : {2, 3, 9, 77, -1}) script_.reportEvent(event);
-    EXPECT_THAT(statusCodes, ElementsAre(3U, 9U, 77U, 0xFFFFFFFFU));
-    EXPECT_TRUE(hasLine("Controller::update: JSW GUI closed"));
-    EXPECT_TRUE(hasLine("Controller::update: unknown status(=77) in callback"));
-    startJob({.callback = nullptr});
-    script_.reportEvent(3);
-    EXPECT_EQ(statusCodes.size(), 4U);
-}
-
-TEST_F(LifecycleTest, CallbacksAfterTheJobAreIgnored) {
-    startJob({.callback = recordStatus});
-    waitForRules();
-    endJob();
-    DeleteFileA(logPath().c_str());
-    script_.reportEvent(9);
-    script_.clickBillboard("NEXT", 0);
-    script_.saveAppearance("Show Process Window", 0);
-    script_.saveValue("late", "value");
-    script_.saveUpdateSoftware(1);
-    EXPECT_THAT(statusCodes, IsEmpty());
-    EXPECT_THAT(logLines(), IsEmpty());
-    std::string value;
-    EXPECT_FALSE(Settings().getValue(setting::kGuiKey, "late", value));
 }
 
 TEST_F(LifecycleTest, ExportsMayBeCalledFromSeveralThreads) {

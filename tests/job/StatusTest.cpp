@@ -87,6 +87,35 @@ TEST_F(StatusTest, AnEventThatComesTooLateForItsJobReachesNobody) {
     endJob();
 }
 
+TEST_F(StatusTest, UnknownCodesArePassedOnAndLogged) {
+    std::vector<std::uint32_t> codes;
+    onStatus = [&](std::uint32_t status) { codes.push_back(status); };
+    start();
+    for (const std::int32_t event : {2, 3, 9, 77, -1}) script_.reportEvent(event);
+    EXPECT_THAT(codes, ElementsAre(3U, 9U, 77U, 0xFFFFFFFFU));
+    EXPECT_TRUE(hasLine("Controller::update: JSW GUI closed"));
+    EXPECT_TRUE(hasLine("Controller::update: unknown status(=77) in callback"));
+    startJob({.callback = nullptr});
+    script_.reportEvent(3);
+    EXPECT_EQ(codes.size(), 4U);
+}
+
+TEST_F(StatusTest, NothingIsPassedOnAfterTheJob) {
+    onStatus = [](std::uint32_t) { ADD_FAILURE(); };
+    start();
+    waitForRules();
+    endJob();
+    DeleteFileA(logPath().c_str());
+    script_.reportEvent(9);
+    script_.clickBillboard("NEXT", 0);
+    script_.saveAppearance("Show Process Window", 0);
+    script_.saveValue("late", "value");
+    script_.saveUpdateSoftware(1);
+    EXPECT_THAT(logLines(), IsEmpty());
+    std::string value;
+    EXPECT_FALSE(Settings().getValue(setting::kGuiKey, "late", value));
+}
+
 TEST_F(StatusTest, EventsReportedAtTheSameTimeAllReachTheDriver) {
     std::atomic<int> cancelled{0};
     std::atomic<int> closed{0};

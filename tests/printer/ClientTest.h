@@ -29,11 +29,13 @@ class ClientTest : public HostTest {
         Settings().write(setting::kPcsClient, dllName);
     }
 
-    /// Lets two threads do the same; the second one starts during a call of the first.
-    void meetIn(const char* call, const std::function<void()>& work) {
+    /// Lets two threads work, by default the same; the second one starts during a call of the first
+    /// and must meet a lock.
+    void meetIn(const char* call, const std::function<void()>& work,
+                const std::function<void()>& workOfOther = nullptr) {
         static const char* place;
         static HeldUpThread* second;
-        HeldUpThread other(work);
+        HeldUpThread other(workOfOther ? workOfOther : work);
         place = call;
         second = &other;
         script_.onShared = [](const std::string& name) {

@@ -232,6 +232,13 @@ TEST_F(PcsClientTest, ThreadsThatComeAtOnceShareOneLibraryAndOneClientId) {
     }
 }
 
+TEST_F(PcsClientTest, AReleaseWaitsForTheThreadThatAcquires) {
+    PcsClient client(kClient, "", true);
+    meetIn(
+        "PcsGetClientId", [&] { client.acquire(); }, [&] { client.release(); });
+    EXPECT_EQ(held(client), Held(0, 0));
+}
+
 TEST_F(PcsClientTest, KeepsTheLibraryLoadedWhenAsked) {
     for (const bool keepLoaded : {true, false}) {
         {

@@ -98,7 +98,6 @@ auto borrowedThings() {
 }
 
 struct Outcome {
-    std::uint32_t exitCode;
     std::string log;
     std::string record;
 };
@@ -134,7 +133,7 @@ class LaunchTest : public test::HostTest {
         const test::WindowsVersion chosen(name, version);
         const std::string log = std::string(folderPart(logPath())) + localIdOf(host) + "JSW.log";
         Outcome run;
-        run.exitCode = test::ChildProcess("check for updates", programs, host).wait(60000);
+        EXPECT_EQ(test::ChildProcess("check for updates", programs, host).wait(60000), 0U);
         run.record = finishedRecord(programs + "\\qlupdater.log", updaters);
         run.log = test::readFile(log);
         std::filesystem::remove(log);
@@ -146,7 +145,6 @@ class LaunchTest : public test::HostTest {
 
 TEST_F(LaunchTest, Version6StartsItElevatedThroughTheShell) {
     const Outcome run = checkOn("vista");
-    EXPECT_EQ(run.exitCode, 0u);
     EXPECT_THAT(run.log, HasSubstr("checkForUpdatesVista: Updater launched successfully."));
     EXPECT_THAT(run.record, HasSubstr("elevation asked for: yes"));
     EXPECT_THAT(run.record, HasSubstr("qlupdater.exe\" -UAC"));
@@ -154,7 +152,6 @@ TEST_F(LaunchTest, Version6StartsItElevatedThroughTheShell) {
 
 TEST_F(LaunchTest, Version5StartsItAsTheConsoleUserWithHisEnvironment) {
     const Outcome run = checkOn("winxp");
-    EXPECT_EQ(run.exitCode, 0u);
     EXPECT_THAT(run.log, HasSubstr("checkForUpdatesXp: Launching="));
     EXPECT_THAT(run.log, HasSubstr("API CreateProcessAsUser success, retCode=1."));
     EXPECT_THAT(run.log, HasSubstr("-AppUpdatesController::getSessionUserToken:  rc=true"));
@@ -165,7 +162,6 @@ TEST_F(LaunchTest, Version5StartsItAsTheConsoleUserWithHisEnvironment) {
 
 TEST_F(LaunchTest, OlderVersionsRefuseAfterTheDateWasReset) {
     const Outcome run = checkOn("win2k", 0);
-    EXPECT_EQ(run.exitCode, 0u);
     EXPECT_EQ(
         test::countOf("checkForUpdates() OS is not XP or greater. NO Updates available.", run.log),
         5u);
