@@ -1,6 +1,5 @@
 #include "PublicLib/ini/IniText.h"
 
-#include <algorithm>
 #include <cstdlib>
 #include <limits>
 

@@ -9,7 +9,6 @@
 #include <windows.h>
 
 #include <cstdint>
-#include <cstdlib>
 #include <functional>
 #include <map>
 #include <string>

@@ -13,7 +13,6 @@
 #include "tests/support/ImportTable.h"
 
 #include <filesystem>
-#include <fstream>
 #include <gmock/gmock.h>
 
 namespace jsw {

@@ -11,26 +11,19 @@ void* CALLBACK consolidate(EXCEPTION_RECORD* /*record*/) {
     return &jswSehFrameCaught;
 }
 
-/// The stack pointer of the function that called the one that calls this.
-[[gnu::noinline]] void* stackOfCaller() {
-    CONTEXT context;
-    RtlCaptureContext(&context);
-    for (int returns = 0; returns < 2; ++returns) {
-        DWORD64 image = 0;
-        auto* function = RtlLookupFunctionEntry(context.Rip, &image, nullptr);
-        void* handlerData = nullptr;
-        DWORD64 frame = 0;
-        RtlVirtualUnwind(UNW_FLAG_NHANDLER, image, context.Rip, function, &context, &handlerData,
-                         &frame, nullptr);
-    }
-    return reinterpret_cast<void*>(context.Rsp);
-}
-
 }  // namespace
 
 void HostGuard::run(void* guard) {
+    CONTEXT context;
+    RtlCaptureContext(&context);
+    DWORD64 image = 0;
+    DWORD64 frame = 0;
+    void* handlerData = nullptr;
+    auto* const function = RtlLookupFunctionEntry(context.Rip, &image, nullptr);
+    RtlVirtualUnwind(UNW_FLAG_NHANDLER, image, context.Rip, function, &context, &handlerData,
+                     &frame, nullptr);
     auto& self = *static_cast<HostGuard*>(guard);
-    self.base_ = stackOfCaller();
+    self.base_ = reinterpret_cast<void*>(context.Rsp);  // of the caller, jswRunInSehFrame
     self.work_();
 }
 

@@ -5,7 +5,6 @@
 #include <windows.h>
 
 #include <functional>
-#include <utility>
 #include <vector>
 
 namespace jsw::test {

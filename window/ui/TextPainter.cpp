@@ -1,7 +1,5 @@
 #include "window/ui/TextPainter.h"
 
-#include <utility>
-
 namespace jsw::window {
 
 Colour colourOf(Tone tone, const Palette& palette) {

@@ -3,7 +3,6 @@
 #include "common/Letters.h"
 
 #include <algorithm>
-#include <array>
 #include <cctype>
 #include <charconv>
 #include <cstdlib>

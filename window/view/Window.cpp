@@ -11,7 +11,6 @@
 #include <windows.h>
 
 #include <algorithm>
-#include <string>
 #include <utility>
 
 namespace jsw::window {

@@ -7,8 +7,6 @@
 #include "tools/jswctl/check/SettingRows.h"
 #include "tools/jswctl/module/ModuleJudgement.h"
 
-#include <algorithm>
-
 namespace jsw::ctl {
 
 namespace {

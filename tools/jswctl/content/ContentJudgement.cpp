@@ -6,7 +6,6 @@
 #include "tools/jswctl/content/LanguageJudgement.h"
 #include "tools/jswctl/content/PageJudgement.h"
 
-#include <algorithm>
 #include <set>
 
 namespace jsw::ctl {

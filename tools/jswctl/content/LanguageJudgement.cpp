@@ -5,7 +5,6 @@
 #include "window/prompt/PromptTexts.h"
 #include "window/view/AccessKeys.h"
 
-#include <algorithm>
 #include <set>
 
 namespace jsw::ctl {

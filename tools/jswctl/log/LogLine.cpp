@@ -1,7 +1,6 @@
 #include "tools/jswctl/log/LogLine.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
 #include <chrono>
 
